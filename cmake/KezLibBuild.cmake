@@ -1,0 +1,48 @@
+# How the library is compiled and linked, on each of its platforms.
+include(GNUInstallDirs)
+
+target_compile_features(kezlib_objects PUBLIC cxx_std_20)
+target_include_directories(kezlib_objects PUBLIC src include)
+set_target_properties(kezlib_objects PROPERTIES
+  CXX_EXTENSIONS OFF
+  CXX_VISIBILITY_PRESET hidden
+  VISIBILITY_INLINES_HIDDEN ON
+  POSITION_INDEPENDENT_CODE ON)
+
+# Single precision as written: no contraction of a*b + c, and on 32-bit x86 no x87 registers, whose
+# extra digits would change results. Nothing reads errno, so sqrt may be one instruction. Public, so
+# that inline geometry computes the same in the tests.
+target_compile_options(kezlib_objects PUBLIC -ffp-contract=off -fno-math-errno)
+if(CMAKE_SIZEOF_VOID_P EQUAL 4 AND CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|i.86|AMD64|X86)$")
+  target_compile_options(kezlib_objects PUBLIC -msse2 -mfpmath=sse)
+endif()
+
+target_include_directories(KezLib INTERFACE
+  $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>
+  $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
+set_target_properties(KezLib PROPERTIES
+  LINKER_LANGUAGE CXX
+  VERSION ${PROJECT_VERSION}
+  SOVERSION ${PROJECT_VERSION_MAJOR})
+
+if(WIN32)
+  # Hosts keep the stack aligned to 4 bytes only, SSE code expects 16: every entry realigns.
+  target_compile_options(kezlib_objects PRIVATE -mstackrealign)
+  # The DLL needs nothing but the system's own, and exports what the module definition names.
+  target_link_options(KezLib PRIVATE -static)
+  target_sources(KezLib PRIVATE src/kezlib.def)
+
+  # Compilers refer to a standard-call routine as name@bytes, the exports are called name and
+  # _name@bytes. This import library serves hosts that link to name@bytes or to name.
+  file(STRINGS src/kezlib.def definitions REGEX "^    kez")
+  list(TRANSFORM definitions REPLACE "^ *([^ ]+) = (.+)$" "    \\2\n    \\1")
+  list(JOIN definitions "\n" imports)
+  file(CONFIGURE OUTPUT imports.def CONTENT "LIBRARY KezLib.dll\nEXPORTS\n@imports@\n" @ONLY)
+  set_target_properties(KezLib PROPERTIES PREFIX "" IMPORT_PREFIX "lib")
+  add_custom_command(TARGET KezLib POST_BUILD
+    COMMAND ${CMAKE_DLLTOOL} --kill-at --input-def ${PROJECT_BINARY_DIR}/imports.def
+            --output-lib $<TARGET_LINKER_FILE:KezLib>
+    VERBATIM)
+elseif(NOT APPLE)
+  target_link_options(KezLib PRIVATE -Wl,--as-needed)
+endif()

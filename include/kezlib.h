@@ -1,0 +1,677 @@
+/**
+ * @file kezlib.h
+ * KezLib: single-precision numeric routines for programs that design steel structures.
+ *
+ * Every routine is a procedure: it takes all its arguments by reference, reads its inputs,
+ * writes its results into the caller's variables and returns nothing. There is nothing to
+ * initialise, to open or to free. Reals are IEEE single precision, integers are signed 32-bit;
+ * angles are in radians, and lengths in whatever unit the caller uses throughout.
+ *
+ * How to read a routine's comment:
+ * - `in` is only read, `out` is only written, `in,out` is both.
+ * - An array argument begins with its extent, e.g. `[n + 1]`: the routine may read or write that
+ *   many entries (none when the extent is below 1), never more. Positions are 1-based; a result
+ *   position of 0 means "none".
+ * - "kept when ..." names the cases in which an output is not written and the caller's variable
+ *   holds what it held before. All other outputs are always written.
+ * - Arguments may overlap one another, except that an array which is written must not overlap
+ *   another array if the result is to make sense; nothing outside the arguments is ever touched.
+ * - A routine is re-entrant unless its comment has a paragraph "Kept value", which says what it
+ *   remembers from one call to the next; calls of such a routine must be serialised by the host.
+ *
+ * "Equal" means within the tolerance of 1.0e-5 in the units of the arguments: |a - b| <= 1.0e-5.
+ * "Non-zero" means |a| > 1.0e-5. A comparison of another kind is spelt out where it occurs.
+ * There is no error code common to all routines: a degenerate case is reported through the
+ * routine's own status. Not-a-number and infinities travel through the arithmetic as IEEE 754
+ * says and are rejected nowhere else than by the tests that the comments name.
+ */
+#ifndef KEZLIB_H
+#define KEZLIB_H
+
+#include <stdint.h>
+
+#if defined(_WIN32) && !defined(_WIN64)
+#define KEZ_CALL __stdcall
+#ifndef KEZ_API
+#define KEZ_API __declspec(dllimport)
+#endif
+#else
+#define KEZ_CALL
+#ifndef KEZ_API
+#define KEZ_API
+#endif
+#endif
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/**
+ * @defgroup points Points and vectors
+ *
+ * A segment is given by its two end points, and its vector is second point minus first. Two points
+ * coincide when each of their coordinate differences is within the tolerance (a box, not a
+ * distance). Plane callers pass 0 for z.
+ * @{
+ */
+
+/**
+ * Distance between two points.
+ *
+ * @param[in] x1,y1,z1 first point (length)
+ * @param[in] x2,y2,z2 second point (length)
+ * @param[out] d distance (length)
+ */
+KEZ_API void KEZ_CALL kezpds(const float *x1, const float *y1, const float *z1, const float *x2,
+                             const float *y2, const float *z2, float *d);
+
+/**
+ * Difference of two points, and whether they coincide.
+ *
+ * @param[in] x1,y1,z1 first point (length)
+ * @param[in] x2,y2,z2 second point (length)
+ * @param[out] dx,dy,dz second point minus first (length)
+ * @param[out] same 1 when all three differences are within the tolerance, else 0
+ */
+KEZ_API void KEZ_CALL kezcnt(const float *x1, const float *y1, const float *z1, const float *x2,
+                             const float *y2, const float *z2, float *dx, float *dy, float *dz,
+                             int32_t *same);
+
+/**
+ * Whether three values are all exactly zero; there is no tolerance.
+ *
+ * @param[in] a,b,c values; a negative zero is zero, not-a-number is not
+ * @param[out] zero 1 when all three are 0.0, else 0
+ */
+KEZ_API void KEZ_CALL kezcnt1(const float *a, const float *b, const float *c, int32_t *zero);
+
+/**
+ * Point at a parameter along a segment: P1 + t (P2 - P1).
+ *
+ * @param[in] x1,y1,z1 first end, t = 0 (length)
+ * @param[in] x2,y2,z2 second end, t = 1 (length)
+ * @param[in] t parameter, not limited to 0..1
+ * @param[out] x,y,z the point (length); kept when same is 1
+ * @param[out] same 1 when the ends coincide, else 0
+ */
+KEZ_API void KEZ_CALL kez123(const float *x1, const float *y1, const float *z1, const float *x2,
+                             const float *y2, const float *z2, const float *t, float *x, float *y,
+                             float *z, int32_t *same);
+
+/**
+ * Cross product of the vectors of two segments: (P2 - P1) x (P4 - P3).
+ *
+ * @param[in] x1,y1,z1,x2,y2,z2 ends of the first segment (length)
+ * @param[in] x3,y3,z3,x4,y4,z4 ends of the second segment (length)
+ * @param[out] c [3] x, y and z of the product (length^2)
+ */
+KEZ_API void KEZ_CALL kezpre(const float *x1, const float *y1, const float *z1, const float *x2,
+                             const float *y2, const float *z2, const float *x3, const float *y3,
+                             const float *z3, const float *x4, const float *y4, const float *z4,
+                             float c[]);
+
+/**
+ * Dot product of the vectors of two segments: (P2 - P1) . (P4 - P3).
+ *
+ * @param[in] x1,y1,z1,x2,y2,z2 ends of the first segment (length)
+ * @param[in] x3,y3,z3,x4,y4,z4 ends of the second segment (length)
+ * @param[out] d the product (length^2)
+ */
+KEZ_API void KEZ_CALL kezpri(const float *x1, const float *y1, const float *z1, const float *x2,
+                             const float *y2, const float *z2, const float *x3, const float *y3,
+                             const float *z3, const float *x4, const float *y4, const float *z4,
+                             float *d);
+
+/**
+ * Cosine and sine of the angle between two segments. The angle is unsigned, between 0 and 180
+ * degrees, so the sine is never negative.
+ *
+ * @param[in] x1,y1,z1,x2,y2,z2 ends of the first segment (length)
+ * @param[in] x3,y3,z3,x4,y4,z4 ends of the second segment (length)
+ * @param[out] cosa,sina cosine and sine; kept when status is 1
+ * @param[out] status 0, or 1 when the ends of either segment coincide
+ */
+KEZ_API void KEZ_CALL keztrg(const float *x1, const float *y1, const float *z1, const float *x2,
+                             const float *y2, const float *z2, const float *x3, const float *y3,
+                             const float *z3, const float *x4, const float *y4, const float *z4,
+                             float *cosa, float *sina, int32_t *status);
+
+/**
+ * Midpoint of a segment.
+ *
+ * @param[in] x1,y1,z1 first end (length)
+ * @param[in] x2,y2,z2 second end (length)
+ * @param[out] xm,ym,zm midpoint (length)
+ */
+KEZ_API void KEZ_CALL kezmed(const float *x1, const float *y1, const float *z1, const float *x2,
+                             const float *y2, const float *z2, float *xm, float *ym, float *zm);
+
+/**
+ * Determinant of the 2 x 2 matrix with the rows (a, b) and (c, d).
+ *
+ * @param[in] a,b,c,d the entries, row by row
+ * @param[out] det a d - b c
+ */
+KEZ_API void KEZ_CALL kezdtr2(const float *a, const float *b, const float *c, const float *d,
+                              float *det);
+
+/**
+ * Determinant of a 3 x 3 matrix, expanded along the first row.
+ *
+ * @param[in] a11,a12,a13,a21,a22,a23,a31,a32,a33 the entries, row by row
+ * @param[out] det the determinant
+ */
+KEZ_API void KEZ_CALL kezdtr3(const float *a11, const float *a12, const float *a13,
+                              const float *a21, const float *a22, const float *a23,
+                              const float *a31, const float *a32, const float *a33, float *det);
+
+/**
+ * Whether the vectors P2 - P1, P4 - P3 and P6 - P5 span space, i.e. are not coplanar.
+ *
+ * @param[in] x1,y1,z1,x2,y2,z2 ends of the first segment (length)
+ * @param[in] x3,y3,z3,x4,y4,z4 ends of the second segment (length)
+ * @param[in] x5,y5,z5,x6,y6,z6 ends of the third segment (length)
+ * @param[out] spans 1 when the triple product is non-zero, else 0
+ */
+KEZ_API void KEZ_CALL kez3sp(const float *x1, const float *y1, const float *z1, const float *x2,
+                             const float *y2, const float *z2, const float *x3, const float *y3,
+                             const float *z3, const float *x4, const float *y4, const float *z4,
+                             const float *x5, const float *y5, const float *z5, const float *x6,
+                             const float *y6, const float *z6, int32_t *spans);
+
+/**
+ * Linear interpolation between (x1, y1) and (x2, y2), extrapolating outside. Both abscissae come
+ * before both ordinates. Equal abscissae divide by zero.
+ *
+ * @param[in] x1,x2 abscissae
+ * @param[in] y1,y2 ordinates
+ * @param[in] x abscissa sought
+ * @param[out] y y1 + (y2 - y1) (x - x1) / (x2 - x1)
+ */
+KEZ_API void KEZ_CALL kezint(const float *x1, const float *x2, const float *y1, const float *y2,
+                             const float *x, float *y);
+
+/**
+ * Side by the sign of one value. Only b is read; the other arguments are part of the signature.
+ *
+ * @param[in] a ignored
+ * @param[in] b the value
+ * @param[in] c,d,e ignored
+ * @param[out] side 1 when b > 0, else 2 (also for zero and not-a-number)
+ */
+KEZ_API void KEZ_CALL kezvin(const float *a, const float *b, const float *c, const float *d,
+                             const float *e, int32_t *side);
+
+/** @} */
+
+/**
+ * @defgroup lines Lines in the plane, points against segments
+ *
+ * A line is the triple (a, b, c) of a x + b y + c = 0, a plane the quadruple (A, B, C, D) of
+ * A x + B y + C z + D = 0. Neither is normalised.
+ * @{
+ */
+
+/**
+ * Line through two points. Equal points give (0, 0, 0).
+ *
+ * @param[in] x1,y1 first point (length)
+ * @param[in] x2,y2 second point (length)
+ * @param[out] a,b,c the line, with a = y2 - y1 and b = x1 - x2
+ */
+KEZ_API void KEZ_CALL kezln3(const float *x1, const float *y1, const float *x2, const float *y2,
+                             float *a, float *b, float *c);
+
+/**
+ * Signed distance of a point from a line, positive on the side to which (a, b) points. It is as
+ * accurate as the approximate reciprocal square root that it multiplies with (about 22 bits). A
+ * line with a = b = 0 gives not-a-number.
+ *
+ * @param[in] x,y the point (length)
+ * @param[in] a,b,c the line
+ * @param[out] d the distance (length)
+ */
+KEZ_API void KEZ_CALL kezlds(const float *x, const float *y, const float *a, const float *b,
+                             const float *c, float *d);
+
+/**
+ * Line through a point in a given direction: x = x0 as (1, 0, -x0) when p is exactly 0, else
+ * y = (q / p) x + c as (q / p, -1, c).
+ *
+ * @param[in] x0,y0 the point (length)
+ * @param[in] p,q direction
+ * @param[in] e ignored
+ * @param[out] a,b,c the line
+ */
+KEZ_API void KEZ_CALL kezln4(const float *x0, const float *y0, const float *p, const float *q,
+                             const float *e, float *a, float *b, float *c);
+
+/**
+ * Line through a point at an angle to the x axis: x = x0 as (1, 0, -x0) when theta is less than
+ * 1.0e-5 away from pi/2 or -pi/2, else y = tan(theta) x + c as (tan(theta), -1, c). Other odd
+ * multiples of pi/2 go through the tangent.
+ *
+ * @param[in] x0,y0 the point (length)
+ * @param[in] theta angle (rad)
+ * @param[out] a,b,c the line
+ */
+KEZ_API void KEZ_CALL kezln1(const float *x0, const float *y0, const float *theta, float *a,
+                             float *b, float *c);
+
+/**
+ * Parallel to a line at a signed distance, positive to the side to which (a, b) points.
+ *
+ * @param[in] a,b,c the line
+ * @param[in] d distance (length)
+ * @param[out] a2,b2,c2 the parallel, with the same a and b
+ */
+KEZ_API void KEZ_CALL kezln2(const float *a, const float *b, const float *c, const float *d,
+                             float *a2, float *b2, float *c2);
+
+/**
+ * Inner bisector of the angle between two rays. Equal rays and rays of no length give (0, 0, 0).
+ *
+ * @param[in] x0,y0 vertex (length)
+ * @param[in] x1,y1 point on the first ray (length)
+ * @param[in] x2,y2 point on the second ray (length)
+ * @param[out] a,b,c the line
+ */
+KEZ_API void KEZ_CALL kezln5(const float *x0, const float *y0, const float *x1, const float *y1,
+                             const float *x2, const float *y2, float *a, float *b, float *c);
+
+/**
+ * Position of a point P against the segment P1 P2 in space. A point is on the line when the cosine
+ * of the angle between P - P1 and P - P2 is 1 or -1 within the tolerance.
+ *
+ * | pos | meaning                                                                          |
+ * |-----|----------------------------------------------------------------------------------|
+ * | 0   | off the line (also: within the coincidence box of an end, yet farther than 1.0e-5) |
+ * | 1   | at P1, at most 1.0e-5 away; this test comes first                                |
+ * | 2   | at P2, at most 1.0e-5 away                                                       |
+ * | 3   | between the ends                                                                 |
+ * | 4   | on the line before P1                                                            |
+ * | 5   | on the line beyond P2                                                            |
+ *
+ * @param[in] x1,y1,z1 P1 (length)
+ * @param[in] x2,y2,z2 P2 (length)
+ * @param[in] x,y,z P (length)
+ * @param[out] pos the position
+ */
+KEZ_API void KEZ_CALL kezpsl(const float *x1, const float *y1, const float *z1, const float *x2,
+                             const float *y2, const float *z2, const float *x, const float *y,
+                             const float *z, int32_t *pos);
+
+/**
+ * Plane through a point spanned by two directions; its normal is their cross product. Parallel
+ * directions give A = B = C = 0.
+ *
+ * @param[in] x0,y0,z0 the point (length)
+ * @param[in] p1,q1,r1 first direction
+ * @param[in] p2,q2,r2 second direction
+ * @param[out] A,B,C,D the plane
+ */
+KEZ_API void KEZ_CALL kezplg(const float *x0, const float *y0, const float *z0, const float *p1,
+                             const float *q1, const float *r1, const float *p2, const float *q2,
+                             const float *r2, float *A, float *B, float *C, float *D);
+
+/**
+ * Division of two values by a third, guarded. The first result belongs to the third argument.
+ *
+ * @param[in] a divisor
+ * @param[in] b,c dividends
+ * @param[out] p c / a, or 0 when a is not non-zero
+ * @param[out] q b / a, or 0 when a is not non-zero
+ */
+KEZ_API void KEZ_CALL kezgrc(const float *a, const float *b, const float *c, float *p, float *q);
+
+/** @} */
+
+/**
+ * @defgroup angles Angles and relations
+ *
+ * An angle is the arc cosine of (dot product / first length) / second length: unsigned, from 0 to
+ * pi. The cosine is not clamped, so directions that are exactly parallel may round past 1 and give
+ * not-a-number.
+ *
+ * | code | `kezdir`       | `kezdirl`                       | `kezdirp`                       |
+ * |------|----------------|---------------------------------|---------------------------------|
+ * | 0    | oblique        | coplanar, oblique               | intersecting                    |
+ * | 1    | same direction | parallel, same orientation      | parallel, same orientation      |
+ * | 2    | opposite       | parallel, opposite orientation  | parallel, opposite orientation  |
+ * | 3    | perpendicular  | same line, same orientation     | same plane, same orientation    |
+ * | 4    | null direction | same line, opposite orientation | same plane, opposite orientation|
+ * | 5    |                | coplanar, perpendicular         | perpendicular                   |
+ * | 6    |                | skew                            | null normal                     |
+ * | 7    |                | a line is undefined             |                                 |
+ * @{
+ */
+
+/**
+ * Plane angle at a vertex between the rays to two points.
+ *
+ * @param[in] x0,y0 vertex (length)
+ * @param[in] x1,y1 point on the first ray (length)
+ * @param[in] x2,y2 point on the second ray (length)
+ * @param[out] phi angle, 0 unless both rays are longer than 1.0e-5 (rad)
+ */
+KEZ_API void KEZ_CALL kezphi(const float *x0, const float *y0, const float *x1, const float *y1,
+                             const float *x2, const float *y2, float *phi);
+
+/**
+ * Angle between two vectors.
+ *
+ * @param[in] ux,uy,uz first vector
+ * @param[in] wx,wy,wz second vector
+ * @param[out] phi angle, 0 unless both vectors are longer than 1.0e-5 (rad)
+ */
+KEZ_API void KEZ_CALL kezphi1(const float *ux, const float *uy, const float *uz, const float *wx,
+                              const float *wy, const float *wz, float *phi);
+
+/**
+ * Angle in space at a vertex between the rays to two points.
+ *
+ * @param[in] x0,y0,z0 vertex (length)
+ * @param[in] x1,y1,z1 point on the first ray (length)
+ * @param[in] x2,y2,z2 point on the second ray (length)
+ * @param[out] phi angle, 0 unless both rays are longer than 1.0e-5 (rad)
+ */
+KEZ_API void KEZ_CALL kezphi3(const float *x0, const float *y0, const float *z0, const float *x1,
+                              const float *y1, const float *z1, const float *x2, const float *y2,
+                              const float *z2, float *phi);
+
+/**
+ * Angle between two lines given by their directions, from 0 to pi/2 whatever their orientation.
+ * Success is reported by leaving the flag alone: preset it, e.g. to 0, before the call.
+ *
+ * @param[in] ux,uy,uz first direction
+ * @param[in] wx,wy,wz second direction
+ * @param[out] phi angle (rad); kept when a direction is not longer than 1.0e-5
+ * @param[out] fail -1 when a direction is not longer than 1.0e-5; kept when both are
+ */
+KEZ_API void KEZ_CALL kezphip(const float *ux, const float *uy, const float *uz, const float *wx,
+                              const float *wy, const float *wz, float *phi, int32_t *fail);
+
+/**
+ * Angles between two segments as they appear in the three coordinate planes; each is unsigned, and
+ * 0 where a projection is not longer than 1.0e-5.
+ *
+ * @param[in] x1,y1,z1,x2,y2,z2 ends of the first segment (length)
+ * @param[in] x3,y3,z3,x4,y4,z4 ends of the second segment (length)
+ * @param[out] ax in the y-z plane, about the x axis (rad)
+ * @param[out] ay in the x-z plane, about the y axis (rad)
+ * @param[out] az in the x-y plane, about the z axis (rad)
+ */
+KEZ_API void KEZ_CALL kezmov(const float *x1, const float *y1, const float *z1, const float *x2,
+                             const float *y2, const float *z2, const float *x3, const float *y3,
+                             const float *z3, const float *x4, const float *y4, const float *z4,
+                             float *ax, float *ay, float *az);
+
+/**
+ * Relation of two directions. A direction with all components within the tolerance is null.
+ *
+ * @param[in] ux,uy,uz first direction
+ * @param[in] wx,wy,wz second direction
+ * @param[out] rel relation, 0 to 4 (table above)
+ */
+KEZ_API void KEZ_CALL kezdir(const float *ux, const float *uy, const float *uz, const float *wx,
+                             const float *wy, const float *wz, int32_t *rel);
+
+/**
+ * Relation of two lines in space, each through two points. Parallel lines are the same line when
+ * `kezpsl` finds P3 or P4 on the first line; lines are skew when the triple product of P2 - P1,
+ * P4 - P3 and P3 - P1 is non-zero.
+ *
+ * @param[in] x1,y1,z1,x2,y2,z2 P1 and P2, points of the first line (length)
+ * @param[in] x3,y3,z3,x4,y4,z4 P3 and P4, points of the second line (length)
+ * @param[out] rel relation, 0 to 7 (table above)
+ */
+KEZ_API void KEZ_CALL kezdirl(const float *x1, const float *y1, const float *z1, const float *x2,
+                              const float *y2, const float *z2, const float *x3, const float *y3,
+                              const float *z3, const float *x4, const float *y4, const float *z4,
+                              int32_t *rel);
+
+/**
+ * Relation of two planes. Parallel planes are distinct when D1 / D2 differs from the ratio of their
+ * normals; that ratio is taken from the last component of the second normal that is non-zero. When
+ * D2 is not non-zero, 0 stands for D1 / D2; when D1 is not either, the planes are the same.
+ *
+ * @param[in] A1,B1,C1,D1 first plane
+ * @param[in] A2,B2,C2,D2 second plane
+ * @param[out] rel relation, 0 to 6 (table above)
+ */
+KEZ_API void KEZ_CALL kezdirp(const float *A1, const float *B1, const float *C1, const float *D1,
+                              const float *A2, const float *B2, const float *C2, const float *D2,
+                              int32_t *rel);
+
+/** @} */
+
+/**
+ * @defgroup tables Tables
+ *
+ * Mind the order of the arguments: the sorts take the table before the count, the others the count
+ * before the table.
+ * @{
+ */
+
+/**
+ * Interval of an ascending table that holds a value: the first i with x(i) <= v < x(i + 1). Whether
+ * the table ascends is not checked.
+ *
+ * @param[in] n entries of the table
+ * @param[in] x [n] the table
+ * @param[in] v value sought
+ * @param[out] i interval 1 to n - 1, or 0 for none
+ */
+KEZ_API void KEZ_CALL kezpos(const int32_t *n, const float x[], const float *v, int32_t *i);
+
+/**
+ * Place of a value in an ascending table, entries first. Whether the table ascends is not checked.
+ *
+ * @param[in] n entries of the table
+ * @param[in] x [n] the table
+ * @param[in] v value sought
+ * @param[out] code 1 when v equals an entry, 2 when v lies strictly inside an interval, else 0
+ * @param[out] i the first such entry or interval, or 0 for none
+ */
+KEZ_API void KEZ_CALL kezpos1(const int32_t *n, const float x[], const float *v, int32_t *code,
+                              int32_t *i);
+
+/**
+ * Sorts a real table into ascending order. With not-a-number or with zeros of both signs in the
+ * table the order is that of a selection sort that takes the last of equal minima.
+ *
+ * @param[in,out] x [n] the table
+ * @param[in] n entries of the table; nothing is done when below 1
+ */
+KEZ_API void KEZ_CALL kezord(float x[], const int32_t *n);
+
+/**
+ * Sorts an integer table into ascending order.
+ *
+ * @param[in,out] ia [n] the table
+ * @param[in] n entries of the table; nothing is done when below 1
+ */
+KEZ_API void KEZ_CALL kezord1(int32_t ia[], const int32_t *n);
+
+/**
+ * Reverses a table of 32-bit entries of either kind, reals or integers.
+ *
+ * @param[in] n entries of the table; nothing is done when below 1
+ * @param[in,out] x [n] the table
+ */
+KEZ_API void KEZ_CALL kezinv(const int32_t *n, void *x);
+
+/**
+ * Positions at which an integer table holds a value, ascending.
+ *
+ * @param[in] n entries of the table
+ * @param[in] ia [n] the table
+ * @param[in] v value sought
+ * @param[out] count number of positions
+ * @param[out] idx [n] the positions; entries behind count are kept
+ */
+KEZ_API void KEZ_CALL kezsel1(const int32_t *n, const int32_t ia[], const int32_t *v,
+                              int32_t *count, int32_t idx[]);
+
+/** @} */
+
+/**
+ * @defgroup sampling Sampling, integration and index runs
+ * @{
+ */
+
+/**
+ * Division of a segment into equal steps close to a wanted one. A length of up to 0.1 per cent over
+ * a multiple of the step does not get another segment.
+ *
+ * @param[in] x1,y1,z1 first end (length)
+ * @param[in] x2,y2,z2 second end (length)
+ * @param[in] step wanted step (length)
+ * @param[out] realstep length of a segment, 0 unless step > 0.001 (length)
+ * @param[out] nseg number of segments, 0 unless step > 0.001; at most 2147483647
+ * @param[out] npts number of points with both ends: nseg + 1; at most 2147483647
+ */
+KEZ_API void KEZ_CALL kezpas(const float *x1, const float *y1, const float *z1, const float *x2,
+                             const float *y2, const float *z2, const float *step, float *realstep,
+                             int32_t *nseg, int32_t *npts);
+
+/**
+ * Points along a segment: both ends, and between them points at multiples of a step from the first;
+ * `kezpas` chooses step and number. With n = 1 the point is P2.
+ *
+ * @param[in] x1,y1,z1 P1, the first point (length)
+ * @param[in] x2,y2,z2 P2, the last point (length)
+ * @param[in] step distance between points (length)
+ * @param[in] n number of points; nothing is written when below 1
+ * @param[out] xs,ys,zs [n] the points (length)
+ *
+ * @par Kept value
+ * The last interior point written. Coinciding ends have no direction: every interior point then
+ * gets the kept one, which is (0, 0, 0) before there is any.
+ */
+KEZ_API void KEZ_CALL keznst(const float *x1, const float *y1, const float *z1, const float *x2,
+                             const float *y2, const float *z2, const float *step, const int32_t *n,
+                             float xs[], float ys[], float zs[]);
+
+/**
+ * Integral of samples at evenly spaced abscissae from a to b, by a trapezoid rule that leaves out
+ * the last interior sample: h ((y(1) + y(n)) / 2 + y(2) + ... + y(n - 2)), h = (b - a) / (n - 1).
+ *
+ * @param[in] n number of samples; 1 divides by zero
+ * @param[in] y [n] the samples
+ * @param[in] a,b abscissae of the first and the last sample
+ * @param[out] s the integral, 0 when n is below 1
+ */
+KEZ_API void KEZ_CALL kezinr(const int32_t *n, const float y[], const float *a, const float *b,
+                             float *s);
+
+/**
+ * Splits the run of indexes from i1 to i2, in either direction, into its first, third, fifth, ...
+ * and its second, fourth, sixth, ... members.
+ *
+ * @param[in] i1,i2 ends of the run, 1-based
+ * @param[in] nmax largest index; both counts are 0 when an end lies outside 1..nmax
+ * @param[out] count1 entries of list1
+ * @param[out] list1 [(nmax + 1) / 2] first, third, ... index; entries behind count1 are kept
+ * @param[out] count2 entries of list2
+ * @param[out] list2 [nmax / 2] second, fourth, ... index; entries behind count2 are kept
+ */
+KEZ_API void KEZ_CALL kezpar(const int32_t *i1, const int32_t *i2, const int32_t *nmax,
+                             int32_t *count1, int32_t list1[], int32_t *count2, int32_t list2[]);
+
+/** @} */
+
+/**
+ * @defgroup circles Circles and arcs in the plane
+ *
+ * A circle is the triple (D, E, F) of x^2 + y^2 + D x + E y + F = 0.
+ * @{
+ */
+
+/**
+ * Circle from centre and radius: D = -2 xc, E = -2 yc, F = xc^2 + yc^2 - r^2.
+ *
+ * @param[in] xc,yc centre (length)
+ * @param[in] r radius; its sign does not matter (length)
+ * @param[out] D,E,F the circle
+ */
+KEZ_API void KEZ_CALL kezcer(const float *xc, const float *yc, const float *r, float *D, float *E,
+                             float *F);
+
+/**
+ * Intersection of a line and a circle. The first point is the one with the larger y; where |a| is
+ * at most 1.0e-5 the line counts as the horizontal b y + c = 0, and the first point is the one with
+ * the larger x. The line touches when the discriminant is within 1.0e-5 of zero, whatever the size
+ * of the coefficients. A line with a = b = 0 gives n = 1 and a point that is not finite.
+ *
+ * @param[in] a,b,c the line a x + b y + c = 0
+ * @param[in] D,E,F the circle
+ * @param[out] n number of points: 0, 1 (touching) or 2
+ * @param[out] x1,y1 first point (length); kept when n is 0
+ * @param[out] x2,y2 second point (length); kept when n is 0 or 1
+ */
+KEZ_API void KEZ_CALL kezlci(const float *a, const float *b, const float *c, const float *D,
+                             const float *E, const float *F, int32_t *n, float *x1, float *y1,
+                             float *x2, float *y2);
+
+/**
+ * Intersection of two circles: `kezlci` of their radical line with the first circle. Circles about
+ * the same centre (|D2 - D1| + |E2 - E1| <= 1.0e-5) give n = 0.
+ *
+ * @param[in] D1,E1,F1 first circle
+ * @param[in] D2,E2,F2 second circle
+ * @param[out] n number of points: 0, 1 (touching) or 2
+ * @param[out] x1,y1 first point (length); kept when n is 0
+ * @param[out] x2,y2 second point (length); kept when n is 0 or 1
+ */
+KEZ_API void KEZ_CALL kezc12(const float *D1, const float *E1, const float *F1, const float *D2,
+                             const float *E2, const float *F2, int32_t *n, float *x1, float *y1,
+                             float *x2, float *y2);
+
+/**
+ * Moves the origin of a list of points to (tx, ty). Negated offsets move back.
+ *
+ * @param[in,out] X,Y [n] the points (length)
+ * @param[in] n number of points
+ * @param[in] tx,ty new origin (length)
+ */
+KEZ_API void KEZ_CALL keztra(float X[], float Y[], const int32_t *n, const float *tx,
+                             const float *ty);
+
+/**
+ * Turns a list of points about the origin.
+ *
+ * @param[in] mode 1 clockwise, any other value counter-clockwise
+ * @param[in,out] X,Y [n] the points (length)
+ * @param[in] n number of points
+ * @param[in] angle angle of the turn (rad)
+ */
+KEZ_API void KEZ_CALL kezrot(const int32_t *mode, float X[], float Y[], const int32_t *n,
+                             const float *angle);
+
+/** @} */
+
+/**
+ * @defgroup space Lines and planes in space
+ * @{
+ */
+
+/**
+ * Intersection of two lines in the plane. The tests are on the determinants of the coefficients as
+ * they are: lines with very small coefficients can count as parallel although they cross.
+ *
+ * @param[in] a1,b1,c1 first line a x + b y + c = 0
+ * @param[in] a2,b2,c2 second line
+ * @param[out] status 0 one point, 1 the lines coincide, 2 parallel and distinct
+ * @param[out] x,y the point (length); kept when status is 1 or 2
+ */
+KEZ_API void KEZ_CALL kezlni(const float *a1, const float *b1, const float *c1, const float *a2,
+                             const float *b2, const float *c2, int32_t *status, float *x, float *y);
+
+/** @} */
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

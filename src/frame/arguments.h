@@ -1,0 +1,79 @@
+// What the exported shells are made of: the interface's declarations, and the passage from the
+// caller's variables to values and back. A shell loads every input before it stores a result, so
+// that a host may pass one variable for several arguments.
+#pragma once
+
+#if defined(_WIN32)
+#define KEZ_API  // the module-definition file exports
+#else
+#define KEZ_API __attribute__((visibility("default")))
+#endif
+#include "kezlib.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <type_traits>
+
+#include "types.h"
+
+namespace kez {
+
+inline Vec2 load(const float* x, const float* y) noexcept {
+  return {*x, *y};
+}
+
+inline Vec3 load(const float* x, const float* y, const float* z) noexcept {
+  return {*x, *y, *z};
+}
+
+inline Line load_line(const float* a, const float* b, const float* c) noexcept {
+  return {*a, *b, *c};
+}
+
+inline Plane load_plane(const float* a, const float* b, const float* c, const float* d) noexcept {
+  return {*a, *b, *c, *d};
+}
+
+inline Circle load_circle(const float* d, const float* e, const float* f) noexcept {
+  return {*d, *e, *f};
+}
+
+inline void store(Vec2 p, float* x, float* y) noexcept {
+  *x = p.x;
+  *y = p.y;
+}
+
+inline void store(Vec3 p, float* x, float* y, float* z) noexcept {
+  *x = p.x;
+  *y = p.y;
+  *z = p.z;
+}
+
+inline void store(Line l, float* a, float* b, float* c) noexcept {
+  *a = l.a;
+  *b = l.b;
+  *c = l.c;
+}
+
+inline void store(Plane p, float* a, float* b, float* c, float* d) noexcept {
+  *a = p.a;
+  *b = p.b;
+  *c = p.c;
+  *d = p.d;
+}
+
+// The number that the interface publishes for a relation, position or status.
+template <typename Code>
+std::int32_t number(Code code) noexcept {
+  static_assert(std::is_enum_v<Code>);
+  return static_cast<std::int32_t>(code);
+}
+
+// The caller's table of n entries; a count below 1 means an empty table.
+template <typename T>
+std::span<T> table(T* first, std::int32_t n) noexcept {
+  return {first, n > 0 ? static_cast<std::size_t>(n) : 0};
+}
+
+}  // namespace kez

@@ -1,0 +1,93 @@
+#include "lines.h"
+
+#include <cmath>
+#if defined(__SSE__)
+#include <xmmintrin.h>
+#endif
+
+#include "points.h"
+#include "tolerance.h"
+
+namespace kez {
+
+namespace {
+
+float approximate_reciprocal_sqrt(float s) noexcept {
+#if defined(__SSE__)
+  return _mm_cvtss_f32(_mm_rsqrt_ss(_mm_set_ss(s)));
+#else
+  return 1.0f / std::sqrt(s);
+#endif
+}
+
+}  // namespace
+
+float reciprocal_sqrt(float s) noexcept {
+  const float r0 = approximate_reciprocal_sqrt(s);
+  return r0 * -0.5f * (s * r0 * r0 - 3.0f);
+}
+
+Line line_through(Vec2 p, Vec2 q) noexcept {
+  return {q.y - p.y, -(q.x - p.x), p.y * q.x - p.x * q.y};
+}
+
+Line line_in_direction(Vec2 p, Vec2 direction) noexcept {
+  // Exactly: a direction that is merely steep keeps its slope.
+  if (direction.x == 0) return {1, 0, -p.x};
+  return {direction.y / direction.x, -1, p.y - direction.y * p.x / direction.x};
+}
+
+Line line_at_angle(Vec2 p, float theta) noexcept {
+  // Only +pi/2 and -pi/2 are vertical, and strictly within the tolerance: other odd multiples keep
+  // the slope that the tangent gives them.
+  const float from_vertical = theta >= 0 ? theta - half_pi : theta + half_pi;
+  if (std::fabs(from_vertical) < tolerance) return {1, 0, -p.x};
+  const float slope = std::tan(theta);
+  return {slope, -1, p.y - slope * p.x};
+}
+
+Line parallel(Line l, float d) noexcept {
+  return {l.a, l.b, l.c - d * std::sqrt(l.a * l.a + l.b * l.b)};
+}
+
+// The normal is l1 l2 times the difference of the rays' unit vectors.
+Line bisector(Vec2 vertex, Vec2 p, Vec2 q) noexcept {
+  const Vec2 u = p - vertex, w = q - vertex;
+  const float l1 = length(u), l2 = length(w);
+  return {u.x * l2 - w.x * l1, u.y * l2 - w.y * l1, -l2 * dot(u, vertex) + l1 * dot(w, vertex)};
+}
+
+float signed_distance(Vec2 p, Line l) noexcept {
+  return (l.a * p.x + l.b * p.y + l.c) * reciprocal_sqrt(l.a * l.a + l.b * l.b);
+}
+
+Plane plane_spanned(Vec3 p, Vec3 u, Vec3 w) noexcept {
+  const float a = determinant(u.y, u.z, w.y, w.z);
+  const float b = -determinant(u.x, u.z, w.x, w.z);
+  const float c = determinant(u.x, u.y, w.x, w.y);
+  return {a, b, c, -(a * p.x + b * p.y + c * p.z)};
+}
+
+Position position_on_segment(Vec3 first, Vec3 second, Vec3 p) noexcept {
+  const Vec3 u = p - first, w = p - second;
+  const float d1 = length(u), d2 = length(w);
+  if (d1 <= tolerance) return Position::at_first;
+  if (d2 <= tolerance) return Position::at_second;
+
+  // Within the coincidence box of an end there is no cosine, and the point counts as off the line.
+  const auto angle = angle_between(u, w);
+  if (!angle) return Position::off_line;
+  if (equal(angle->cosine, -1)) return Position::between;
+  if (equal(angle->cosine, 1)) {
+    if (d2 > d1) return Position::before_first;
+    if (d1 > d2) return Position::beyond_second;
+  }
+  return Position::off_line;
+}
+
+Quotients guarded_quotients(float a, float b, float c) noexcept {
+  if (!non_zero(a)) return {0, 0};
+  return {c / a, b / a};
+}
+
+}  // namespace kez

@@ -1,0 +1,43 @@
+// Implicit lines in the plane, the plane of two directions, and points against a segment.
+#pragma once
+
+#include <cstdint>
+
+#include "types.h"
+
+namespace kez {
+
+// An approximation of 1 / sqrt(s), good to about 22 bits: the start value r0 with one Newton step
+// for f(r) = 1 / r^2 - s, in the order -r0/2 (s r0 r0 - 3).
+float reciprocal_sqrt(float s) noexcept;
+
+Line line_through(Vec2 p, Vec2 q) noexcept;
+Line line_in_direction(Vec2 p, Vec2 direction) noexcept;
+Line line_at_angle(Vec2 p, float theta) noexcept;
+Line parallel(Line l, float d) noexcept;
+Line bisector(Vec2 vertex, Vec2 p, Vec2 q) noexcept;
+
+// Positive on the side to which the line's normal points.
+float signed_distance(Vec2 p, Line l) noexcept;
+
+Plane plane_spanned(Vec3 p, Vec3 u, Vec3 w) noexcept;
+
+enum class Position : std::int32_t {
+  off_line = 0,
+  at_first = 1,
+  at_second = 2,
+  between = 3,
+  before_first = 4,
+  beyond_second = 5,
+};
+
+Position position_on_segment(Vec3 first, Vec3 second, Vec3 p) noexcept;
+
+struct Quotients {
+  float c_over_a, b_over_a;
+};
+
+// Zero where a is within the tolerance of zero.
+Quotients guarded_quotients(float a, float b, float c) noexcept;
+
+}  // namespace kez

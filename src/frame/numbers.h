@@ -1,0 +1,38 @@
+// Conversions that no input may make undefined, and sums over long lists.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+
+namespace kez {
+
+// Toward zero; beyond the integers the nearest of them, and 0 for not-a-number.
+inline std::int32_t truncate(float value) noexcept {
+  constexpr float limit = 2147483648.0f;
+  if (value >= limit) return std::numeric_limits<std::int32_t>::max();
+  if (value <= -limit) return std::numeric_limits<std::int32_t>::min();
+  return value == value ? static_cast<std::int32_t>(value) : 0;
+}
+
+inline std::int32_t successor(std::int32_t value) noexcept {
+  return value < std::numeric_limits<std::int32_t>::max() ? value + 1 : value;
+}
+
+// The sum of term(0) .. term(count - 1) in partial sums of their own, which the compiler keeps in
+// one vector register; the grouping is fixed, so every build rounds alike.
+template <typename Term>
+float sum(std::size_t count, Term term) noexcept {
+  std::array<float, 8> partial{};
+  std::size_t i = 0;
+  for (; i + partial.size() <= count; i += partial.size()) {
+    for (std::size_t lane = 0; lane < partial.size(); ++lane) partial[lane] += term(i + lane);
+  }
+  float total = 0;
+  for (; i < count; ++i) total += term(i);
+  for (const float part : partial) total += part;
+  return total;
+}
+
+}  // namespace kez

@@ -1,0 +1,97 @@
+// Points, vectors and determinants: what all other routines are built from.
+#pragma once
+
+#include <cmath>
+#include <cstdint>
+#include <optional>
+
+#include "tolerance.h"
+#include "types.h"
+
+namespace kez {
+
+inline float dot(Vec2 u, Vec2 w) noexcept {
+  return u.x * w.x + u.y * w.y;
+}
+inline float dot(Vec3 u, Vec3 w) noexcept {
+  return u.x * w.x + u.y * w.y + u.z * w.z;
+}
+
+inline float length(Vec2 v) noexcept {
+  return std::sqrt(dot(v, v));
+}
+inline float length(Vec3 v) noexcept {
+  return std::sqrt(dot(v, v));
+}
+
+inline float distance(Vec2 p, Vec2 q) noexcept {
+  return length(q - p);
+}
+inline float distance(Vec3 p, Vec3 q) noexcept {
+  return length(q - p);
+}
+
+inline Vec3 cross(Vec3 u, Vec3 w) noexcept {
+  return {u.y * w.z - u.z * w.y, u.z * w.x - u.x * w.z, u.x * w.y - u.y * w.x};
+}
+
+// Every component within the tolerance: the vector of a segment whose ends coincide.
+inline bool is_null(Vec3 v) noexcept {
+  return equal(v.x, 0) && equal(v.y, 0) && equal(v.z, 0);
+}
+
+// Exact on purpose: hosts ask whether a value was ever set.
+inline bool is_exactly_zero(Vec3 v) noexcept {
+  return v.x == 0 && v.y == 0 && v.z == 0;
+}
+
+inline Vec3 midpoint(Vec3 p, Vec3 q) noexcept {
+  return 0.5f * (p + q);
+}
+
+// The point p + t (q - p), where the ends do not coincide.
+inline std::optional<Vec3> point_along(Vec3 p, Vec3 q, float t) noexcept {
+  const Vec3 v = q - p;
+  if (is_null(v)) return std::nullopt;
+  return p + t * v;
+}
+
+inline float determinant(float a, float b, float c, float d) noexcept {
+  return a * d - b * c;
+}
+
+// The matrix with the rows u, v, w, expanded along u.
+inline float determinant(Vec3 u, Vec3 v, Vec3 w) noexcept {
+  return u.x * determinant(v.y, v.z, w.y, w.z) - u.y * determinant(v.x, v.z, w.x, w.z) +
+         u.z * determinant(v.x, v.y, w.x, w.y);
+}
+
+inline bool span_space(Vec3 u, Vec3 v, Vec3 w) noexcept {
+  return non_zero(determinant(u, v, w));
+}
+
+inline float cosine(Vec3 u, Vec3 w) noexcept {
+  return dot(u, w) / length(u) / length(w);
+}
+
+struct CosineSine {
+  float cosine, sine;
+};
+
+// Of the unsigned angle between two vectors, where neither is null.
+inline std::optional<CosineSine> angle_between(Vec3 u, Vec3 w) noexcept {
+  if (is_null(u) || is_null(w)) return std::nullopt;
+  return CosineSine{cosine(u, w), length(cross(u, w)) / length(u) / length(w)};
+}
+
+inline float interpolate(float x1, float x2, float y1, float y2, float x) noexcept {
+  return y1 + (y2 - y1) * (x - x1) / (x2 - x1);
+}
+
+enum class Side : std::int32_t { positive = 1, other = 2 };
+
+inline Side side_of(float b) noexcept {
+  return b > 0 ? Side::positive : Side::other;
+}
+
+}  // namespace kez

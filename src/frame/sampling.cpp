@@ -1,0 +1,61 @@
+#include "sampling.h"
+
+#include <cstdlib>
+
+#include "numbers.h"
+#include "points.h"
+
+namespace kez {
+
+Division divide(float length, float wanted_step) noexcept {
+  if (!(wanted_step > 0.001f)) return {0, 0, 1};
+  // The slack of one part in a thousand keeps a length that is a multiple of the step, give or take
+  // its rounding, from getting one segment more.
+  constexpr float slack = 1.001f;
+  const std::int32_t segments = successor(truncate(length / wanted_step / slack));
+  return {length / static_cast<float>(segments), segments, successor(segments)};
+}
+
+void sample_segment(Vec3 first, Vec3 last, float step, std::span<float> xs, std::span<float> ys,
+                    std::span<float> zs, Vec3& interior) noexcept {
+  const std::size_t n = xs.size();
+  if (n == 0) return;
+  const auto put = [&](std::size_t i, Vec3 p) {
+    xs[i] = p.x;
+    ys[i] = p.y;
+    zs[i] = p.z;
+  };
+  put(0, first);
+  put(n - 1, last);
+
+  const float length = distance(first, last);
+  for (std::size_t i = 1; i + 1 < n; ++i) {
+    const float t = static_cast<float>(i) * step / length;
+    interior = point_along(first, last, t).value_or(interior);
+    put(i, interior);
+  }
+}
+
+float integrate(std::span<const float> samples, float a, float b) noexcept {
+  if (samples.empty()) return 0;
+  const std::size_t n = samples.size();
+  const float h = (b - a) / static_cast<float>(n - 1);
+  float total = (samples.front() + samples.back()) * 0.5f;
+  if (n >= 4) total += sum(n - 3, [&](std::size_t i) { return samples[i + 1]; });
+  return h * total;
+}
+
+AlternateRuns split_alternately(std::int32_t i1, std::int32_t i2, std::int32_t max) noexcept {
+  if (i1 < 1 || i2 < 1 || i1 > max || i2 > max) return {};
+  // A run of one index counts as falling: its second member is not used, and must not overflow.
+  const std::int32_t direction = i1 < i2 ? 1 : -1;
+  const std::int32_t even_count = (std::abs(i2 - i1) + 1) / 2;
+  const std::int32_t odd_count = std::abs(i2 - i1) / 2 + 1;
+  return {{i1, 2 * direction, odd_count}, {i1 + direction, 2 * direction, even_count}};
+}
+
+void write(Run run, std::int32_t list[]) noexcept {
+  for (std::int32_t i = 0; i < run.count; ++i) list[i] = run.first + i * run.step;
+}
+
+}  // namespace kez

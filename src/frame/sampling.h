@@ -1,0 +1,42 @@
+// Evenly spaced points and samples, and runs of indexes.
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+#include "types.h"
+
+namespace kez {
+
+struct Division {
+  float step;
+  std::int32_t segments;
+  std::int32_t points;
+};
+
+// Equal steps close to the wanted one; none where that is 0.001 or less.
+Division divide(float length, float wanted_step) noexcept;
+
+// Points of a segment at multiples of the step, between its two ends. `interior` is the last point
+// written between the ends of a segment; where the ends coincide it stands for all of them.
+void sample_segment(Vec3 first, Vec3 last, float step, std::span<float> xs, std::span<float> ys,
+                    std::span<float> zs, Vec3& interior) noexcept;
+
+// The trapezoid rule without the last interior sample: kept, hosts rely on it.
+float integrate(std::span<const float> samples, float a, float b) noexcept;
+
+struct Run {
+  std::int32_t first, step, count;
+};
+
+struct AlternateRuns {
+  Run odd, even;
+};
+
+// The first, third, ... and the second, fourth, ... indexes from i1 to i2, empty where an end lies
+// outside 1..max.
+AlternateRuns split_alternately(std::int32_t i1, std::int32_t i2, std::int32_t max) noexcept;
+
+void write(Run run, std::int32_t list[]) noexcept;
+
+}  // namespace kez

@@ -1,0 +1,40 @@
+// Search, order, reversal and selection in the caller's tables. Positions are 1-based, 0 is none.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+namespace kez {
+
+// The first i with x(i) <= v < x(i + 1), whether or not the table ascends.
+std::int32_t find_interval(std::span<const float> x, float v) noexcept;
+
+enum class Match : std::int32_t { none = 0, entry = 1, interval = 2 };
+
+struct Place {
+  Match match;
+  std::int32_t position;
+};
+
+// The first entry equal to v, else the first interval with v strictly inside.
+Place find_place(std::span<const float> x, float v) noexcept;
+
+// Ascending. Where entries compare equal without being the same, or do not compare at all, the
+// order is that of a selection sort which takes the last of equal minima.
+void sort_ascending(std::span<float> x) noexcept;
+void sort_ascending(std::span<std::int32_t> x) noexcept;
+
+// An entry of a list of either kind, moved without being looked at. Bytes may alias the caller's
+// reals as well as integers.
+struct Word {
+  std::byte bytes[4];
+};
+
+void reverse(std::span<Word> x) noexcept;
+
+// Writes the positions of v, ascending, and returns their number.
+std::int32_t select(std::span<const std::int32_t> table, std::int32_t v,
+                    std::int32_t positions[]) noexcept;
+
+}  // namespace kez

@@ -1,0 +1,20 @@
+// The library's tolerance and the two tests that use it.
+#pragma once
+
+#include <cmath>
+
+namespace kez {
+
+inline constexpr float tolerance = 1.0e-5f;
+
+// A difference of exactly the tolerance counts as equal; not-a-number equals nothing.
+inline bool equal(float a, float b) noexcept {
+  return std::fabs(a - b) <= tolerance;
+}
+
+// Not the opposite of equal(a, 0): not-a-number is neither.
+inline bool non_zero(float a) noexcept {
+  return std::fabs(a) > tolerance;
+}
+
+}  // namespace kez

@@ -1,0 +1,56 @@
+// The values that geometry computes with. A host passes them as single coordinates.
+#pragma once
+
+#include <cfloat>
+
+// Single precision as written, on every build: 32-bit x86 must not compute in the x87 registers.
+static_assert(FLT_EVAL_METHOD == 0, "compile with -msse2 -mfpmath=sse");
+
+namespace kez {
+
+inline constexpr float pi = 3.1415927f;
+inline constexpr float half_pi = 1.5707964f;
+
+struct Vec2 {
+  float x, y;
+};
+
+struct Vec3 {
+  float x, y, z;
+};
+
+inline Vec2 operator-(Vec2 p, Vec2 q) noexcept {
+  return {p.x - q.x, p.y - q.y};
+}
+inline Vec3 operator-(Vec3 p, Vec3 q) noexcept {
+  return {p.x - q.x, p.y - q.y, p.z - q.z};
+}
+inline Vec3 operator+(Vec3 p, Vec3 q) noexcept {
+  return {p.x + q.x, p.y + q.y, p.z + q.z};
+}
+inline Vec3 operator*(float t, Vec3 v) noexcept {
+  return {t * v.x, t * v.y, t * v.z};
+}
+
+inline Vec3 in_plane(Vec2 p) noexcept {
+  return {p.x, p.y, 0};
+}
+
+// a x + b y + c = 0, not normalised.
+struct Line {
+  float a, b, c;
+};
+
+// a x + b y + c z + d = 0, not normalised.
+struct Plane {
+  float a, b, c, d;
+
+  Vec3 normal() const noexcept { return {a, b, c}; }
+};
+
+// x^2 + y^2 + d x + e y + f = 0.
+struct Circle {
+  float d, e, f;
+};
+
+}  // namespace kez
