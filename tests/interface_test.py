@@ -1,0 +1,83 @@
+"""The header's parser refuses what breaks the form, and what was generated is fresh."""
+
+import pathlib
+import subprocess
+import sys
+import unittest
+
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "tools"))
+import interface  # noqa: E402
+
+GROUP = "/** @defgroup g Group\n * @{\n */\n"
+GOOD = """/**
+ * Sums a table. Details follow.
+ *
+ * @param[in] n entries
+ * @param[in] x [2 * n + 1] table
+ * @param[in,out] a,b sums
+ * @param[out] w [n] words
+ *
+ * @par Kept value
+ * The last sum.
+ */
+KEZ_API void KEZ_CALL kezsum(const int32_t *n, const float x[], float *a,
+                             float *b, void *w);
+"""
+
+
+def parse(text):
+    return interface.parse_header(GROUP + text)
+
+
+class Form(unittest.TestCase):
+    def test_good_routine(self):
+        (routine,) = parse(GOOD)
+        self.assertEqual((routine.name, routine.group, routine.summary, routine.details,
+                          routine.kept),
+                         ("kezsum", "Group", "Sums a table.", "Details follow.", "The last sum."))
+        self.assertEqual([(a.name, a.kind, a.direction, a.extent) for a in routine.arguments],
+                         [("n", "integer", "in", ""), ("x", "real", "in", "2 * n + 1"),
+                          ("a", "real", "in,out", ""), ("b", "real", "in,out", ""),
+                          ("w", "word", "out", "n")])
+        self.assertIn("_kezsum@20 = kezsum@20", interface.module_definition([routine]))
+        self.assertIn("return 2 * v[0] + 1;", interface.call_table([routine]))
+
+    def test_what_breaks_the_form(self):
+        for reason, old, new in (
+                ("by value", "const float x[]", "float x"),
+                ("unknown type", "const float x[]", "const double x[]"),
+                ("undocumented", " * @param[in] n entries\n", ""),
+                ("not an argument", "] a,b sums", "] a,b,c sums"),
+                ("order", "a,b sums", "b,a sums"),
+                ("in but not const", "@param[out] w", "@param[in] w"),
+                ("out but const", "@param[in] x", "@param[out] x"),
+                ("array without extent", "[2 * n + 1] ", ""),
+                ("scalar with extent", "a,b sums", "a,b [n] sums"),
+                ("extent of no input", "[2 * n + 1]", "[m]"),
+                ("extent of a real", "[2 * n + 1]", "[a]"),
+                ("extent of no arithmetic", "[2 * n + 1]", "[n, 1]"),
+                ("no text", "n entries", "n"),
+                ("no description", " * Sums a table. Details follow.\n", ""),
+                ("unknown paragraph", "@par Kept value", "@par Kept values"),
+                ("no comment", GOOD[:GOOD.index("KEZ_API")], ""),
+                ("returns a value", "KEZ_API void", "KEZ_API int32_t"),
+                ("no KEZ_API", "KEZ_API ", "")):
+            with self.subTest(reason):
+                self.assertIn(old, GOOD)
+                with self.assertRaises(interface.FormError):
+                    parse(GOOD.replace(old, new))
+        with self.assertRaises(interface.FormError):
+            interface.parse_header(GOOD)  # outside a group
+        with self.assertRaises(interface.FormError):
+            parse(GOOD + GOOD)
+
+    def test_error_names_the_line(self):
+        with self.assertRaisesRegex(interface.FormError, "line 17: kezsum: .*by reference"):
+            parse(GOOD.replace("kezsum", "kezone") + GOOD.replace("float *a", "float a"))
+
+    def test_generated_files_are_fresh(self):
+        subprocess.run([sys.executable, interface.__file__, "--check"], check=True)
+
+
+if __name__ == "__main__":
+    unittest.main()
