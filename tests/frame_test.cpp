@@ -1,0 +1,258 @@
+// Properties of the primitives and of line and circle intersections.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <bit>
+#include <cmath>
+#include <numbers>
+
+#include "circles/circle.h"
+#include "frame/angles.h"
+#include "frame/lines.h"
+#include "frame/points.h"
+#include "frame/sampling.h"
+#include "frame/tables.h"
+#include "random.h"
+#include "space/line_intersections.h"
+
+namespace kez {
+namespace {
+
+using test::Random;
+
+constexpr int rounds = 5000;
+
+TEST(Points, CrossProductIsPerpendicularAndAntisymmetric) {
+  Random random(1);
+  for (int i = 0; i < rounds; ++i) {
+    const Vec3 u = random.point3(), w = random.point3(), c = cross(u, w), d = cross(w, u);
+    EXPECT_NEAR(dot(c, u), 0, 1e-3f);
+    EXPECT_NEAR(dot(c, w), 0, 1e-3f);
+    EXPECT_EQ(c.x, -d.x);
+    EXPECT_EQ(c.y, -d.y);
+    EXPECT_EQ(c.z, -d.z);
+    EXPECT_NEAR(determinant(u, w, c), dot(c, c), 1e-5f * (1 + dot(c, c)));
+  }
+}
+
+TEST(Points, CosineAndSineBelongToOneAngle) {
+  Random random(2);
+  for (int i = 0; i < rounds; ++i) {
+    const Vec3 u = random.point3(), w = random.point3();
+    const auto between = angle_between(u, w);
+    ASSERT_EQ(between.has_value(), !is_null(u) && !is_null(w));
+    if (!between) continue;
+    EXPECT_GE(between->sine, 0);
+    EXPECT_NEAR(std::hypot(between->cosine, between->sine), 1, 1e-6f);
+    // Rounding may carry the cosine of parallel vectors past 1; it is not clamped.
+    if (std::fabs(between->cosine) <= 1) {
+      EXPECT_NEAR(angle(u, w), std::atan2(between->sine, between->cosine), 1e-3f);
+      EXPECT_NEAR(*line_angle(u, w), std::min(angle(u, w), angle(u, -1 * w)), 1e-3f);
+    }
+  }
+}
+
+TEST(Lines, RunThroughWhatTheyAreMadeOf) {
+  Random random(3);
+  for (int i = 0; i < rounds; ++i) {
+    const Vec2 p = random.point2(), q = random.point2();
+    if (distance(p, q) < 0.1f) continue;
+    const Line l = line_through(p, q);
+    EXPECT_NEAR(signed_distance(p, l), 0, 1e-4f);
+    EXPECT_NEAR(signed_distance(q, l), 0, 1e-4f);
+
+    const float d = random.real(-5, 5);
+    const Vec2 r = random.point2();
+    EXPECT_NEAR(signed_distance(r, parallel(l, d)), signed_distance(r, l) - d, 1e-4f);
+
+    const Vec2 direction = q - p;
+    if (direction.x != 0 && std::fabs(direction.x) < 0.1f) continue;
+    EXPECT_NEAR(signed_distance(q, line_in_direction(p, direction)), 0, 1e-3f);
+    const Line inclined = line_at_angle(p, std::atan(direction.y / direction.x));
+    EXPECT_NEAR(signed_distance(q, inclined), 0, 1e-3f);
+  }
+}
+
+TEST(Lines, BisectorIsAsFarFromBothRays) {
+  Random random(4);
+  for (int i = 0; i < rounds; ++i) {
+    const Vec2 vertex = random.point2(), p = random.point2(), q = random.point2();
+    const float phi = vertex_angle(vertex, p, q);
+    if (!(phi > 0.1f && phi < 3)) continue;
+    const Line l = bisector(vertex, p, q);
+    const float dp = signed_distance(p, l) / distance(vertex, p);
+    const float dq = signed_distance(q, l) / distance(vertex, q);
+    EXPECT_NEAR(dp, std::sin(phi / 2), 1e-4f);
+    EXPECT_NEAR(dq, -std::sin(phi / 2), 1e-4f);
+  }
+}
+
+TEST(Lines, ReciprocalSquareRootIsGoodTo22Bits) {
+  Random random(5);
+  for (int i = 0; i < rounds; ++i) {
+    const float s = std::exp2(random.real(-100, 100));
+    EXPECT_NEAR(reciprocal_sqrt(s) * std::sqrt(s), 1, 5e-7f);
+  }
+}
+
+TEST(Lines, PositionFollowsTheParameter) {
+  Random random(6);
+  for (int i = 0; i < rounds; ++i) {
+    const Vec3 p = random.point3(), q = random.point3();
+    const float t = 0.25f * static_cast<float>(random.integer(-4, 8));
+    const auto point = point_along(p, q, t);
+    if (!point) continue;
+    const Position expected = t == 0   ? Position::at_first
+                              : t == 1 ? Position::at_second
+                              : t < 0  ? Position::before_first
+                              : t > 1  ? Position::beyond_second
+                                       : Position::between;
+    EXPECT_EQ(position_on_segment(p, q, *point), expected) << t;
+  }
+}
+
+TEST(Relations, OfLinesAndPlanesDoNotDependOnTheOrder) {
+  Random random(7);
+  for (int i = 0; i < rounds; ++i) {
+    const auto p = random.list(4, [&] { return random.point3(); });
+    const LineRelation forward = relate_lines(p[0], p[1], p[2], p[3]);
+    // Of two parallel lines 4 units apart neither may be found on the other.
+    const Vec3 aside = cross(p[1] - p[0], {0.3f, 0.5f, 0.7f});
+    if (length(aside) > 4) {
+      EXPECT_EQ(relate_lines(p[0], p[1], p[1] + aside, p[0] + aside),
+                LineRelation::parallel_opposite);
+      EXPECT_EQ(relate_lines(p[0], p[1], p[0] + aside, p[1] + aside), LineRelation::parallel_same);
+    }
+    if (forward == LineRelation::skew || forward == LineRelation::undefined) {
+      EXPECT_EQ(relate_lines(p[2], p[3], p[0], p[1]), forward);
+    }
+    const Plane plane = plane_spanned(p[0], p[1] - p[0], p[2] - p[0]);
+    const Plane twice = {2 * plane.a, 2 * plane.b, 2 * plane.c, 2 * plane.d};
+    const Plane back = {-plane.a, -plane.b, -plane.c, -plane.d};
+    if (length(plane.normal()) < 0.1f) continue;
+    EXPECT_EQ(relate_planes(plane, twice), PlaneRelation::same_plane_same);
+    EXPECT_EQ(relate_planes(plane, back), PlaneRelation::same_plane_opposite);
+  }
+}
+
+// The order that the interface promises, written down as the passes that define it.
+void sort_by_passes(std::vector<float>& x) {
+  for (std::size_t i = 0; i + 1 < x.size(); ++i) {
+    float least = x[i];
+    std::size_t taken = i;
+    for (std::size_t j = i + 1; j < x.size(); ++j) {
+      if (x[j] <= least) {
+        least = x[j];
+        taken = j;
+      }
+    }
+    x[taken] = x[i];
+    x[i] = least;
+  }
+}
+
+TEST(Tables, SortLeavesTheSameBitsAsItsPasses) {
+  Random random(8);
+  for (int i = 0; i < rounds; ++i) {
+    const float odd[] = {0.0f, -0.0f, std::nanf(""), -1.0f, 1.0f};
+    const int kinds = random.integer(1, 5);
+    auto x = random.list(random.integer(0, 40), [&] {
+      return random.integer(0, 1) ? odd[random.integer(0, kinds - 1)] : random.coordinate();
+    });
+    auto expected = x;
+    sort_by_passes(expected);
+    sort_ascending(std::span(x));
+    EXPECT_TRUE(std::ranges::equal(x, expected, {}, std::bit_cast<std::uint32_t, float>,
+                                   std::bit_cast<std::uint32_t, float>));
+  }
+}
+
+TEST(Sampling, PointsOfADivisionAreOneStepApart) {
+  Random random(9);
+  for (int i = 0; i < rounds; ++i) {
+    const Vec3 p = random.point3(), q = random.point3();
+    if (is_null(q - p)) continue;
+    const Division division = divide(distance(p, q), random.real(0.1f, 30));
+    const auto n = static_cast<std::size_t>(division.points);
+    std::vector<float> xs(n), ys(n), zs(n);
+    Vec3 interior{};
+    sample_segment(p, q, division.step, xs, ys, zs, interior);
+    for (std::size_t k = 1; k < n; ++k) {
+      const float gap = distance(Vec3{xs[k - 1], ys[k - 1], zs[k - 1]}, Vec3{xs[k], ys[k], zs[k]});
+      EXPECT_NEAR(gap, division.step, 1e-4f);
+    }
+  }
+}
+
+// Half the chord that a line at distance d cuts from a circle, negative where it misses. Crossings
+// of grazing lines are as uncertain as the square root of the rounding errors.
+float half_chord(float radius, float d) {
+  const float square = radius * radius - d * d;
+  return std::copysign(std::sqrt(std::fabs(square)), square);
+}
+
+TEST(Circles, CrossingsLieOnBothCurves) {
+  Random random(10);
+  int crossings = 0;
+  for (int i = 0; i < rounds; ++i) {
+    const Vec2 centre = random.point2(), p = random.point2(), q = random.point2();
+    const float radius = random.real(0.5f, 8);
+    const Line l = line_through(p, q);
+    // x comes from the division by a, so nearly horizontal lines magnify errors.
+    if (distance(p, q) < 0.5f || (l.a != 0 && std::fabs(l.a) < 0.1f * std::fabs(l.b))) continue;
+    const float half = half_chord(radius, signed_distance(centre, l));
+    if (std::fabs(half) < 0.5f) continue;
+
+    const Crossings found = intersect(l, circle_about(centre, radius));
+    ASSERT_EQ(found.count, half > 0 ? 2 : 0);
+    if (found.count == 0) continue;
+    ++crossings;
+    for (const Vec2 point : {found.first, found.second}) {
+      EXPECT_NEAR(signed_distance(point, l), 0, 5e-3f);
+      EXPECT_NEAR(distance(point, centre), radius, 5e-3f);
+    }
+    EXPECT_NEAR(distance(found.first, found.second), 2 * half, 5e-3f);
+    EXPECT_TRUE(l.a != 0 ? found.first.y > found.second.y : found.first.x > found.second.x);
+  }
+  EXPECT_GT(crossings, rounds / 4);
+}
+
+TEST(Circles, TwoCirclesMeetWhereBothAre) {
+  Random random(11);
+  int crossings = 0;
+  for (int i = 0; i < rounds; ++i) {
+    const Vec2 c1 = random.point2(), c2 = random.point2();
+    const float r1 = random.real(1, 8), r2 = random.real(1, 8), apart = distance(c1, c2);
+    if (apart < 1 || (c1.x != c2.x && std::fabs(c1.x - c2.x) < 0.1f * apart)) continue;
+    const float to_radical_line = (apart * apart + r1 * r1 - r2 * r2) / (2 * apart);
+    const float half = half_chord(r1, to_radical_line);
+    if (std::fabs(half) < 0.5f) continue;
+
+    const Crossings found = intersect(circle_about(c1, r1), circle_about(c2, r2));
+    ASSERT_EQ(found.count, half > 0 ? 2 : 0);
+    if (found.count == 0) continue;
+    ++crossings;
+    for (const Vec2 point : {found.first, found.second}) {
+      EXPECT_NEAR(distance(point, c1), r1, 5e-3f);
+      EXPECT_NEAR(distance(point, c2), r2, 5e-3f);
+    }
+  }
+  EXPECT_GT(crossings, rounds / 4);
+}
+
+TEST(Space, LinesMeetOnBoth) {
+  Random random(12);
+  for (int i = 0; i < rounds; ++i) {
+    const Line p = line_through(random.point2(), random.point2());
+    const Line q = line_through(random.point2(), random.point2());
+    const LineMeeting meeting = intersect(p, q);
+    const float scale = std::hypot(p.a, p.b) * std::hypot(q.a, q.b);
+    if (std::fabs(p.a * q.b - q.a * p.b) < 0.1f * scale || scale < 0.1f) continue;
+    ASSERT_EQ(meeting.status, Meeting::one_point);
+    EXPECT_NEAR(signed_distance(meeting.point, p), 0, 1e-3f);
+    EXPECT_NEAR(signed_distance(meeting.point, q), 0, 1e-3f);
+  }
+}
+
+}  // namespace
+}  // namespace kez
