@@ -24,15 +24,15 @@ def objdump(option):
 @unittest.skipIf(LIBRARY.endswith(".dll"), "ELF")
 class SharedObject(unittest.TestCase):
     def test_exports_the_routines_only(self):
-        defined = re.findall(r"^\S+ [gw].{5} (?!\*UND\*)\S+\s+\S+\s+(?:\S+\s+)?(\S+)$",
-                             objdump("-T"), re.MULTILINE)
+        symbols = [line for line in objdump("-T").splitlines() if re.match(r"[0-9a-f]{8}", line)]
+        defined = [line.split()[-1] for line in symbols if "*UND*" not in line]
         self.assertEqual(sorted(defined), sorted(r.name for r in ROUTINES))
 
     def test_name_and_dependencies(self):
         headers = objdump("-p")
         self.assertIn("libKezLib.so.1", re.findall(r"SONAME\s+(\S+)", headers))
         for needed in re.findall(r"NEEDED\s+(\S+)", headers):
-            self.assertRegex(needed, r"^(lib(stdc\+\+|m|c|gcc_s|asan|ubsan)|ld-linux)\b")
+            self.assertRegex(needed, r"^(lib(stdc\+\+|m|c|gcc_s|asan|ubsan)|ld-linux.*)\.so")
 
 
 @unittest.skipUnless(LIBRARY.endswith(".dll"), "DLL")

@@ -1,0 +1,180 @@
+#include "print.h"
+
+#include <algorithm>
+#include <iomanip>
+#include <ostream>
+#include <string_view>
+
+namespace kezcall {
+namespace {
+
+bool only_poison(std::span<const Word> words) {
+  return std::ranges::all_of(words, [](Word word) { return word == poison; });
+}
+
+bool unchanged(const Arguments& arguments, std::size_t argument) {
+  const std::span<const Word> words = arguments.values(argument);
+  for (std::size_t i = 0; i < words.size(); ++i)
+    if (words[i] != arguments.before(argument, i)) return false;
+  return true;
+}
+
+// In the form of a row: an entry that was never written shows as a point.
+std::string value_text(const Argument& argument, std::span<const Word> words, bool real_words) {
+  const Kind kind = entry_kind(argument, real_words);
+  std::string text;
+  for (const Word word : words) {
+    if (!text.empty()) text += ' ';
+    text += word == poison ? "." : decimal(word, kind);
+  }
+  return argument.extent ? "[" + text + "]" : text;
+}
+
+template <typename Range, typename Length>
+int longest(const Range& range, Length length) {
+  std::size_t result = 0;
+  for (const auto& item : range) result = std::max(result, length(item));
+  return static_cast<int>(result);
+}
+
+int name_width(const Routine& routine) {
+  return longest(routine.arguments,
+                 [](const Argument& a) { return std::string_view(a.name).size(); });
+}
+
+const char* kind_name(Kind kind) {
+  switch (kind) {
+    case Kind::real:
+      return "real";
+    case Kind::integer:
+      return "integer";
+    case Kind::word:
+      return "word";
+    case Kind::callback:
+      return "callback";
+  }
+  return "";
+}
+
+const char* direction_name(Direction direction) {
+  switch (direction) {
+    case Direction::in:
+      return "in";
+    case Direction::out:
+      return "out";
+    case Direction::in_out:
+      return "in,out";
+  }
+  return "";
+}
+
+std::string type_text(const Argument& argument) {
+  const std::string kind = kind_name(argument.kind);
+  return argument.extent ? kind + " [" + argument.extent_text + "]" : kind;
+}
+
+// A summary may lead up to a formula that the list leaves out.
+std::string_view without_colon(std::string_view summary) {
+  return summary.ends_with(':') ? summary.substr(0, summary.size() - 1) : summary;
+}
+
+constexpr std::size_t page_width = 90;
+
+// The words of a text from `column` on, continued on further lines behind `indent` blanks. A blank
+// line stays one, and items of a list begin a line.
+void print_wrapped(std::ostream& out, std::string_view text, std::size_t column,
+                   std::size_t indent) {
+  const auto new_line = [&] {
+    out << '\n' << std::string(indent, ' ');
+    column = indent;
+  };
+  std::size_t begin = text.find_first_not_of(" \n");
+  while (begin != text.npos) {
+    const std::string_view word = text.substr(begin, text.substr(begin).find_first_of(" \n"));
+    if (column > indent && column + word.size() > page_width) new_line();
+    out << word;
+    column += word.size();
+    const std::size_t end = begin + word.size();
+    begin = text.find_first_not_of(" \n", end);
+    if (begin == text.npos) break;
+    const std::string_view gap = text.substr(end, begin - end);
+    const bool item = gap.find('\n') != gap.npos && text.substr(begin).starts_with("- ");
+    if (gap.starts_with("\n\n")) out << '\n';
+    if (item || gap.starts_with("\n\n")) {
+      new_line();
+    } else {
+      out << ' ';
+      ++column;
+    }
+  }
+  out << '\n';
+}
+
+void print_row_form(std::ostream& out, const Routine& routine) {
+  std::string inputs;
+  std::string outputs;
+  for (const Argument& argument : routine.arguments) {
+    const std::string name = argument.name;
+    const std::string item = argument.extent ? " [" + name + "]" : " " + name;
+    if (argument.direction != Direction::out) inputs += item;
+    if (argument.direction != Direction::in) outputs += item;
+  }
+  out << routine.name << " " << inputs << "  -> " << outputs << '\n';
+}
+
+}  // namespace
+
+void print_outputs(std::ostream& out, const Row& row, const Arguments& arguments) {
+  for (std::size_t i = 0; i < row.routine->arguments.size(); ++i) {
+    const Argument& argument = row.routine->arguments[i];
+    if (argument.direction == Direction::in) continue;
+    const std::span<const Word> words = arguments.values(i);
+    out << std::left << std::setw(name_width(*row.routine)) << argument.name;
+    if (!words.empty() && only_poison(words)) {
+      out << "   not written\n";
+      continue;
+    }
+    out << " = " << value_text(argument, words, row.real_words);
+    if (argument.direction == Direction::in_out && unchanged(arguments, i)) out << "   unchanged";
+    out << '\n';
+  }
+}
+
+void print_list(std::ostream& out) {
+  const int width =
+      longest(routines, [](const Routine& r) { return std::string_view(r.name).size(); });
+  std::string_view group;
+  for (const Routine& routine : routines) {
+    if (routine.group != group) {
+      out << (group.empty() ? "" : "\n") << routine.group << '\n';
+      group = routine.group;
+    }
+    out << (routine.kept ? "* " : "  ") << std::left << std::setw(width) << routine.name << "  "
+        << without_colon(routine.summary) << '\n';
+  }
+  out << "\n* keeps a value from call to call\n";
+}
+
+void print_help(std::ostream& out, const Routine& routine) {
+  const std::string title = std::string(routine.name) + ": ";
+  out << title;
+  print_wrapped(out, std::string(routine.summary) + " " + routine.details, title.size(), 0);
+  out << "\n  ";
+  print_row_form(out, routine);
+  out << '\n';
+  const int names = name_width(routine);
+  const int types =
+      longest(routine.arguments, [](const Argument& a) { return type_text(a).size(); });
+  for (const Argument& argument : routine.arguments) {
+    out << "  " << std::left << std::setw(names) << argument.name << "  " << std::setw(6)
+        << direction_name(argument.direction) << "  " << std::setw(types) << type_text(argument)
+        << "  ";
+    const auto column = static_cast<std::size_t>(names + types + 14);
+    print_wrapped(out, argument.text, column, column);
+  }
+  if (!routine.kept) return;
+  out << '\n';
+  print_wrapped(out, std::string("Kept value: ") + routine.kept, 0, 0);
+}
+
+}  // namespace kezcall

@@ -1,0 +1,19 @@
+// What kezcall tells: the outputs of a call, and the interface.
+#pragma once
+
+#include <iosfwd>
+
+#include "rows.h"
+
+namespace kezcall {
+
+// Every output by name, one a line, and of each whether it was written.
+void print_outputs(std::ostream& out, const Row& row, const Arguments& arguments);
+
+// All routines by group, those marked that keep a value.
+void print_list(std::ostream& out);
+
+// What the header says of a routine, and the form of its row.
+void print_help(std::ostream& out, const Routine& routine);
+
+}  // namespace kezcall
