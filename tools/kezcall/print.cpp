@@ -20,14 +20,13 @@ bool unchanged(const Arguments& arguments, std::size_t argument) {
 }
 
 // In the form of a row: an entry that was never written shows as a point.
-std::string value_text(const Argument& argument, std::span<const Word> words, bool real_words) {
+void print_value(std::ostream& out, const Argument& argument, std::span<const Word> words,
+                 bool real_words) {
   const Kind kind = entry_kind(argument, real_words);
-  std::string text;
-  for (const Word word : words) {
-    if (!text.empty()) text += ' ';
-    text += word == poison ? "." : decimal(word, kind);
-  }
-  return argument.extent ? "[" + text + "]" : text;
+  out << (argument.extent ? "[" : "");
+  for (std::size_t i = 0; i < words.size(); ++i)
+    out << (i ? " " : "") << (words[i] == poison ? "." : decimal(words[i], kind));
+  out << (argument.extent ? "]" : "");
 }
 
 template <typename Range, typename Length>
@@ -84,28 +83,22 @@ constexpr std::size_t page_width = 90;
 // line stays one, and items of a list begin a line.
 void print_wrapped(std::ostream& out, std::string_view text, std::size_t column,
                    std::size_t indent) {
-  const auto new_line = [&] {
-    out << '\n' << std::string(indent, ' ');
-    column = indent;
-  };
-  std::size_t begin = text.find_first_not_of(" \n");
-  while (begin != text.npos) {
-    const std::string_view word = text.substr(begin, text.substr(begin).find_first_of(" \n"));
-    if (column > indent && column + word.size() > page_width) new_line();
-    out << word;
-    column += word.size();
-    const std::size_t end = begin + word.size();
-    begin = text.find_first_not_of(" \n", end);
-    if (begin == text.npos) break;
+  std::size_t end = 0;
+  for (std::size_t begin = 0; (begin = text.find_first_not_of(" \n", end)) != text.npos;) {
     const std::string_view gap = text.substr(end, begin - end);
-    const bool item = gap.find('\n') != gap.npos && text.substr(begin).starts_with("- ");
-    if (gap.starts_with("\n\n")) out << '\n';
-    if (item || gap.starts_with("\n\n")) {
-      new_line();
-    } else {
+    const std::string_view word = text.substr(begin, text.find_first_of(" \n", begin) - begin);
+    const bool paragraph = gap.find("\n\n") != gap.npos;
+    const bool item = gap.ends_with('\n') && word == "-";
+    if (paragraph || item || column + 1 + word.size() > page_width) {
+      out << (paragraph ? "\n\n" : "\n") << std::string(indent, ' ');
+      column = indent;
+    } else if (end > 0) {
       out << ' ';
       ++column;
     }
+    out << word;
+    column += word.size();
+    end = begin + word.size();
   }
   out << '\n';
 }
@@ -134,7 +127,8 @@ void print_outputs(std::ostream& out, const Row& row, const Arguments& arguments
       out << "   not written\n";
       continue;
     }
-    out << " = " << value_text(argument, words, row.real_words);
+    out << " = ";
+    print_value(out, argument, words, row.real_words);
     if (argument.direction == Direction::in_out && unchanged(arguments, i)) out << "   unchanged";
     out << '\n';
   }

@@ -141,7 +141,7 @@ std::string difference(const Wanted& wanted, const std::string& name, Kind kind,
                        Word before) {
   using enum Wanted::Rule;
   const auto text = [&](Word word) {
-    return wanted.rule == bits && kind == Kind::real ? hexadecimal(word) : decimal(word, kind);
+    return wanted.text.starts_with("0x") ? hexadecimal(word) : decimal(word, kind);
   };
   const std::string result = got == poison ? name + " not written" : name + " = " + text(got);
   if (wanted.rule != untouched) return result + ", wanted " + wanted.text;
