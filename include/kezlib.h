@@ -652,7 +652,37 @@ KEZ_API void KEZ_CALL kezrot(const int32_t *mode, float X[], float Y[], const in
 /** @} */
 
 /**
- * @defgroup space Lines and planes in space
+ * A host's routine that gives `kezpnl` the z coordinate of point i, 1-based.
+ */
+typedef float(KEZ_CALL *kez_z_callback)(const int32_t *i);
+
+/**
+ * @defgroup space Lines, planes and placement in space
+ *
+ * A plane is the quadruple (A, B, C, D) of A x + B y + C z + D = 0 with the normal (A, B, C), which
+ * is not normalised. A line is given by two points or by a point and a direction.
+ *
+ * A direction and a plane have a class, by which of their components are non-zero (X) and which are
+ * zero within the tolerance (0):
+ *
+ * | code | (x, y, z) | direction `kezpsn` | (A, B, C) | D | plane `kezplp`                 |
+ * |------|-----------|--------------------|-----------|---|--------------------------------|
+ * | 0    | 0 0 0     | null               |           |   |                                |
+ * | 1    | X X X     | general            | X X X     |   | general                        |
+ * | 2    | X 0 0     | parallel to x      | 0 X X     |   | parallel to the x axis         |
+ * | 3    | 0 X 0     | parallel to y      | X 0 X     |   | parallel to the y axis         |
+ * | 4    | 0 0 X     | parallel to z      | X X 0     |   | parallel to the z axis         |
+ * | 5    | X X 0     | parallel to xy     | 0 0 X     | X | parallel to the xy plane       |
+ * | 6    | 0 X X     | parallel to yz     | X 0 0     | X | parallel to the yz plane       |
+ * | 7    | X 0 X     | parallel to xz     | 0 X 0     | X | parallel to the xz plane       |
+ * | 8    |           |                    | 0 0 X     | 0 | the xy plane                   |
+ * | 9    |           |                    | X 0 0     | 0 | the yz plane                   |
+ * | 10   |           |                    | 0 X 0     | 0 | the xz plane                   |
+ *
+ * A plane without a normal (0 0 0) has class 7 or 10, as if B were non-zero.
+ *
+ * An axis system is the nine numbers m1 to m9: the unit vectors of its x, y and z axis in global
+ * coordinates, one after the other. It is right-handed and has no origin of its own.
  * @{
  */
 
@@ -667,6 +697,464 @@ KEZ_API void KEZ_CALL kezrot(const int32_t *mode, float X[], float Y[], const in
  */
 KEZ_API void KEZ_CALL kezlni(const float *a1, const float *b1, const float *c1, const float *a2,
                              const float *b2, const float *c2, int32_t *status, float *x, float *y);
+
+/**
+ * Class of the direction from one point to another.
+ *
+ * @param[in] x1,y1,z1 first point (length)
+ * @param[in] x2,y2,z2 second point (length)
+ * @param[out] code class of the direction (table above); 1 also when a component is not a number
+ */
+KEZ_API void KEZ_CALL kezpsn(const float *x1, const float *y1, const float *z1, const float *x2,
+                             const float *y2, const float *z2, int32_t *code);
+
+/**
+ * Whether a point is on a line in space: the line is evaluated at the point's x, or at its y when
+ * the line is parallel to the yz plane, and the other coordinates are compared. A coordinate that
+ * is constant along the line is compared directly; a null direction contains no point.
+ *
+ * @param[in] x0,y0,z0 point of the line (length)
+ * @param[in] u,v,w direction of the line
+ * @param[in] px,py,pz the point to test (length)
+ * @param[in] tol largest difference of a coordinate (length)
+ * @param[out] code class of the direction (table above)
+ * @param[out] onLine 1 when both differences are at most tol, else 0
+ */
+KEZ_API void KEZ_CALL kezln6(const float *x0, const float *y0, const float *z0, const float *u,
+                             const float *v, const float *w, const float *px, const float *py,
+                             const float *pz, const float *tol, int32_t *code, int32_t *onLine);
+
+/**
+ * Whether a point is on the line in which two planes meet. The line is evaluated at a kept x when l
+ * is non-zero, else at a kept y when m is, else at a kept z when n is, and the point's other two
+ * coordinates are compared with that point of the line. The coordinate at which the line is
+ * evaluated is never the tested point's, and where y is the parameter the slope of z has the
+ * opposite sign to the line's.
+ *
+ * @param[in] a1,b1,c1,d1 first plane
+ * @param[in] a2,b2,c2,d2 second plane
+ * @param[in] px,py,pz the point to test (length)
+ * @param[out] l b1 c2 - c1 b2, the x component of the line's direction
+ * @param[out] m a1 c2 - c1 a2, the y component with the opposite sign
+ * @param[in] n the z component, from the caller: a1 b2 - b1 a2
+ * @param[in] tol largest difference of a coordinate (length)
+ * @param[out] code class of (l, m, n) (table above)
+ * @param[out] onLine 1 when both differences are at most tol, else 0; 0 when none of l, m and n is
+ *   non-zero
+ *
+ * @par Kept value
+ * The last point of a line at which one was evaluated, (0, 0, 0) before the first: its x, y or z is
+ * used as told, and the other two coordinates are replaced.
+ */
+KEZ_API void KEZ_CALL kezln7(const float *a1, const float *b1, const float *c1, const float *d1,
+                             const float *a2, const float *b2, const float *c2, const float *d2,
+                             const float *px, const float *py, const float *pz, float *l, float *m,
+                             const float *n, const float *tol, int32_t *code, int32_t *onLine);
+
+/**
+ * Intersection of two lines in space that lie in one plane. It is found in the local axes of
+ * `kezaxe` through P1, P1 + d1 and P2 + d2. The status is 0 also when the lines turn out to have no
+ * one point in common there: parallel lines take (xi, yi) as passed in for the local coordinates,
+ * relative to P1, of the point; when P2 + d2 lies on the first line there are no axes and the
+ * result is P1.
+ *
+ * @param[in,out] x1,y1,z1 P1, a point of the first line; becomes (0, 0, 0), kept when status is not
+ *   0 (length)
+ * @param[in] dx1,dy1,dz1 d1, direction of the first line (length)
+ * @param[in,out] x2,y2,z2 P2, a point of the second line; becomes P2 - P1, kept when status is not
+ *   0 (length)
+ * @param[in] dx2,dy2,dz2 d2, direction of the second line (length)
+ * @param[out] status 0, or the `kezdirl` relation for which there is no plane: 3, 4 the same line,
+ *   6 skew, 7 a null direction
+ * @param[in,out] xi,yi the intersection; kept when status is not 0 (length)
+ * @param[out] zi its z; kept when status is not 0 (length)
+ */
+KEZ_API void KEZ_CALL kez3lni(float *x1, float *y1, float *z1, const float *dx1, const float *dy1,
+                              const float *dz1, float *x2, float *y2, float *z2, const float *dx2,
+                              const float *dy2, const float *dz2, int32_t *status, float *xi,
+                              float *yi, float *zi);
+
+/**
+ * Plane through three points. Its normal is (P2 - P1) x (P3 - P1).
+ *
+ * @param[in] x1,y1,z1 P1 (length)
+ * @param[in] x2,y2,z2 P2 (length)
+ * @param[in] x3,y3,z3 P3 (length)
+ * @param[out] A,B,C,D the plane, zeros when status is not 0
+ * @param[out] status 0, or the `kezpsl` position of P3 when it is on the line P1 P2. Coincident P1
+ *   and P2 with P3 elsewhere give 0 and a plane without a normal
+ */
+KEZ_API void KEZ_CALL kezpl1(const float *x1, const float *y1, const float *z1, const float *x2,
+                             const float *y2, const float *z2, const float *x3, const float *y3,
+                             const float *z3, float *A, float *B, float *C, float *D,
+                             int32_t *status);
+
+/**
+ * Plane through a point, parallel to two lines: to P1 P2 and to P3 P4. Parallel lines give a plane
+ * without a normal, with status 0.
+ *
+ * @param[in] x0,y0,z0 the point (length)
+ * @param[in] x1,y1,z1,x2,y2,z2 P1 and P2, points of the first line (length)
+ * @param[in] x3,y3,z3,x4,y4,z4 P3 and P4, points of the second line (length)
+ * @param[out] A,B,C,D the plane, zeros when status is not 0
+ * @param[out] status 0, or the `kezdirl` relation of the lines: 3, 4 the same line, 7 a line is
+ *   undefined
+ */
+KEZ_API void KEZ_CALL kezpl2(const float *x0, const float *y0, const float *z0, const float *x1,
+                             const float *y1, const float *z1, const float *x2, const float *y2,
+                             const float *z2, const float *x3, const float *y3, const float *z3,
+                             const float *x4, const float *y4, const float *z4, float *A, float *B,
+                             float *C, float *D, int32_t *status);
+
+/**
+ * Plane that contains the line P1 P2 and is parallel to the line P3 P4: `kezpl2` through P1.
+ *
+ * @param[in] x1,y1,z1,x2,y2,z2 P1 and P2, points of the first line (length)
+ * @param[in] x3,y3,z3,x4,y4,z4 P3 and P4, points of the second line (length)
+ * @param[out] A,B,C,D the plane, zeros when status is not 0
+ * @param[out] status 0, or the `kezdirl` relation of the lines: 3, 4 the same line, 7 a line is
+ *   undefined
+ */
+KEZ_API void KEZ_CALL kezpl3(const float *x1, const float *y1, const float *z1, const float *x2,
+                             const float *y2, const float *z2, const float *x3, const float *y3,
+                             const float *z3, const float *x4, const float *y4, const float *z4,
+                             float *A, float *B, float *C, float *D, int32_t *status);
+
+/**
+ * Plane through a point, perpendicular to the direction from P1 to P2, which becomes its normal.
+ *
+ * @param[in] x0,y0,z0 the point (length)
+ * @param[in] x1,y1,z1 P1 (length)
+ * @param[in] x2,y2,z2 P2 (length)
+ * @param[out] A,B,C,D the plane, zeros when status is 1
+ * @param[out] status 0, or 1 when P1 and P2 coincide
+ */
+KEZ_API void KEZ_CALL kezpl4(const float *x0, const float *y0, const float *z0, const float *x1,
+                             const float *y1, const float *z1, const float *x2, const float *y2,
+                             const float *z2, float *A, float *B, float *C, float *D,
+                             int32_t *status);
+
+/**
+ * Plane from its intercepts on the axes: (1/p, 1/q, 1/r, -1).
+ *
+ * @param[in] p,q,r intercepts on the x, y and z axis (length)
+ * @param[out] A,B,C,D the plane, zeros when status is 1
+ * @param[out] status 0, or 1 unless all intercepts are non-zero
+ */
+KEZ_API void KEZ_CALL kezpl5(const float *p, const float *q, const float *r, float *A, float *B,
+                             float *C, float *D, int32_t *status);
+
+/**
+ * Plane through two lines, each given by a point and a direction. Parallel lines give a plane
+ * without a normal, with status 0.
+ *
+ * @param[in] x1,y1,z1,dx1,dy1,dz1 point and direction of the first line (length)
+ * @param[in] x2,y2,z2,dx2,dy2,dz2 point and direction of the second line (length)
+ * @param[out] A,B,C,D the plane; kept when status is not 0
+ * @param[out] status 0, or the `kezdirl` relation of the lines: 3, 4 the same line, 6 skew, 7 a
+ *   null direction
+ */
+KEZ_API void KEZ_CALL kezpl6(const float *x1, const float *y1, const float *z1, const float *dx1,
+                             const float *dy1, const float *dz1, const float *x2, const float *y2,
+                             const float *z2, const float *dx2, const float *dy2, const float *dz2,
+                             float *A, float *B, float *C, float *D, int32_t *status);
+
+/**
+ * Relation of two directions as lines through the origin.
+ *
+ * @param[in] ux,uy,uz first direction
+ * @param[in] wx,wy,wz second direction
+ * @param[in] e,f ignored
+ * @param[out] rel -1 when the first direction is exactly (0, 0, 0), else the `kezdirl` relation:
+ *   0 oblique, 3 same, 4 opposite, 5 perpendicular, 7 when either is within the tolerance of zero
+ */
+KEZ_API void KEZ_CALL kezplv(const float *ux, const float *uy, const float *uz, const float *wx,
+                             const float *wy, const float *wz, const float *e, const float *f,
+                             int32_t *rel);
+
+/**
+ * Signed distance of a point from a plane, positive on the side to which the normal points. It is
+ * as accurate as that of `kezlds`. A plane without a normal gives a value that is not finite.
+ *
+ * @param[in] x,y,z the point (length)
+ * @param[in] A,B,C,D the plane
+ * @param[out] dist the distance (length)
+ */
+KEZ_API void KEZ_CALL kezpld(const float *x, const float *y, const float *z, const float *A,
+                             const float *B, const float *C, const float *D, float *dist);
+
+/**
+ * Class of a plane.
+ *
+ * @param[in] A,B,C,D the plane; not-a-number counts as non-zero
+ * @param[out] code class, 1 to 10 (table above)
+ */
+KEZ_API void KEZ_CALL kezplp(const float *A, const float *B, const float *C, const float *D,
+                             int32_t *code);
+
+/**
+ * Intersection of a line and a plane.
+ *
+ * @param[in] x0,y0,z0 point of the line (length)
+ * @param[in] u,v,w direction of the line
+ * @param[in] A,B,C,D the plane
+ * @param[out] xi,yi,zi the point (length); kept when status is not 0
+ * @param[out] status 0, or the `kezdir` relation of direction and normal: 3 perpendicular, i.e. the
+ *   line is parallel to the plane or lies in it, 4 a null direction or normal
+ */
+KEZ_API void KEZ_CALL kezpli(const float *x0, const float *y0, const float *z0, const float *u,
+                             const float *v, const float *w, const float *A, const float *B,
+                             const float *C, const float *D, float *xi, float *yi, float *zi,
+                             int32_t *status);
+
+/**
+ * Whether a point is in the plane of three points, by the angle between the normal and the
+ * direction from P1 to the point. A point that is at most 0.001 away from P1 counts as outside, and
+ * so does every point when P1, P2 and P3 are on one line or the length of their normal
+ * (P2 - P1) x (P3 - P1) is at most 0.001.
+ *
+ * @param[in] x1,y1,z1 P1 (length)
+ * @param[in] x2,y2,z2 P2 (length)
+ * @param[in] x3,y3,z3 P3 (length)
+ * @param[in] x,y,z the point to test (length)
+ * @param[in] tol largest magnitude of the cosine of that angle; not a distance
+ * @param[out] status 0 in the plane, -1 outside
+ */
+KEZ_API void KEZ_CALL kezpsp(const float *x1, const float *y1, const float *z1, const float *x2,
+                             const float *y2, const float *z2, const float *x3, const float *y3,
+                             const float *z3, const float *x, const float *y, const float *z,
+                             const float *tol, int32_t *status);
+
+/**
+ * Whether a point is in a plane, by its distance.
+ *
+ * @param[in] x,y,z the point (length)
+ * @param[in] A,B,C,D the plane
+ * @param[in] tol largest distance (length)
+ * @param[out] status 0 when the distance is at most tol, -1 when not, 1 when the normal is exactly
+ *   (0, 0, 0)
+ */
+KEZ_API void KEZ_CALL kezpspg(const float *x, const float *y, const float *z, const float *A,
+                              const float *B, const float *C, const float *D, const float *tol,
+                              int32_t *status);
+
+/**
+ * Points of a list at which a running sum is exactly zero, without a tolerance. The sum starts as
+ * D, and each point adds its A x + B y + C z: only the first point is tested against the plane as
+ * given, each later one against the plane that the points before it have shifted.
+ *
+ * @param[in] x,y,z [n] the points (length)
+ * @param[in] A,B,C normal of the plane
+ * @param[in,out] D constant of the plane; becomes the sum over all points
+ * @param[in] n number of points
+ * @param[out] count number of points found, 0 when n is below 1
+ * @param[out] idx [n] their positions, ascending; entries behind count are kept
+ */
+KEZ_API void KEZ_CALL kezpnp(const float x[], const float y[], const float z[], const float *A,
+                             const float *B, const float *C, float *D, const int32_t *n,
+                             int32_t *count, int32_t idx[]);
+
+/**
+ * Axis system in the plane of three points: the x axis from O to A, the z axis on the normal of the
+ * plane that points upwards. Upwards is where y grows; when the normal's y is not non-zero, where z
+ * grows; when its z is not either, where x grows. B may so have a negative local y. An axis shorter
+ * than 1.0e-5 before it is made a unit vector stays (0, 0, 0), without a status.
+ *
+ * @param[in] x0,y0,z0 O, the origin (length)
+ * @param[in] xa,ya,za A, on the local x axis (length)
+ * @param[in] xb,yb,zb B, in the local xy plane (length)
+ * @param[out] m1,m2,m3 unit vector of the x axis, zeros when status is -2
+ * @param[out] m4,m5,m6 unit vector of the y axis, zeros when status is -2
+ * @param[out] m7,m8,m9 unit vector of the z axis, zeros when status is -2
+ * @param[out] status 0, or -2 when `kezpsl` finds B on the line O A
+ */
+KEZ_API void KEZ_CALL kezaxe(const float *x0, const float *y0, const float *z0, const float *xa,
+                             const float *ya, const float *za, const float *xb, const float *yb,
+                             const float *zb, float *m1, float *m2, float *m3, float *m4, float *m5,
+                             float *m6, float *m7, float *m8, float *m9, int32_t *status);
+
+/**
+ * Carries a point from local to global coordinates or back. Only the axes turn: points are relative
+ * to the common origin, `kez3tra` moves them there and back.
+ *
+ * @param[in,out] p [3] x, y and z of the point (length)
+ * @param[in] m1,m2,m3,m4,m5,m6,m7,m8,m9 the axis system
+ * @param[in] mode 1 local to global, any other value global to local
+ */
+KEZ_API void KEZ_CALL keztrn(float p[], const float *m1, const float *m2, const float *m3,
+                             const float *m4, const float *m5, const float *m6, const float *m7,
+                             const float *m8, const float *m9, const int32_t *mode);
+
+/**
+ * Moves the origin of a list of points to (ox, oy, oz). Negated offsets move back.
+ *
+ * @param[in,out] x,y,z [n] the points (length)
+ * @param[in] n number of points
+ * @param[in] ox,oy,oz new origin (length)
+ */
+KEZ_API void KEZ_CALL kez3tra(float x[], float y[], float z[], const int32_t *n, const float *ox,
+                              const float *oy, const float *oz);
+
+/**
+ * Signed distance of a point P from the line P1 P2: minus the local y of P, seen from the line, in
+ * the axis system that `kezaxe` gives for P1, P2 and P. Coincident P1 and P2 give the distance from
+ * P1, without a sign.
+ *
+ * @param[in] x1,y1,z1 P1 (length)
+ * @param[in] x2,y2,z2 P2 (length)
+ * @param[in] px,py,pz P (length)
+ * @param[out] status always 0
+ * @param[out] dist the distance, 0 when `kezpsl` finds P on the line (length)
+ */
+KEZ_API void KEZ_CALL kez3lda(const float *x1, const float *y1, const float *z1, const float *x2,
+                              const float *y2, const float *z2, const float *px, const float *py,
+                              const float *pz, int32_t *status, float *dist);
+
+/**
+ * Signed distance of a point from a line: `kez3lda` without its status.
+ *
+ * @param[in] x1,y1,z1 P1 (length)
+ * @param[in] x2,y2,z2 P2 (length)
+ * @param[in] px,py,pz P (length)
+ * @param[out] dist the distance, 0 when `kezpsl` finds P on the line (length)
+ */
+KEZ_API void KEZ_CALL kez3lds(const float *x1, const float *y1, const float *z1, const float *x2,
+                              const float *y2, const float *z2, const float *px, const float *py,
+                              const float *pz, float *dist);
+
+/**
+ * Unsigned distance of a point P from the line P1 P2: |w x u| / |u| with u = P2 - P1 and
+ * w = (x1 - px, y1 - py, y1 - pz). The last component of w has y1 for z1, so this is the distance
+ * only where y1 = z1. Coincident P1 and P2 give the distance from P1.
+ *
+ * @param[in] x1,y1,z1 P1 (length)
+ * @param[in] x2,y2,z2 P2 (length)
+ * @param[in] px,py,pz P (length)
+ * @param[out] status always 0
+ * @param[out] dist the distance (length)
+ */
+KEZ_API void KEZ_CALL kez3ldb(const float *x1, const float *y1, const float *z1, const float *x2,
+                              const float *y2, const float *z2, const float *px, const float *py,
+                              const float *pz, int32_t *status, float *dist);
+
+/**
+ * Points of a list near the line P1 P2, measured by `kez3ldb`. The z coordinates come from a
+ * routine of the host, which is called once for each point, in the order of the list.
+ *
+ * @param[in] x1,y1,z1 P1 (length)
+ * @param[in] x2,y2,z2 P2 (length)
+ * @param[in] x,y [n] x and y of the points (length)
+ * @param[in] zof [n] gives z of the point whose position it is passed (length)
+ * @param[in] n number of points
+ * @param[in] tol largest distance of a point that is near (length)
+ * @param[out] status 0; kept when n is below 1
+ * @param[out] count number of points found
+ * @param[out] idx [n] their positions, ascending; entries behind count are kept
+ */
+KEZ_API void KEZ_CALL kezpnl(const float *x1, const float *y1, const float *z1, const float *x2,
+                             const float *y2, const float *z2, const float x[], const float y[],
+                             kez_z_callback zof, const int32_t *n, const float *tol,
+                             int32_t *status, int32_t *count, int32_t idx[]);
+
+/**
+ * Turns a list of points about the x axis. Forwards is from y towards z.
+ *
+ * @param[in] mode 1 backwards, any other value forwards
+ * @param[in] x [n] ignored: x does not change
+ * @param[in,out] y,z [n] y and z of the points (length)
+ * @param[in] n number of points
+ * @param[in] angle angle of the turn (rad)
+ */
+KEZ_API void KEZ_CALL kezrotx(const int32_t *mode, const float x[], float y[], float z[],
+                              const int32_t *n, const float *angle);
+
+/**
+ * Turns a list of points about the y axis. Forwards is from x towards z, against the right-hand
+ * rule.
+ *
+ * @param[in] mode 1 backwards, any other value forwards
+ * @param[in,out] x [n] x of the points (length)
+ * @param[in] y [n] ignored: y does not change
+ * @param[in,out] z [n] z of the points (length)
+ * @param[in] n number of points
+ * @param[in] angle angle of the turn (rad)
+ */
+KEZ_API void KEZ_CALL kezroty(const int32_t *mode, float x[], const float y[], float z[],
+                              const int32_t *n, const float *angle);
+
+/**
+ * Turns a list of points about the z axis. Forwards is from x towards y.
+ *
+ * @param[in] mode 1 backwards, any other value forwards
+ * @param[in,out] x,y [n] x and y of the points (length)
+ * @param[in] z [n] ignored: z does not change
+ * @param[in] n number of points
+ * @param[in] angle angle of the turn (rad)
+ */
+KEZ_API void KEZ_CALL kezrotz(const int32_t *mode, float x[], float y[], const float z[],
+                              const int32_t *n, const float *angle);
+
+/**
+ * Places a list of points: moves it by (tx, ty, tz), then turns it forwards about the x axis, the y
+ * axis and the z axis through the origin, as `kezrotx`, `kezroty` and `kezrotz` do. A translation
+ * of which no component is non-zero is left out, and so is an angle that is not non-zero.
+ *
+ * @param[in,out] x,y,z [n] the points (length)
+ * @param[in] n number of points
+ * @param[in] tx,ty,tz translation (length)
+ * @param[in] ax,ay,az angles about the x, y and z axis (rad)
+ */
+KEZ_API void KEZ_CALL kezptr(float x[], float y[], float z[], const int32_t *n, const float *tx,
+                             const float *ty, const float *tz, const float *ax, const float *ay,
+                             const float *az);
+
+/**
+ * Places a list of points in the local axis system that `kezaxe` gives for O, A and B, with its
+ * origin at O: `kezptr` along and about the local axes, with nothing left out.
+ *
+ * @param[in] x0,y0,z0 O, the origin (length)
+ * @param[in] xa,ya,za A, on the local x axis (length)
+ * @param[in] xb,yb,zb B, in the local xy plane (length)
+ * @param[in,out] x,y,z [n] the points; kept when status is -2 (length)
+ * @param[in] n number of points
+ * @param[in] tx,ty,tz translation along the local axes (length)
+ * @param[in] ax,ay,az angles about the local axes (rad)
+ * @param[out] status 0, or -2 when `kezpsl` finds B on the line O A
+ */
+KEZ_API void KEZ_CALL kezptrl(const float *x0, const float *y0, const float *z0, const float *xa,
+                              const float *ya, const float *za, const float *xb, const float *yb,
+                              const float *zb, float x[], float y[], float z[], const int32_t *n,
+                              const float *tx, const float *ty, const float *tz, const float *ax,
+                              const float *ay, const float *az, int32_t *status);
+
+/**
+ * Plane of three points, turned about the line P1 P2. Its normal is the z axis that `kezaxe` gives
+ * for P1, P2 and P3, turned forwards about the local x axis, with unit length.
+ *
+ * @param[in] x1,y1,z1 P1 (length)
+ * @param[in] x2,y2,z2 P2 (length)
+ * @param[in] x3,y3,z3 P3 (length)
+ * @param[in] angle angle of the turn (rad)
+ * @param[out] A,B,C,D the plane, zeros when status is not 0
+ * @param[out] status 0, or the `kezpsl` position of P3 when it is on the line P1 P2; 1 also when no
+ *   normal is left: P1 plus the normal coincides with P1
+ */
+KEZ_API void KEZ_CALL kezpl7(const float *x1, const float *y1, const float *z1, const float *x2,
+                             const float *y2, const float *z2, const float *x3, const float *y3,
+                             const float *z3, const float *angle, float *A, float *B, float *C,
+                             float *D, int32_t *status);
+
+/**
+ * Puts the corners of a quadrilateral into an order in which its outline does not cross itself. The
+ * first corner stays the first. The order (1, 2, 3, 4) is tried first, then (1, 2, 4, 3); an order
+ * is rejected when the triangles on both sides of the diagonal from its first corner turn against
+ * each other, i.e. the dot product of their normals is below zero. (1, 4, 2, 3) is the last resort.
+ * Degenerate corners keep their order.
+ *
+ * @param[in,out] X,Y,Z [4] the corners, rewritten in the order found (length)
+ * @param[out] order [4] position at which each corner of the outline was passed in
+ */
+KEZ_API void KEZ_CALL kezorv(float X[], float Y[], float Z[], int32_t order[]);
 
 /** @} */
 

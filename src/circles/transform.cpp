@@ -1,6 +1,6 @@
 #include "transform.h"
 
-#include <cmath>
+#include "../frame/rotation.h"
 
 namespace kez {
 
@@ -9,15 +9,9 @@ void translate(std::span<float> xs, std::span<float> ys, Vec2 origin) noexcept {
   for (float& y : ys) y -= origin.y;
 }
 
-void rotate(Turn turn, std::span<float> xs, std::span<float> ys, float angle) noexcept {
-  // Turning back is turning by -angle, whose sine is exactly -sin(angle).
-  const float s = turn == Turn::clockwise ? -std::sin(angle) : std::sin(angle);
-  const float c = std::cos(angle);
-  for (std::size_t i = 0; i < xs.size(); ++i) {
-    const float x = xs[i], y = ys[i];
-    xs[i] = c * x - s * y;
-    ys[i] = s * x + c * y;
-  }
+void rotate(Turn direction, std::span<float> xs, std::span<float> ys, float angle) noexcept {
+  const Rotation forward = rotation_by(angle);
+  turn(direction == Turn::clockwise ? inverse(forward) : forward, xs, ys);
 }
 
 }  // namespace kez

@@ -1,9 +1,10 @@
-// Lines against lines.
+// Lines against lines, and points against lines in space.
 #pragma once
 
 #include <cstdint>
 
 #include "../frame/types.h"
+#include "planes.h"
 
 namespace kez {
 
@@ -15,5 +16,50 @@ struct LineMeeting {
 };
 
 LineMeeting intersect(Line p, Line q) noexcept;
+
+// The axis or plane of coordinates that a direction is parallel to.
+enum class DirectionClass : std::int32_t {
+  null = 0,
+  general = 1,
+  along_x = 2,
+  along_y = 3,
+  along_z = 4,
+  in_xy = 5,
+  in_yz = 6,
+  in_xz = 7,
+};
+
+DirectionClass classify(Vec3 direction) noexcept;
+
+struct PointOnLine {
+  DirectionClass direction;
+  bool on_line;
+};
+
+// Whether the coordinates of p are within tol of those of the line through p0.
+PointOnLine test_on_line(Vec3 p0, Vec3 direction, Vec3 p, float tol) noexcept;
+
+struct PointOnMeetingLine {
+  float l, m;  // with n the direction of the line is (l, -m, n)
+  DirectionClass direction;
+  bool on_line;
+};
+
+// The same test against the line in which two planes meet, with n = a1 b2 - b1 a2 from the caller.
+// The line is evaluated at the coordinate of `kept` along the first axis that it is not
+// perpendicular to, and the other two coordinates of `kept` become those of the line there.
+PointOnMeetingLine test_on_meeting_line(Plane p, Plane q, float n, Vec3 point, float tol,
+                                        Vec3& kept) noexcept;
+
+struct SpaceMeeting {
+  Obstacle obstacle;
+  // Only where there is no obstacle:
+  Vec3 first, second;  // the points of the lines, relative to the first
+  Vec3 point;
+};
+
+// Of two lines in one plane, each given by point and direction. Where they turn out to have no one
+// point in common, `fallback` is taken for it, in the axes of their plane.
+SpaceMeeting intersect(Vec3 p1, Vec3 d1, Vec3 p2, Vec3 d2, Vec2 fallback) noexcept;
 
 }  // namespace kez

@@ -1,0 +1,139 @@
+#include "planes.h"
+
+#include <cmath>
+
+#include "../frame/points.h"
+#include "../frame/tolerance.h"
+
+namespace kez {
+
+PlaneOfPoints plane_through(Vec3 p1, Vec3 p2, Vec3 p3) noexcept {
+  const Position third = position_on_segment(p1, p2, p3);
+  if (third != Position::off_line) return {third, {}};
+  return {third, plane_spanned(p1, p2 - p1, p3 - p1)};
+}
+
+namespace {
+
+Obstacle obstacle(LineRelation relation) noexcept {
+  switch (relation) {
+    case LineRelation::same_line_same:
+      return Obstacle::same_line_same;
+    case LineRelation::same_line_opposite:
+      return Obstacle::same_line_opposite;
+    case LineRelation::skew:
+      return Obstacle::skew;
+    case LineRelation::undefined:
+      return Obstacle::undefined_line;
+    default:
+      return Obstacle::none;
+  }
+}
+
+}  // namespace
+
+PlaneOfLines plane_parallel_to(Vec3 p, Vec3 p1, Vec3 p2, Vec3 p3, Vec3 p4) noexcept {
+  const Obstacle found = obstacle(relate_lines(p1, p2, p3, p4));
+  if (found != Obstacle::none && found != Obstacle::skew) return {found, {}};
+  return {Obstacle::none, plane_spanned(p, p2 - p1, p4 - p3)};
+}
+
+PlaneOfLines plane_through_lines(Vec3 p1, Vec3 d1, Vec3 p2, Vec3 d2) noexcept {
+  const Vec3 q1 = p1 + d1, q2 = p2 + d2;
+  const Obstacle found = obstacle(relate_lines(p1, q1, p2, q2));
+  if (found != Obstacle::none) return {found, {}};
+  return {Obstacle::none, plane_spanned(p1, q1 - p1, q2 - p2)};
+}
+
+std::optional<Plane> plane_perpendicular(Vec3 p, Vec3 from, Vec3 to) noexcept {
+  const Vec3 n = to - from;
+  if (is_null(n)) return std::nullopt;
+  return Plane{n.x, n.y, n.z, -n.x * p.x - n.y * p.y - n.z * p.z};
+}
+
+std::optional<Plane> plane_of_intercepts(Vec3 intercepts) noexcept {
+  const auto [p, q, r] = intercepts;
+  if (!(non_zero(p) && non_zero(q) && non_zero(r))) return std::nullopt;
+  return Plane{1 / p, 1 / q, 1 / r, -1};
+}
+
+std::optional<LineRelation> relate_through_origin(Vec3 u, Vec3 w) noexcept {
+  if (is_exactly_zero(u)) return std::nullopt;
+  return relate_lines({}, u, {}, w);
+}
+
+float signed_distance(Vec3 p, Plane plane) noexcept {
+  const Vec3 n = plane.normal();
+  return (dot(n, p) + plane.d) * reciprocal_sqrt(dot(n, n));
+}
+
+PlaneClass classify(Plane plane) noexcept {
+  const bool a = !equal(plane.a, 0), b = !equal(plane.b, 0), c = !equal(plane.c, 0);
+  if (a && b && c) return PlaneClass::general;
+  if (b && c) return PlaneClass::along_x;
+  if (a && c) return PlaneClass::along_y;
+  if (a && b) return PlaneClass::along_z;
+  const bool through_origin = equal(plane.d, 0);
+  if (c) return through_origin ? PlaneClass::is_xy : PlaneClass::along_xy;
+  if (a) return through_origin ? PlaneClass::is_yz : PlaneClass::along_yz;
+  // Also without a normal: hosts rely on it.
+  return through_origin ? PlaneClass::is_xz : PlaneClass::along_xz;
+}
+
+LineInPlane intersect(Vec3 p, Vec3 direction, Plane plane) noexcept {
+  const Vec3 n = plane.normal();
+  const DirectionRelation relation = relate_directions(direction, n);
+  if (relation == DirectionRelation::perpendicular) return {LineInPlane::Status::parallel, {}};
+  if (relation == DirectionRelation::null) return {LineInPlane::Status::null_direction, {}};
+  const float t = -(dot(n, p) + plane.d) / dot(n, direction);
+  return {LineInPlane::Status::one_point, p + t * direction};
+}
+
+namespace {
+
+// In double precision, where the square of no component overflows or vanishes.
+double precise_length(Vec3 v) noexcept {
+  const auto square = [](float x) { return static_cast<double>(x) * static_cast<double>(x); };
+  return std::sqrt(square(v.x) + square(v.y) + square(v.z));
+}
+
+Vec3 divided(Vec3 v, double length) noexcept {
+  const auto part = [length](float x) {
+    return static_cast<float>(static_cast<double>(x) / length);
+  };
+  return {part(v.x), part(v.y), part(v.z)};
+}
+
+}  // namespace
+
+Membership in_plane_by_angle(Vec3 p1, Vec3 p2, Vec3 p3, Vec3 p, float tol) noexcept {
+  const PlaneOfPoints through = plane_through(p1, p2, p3);
+  if (through.third != Position::off_line) return Membership::outside;
+
+  // A point near p1 has no direction from there and counts as outside; so does a flat triangle.
+  constexpr auto shortest = static_cast<double>(0.001f);
+  const Vec3 w = p - p1, n = through.plane.normal();
+  const double w_length = precise_length(w), n_length = precise_length(n);
+  if (w_length <= shortest || n_length <= shortest) return Membership::outside;
+  const float cosine = dot(divided(n, n_length), divided(w, w_length));
+  return tol >= std::fabs(cosine) ? Membership::inside : Membership::outside;
+}
+
+Membership in_plane_by_distance(Vec3 p, Plane plane, float tol) noexcept {
+  if (is_exactly_zero(plane.normal())) return Membership::no_normal;
+  return tol >= std::fabs(signed_distance(p, plane)) ? Membership::inside : Membership::outside;
+}
+
+PlaneScan scan(std::span<const float> xs, std::span<const float> ys, std::span<const float> zs,
+               Plane plane, std::int32_t positions[]) noexcept {
+  const Vec3 n = plane.normal();
+  PlaneScan result{0, plane.d};
+  for (std::size_t i = 0; i < xs.size(); ++i) {
+    // Only the first point meets the plane as given; the sum runs on, and hosts rely on it.
+    result.sum += dot(n, {xs[i], ys[i], zs[i]});
+    if (result.sum == 0) positions[result.count++] = static_cast<std::int32_t>(i) + 1;
+  }
+  return result;
+}
+
+}  // namespace kez

@@ -1,0 +1,96 @@
+// Planes: how they are built, and points and lines against them.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+
+#include "../frame/angles.h"
+#include "../frame/lines.h"
+#include "../frame/types.h"
+
+namespace kez {
+
+struct PlaneOfPoints {
+  Position
+      third;    // against the segment of the other two; there is a plane where it is off the line
+  Plane plane;  // zero where there is none
+};
+
+PlaneOfPoints plane_through(Vec3 p1, Vec3 p2, Vec3 p3) noexcept;
+
+// What keeps two lines from determining a plane: the relation in which they stand.
+enum class Obstacle : std::int32_t {
+  none = 0,
+  same_line_same = 3,
+  same_line_opposite = 4,
+  skew = 6,
+  undefined_line = 7,
+};
+
+struct PlaneOfLines {
+  Obstacle obstacle;
+  Plane plane;  // zero where there is an obstacle
+};
+
+// Through p, parallel to the line through p1 and p2 and to the line through p3 and p4. Skew lines
+// are no obstacle; parallel ones are none either, and leave the plane without a normal.
+PlaneOfLines plane_parallel_to(Vec3 p, Vec3 p1, Vec3 p2, Vec3 p3, Vec3 p4) noexcept;
+
+// Through two lines given by point and direction.
+PlaneOfLines plane_through_lines(Vec3 p1, Vec3 d1, Vec3 p2, Vec3 d2) noexcept;
+
+// Perpendicular to the direction from `from` to `to`, where these do not coincide.
+std::optional<Plane> plane_perpendicular(Vec3 p, Vec3 from, Vec3 to) noexcept;
+
+// From its intercepts on the axes, where all are non-zero.
+std::optional<Plane> plane_of_intercepts(Vec3 intercepts) noexcept;
+
+// Of the lines through the origin in these directions, where the first is not exactly zero.
+std::optional<LineRelation> relate_through_origin(Vec3 u, Vec3 w) noexcept;
+
+// Positive on the side to which the normal points.
+float signed_distance(Vec3 p, Plane plane) noexcept;
+
+// The axis or plane of coordinates that a plane is parallel to or is.
+enum class PlaneClass : std::int32_t {
+  general = 1,
+  along_x = 2,
+  along_y = 3,
+  along_z = 4,
+  along_xy = 5,
+  along_yz = 6,
+  along_xz = 7,
+  is_xy = 8,
+  is_yz = 9,
+  is_xz = 10,
+};
+
+PlaneClass classify(Plane plane) noexcept;
+
+struct LineInPlane {
+  enum class Status : std::int32_t { one_point = 0, parallel = 3, null_direction = 4 };
+  Status status;
+  Vec3 point;  // only where there is one
+};
+
+LineInPlane intersect(Vec3 p, Vec3 direction, Plane plane) noexcept;
+
+enum class Membership : std::int32_t { outside = -1, inside = 0, no_normal = 1 };
+
+// Whether the cosine of the angle between the plane's normal and p - p1 is within tol.
+Membership in_plane_by_angle(Vec3 p1, Vec3 p2, Vec3 p3, Vec3 p, float tol) noexcept;
+
+Membership in_plane_by_distance(Vec3 p, Plane plane, float tol) noexcept;
+
+struct PlaneScan {
+  std::int32_t count;
+  float sum;
+};
+
+// Adds a x + b y + c z of one point after the other to plane.d and writes the positions at which
+// the sum is exactly zero.
+PlaneScan scan(std::span<const float> xs, std::span<const float> ys, std::span<const float> zs,
+               Plane plane, std::int32_t positions[]) noexcept;
+
+}  // namespace kez
