@@ -756,7 +756,7 @@ KEZ_API void KEZ_CALL kezln7(const float *a1, const float *b1, const float *c1, 
  * `kezaxe` through P1, P1 + d1 and P2 + d2. The status is 0 also when the lines turn out to have no
  * one point in common there: parallel lines take (xi, yi) as passed in for the local coordinates,
  * relative to P1, of the point; when P2 + d2 lies on the first line there are no axes and the
- * result is P1.
+ * result is P1, if xi and yi were finite.
  *
  * @param[in,out] x1,y1,z1 P1, a point of the first line; becomes (0, 0, 0), kept when status is not
  *   0 (length)

@@ -71,6 +71,17 @@ class Form(unittest.TestCase):
         with self.assertRaises(interface.FormError):
             parse(GOOD + GOOD)
 
+    def test_callback(self):
+        good = ("typedef float(KEZ_CALL *kez_f)(const int32_t *i);\n"
+                "/**\n * Calls.\n *\n * @param[in] n calls\n * @param[in] f [n] values\n */\n"
+                "KEZ_API void KEZ_CALL kezcal(const int32_t *n, kez_f f);\n")
+        (routine,) = parse(good)
+        self.assertEqual([(a.kind, a.direction, a.extent) for a in routine.arguments],
+                         [("integer", "in", ""), ("callback", "in", "n")])
+        for old, new in ((" [n]", ""), ("[in] f", "[out] f"), ("typedef ", "extern ")):
+            with self.subTest(new), self.assertRaises(interface.FormError):
+                parse(good.replace(old, new))
+
     def test_error_names_the_line(self):
         with self.assertRaisesRegex(interface.FormError, "line 17: kezsum: .*by reference"):
             parse(GOOD.replace("kezsum", "kezone") + GOOD.replace("float *a", "float a"))

@@ -81,6 +81,11 @@ quietly cmake --build hosts
 hosts/host >again || fail "the CMake host failed"
 cmp out again || fail "the two hosts differ"
 
+# From a rope in the direction (0.8, 0, 0.6): sqrt((0.6 x - 0.8 level)^2 + y^2), at most 2.
+hosts/terrain >table || fail "terrain failed"
+[ "$(awk 'NR > 2 { printf "%s %s; ", $1, $5 }' table)" = '1 0.60; 2 2.00; 4 1.28; 5 2.00; ' ] ||
+    fail "terrain printed: $(cat table)"
+
 hosts/set_out "$source/examples/set_out.txt" picture.svg | sed 's/  */ /g; s/^ //; s/ $//' >table
 prints() { grep -qxF -e "$1" table || { cat table >&2; fail "set_out does not print: $1"; }; }
 

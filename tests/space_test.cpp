@@ -84,8 +84,8 @@ TEST(Planes, MeetLinesOnBoth) {
     if (length(direction) < 0.5f || std::fabs(cosine(direction, plane.normal())) < 0.1f) {
       continue;
     }
-    const LineInPlane meeting = intersect(from, direction, plane);
-    ASSERT_EQ(meeting.status, LineInPlane::Status::one_point);
+    const LinePlaneMeeting meeting = intersect(from, direction, plane);
+    ASSERT_EQ(meeting.status, LinePlaneMeeting::Status::one_point);
     EXPECT_NEAR(signed_distance(meeting.point, plane), 0, 1e-3f);
     EXPECT_NEAR(length(cross(meeting.point - from, direction)) / length(direction), 0, 1e-3f);
   }

@@ -157,8 +157,9 @@ void KEZ_CALL kezplp(const float* A, const float* B, const float* C, const float
 void KEZ_CALL kezpli(const float* x0, const float* y0, const float* z0, const float* u,
                      const float* v, const float* w, const float* A, const float* B, const float* C,
                      const float* D, float* xi, float* yi, float* zi, int32_t* status) {
-  const LineInPlane meeting = intersect(load(x0, y0, z0), load(u, v, w), load_plane(A, B, C, D));
-  if (meeting.status == LineInPlane::Status::one_point) store(meeting.point, xi, yi, zi);
+  const LinePlaneMeeting meeting =
+      intersect(load(x0, y0, z0), load(u, v, w), load_plane(A, B, C, D));
+  if (meeting.status == LinePlaneMeeting::Status::one_point) store(meeting.point, xi, yi, zi);
   *status = number(meeting.status);
 }
 

@@ -22,6 +22,14 @@ Vec3 turned_about_z(Rotation r, Vec3 p) noexcept {
   return {q.x, q.y, p.z};
 }
 
+struct Turns {
+  Rotation about_x, about_y, about_z;
+};
+
+Turns turns_by(Vec3 angles) noexcept {
+  return {rotation_by(angles.x), rotation_by(angles.y), rotation_by(angles.z)};
+}
+
 template <typename Map>
 void replace_each(PointList points, Map map) noexcept {
   for (std::size_t i = 0; i < points.xs.size(); ++i) {
@@ -39,14 +47,13 @@ void place(PointList points, Placement placement) noexcept {
   const bool moves = non_zero(t.x) || non_zero(t.y) || non_zero(t.z);
   const bool turns_x = non_zero(angles.x), turns_y = non_zero(angles.y),
              turns_z = non_zero(angles.z);
-  const Rotation about_x = rotation_by(angles.x), about_y = rotation_by(angles.y),
-                 about_z = rotation_by(angles.z);
+  const Turns turns = turns_by(angles);
   // One pass: the tests do not depend on the point, and the compiler takes them out of the loop.
   replace_each(points, [=](Vec3 p) {
     if (moves) p = p + t;
-    if (turns_x) p = turned_about_x(about_x, p);
-    if (turns_y) p = turned_about_y(about_y, p);
-    if (turns_z) p = turned_about_z(about_z, p);
+    if (turns_x) p = turned_about_x(turns.about_x, p);
+    if (turns_y) p = turned_about_y(turns.about_y, p);
+    if (turns_z) p = turned_about_z(turns.about_z, p);
     return p;
   });
 }
@@ -56,13 +63,12 @@ PlacedAxes::Status place_locally(Vec3 origin, Vec3 on_x, Vec3 in_xy, PointList p
   const auto [status, axes] = axes_through(origin, on_x, in_xy);
   if (status != PlacedAxes::Status::placed) return status;
 
-  const Vec3 t = placement.translation, angles = placement.angles;
-  const Rotation about_x = rotation_by(angles.x), about_y = rotation_by(angles.y),
-                 about_z = rotation_by(angles.z);
+  const Vec3 t = placement.translation;
+  const Turns turns = turns_by(placement.angles);
   replace_each(points, [=, axes = axes](Vec3 p) {
     const Vec3 moved = to_local(axes, p - origin) + t;
-    const Vec3 turned_twice = turned_about_y(about_y, turned_about_x(about_x, moved));
-    return to_global(axes, turned_about_z(about_z, turned_twice)) + origin;
+    const Vec3 turned_twice = turned_about_y(turns.about_y, turned_about_x(turns.about_x, moved));
+    return to_global(axes, turned_about_z(turns.about_z, turned_twice)) + origin;
   });
   return status;
 }

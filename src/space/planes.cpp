@@ -80,13 +80,13 @@ PlaneClass classify(Plane plane) noexcept {
   return through_origin ? PlaneClass::is_xz : PlaneClass::along_xz;
 }
 
-LineInPlane intersect(Vec3 p, Vec3 direction, Plane plane) noexcept {
+LinePlaneMeeting intersect(Vec3 p, Vec3 direction, Plane plane) noexcept {
   const Vec3 n = plane.normal();
   const DirectionRelation relation = relate_directions(direction, n);
-  if (relation == DirectionRelation::perpendicular) return {LineInPlane::Status::parallel, {}};
-  if (relation == DirectionRelation::null) return {LineInPlane::Status::null_direction, {}};
+  if (relation == DirectionRelation::perpendicular) return {LinePlaneMeeting::Status::parallel, {}};
+  if (relation == DirectionRelation::null) return {LinePlaneMeeting::Status::null_direction, {}};
   const float t = -(dot(n, p) + plane.d) / dot(n, direction);
-  return {LineInPlane::Status::one_point, p + t * direction};
+  return {LinePlaneMeeting::Status::one_point, p + t * direction};
 }
 
 namespace {

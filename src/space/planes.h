@@ -68,13 +68,13 @@ enum class PlaneClass : std::int32_t {
 
 PlaneClass classify(Plane plane) noexcept;
 
-struct LineInPlane {
+struct LinePlaneMeeting {
   enum class Status : std::int32_t { one_point = 0, parallel = 3, null_direction = 4 };
   Status status;
   Vec3 point;  // only where there is one
 };
 
-LineInPlane intersect(Vec3 p, Vec3 direction, Plane plane) noexcept;
+LinePlaneMeeting intersect(Vec3 p, Vec3 direction, Plane plane) noexcept;
 
 enum class Membership : std::int32_t { outside = -1, inside = 0, no_normal = 1 };
 

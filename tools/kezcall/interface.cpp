@@ -1123,7 +1123,7 @@ constexpr Routine all[] = {
      "The line is evaluated at a kept x when l\nis non-zero, else at a kept y when m is, else at a kept z when n is, and the point's other two\ncoordinates are compared with that point of the line. The coordinate at which the line is\nevaluated is never the tested point's, and where y is the parameter the slope of z has the\nopposite sign to the line's.",
      "The last point of a line at which one was evaluated, (0, 0, 0) before the first: its x, y or z is used as told, and the other two coordinates are replaced.", kezln7_arguments},
     {"kez3lni", "Lines, planes and placement in space", "Intersection of two lines in space that lie in one plane.",
-     "It is found in the local axes of\n`kezaxe` through P1, P1 + d1 and P2 + d2. The status is 0 also when the lines turn out to have no\none point in common there: parallel lines take (xi, yi) as passed in for the local coordinates,\nrelative to P1, of the point; when P2 + d2 lies on the first line there are no axes and the\nresult is P1.",
+     "It is found in the local axes of\n`kezaxe` through P1, P1 + d1 and P2 + d2. The status is 0 also when the lines turn out to have no\none point in common there: parallel lines take (xi, yi) as passed in for the local coordinates,\nrelative to P1, of the point; when P2 + d2 lies on the first line there are no axes and the\nresult is P1, if xi and yi were finite.",
      nullptr, kez3lni_arguments},
     {"kezpl1", "Lines, planes and placement in space", "Plane through three points.",
      "Its normal is (P2 - P1) x (P3 - P1).",
