@@ -42,6 +42,11 @@ class Form(unittest.TestCase):
         self.assertIn("_kezsum@20 = kezsum@20", interface.module_definition([routine]))
         self.assertIn("return 2 * v[0] + 1;", interface.call_table([routine]))
 
+    def test_extent_with_the_larger_of_two(self):
+        (routine,) = parse(GOOD.replace("[2 * n + 1]", "[max(n, 0) * max(2, n)]"))
+        self.assertIn("return std::max<std::int64_t>(v[0], 0) * std::max<std::int64_t>(2, v[0]);",
+                      interface.call_table([routine]))
+
     def test_what_breaks_the_form(self):
         for reason, old, new in (
                 ("by value", "const float x[]", "float x"),
@@ -56,6 +61,7 @@ class Form(unittest.TestCase):
                 ("extent of no input", "[2 * n + 1]", "[m]"),
                 ("extent of a real", "[2 * n + 1]", "[a]"),
                 ("extent of no arithmetic", "[2 * n + 1]", "[n, 1]"),
+                ("extent of another call", "[2 * n + 1]", "[min(n, 1)]"),
                 ("no text", "n entries", "n"),
                 ("no description", " * Sums a table. Details follow.\n", ""),
                 ("unknown paragraph", "@par Kept value", "@par Kept values"),

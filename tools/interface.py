@@ -11,6 +11,7 @@ its extent. What breaks the form is refused with its line.
 """
 
 import argparse
+import ast
 import pathlib
 import re
 import sys
@@ -84,14 +85,29 @@ def parse_parameter(text):
     return Argument(match["pointer"] or match["array"], KINDS[match["type"]], direction), is_array
 
 
+ARITHMETIC = (ast.Expression, ast.BinOp, ast.Add, ast.Sub, ast.Mult, ast.Div, ast.Constant,
+              ast.Name, ast.Load, ast.Call)
+
+
+def is_arithmetic(extent):
+    """Sums, products and quotients, and max(a, b) for the larger of two."""
+    try:
+        nodes = list(ast.walk(ast.parse(extent, mode="eval")))
+    except SyntaxError:
+        return False
+    calls = [node for node in nodes if isinstance(node, ast.Call)]
+    return (all(isinstance(node, ARITHMETIC) for node in nodes)
+            and all(ast.unparse(call.func) == "max" and len(call.args) == 2 for call in calls))
+
+
 def check_extent(argument, arguments):
     """An extent is integer arithmetic over integer inputs of the routine."""
-    if not re.fullmatch(r"[\w\s+*/()-]+", argument.extent):
+    if not is_arithmetic(argument.extent):
         raise FormError(f"extent [{argument.extent}] of {argument.name} is not integer arithmetic")
     known = {a.name for a in arguments
              if a.kind == "integer" and not a.extent and a.direction != "out"}
     for name in re.findall(r"[A-Za-z_]\w*", argument.extent):
-        if name not in known:
+        if name not in known | {"max"}:
             raise FormError(f"extent [{argument.extent}] of {argument.name}: "
                             f"{name} is not an integer input")
 
@@ -193,14 +209,15 @@ def quoted(text):
 
 
 def extent_function(argument, arguments):
-    positions = {a.name: i for i, a in enumerate(arguments)}
-    body = re.sub(r"[A-Za-z_]\w*", lambda m: f"v[{positions[m[0]]}]", argument.extent)
+    terms = {a.name: f"v[{i}]" for i, a in enumerate(arguments)} | {"max": "std::max<std::int64_t>"}
+    body = re.sub(r"[A-Za-z_]\w*", lambda m: terms[m[0]], argument.extent)
     parameter = "v" if "v[" in body else ""
     return f"[](Integers {parameter}) -> std::int64_t {{ return {body}; }}"
 
 
 def call_table(routines):
-    out = [f"// {NOTICE}", '#include "interface.h"', "", "namespace kezcall {", "namespace {", "",
+    out = [f"// {NOTICE}", '#include "interface.h"', "", "#include <algorithm>", "",
+           "namespace kezcall {", "namespace {", "",
            "using enum Kind;", "using enum Direction;", ""]
     for routine in routines:
         out.append(f"constexpr Argument {routine.name}_arguments[] = {{")
