@@ -42,9 +42,19 @@ class Form(unittest.TestCase):
         self.assertIn("_kezsum@20 = kezsum@20", interface.module_definition([routine]))
         self.assertIn("return 2 * v[0] + 1;", interface.call_table([routine]))
 
+    def test_sketch_keeps_its_indentation(self):
+        (routine,) = parse(GOOD.replace(" Details follow.", "\n *\n *     1--2\n *       3"))
+        self.assertEqual(routine.details, "    1--2\n      3")
+
     def test_extent_with_the_larger_of_two(self):
         (routine,) = parse(GOOD.replace("[2 * n + 1]", "[max(n, 0) * max(2, n)]"))
         self.assertIn("return std::max<std::int64_t>(v[0], 0) * std::max<std::int64_t>(2, v[0]);",
+                      interface.call_table([routine]))
+
+    def test_extent_from_an_integer_array(self):
+        (routine,) = parse(GOOD.replace("float x[]", "int32_t x[]").replace(
+            "[n] words", "[sum(x, n) - x(n)] words"))
+        self.assertIn("return sum(v.array(1), v[0]) - v.array(1)(v[0]);",
                       interface.call_table([routine]))
 
     def test_what_breaks_the_form(self):
@@ -61,6 +71,8 @@ class Form(unittest.TestCase):
                 ("extent of no input", "[2 * n + 1]", "[m]"),
                 ("extent of a real", "[2 * n + 1]", "[a]"),
                 ("extent of no arithmetic", "[2 * n + 1]", "[n, 1]"),
+                ("extent of a real array", "w [n]", "w [x(n)]"),
+                ("sum of a real array", "w [n]", "w [sum(x, n)]"),
                 ("extent of another call", "[2 * n + 1]", "[min(n, 1)]"),
                 ("no text", "n entries", "n"),
                 ("no description", " * Sums a table. Details follow.\n", ""),

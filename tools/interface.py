@@ -89,25 +89,37 @@ ARITHMETIC = (ast.Expression, ast.BinOp, ast.Add, ast.Sub, ast.Mult, ast.Div, as
               ast.Name, ast.Load, ast.Call)
 
 
-def is_arithmetic(extent):
-    """Sums, products and quotients, and max(a, b) for the larger of two."""
+def is_known_call(call, arrays):
+    name = ast.unparse(call.func)
+    if name == "sum":
+        return len(call.args) == 2 and ast.unparse(call.args[0]) in arrays
+    return len(call.args) == (1 if name in arrays else 2 if name == "max" else -1)
+
+
+def is_arithmetic(extent, arrays):
+    """Sums, products and quotients; max(a, b), the larger of two; of an integer array counts(i),
+    its entry i, and sum(counts, i), the sum of its first i entries."""
     try:
         nodes = list(ast.walk(ast.parse(extent, mode="eval")))
     except SyntaxError:
         return False
     calls = [node for node in nodes if isinstance(node, ast.Call)]
+    in_place = {id(call.func) for call in calls} | {
+        id(call.args[0]) for call in calls if call.args and ast.unparse(call.func) == "sum"}
     return (all(isinstance(node, ARITHMETIC) for node in nodes)
-            and all(ast.unparse(call.func) == "max" and len(call.args) == 2 for call in calls))
+            and all(is_known_call(call, arrays) for call in calls)
+            and all(id(node) in in_place for node in nodes
+                    if isinstance(node, ast.Name) and node.id in arrays))
 
 
 def check_extent(argument, arguments):
     """An extent is integer arithmetic over integer inputs of the routine."""
-    if not is_arithmetic(argument.extent):
+    integers = [a for a in arguments if a.kind == "integer" and a.direction != "out"]
+    arrays = {a.name for a in integers if a.extent}
+    if not is_arithmetic(argument.extent, arrays):
         raise FormError(f"extent [{argument.extent}] of {argument.name} is not integer arithmetic")
-    known = {a.name for a in arguments
-             if a.kind == "integer" and not a.extent and a.direction != "out"}
     for name in re.findall(r"[A-Za-z_]\w*", argument.extent):
-        if name not in known | {"max"}:
+        if name not in {a.name for a in integers} | {"max", "sum"}:
             raise FormError(f"extent [{argument.extent}] of {argument.name}: "
                             f"{name} is not an integer input")
 
@@ -153,12 +165,13 @@ def parse_routine(match, group):
     summary, _, details = plain_description(description).partition("\n")
     if not summary:
         raise FormError("no description")
-    return Routine(match["name"], group, summary, details.strip(), kept, arguments)
+    return Routine(match["name"], group, summary, details.rstrip(), kept, arguments)
 
 
 def plain_description(description):
-    """The first sentence on a line of its own, then the rest with its lines as they stand."""
-    first = re.match(r"(.+?[.:])(?=\s|$)\s*", description, re.DOTALL)
+    """The first sentence on a line of its own, then the rest with its lines as they stand: they are
+    indented in a sketch."""
+    first = re.match(r"(.+?[.:])(?=\s|$)\s*?(?=    \S|\S|$)", description, re.DOTALL)
     return plain(first[1]) + "\n" + description[first.end():] if first else ""
 
 
@@ -209,9 +222,10 @@ def quoted(text):
 
 
 def extent_function(argument, arguments):
-    terms = {a.name: f"v[{i}]" for i, a in enumerate(arguments)} | {"max": "std::max<std::int64_t>"}
+    terms = {a.name: f"v.array({i})" if a.extent else f"v[{i}]" for i, a in enumerate(arguments)}
+    terms |= {"max": "std::max<std::int64_t>", "sum": "sum"}
     body = re.sub(r"[A-Za-z_]\w*", lambda m: terms[m[0]], argument.extent)
-    parameter = "v" if "v[" in body else ""
+    parameter = "v" if re.search(r"\bv[.\[]", body) else ""
     return f"[](Integers {parameter}) -> std::int64_t {{ return {body}; }}"
 
 

@@ -40,16 +40,10 @@ bool intact(const Word* zone) {
 }  // namespace
 
 std::vector<std::int64_t> extents(const Routine& routine, const Values& given) {
-  const std::size_t count = routine.arguments.size();
-  std::vector<std::int64_t> integers(count);
-  for (std::size_t i = 0; i < count; ++i) {
-    const Argument& argument = routine.arguments[i];
-    if (argument.kind == Kind::integer && !argument.extent && argument.direction != Direction::out)
-      integers[i] = std::bit_cast<std::int32_t>(given[i].front());
-  }
   std::vector<std::int64_t> result;
   for (const Argument& argument : routine.arguments)
-    result.push_back(argument.extent ? std::max<std::int64_t>(argument.extent(integers), 0) : 1);
+    result.push_back(argument.extent ? std::max<std::int64_t>(argument.extent(Integers(given)), 0)
+                                     : 1);
   return result;
 }
 

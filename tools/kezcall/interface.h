@@ -2,8 +2,12 @@
 // interface.cpp is generated from it by tools/interface.py.
 #pragma once
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
+#include <iterator>
 #include <span>
+#include <vector>
 
 namespace kezcall {
 
@@ -16,9 +20,42 @@ enum class Kind {
 
 enum class Direction { in, out, in_out };
 
-// The values of a routine's integer arguments by position, as the caller passes them; arguments
-// that are not integer scalars, and outputs, are 0.
-using Integers = std::span<const std::int64_t>;
+// The integers of one argument as the caller passes them. Positions are 1-based, and an entry that
+// is not there is 0.
+class Entries {
+ public:
+  explicit Entries(std::span<const std::uint32_t> words) : words_(words) {}
+
+  std::int64_t size() const { return std::ssize(words_); }
+  std::int64_t operator()(std::int64_t position) const {
+    if (position < 1 || position > size()) return 0;
+    return static_cast<std::int32_t>(words_[static_cast<std::size_t>(position) - 1]);
+  }
+
+ private:
+  std::span<const std::uint32_t> words_;
+};
+
+// Of the first `count` entries, and wraps as 32-bit sums do.
+inline std::int64_t sum(Entries entries, std::int64_t count) {
+  std::uint32_t total = 0;
+  for (std::int64_t i = 1; i <= std::min(count, entries.size()); ++i)
+    total += static_cast<std::uint32_t>(entries(i));
+  return static_cast<std::int32_t>(total);
+}
+
+// The integers of all arguments by position: what an extent is computed from.
+class Integers {
+ public:
+  explicit Integers(std::span<const std::vector<std::uint32_t>> arguments)
+      : arguments_(arguments) {}
+
+  Entries array(std::size_t argument) const { return Entries(arguments_[argument]); }
+  std::int64_t operator[](std::size_t scalar) const { return array(scalar)(1); }
+
+ private:
+  std::span<const std::vector<std::uint32_t>> arguments_;
+};
 
 struct Argument {
   const char* name;

@@ -79,18 +79,17 @@ std::string_view without_colon(std::string_view summary) {
 
 constexpr std::size_t page_width = 90;
 
-// The words of a text from `column` on, continued on further lines behind `indent` blanks. A blank
-// line stays one, and items of a list begin a line.
+// The words of a text from `column` on, continued on further lines behind `indent` blanks. Items of
+// a list begin a line.
 void print_wrapped(std::ostream& out, std::string_view text, std::size_t column,
                    std::size_t indent) {
   std::size_t end = 0;
   for (std::size_t begin = 0; (begin = text.find_first_not_of(" \n", end)) != text.npos;) {
     const std::string_view gap = text.substr(end, begin - end);
     const std::string_view word = text.substr(begin, text.find_first_of(" \n", begin) - begin);
-    const bool paragraph = gap.find("\n\n") != gap.npos;
     const bool item = gap.ends_with('\n') && word == "-";
-    if (paragraph || item || column + 1 + word.size() > page_width) {
-      out << (paragraph ? "\n\n" : "\n") << std::string(indent, ' ');
+    if (item || column + 1 + word.size() > page_width) {
+      out << '\n' << std::string(indent, ' ');
       column = indent;
     } else if (end > 0) {
       out << ' ';
@@ -101,6 +100,27 @@ void print_wrapped(std::ostream& out, std::string_view text, std::size_t column,
     end = begin + word.size();
   }
   out << '\n';
+}
+
+// A table or a sketch, whose lines stay as they are.
+bool is_drawn(std::string_view paragraph) {
+  return paragraph.starts_with("|") || paragraph.starts_with("    ");
+}
+
+void print_description(std::ostream& out, const Routine& routine) {
+  const std::string_view details = routine.details;
+  const std::string text = std::string(routine.name) + ": " + routine.summary +
+                           (is_drawn(details) ? "\n\n" : " ") + routine.details;
+  for (std::size_t begin = 0; begin < text.size();) {
+    const std::size_t end = std::min(text.find("\n\n", begin), text.size());
+    const std::string_view paragraph = std::string_view(text).substr(begin, end - begin);
+    if (begin > 0) out << '\n';
+    if (is_drawn(paragraph))
+      out << paragraph << '\n';
+    else
+      print_wrapped(out, paragraph, 0, 0);
+    begin = end + 2;
+  }
 }
 
 void print_row_form(std::ostream& out, const Routine& routine) {
@@ -150,9 +170,7 @@ void print_list(std::ostream& out) {
 }
 
 void print_help(std::ostream& out, const Routine& routine) {
-  const std::string title = std::string(routine.name) + ": ";
-  out << title;
-  print_wrapped(out, std::string(routine.summary) + " " + routine.details, title.size(), 0);
+  print_description(out, routine);
   out << "\n  ";
   print_row_form(out, routine);
   out << '\n';
