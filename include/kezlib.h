@@ -1158,6 +1158,558 @@ KEZ_API void KEZ_CALL kezorv(float X[], float Y[], float Z[], int32_t order[]);
 
 /** @} */
 
+/**
+ * @defgroup sections Steel sections and design values
+ *
+ * An outline is a set of closed contours, their vertices one contour after another (`kezadr` takes
+ * one out). x = 0 is the middle of the width and y = 0 mid-height. The contours run
+ * counter-clockwise, holes too, from their top left corner; the sketches number the vertices. Every
+ * builder writes the same record, with one entry per contour in the arrays:
+ *
+ * | argument | meaning                                                                |
+ * |----------|------------------------------------------------------------------------|
+ * | nc       | number of contours                                                     |
+ * | nv       | vertices of each contour                                               |
+ * | x, y     | the vertices, without a repeated closing vertex                        |
+ * | kind     | figure as `kezair` knows it: 2 a polygon                               |
+ * | sign     | 1.0 for material, -1.0 for a hole                                      |
+ * | v1 to v5 | 0.0                                                                    |
+ * | v6, v7   | the shape's value, an argument that is passed through, times the sign  |
+ *
+ * No dimension is checked: what does not fit together gives contours that cross themselves.
+ * @{
+ */
+
+/**
+ * Outline of a flat bar, a rectangle b by h. The vertex count is 12, although there are 4 vertices:
+ * hosts rely on it. Mind that b is an integer.
+ *
+ *     1------4
+ *     |      |
+ *     2------3
+ *
+ * @param[in] b width in whole units, an integer (length)
+ * @param[in] h height (length)
+ * @param[in] value the shape's value, passed through
+ * @param[out] nc number of contours: 1
+ * @param[out] nv 12
+ * @param[out] x,y [4] vertices (length)
+ * @param[out] kind 2
+ * @param[out] sign 1.0
+ * @param[out] v1,v2,v3,v4,v5 0.0
+ * @param[out] v6,v7 value
+ */
+KEZ_API void KEZ_CALL kezsec_b(const int32_t *b, const float *h, const float *value, int32_t *nc,
+                               int32_t *nv, float x[], float y[], int32_t *kind, float *sign,
+                               float *v1, float *v2, float *v3, float *v4, float *v5, float *v6,
+                               float *v7);
+
+/**
+ * Outline of a T section, flange on top.
+ *
+ *     1--------------8
+ *     2----3    6----7
+ *          |    |
+ *          4----5
+ *
+ * @param[in] b width of the flange (length)
+ * @param[in] h total height (length)
+ * @param[in] tf,tw thicknesses of the flange and of the stem (length)
+ * @param[in] value the shape's value, passed through
+ * @param[out] nc number of contours: 1
+ * @param[out] nv 8
+ * @param[out] x,y [8] vertices (length)
+ * @param[out] kind 2
+ * @param[out] sign 1.0
+ * @param[out] v1,v2,v3,v4,v5 0.0
+ * @param[out] v6,v7 value
+ */
+KEZ_API void KEZ_CALL kezsec_t(const float *b, const float *h, const float *tf, const float *tw,
+                               const float *value, int32_t *nc, int32_t *nv, float x[], float y[],
+                               int32_t *kind, float *sign, float *v1, float *v2, float *v3,
+                               float *v4, float *v5, float *v6, float *v7);
+
+/**
+ * Outline of an I section that lies on its side: the web runs along x.
+ *
+ *     1--12
+ *     |  |              9--8
+ *     |  11------------10  |
+ *     |  4--------------5  |
+ *     |  |              6--7
+ *     2--3
+ *
+ * @param[in] d total depth, along x (length)
+ * @param[in] b1,b2 widths of flange 1, at the left, and of flange 2, at the right (length)
+ * @param[in] t1,t2 thicknesses of flange 1 and of flange 2 (length)
+ * @param[in] tw thickness of the web (length)
+ * @param[in] value the shape's value, passed through
+ * @param[out] nc number of contours: 1
+ * @param[out] nv 12
+ * @param[out] x,y [12] vertices (length)
+ * @param[out] kind 2
+ * @param[out] sign 1.0
+ * @param[out] v1,v2,v3,v4,v5 0.0
+ * @param[out] v6,v7 value
+ */
+KEZ_API void KEZ_CALL kezsec_h(const float *d, const float *b1, const float *b2, const float *t1,
+                               const float *t2, const float *tw, const float *value, int32_t *nc,
+                               int32_t *nv, float x[], float y[], int32_t *kind, float *sign,
+                               float *v1, float *v2, float *v3, float *v4, float *v5, float *v6,
+                               float *v7);
+
+/**
+ * Outline of an I section that stands upright: `kezsec_h` with the web along y and flange 1 on top.
+ *
+ *     1----------------12
+ *     2-----3    10----11
+ *           |    |
+ *       5---4    9---8
+ *       6------------7
+ *
+ * @param[in] d total depth, along y (length)
+ * @param[in] b1,b2 widths of flange 1, on top, and of flange 2, at the bottom (length)
+ * @param[in] t1,t2 thicknesses of flange 1 and of flange 2 (length)
+ * @param[in] tw thickness of the web (length)
+ * @param[in] value the shape's value, passed through
+ * @param[out] nc number of contours: 1
+ * @param[out] nv 12
+ * @param[out] x,y [12] vertices (length)
+ * @param[out] kind 2
+ * @param[out] sign 1.0
+ * @param[out] v1,v2,v3,v4,v5 0.0
+ * @param[out] v6,v7 value
+ */
+KEZ_API void KEZ_CALL kezsec_ia(const float *d, const float *b1, const float *b2, const float *t1,
+                                const float *t2, const float *tw, const float *value, int32_t *nc,
+                                int32_t *nv, float x[], float y[], int32_t *kind, float *sign,
+                                float *v1, float *v2, float *v3, float *v4, float *v5, float *v6,
+                                float *v7);
+
+/**
+ * Outline of a one-celled box that lies on its side: `kezsec_h` with two webs.
+ *
+ *     1--12
+ *     |  |              9--8
+ *     |  11------------10  |
+ *     |  13------------16  |
+ *     |  |              |  |
+ *     |  14------------15  |
+ *     |  4--------------5  |
+ *     |  |              6--7
+ *     2--3
+ *
+ * @param[in] d total depth, along x (length)
+ * @param[in] b1,b2 widths of flange 1, at the left, and of flange 2, at the right (length)
+ * @param[in] t1,t2 thicknesses of flange 1 and of flange 2 (length)
+ * @param[in] tw thickness of each web (length)
+ * @param[in] s clear distance between the webs (length)
+ * @param[in] value the shape's value, passed through
+ * @param[out] nc number of contours: 2
+ * @param[out] nv [2] 12, 4
+ * @param[out] x,y [16] vertices (length)
+ * @param[out] kind [2] 2, 2
+ * @param[out] sign [2] 1.0, -1.0
+ * @param[out] v1,v2,v3,v4,v5 [2] 0.0
+ * @param[out] v6,v7 [2] value, -value
+ */
+KEZ_API void KEZ_CALL kezsec_h1b(const float *d, const float *b1, const float *b2, const float *t1,
+                                 const float *t2, const float *tw, const float *s,
+                                 const float *value, int32_t *nc, int32_t nv[], float x[],
+                                 float y[], int32_t kind[], float sign[], float v1[], float v2[],
+                                 float v3[], float v4[], float v5[], float v6[], float v7[]);
+
+/**
+ * Outline of a two-celled box that lies on its side: `kezsec_h` with three webs, the upper cell
+ * first.
+ *
+ *     1--12
+ *     |  |              9--8
+ *     |  11------------10  |
+ *     |  13------------16  |
+ *     |  14------------15  |
+ *     |  17------------20  |
+ *     |  18------------19  |
+ *     |  4--------------5  |
+ *     |  |              6--7
+ *     2--3
+ *
+ * @param[in] d total depth, along x (length)
+ * @param[in] b1,b2 widths of flange 1, at the left, and of flange 2, at the right (length)
+ * @param[in] t1,t2 thicknesses of flange 1 and of flange 2 (length)
+ * @param[in] tw thickness of each web (length)
+ * @param[in] s clear distance between neighbouring webs (length)
+ * @param[in] value the shape's value, passed through
+ * @param[out] nc number of contours: 3
+ * @param[out] nv [3] 12, 4, 4
+ * @param[out] x,y [20] vertices (length)
+ * @param[out] kind [3] 2, 2, 2
+ * @param[out] sign [3] 1.0, -1.0, -1.0
+ * @param[out] v1,v2,v3,v4,v5 [3] 0.0
+ * @param[out] v6,v7 [3] value, -value, -value
+ */
+KEZ_API void KEZ_CALL kezsec_h2b(const float *d, const float *b1, const float *b2, const float *t1,
+                                 const float *t2, const float *tw, const float *s,
+                                 const float *value, int32_t *nc, int32_t nv[], float x[],
+                                 float y[], int32_t kind[], float sign[], float v1[], float v2[],
+                                 float v3[], float v4[], float v5[], float v6[], float v7[]);
+
+/**
+ * Outline of a box girder: two flange plates, and two webs between them.
+ *
+ *     1-----------------------12
+ *     2---3  13-------16  10--11
+ *         |  |         |  |
+ *     5---4  14-------15  9---8
+ *     6-----------------------7
+ *
+ * @param[in] bt,bb widths of the top plate and of the bottom plate (length)
+ * @param[in] tt,tb thicknesses of the top plate and of the bottom plate (length)
+ * @param[in] h total height (length)
+ * @param[in] tw thickness of each web (length)
+ * @param[in] s clear distance between the webs (length)
+ * @param[in] value the shape's value, passed through
+ * @param[out] nc number of contours: 2
+ * @param[out] nv [2] 12, 4
+ * @param[out] x,y [16] vertices (length)
+ * @param[out] kind [2] 2, 2
+ * @param[out] sign [2] 1.0, -1.0
+ * @param[out] v1,v2,v3,v4,v5 [2] 0.0
+ * @param[out] v6,v7 [2] value, -value
+ */
+KEZ_API void KEZ_CALL kezsec_box(const float *bt, const float *bb, const float *tt, const float *tb,
+                                 const float *h, const float *tw, const float *s,
+                                 const float *value, int32_t *nc, int32_t nv[], float x[],
+                                 float y[], int32_t kind[], float sign[], float v1[], float v2[],
+                                 float v3[], float v4[], float v5[], float v6[], float v7[]);
+
+/**
+ * Outline of a rectangular box with a horizontal tab on either side.
+ *
+ *             1-------------12
+ *             |  13-----16  |
+ *     3-------2  |       |  11------10
+ *     4-------5  |       |  8--------9
+ *             |  14-----15  |
+ *             6-------------7
+ *
+ * @param[in] b,h width without the tabs, and height (length)
+ * @param[in] tf thickness of the top and of the bottom (length)
+ * @param[in] tw thickness of each side (length)
+ * @param[in] w,tt width and thickness of each tab (length)
+ * @param[in] y0 height of the tabs' centre above mid-height (length)
+ * @param[in] value the shape's value, passed through
+ * @param[out] nc number of contours: 2
+ * @param[out] nv [2] 12, 4
+ * @param[out] x,y [16] vertices (length)
+ * @param[out] kind [2] 2, 2
+ * @param[out] sign [2] 1.0, -1.0
+ * @param[out] v1,v2,v3,v4,v5 [2] 0.0
+ * @param[out] v6,v7 [2] value, -value
+ */
+KEZ_API void KEZ_CALL kezsec_tab(const float *b, const float *h, const float *tf, const float *tw,
+                                 const float *w, const float *tt, const float *y0,
+                                 const float *value, int32_t *nc, int32_t nv[], float x[],
+                                 float y[], int32_t kind[], float sign[], float v1[], float v2[],
+                                 float v3[], float v4[], float v5[], float v6[], float v7[]);
+
+/**
+ * Outline of a rectangular hollow section with sharp corners.
+ *
+ *     1-----------4
+ *     |  5-----8  |
+ *     |  |     |  |
+ *     |  6-----7  |
+ *     2-----------3
+ *
+ * @param[in] b,h width and height (length)
+ * @param[in] t thickness of the wall (length)
+ * @param[in] value the shape's value, passed through
+ * @param[out] nc number of contours: 2
+ * @param[out] nv [2] 4, 4
+ * @param[out] x,y [8] vertices (length)
+ * @param[out] kind [2] 2, 2
+ * @param[out] sign [2] 1.0, -1.0
+ * @param[out] v1,v2,v3,v4,v5 [2] 0.0
+ * @param[out] v6,v7 [2] value, -value
+ */
+KEZ_API void KEZ_CALL kezsec_rhs(const float *b, const float *h, const float *t, const float *value,
+                                 int32_t *nc, int32_t nv[], float x[], float y[], int32_t kind[],
+                                 float sign[], float v1[], float v2[], float v3[], float v4[],
+                                 float v5[], float v6[], float v7[]);
+
+/**
+ * Outline of two equal angles back to back, horizontal legs on top.
+ *
+ *     1-----------6  7-----------12
+ *     2-------3   |  |   10------11
+ *             |   |  |   |
+ *             4---5  8---9
+ *
+ * @param[in] a length of the horizontal legs (length)
+ * @param[in] h length of the vertical legs (length)
+ * @param[in] s gap between the vertical legs (length)
+ * @param[in] th,tv thicknesses of the horizontal and of the vertical legs (length)
+ * @param[in] value the shape's value, passed through
+ * @param[out] nc number of contours: 2
+ * @param[out] nv [2] 6, 6
+ * @param[out] x,y [12] vertices (length)
+ * @param[out] kind [2] 2, 2
+ * @param[out] sign [2] 1.0, 1.0
+ * @param[out] v1,v2,v3,v4,v5 [2] 0.0
+ * @param[out] v6,v7 [2] value, value
+ */
+KEZ_API void KEZ_CALL kezsec_l2(const float *a, const float *h, const float *s, const float *th,
+                                const float *tv, const float *value, int32_t *nc, int32_t nv[],
+                                float x[], float y[], int32_t kind[], float sign[], float v1[],
+                                float v2[], float v3[], float v4[], float v5[], float v6[],
+                                float v7[]);
+
+/**
+ * Outline of a cold-formed channel with sharp corners, web at the left: with lips, which may return
+ * towards the web, and with a groove pressed into the web; or, when c is at most 1.0e-5, plain.
+ * Edges of no length are kept where r or a dimension of the groove is 0.
+ *
+ *     1-----------------------24     1----------8
+ *     |  18----------------19  |     |  6-------7
+ *     |  |             21--20  |     |  |
+ *     |  17            22-----23     |  |
+ *     2    16                        |  |
+ *       3   |                        |  |
+ *       4   |                        |  |
+ *     5    15                        |  |
+ *     |  14             9------8     |  |
+ *     |  |             10--11  |     |  |
+ *     |  13----------------12  |     |  5-------4
+ *     6------------------------7     2----------3
+ *
+ * @param[in] b,h,c overall width of the flanges, height, and height of the lips (length)
+ * @param[in] t thickness of the wall, also in the groove (length)
+ * @param[in] r length of the return from the lip's inner face (length)
+ * @param[in] gd depth of the groove (length)
+ * @param[in] gw,gb width of the groove's outer face in the web and at its bottom (length)
+ * @param[in] sw height of each slot in the web (length)
+ * @param[in] yw the slots' centres are at y = -yw and at y = yw (length)
+ * @param[in] nw number of slots in the web, rounded to 0, 1 (the one at -yw) or 2
+ * @param[in] sf width of each slot in the flanges (length)
+ * @param[in] xf distance of the slots' centres from the web's outer face, and of a second pair from
+ *   the flanges' outer edges (length)
+ * @param[in] nf number of slots in each flange, rounded to 0, 1 or 2
+ * @param[in] value the shape's value, passed through
+ * @param[out] nc number of contours: 1 and one for each slot
+ * @param[out] nv [7] 24 or 8, then 4 for each slot; entries behind nc are kept
+ * @param[out] x,y [48] vertices (length); entries behind the last contour are kept
+ * @param[out] kind [7] 2; entries behind nc are kept
+ * @param[out] sign [7] 1.0, then -1.0 for each slot; entries behind nc are kept
+ * @param[out] v1,v2,v3,v4,v5 [7] 0.0; entries behind nc are kept
+ * @param[out] v6,v7 [7] value times sign; entries behind nc are kept
+ */
+KEZ_API void KEZ_CALL kezsec_c(const float *b, const float *h, const float *c, const float *t,
+                               const float *r, const float *gd, const float *gw, const float *gb,
+                               const float *sw, const float *yw, const float *nw, const float *sf,
+                               const float *xf, const float *nf, const float *value, int32_t *nc,
+                               int32_t nv[], float x[], float y[], int32_t kind[], float sign[],
+                               float v1[], float v2[], float v3[], float v4[], float v5[],
+                               float v6[], float v7[]);
+
+/**
+ * Outline of an upright rolled I section with root fillets and two bolt holes, as 11 contours. 1 is
+ * the shape without fillets, as `kezsec_ia` has it. 2 to 5 are triangles in the corners between web
+ * and flange, 13 to 24, which begin at the corners 3, 4, 9 and 10. 6 to 9 are what the fillets lack
+ * of the triangles: circular segments of kind 4, given by the centre of the fillet's arc (25, 28,
+ * 31, 34) and the two ends of the arc (14 and 15, ...). 10 and 11 are the holes in flange 2.
+ *
+ *     1-------------------------12
+ *     2------14-13   22-24------11
+ *                |    |
+ *            25 15    23 34
+ *                |    |
+ *            28 17    21 31
+ *                |    |
+ *     5------18-16   19-20-------8
+ *       37-40             41-44
+ *       38-39             42-43
+ *     6--------------------------7
+ *
+ * @param[in] d total depth, along y (length)
+ * @param[in] b1,b2 widths of flange 1, on top, and of flange 2, at the bottom (length)
+ * @param[in] t1,t2 thicknesses of flange 1 and of flange 2 (length)
+ * @param[in] tw thickness of the web (length)
+ * @param[in] r radius of the fillets (length)
+ * @param[in] dh diameter of the holes; 0 gives holes without area (length)
+ * @param[in] g gauge: distance between the holes' centres (length)
+ * @param[in] value the shape's value, passed through
+ * @param[out] nc number of contours: 11
+ * @param[out] nv [11] 12, then 3 eight times, then 4 twice
+ * @param[out] x,y [44] vertices (length)
+ * @param[out] kind [11] 2 five times, 4 four times, 2 twice
+ * @param[out] sign [11] 1.0 five times, then -1.0 six times
+ * @param[out] v1,v2,v3,v4,v5 [11] 0.0
+ * @param[out] v6,v7 [11] value times sign
+ */
+KEZ_API void KEZ_CALL kezsec_i(const float *d, const float *b1, const float *b2, const float *t1,
+                               const float *t2, const float *tw, const float *r, const float *dh,
+                               const float *g, const float *value, int32_t *nc, int32_t nv[],
+                               float x[], float y[], int32_t kind[], float sign[], float v1[],
+                               float v2[], float v3[], float v4[], float v5[], float v6[],
+                               float v7[]);
+
+/**
+ * Reduction factor of a plate panel for local buckling: EN 1993-1-5, 4.4 (4.2), for internal
+ * compression elements. With the slenderness lp = b / ((e2 / e1) 28.4 sqrt(k) t):
+ *
+ *     rho = 1                                       where lp <= 0.5 + sqrt(0.085 - 0.055 psi)
+ *     rho = (1 - 0.055 (3 + psi) / lp) / lp <= 1    beyond
+ *
+ * Nothing is checked; k = 0 gives 0.
+ *
+ * @param[in] b width of the panel (length)
+ * @param[in] t thickness (length)
+ * @param[in] e1,e2 two numbers with e2 / e1 = sqrt(235 N/mm2 / fy), e.g. sqrt(fy) and sqrt(235)
+ * @param[in] psi ratio of the stresses at the panel's edges
+ * @param[in] k buckling coefficient
+ * @param[out] rho reduction factor
+ */
+KEZ_API void KEZ_CALL kezro2(const float *b, const float *t, const float *e1, const float *e2,
+                             const float *psi, const float *k, float *rho);
+
+/**
+ * Effective width of an internal panel, in the parts next to the edge of the stress s1 and next to
+ * the edge of the stress s2: EN 1993-1-5, 4.4 and table 4.1. Compression is positive, and s1 is the
+ * larger compression. With beff = rho bbar and rho from `kezro2`:
+ *
+ * | psi = s2 / s1   | k                            | be1                | be2        |
+ * |-----------------|------------------------------|--------------------|------------|
+ * | 1               | 4                            | 0.5 beff           | 0.5 beff   |
+ * | between 1 and 0 | 8.2 / (1.05 + psi)           | 2 beff / (5 - psi) | beff - be1 |
+ * | 0               | 7.81                         | 2 beff / 5         | beff - be1 |
+ * | between 0, -1   | 7.81 - 6.29 psi + 9.78 psi^2 | 0.4 beff           | 0.6 beff   |
+ * | -1              | 23.9                         | 0.4 beff           | 0.6 beff   |
+ * | between -1, -3  | 5.98 (1 - psi)^2             | 0.4 beff           | 0.6 beff   |
+ * | below -3        | not reduced                  | 0.5 bbar           | 0.5 bbar   |
+ *
+ * psi counts as 1 when s1 and s2 are equal, as 0 when s2 is equal to 0, as -1 when s1 and |s2|
+ * differ by less than 1.0e-5. The ratio itself wins over 1 and 0 when s1 > s2 > 0 or s2 < 0, and -1
+ * wins over the ratio. Nothing else is checked.
+ *
+ * @param[in] b width of the panel for the slenderness (length)
+ * @param[in] bbar width that is reduced (length)
+ * @param[in] t thickness (length)
+ * @param[in] e1,e2 two numbers with e2 / e1 = sqrt(235 N/mm2 / fy), as in `kezro2`
+ * @param[in] s1,s2 stresses at the edges (stress)
+ * @param[out] be1,be2 effective parts at the edges of s1 and of s2 (length); kept when no row
+ *   applies: both stresses within the tolerance of 0, s1 not positive, s2 greater than s1, or s2 /
+ *   s1 exactly -3
+ */
+KEZ_API void KEZ_CALL kezef2(const float *b, const float *bbar, const float *t, const float *e1,
+                             const float *e2, const float *s1, const float *s2, float *be1,
+                             float *be2);
+
+/**
+ * Effective width of a panel in uniform compression whose buckling coefficient follows from the
+ * ratio r = b / d: k = 0.5 up to r = 0.35, and 0.5 + (r - 0.35)^2 / 3 up to r = 0.6 (where
+ * EN 1993-1-3, 5.5.3.2 has 0.5 + 0.83 times the cube root of the square). The width is rho b, with
+ * rho from `kezro2` for psi = 1. Nothing is checked.
+ *
+ * @param[in] b width of the panel (length)
+ * @param[in] d width that it is compared with (length)
+ * @param[in] t thickness (length)
+ * @param[in] e1,e2 two numbers with e2 / e1 = sqrt(235 N/mm2 / fy), as in `kezro2`
+ * @param[out] beff effective width (length)
+ *
+ * @par Kept value
+ * The coefficient k. When r is greater than 0.6 or not a number it is that of the previous call,
+ * and 0 (which gives beff = 0) before any call.
+ */
+KEZ_API void KEZ_CALL kezefr(const float *b, const float *d, const float *t, const float *e1,
+                             const float *e2, float *beff);
+
+/**
+ * Reduction factor of an angle-shaped stiffener or flange outstand that buckles torsionally, held
+ * by the bending stiffness of the plate to which it is attached: EN 1993-1-3, 5.5.3.1 (5.12) and
+ * (5.15) with the spring stiffness of 5.5.3.2. The slenderness is iterated, sqrt(chi) times that of
+ * the full stiffener, until chi changes by at most 0.001. Nothing is checked.
+ *
+ * @param[in] t thickness (length)
+ * @param[in] b leg towards the plate, between centre-lines (length)
+ * @param[in] z distance of the other leg from the plate; z - b^2 / (2 (a + b)) is the spring's
+ *   lever arm (length)
+ * @param[in] a other leg, between centre-lines (length)
+ * @param[in] s width of the restraining plate (length)
+ * @param[in] fy yield strength (stress)
+ * @param[in] E modulus of elasticity (stress)
+ * @param[in] nu Poisson's ratio
+ * @param[in] n multiplies s in the spring's length s + arm + 0.5 n s
+ * @param[out] chi reduction factor, 0 when 100 iterations do not settle it
+ * @param[out] tred reduced thickness chi t, 0 when 100 iterations do not settle it (length)
+ */
+KEZ_API void KEZ_CALL kezchi(const float *t, const float *b, const float *z, const float *a,
+                             const float *s, const float *fy, const float *E, const float *nu,
+                             const int32_t *n, float *chi, float *tred);
+
+/**
+ * Distance from the centroid of a channel to its shear centre, along the axis of symmetry. The two
+ * lie on either side of the web. Thin-walled theory on the centre-lines h = H - t, b = B - t and
+ * c = C - t / 2; a lip of at most 1.0e-5 is none. Nothing is checked: a lip shorter than t / 2
+ * enters with a negative c.
+ *
+ * @param[in] B overall width of the flanges (length)
+ * @param[in] H overall height (length)
+ * @param[in] C overall height of the lips, 0 for a plain channel (length)
+ * @param[in] t thickness of the wall (length)
+ * @param[out] x0 distance (length)
+ */
+KEZ_API void KEZ_CALL kezshc_c(const float *B, const float *H, const float *C, const float *t,
+                               float *x0);
+
+/**
+ * Warping constant of a channel. Thin-walled theory on the centre-lines h = H - t, b = B - t and
+ * c = C - t / 2; a lip of at most 1.0e-5 is none. Nothing is checked: a lip shorter than t / 2
+ * enters with a negative c.
+ *
+ * @param[in] B overall width of the flanges (length)
+ * @param[in] H overall height (length)
+ * @param[in] C overall height of the lips, 0 for a plain channel (length)
+ * @param[in] t thickness of the wall (length)
+ * @param[out] Iw warping constant (length^6)
+ */
+KEZ_API void KEZ_CALL kezwar_c(const float *B, const float *H, const float *C, const float *t,
+                               float *Iw);
+
+/**
+ * Entries of an ascending table that lie in a range, both ends included and without tolerance. When
+ * there is none, the two neighbouring entries between which the range lies: mind that they look
+ * like two entries inside, but for distances that are both 0. Whether the table ascends is not
+ * checked.
+ *
+ * @param[in] n entries of the table
+ * @param[in] x [n] the table
+ * @param[in] lo,hi ends of the range
+ * @param[out] count number of positions, 0 when the range lies nowhere or n is below 1
+ * @param[out] idx [n] the positions, ascending; entries behind count are kept
+ * @param[out] d1 distance from lo to the first entry inside; kept when count is 0
+ * @param[out] d2 distance from the last entry inside to hi; kept when count is 0
+ */
+KEZ_API void KEZ_CALL kezlul(const int32_t *n, const float x[], const float *lo, const float *hi,
+                             int32_t *count, int32_t idx[], float *d1, float *d2);
+
+/**
+ * Copies one block out of an array in which blocks of entries stand one after another: one contour
+ * out of an outline's coordinates. Entries of either kind, reals or integers, are copied as they
+ * are. Nothing is copied when n is below 1, or when the counts of the blocks before, which are
+ * added as they are, have a sum below 0.
+ *
+ * @param[in] a ignored
+ * @param[in] counts [n] number of entries of each block
+ * @param[in] n number of the block
+ * @param[in] source [sum(counts, n)] the blocks
+ * @param[out] target [counts(n)] entries of block n
+ */
+KEZ_API void KEZ_CALL kezadr(const int32_t *a, const int32_t counts[], const int32_t *n,
+                             const void *source, void *target);
+
+/** @} */
+
 #ifdef __cplusplus
 }
 #endif

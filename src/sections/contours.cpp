@@ -1,0 +1,16 @@
+#include "contours.h"
+
+namespace kez {
+
+std::optional<Block> last_block(std::span<const std::int32_t> counts) noexcept {
+  if (counts.empty()) return std::nullopt;
+  std::uint32_t sum = 0;  // unsigned: it wraps, as hosts rely on
+  for (const std::int32_t count : counts.first(counts.size() - 1)) {
+    sum += static_cast<std::uint32_t>(count);
+  }
+  const Block block = {static_cast<std::int32_t>(sum), counts.back()};
+  if (block.count < 1 || block.offset < 0) return std::nullopt;
+  return block;
+}
+
+}  // namespace kez

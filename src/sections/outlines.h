@@ -1,0 +1,89 @@
+// The outlines of steel sections: contours of vertices about the middle of the section.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <initializer_list>
+#include <span>
+
+#include "../frame/types.h"
+
+namespace kez {
+
+// What the points of a contour stand for; the numbers are those of the area routines.
+enum class Figure : std::int32_t {
+  polygon = 2,
+  circular_segment = 4,  // centre and the two ends of the chord
+};
+
+struct Contour {
+  std::int32_t vertex_count;
+  Figure kind;
+  float sign;  // 1 for material, -1 for what is cut out of it
+};
+
+class Outline {
+ public:
+  static constexpr std::size_t max_vertices = 48, max_contours = 11;
+
+  void add(Figure kind, float sign, std::initializer_list<Vec2> vertices) noexcept;
+  void add_material(std::initializer_list<Vec2> vertices) noexcept;
+  void add_hole(std::initializer_list<Vec2> vertices) noexcept;
+  // The count that the last contour shows, whatever it holds.
+  void show_vertex_count(std::int32_t count) noexcept;
+
+  std::span<const Vec2> vertices() const noexcept { return {vertices_.data(), vertex_count_}; }
+  std::span<const Contour> contours() const noexcept { return {contours_.data(), contour_count_}; }
+
+ private:
+  std::array<Vec2, max_vertices> vertices_;
+  std::array<Contour, max_contours> contours_;
+  std::size_t vertex_count_ = 0, contour_count_ = 0;
+};
+
+// Flange 1 is the left one of a section that lies, the upper one of a section that stands.
+struct Flanges {
+  float d, b1, b2, t1, t2;
+};
+
+struct BoxPlates {
+  float bt, bb, tt, tb, h, tw, s;
+};
+
+struct TabbedBox {
+  float b, h, tf, tw, w, tt, y;
+};
+
+struct Groove {
+  float depth, width, bottom;
+};
+
+struct Slots {
+  float width, place, count;
+};
+
+struct FoldedChannel {
+  float b, h, c, t, r;
+  Groove groove;
+  Slots web, flange;
+};
+
+struct RolledDetails {
+  float tw, r, hole, gauge;
+};
+
+Outline flat_bar(std::int32_t b, float h) noexcept;
+Outline tee(float b, float h, float tf, float tw) noexcept;
+Outline lying_i(Flanges flanges, float tw) noexcept;
+Outline standing_i(Flanges flanges, float tw) noexcept;
+Outline one_cell(Flanges flanges, float tw, float s) noexcept;
+Outline two_cells(Flanges flanges, float tw, float s) noexcept;
+Outline box_girder(BoxPlates plates) noexcept;
+Outline tabbed_box(TabbedBox box) noexcept;
+Outline hollow_rectangle(float b, float h, float t) noexcept;
+Outline double_angle(float a, float h, float s, float th, float tv) noexcept;
+Outline folded_channel(const FoldedChannel& channel) noexcept;
+Outline rolled_i(Flanges flanges, RolledDetails details) noexcept;
+
+}  // namespace kez

@@ -1,0 +1,31 @@
+#include "range_lookup.h"
+
+#include <cmath>
+#include <cstddef>
+
+namespace kez {
+
+RangeEntries find_range(std::span<const float> x, float low, float high,
+                        std::int32_t positions[]) noexcept {
+  std::size_t count = 0, first = 0, last = 0;
+  for (std::size_t i = 0; i < x.size(); ++i) {
+    if (!(low <= x[i] && x[i] <= high)) continue;
+    if (count == 0) first = i;
+    last = i;
+    positions[count++] = static_cast<std::int32_t>(i) + 1;
+  }
+  if (count > 0) {
+    return {static_cast<std::int32_t>(count), std::fabs(x[first] - low), std::fabs(high - x[last])};
+  }
+
+  RangeEntries enclosing{0, 0, 0};
+  for (std::size_t i = 0; i + 1 < x.size(); ++i) {
+    if (!(low > x[i] && x[i + 1] > low && x[i + 1] > high)) continue;
+    positions[0] = static_cast<std::int32_t>(i) + 1;
+    positions[1] = positions[0] + 1;
+    enclosing.count = 2;
+  }
+  return enclosing;
+}
+
+}  // namespace kez
