@@ -1588,9 +1588,8 @@ KEZ_API void KEZ_CALL kezro2(const float *b, const float *t, const float *e1, co
  * | between -1, -3  | 5.98 (1 - psi)^2             | 0.4 beff           | 0.6 beff   |
  * | below -3        | not reduced                  | 0.5 bbar           | 0.5 bbar   |
  *
- * psi counts as 1 when s1 and s2 are equal, as 0 when s2 is equal to 0, as -1 when s1 and |s2|
- * differ by less than 1.0e-5. The ratio itself wins over 1 and 0 when s1 > s2 > 0 or s2 < 0, and -1
- * wins over the ratio. Nothing else is checked.
+ * psi counts as 1 also when s2 is greater than s1 by at most 1.0e-5, and as -1 when s1 and |s2|
+ * differ by less than 1.0e-5. Nothing else is checked.
  *
  * @param[in] b width of the panel for the slenderness (length)
  * @param[in] bbar width that is reduced (length)
@@ -1598,8 +1597,8 @@ KEZ_API void KEZ_CALL kezro2(const float *b, const float *t, const float *e1, co
  * @param[in] e1,e2 two numbers with e2 / e1 = sqrt(235 N/mm2 / fy), as in `kezro2`
  * @param[in] s1,s2 stresses at the edges (stress)
  * @param[out] be1,be2 effective parts at the edges of s1 and of s2 (length); kept when no row
- *   applies: both stresses within the tolerance of 0, s1 not positive, s2 greater than s1, or s2 /
- *   s1 exactly -3
+ *   applies: both stresses are within the tolerance of 0, s1 is not positive, s2 is greater than
+ *   s1, or |s2| / 3 is exactly s1
  */
 KEZ_API void KEZ_CALL kezef2(const float *b, const float *bbar, const float *t, const float *e1,
                              const float *e2, const float *s1, const float *s2, float *be1,

@@ -24,6 +24,10 @@ struct Point {
   double x, y;
 };
 
+Point widened(Vec2 p) {
+  return {static_cast<double>(p.x), static_cast<double>(p.y)};
+}
+
 using Polygon = std::vector<Point>;
 
 double cross(Point o, Point p, Point q) {
@@ -48,8 +52,7 @@ std::vector<Polygon> polygons(const Outline& outline) {
   auto vertex = outline.vertices().begin();
   for (const Contour& contour : outline.contours()) {
     Polygon& polygon = all.emplace_back();
-    for (int i = 0; i < contour.vertex_count; ++i, ++vertex)
-      polygon.push_back({vertex->x, vertex->y});
+    for (int i = 0; i < contour.vertex_count; ++i, ++vertex) polygon.push_back(widened(*vertex));
   }
   EXPECT_EQ(vertex, outline.vertices().end());
   return all;
@@ -287,7 +290,12 @@ Constants vlasov(const ThinWall& wall) {
 ThinWall centre_line(Channel channel) {
   const float t = channel.t, b = channel.flange - t, h = (channel.height - t) / 2;
   const float c = channel.lip > 0 ? channel.lip - t / 2 : 0;
-  return {{{b, h - c}, {b, h}, {0, h}, {0, -h}, {b, -h}, {b, c - h}}, t};
+  ThinWall wall{{}, static_cast<double>(t)};
+  for (const Vec2 node :
+       {Vec2{b, h - c}, Vec2{b, h}, Vec2{0, h}, Vec2{0, -h}, Vec2{b, -h}, Vec2{b, c - h}}) {
+    wall.nodes.push_back(widened(node));
+  }
+  return wall;
 }
 
 TEST(Channels, ConstantsAreThoseOfVlasovsTheory) {
