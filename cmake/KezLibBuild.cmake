@@ -44,5 +44,8 @@ if(WIN32)
             --output-lib $<TARGET_LINKER_FILE:KezLib>
     VERBATIM)
 elseif(NOT APPLE)
-  target_link_options(KezLib PRIVATE -Wl,--as-needed)
+  # Hidden visibility does not reach what the standard library instantiates here.
+  target_link_options(KezLib PRIVATE
+    -Wl,--version-script=${PROJECT_SOURCE_DIR}/src/kezlib.map -Wl,--as-needed)
+  set_property(TARGET KezLib APPEND PROPERTY LINK_DEPENDS ${PROJECT_SOURCE_DIR}/src/kezlib.map)
 endif()
