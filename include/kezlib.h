@@ -14,8 +14,10 @@
  *   position of 0 means "none".
  * - "kept when ..." names the cases in which an output is not written and the caller's variable
  *   holds what it held before. All other outputs are always written.
- * - Arguments may overlap one another, except that an array which is written must not overlap
- *   another array if the result is to make sense; nothing outside the arguments is ever touched.
+ * - A scalar input may be the same variable as a scalar output: every input is read before an
+ *   output is written. Two outputs must be different variables, and an array that is written must
+ *   not overlap any other argument, unless the comment says so; nothing outside the arguments is
+ *   touched in any case.
  * - A routine is re-entrant unless its comment has a paragraph "Kept value", which says what it
  *   remembers from one call to the next; calls of such a routine must be serialised by the host.
  *
@@ -166,7 +168,7 @@ KEZ_API void KEZ_CALL kezdtr3(const float *a11, const float *a12, const float *a
                               const float *a31, const float *a32, const float *a33, float *det);
 
 /**
- * Whether the vectors P2 - P1, P4 - P3 and P6 - P5 span space, i.e. are not coplanar.
+ * Whether the vectors P2 - P1, P4 - P3 and P6 - P5 span space: they do unless coplanar.
  *
  * @param[in] x1,y1,z1,x2,y2,z2 ends of the first segment (length)
  * @param[in] x3,y3,z3,x4,y4,z4 ends of the second segment (length)
@@ -213,7 +215,8 @@ KEZ_API void KEZ_CALL kezvin(const float *a, const float *b, const float *c, con
  */
 
 /**
- * Line through two points. Equal points give (0, 0, 0).
+ * Line through two points. Its (a, b) points to the right, seen from the first towards the second.
+ * Equal points give (0, 0, 0).
  *
  * @param[in] x1,y1 first point (length)
  * @param[in] x2,y2 second point (length)
@@ -223,9 +226,11 @@ KEZ_API void KEZ_CALL kezln3(const float *x1, const float *y1, const float *x2, 
                              float *a, float *b, float *c);
 
 /**
- * Signed distance of a point from a line, positive on the side to which (a, b) points. It is as
- * accurate as the approximate reciprocal square root that it multiplies with (about 22 bits). A
- * line with a = b = 0 gives not-a-number.
+ * Signed distance of a point from a line, positive on the side to which (a, b) points. Of a line
+ * through two points (`kezln3`) that is the right side, seen from the first towards the second. The
+ * distance is as accurate as the approximate reciprocal square root of a^2 + b^2 that it multiplies
+ * with, about 22 bits where that sum is an ordinary number. It is not finite, or means nothing,
+ * where a = b = 0 or the sum leaves the range 1.2e-38 to 3.4e38.
  *
  * @param[in] x,y the point (length)
  * @param[in] a,b,c the line
@@ -269,7 +274,8 @@ KEZ_API void KEZ_CALL kezln2(const float *a, const float *b, const float *c, con
                              float *a2, float *b2, float *c2);
 
 /**
- * Inner bisector of the angle between two rays. Equal rays and rays of no length give (0, 0, 0).
+ * Inner bisector of the angle between two rays; its (a, b) points towards the first ray. Rays to
+ * the same point, or of no length, give (0, 0, 0).
  *
  * @param[in] x0,y0 vertex (length)
  * @param[in] x1,y1 point on the first ray (length)
@@ -281,16 +287,21 @@ KEZ_API void KEZ_CALL kezln5(const float *x0, const float *y0, const float *x1, 
 
 /**
  * Position of a point P against the segment P1 P2 in space. A point is on the line when the cosine
- * of the angle between P - P1 and P - P2 is 1 or -1 within the tolerance.
+ * of the angle between P - P1 and P - P2 is 1 or -1 within the tolerance; very near an end the
+ * rounding of the coordinates alone can carry the cosine out of it.
  *
- * | pos | meaning                                                                          |
- * |-----|----------------------------------------------------------------------------------|
- * | 0   | off the line (also: within the coincidence box of an end, yet farther than 1.0e-5) |
- * | 1   | at P1, at most 1.0e-5 away; this test comes first                                |
- * | 2   | at P2, at most 1.0e-5 away                                                       |
- * | 3   | between the ends                                                                 |
- * | 4   | on the line before P1                                                            |
- * | 5   | on the line beyond P2                                                            |
+ * | pos | meaning                                                                       |
+ * |-----|-------------------------------------------------------------------------------|
+ * | 0   | off the line, or none of the following (see below)                            |
+ * | 1   | at P1, at most 1.0e-5 away; this test comes first                             |
+ * | 2   | at P2, at most 1.0e-5 away                                                    |
+ * | 3   | between the ends                                                              |
+ * | 4   | on the line before P1                                                         |
+ * | 5   | on the line beyond P2                                                         |
+ *
+ * It is also 0 where P is more than 1.0e-5 from an end but coincides with it coordinate by
+ * coordinate, where P is equally far from the two ends of a segment of no length, and where a
+ * coordinate is not a number.
  *
  * @param[in] x1,y1,z1 P1 (length)
  * @param[in] x2,y2,z2 P2 (length)
@@ -319,8 +330,8 @@ KEZ_API void KEZ_CALL kezplg(const float *x0, const float *y0, const float *z0, 
  *
  * @param[in] a divisor
  * @param[in] b,c dividends
- * @param[out] p c / a, or 0 when a is not non-zero
- * @param[out] q b / a, or 0 when a is not non-zero
+ * @param[out] p c / a, or 0 when |a| <= 1.0e-5 or a is not a number
+ * @param[out] q b / a, or 0 likewise
  */
 KEZ_API void KEZ_CALL kezgrc(const float *a, const float *b, const float *c, float *p, float *q);
 
@@ -331,7 +342,10 @@ KEZ_API void KEZ_CALL kezgrc(const float *a, const float *b, const float *c, flo
  *
  * An angle is the arc cosine of (dot product / first length) / second length: unsigned, from 0 to
  * pi. The cosine is not clamped, so directions that are exactly parallel may round past 1 and give
- * not-a-number.
+ * not-a-number; a safe way to the angle is `keztrg`, whose sine and cosine belong together.
+ *
+ * Directions are the same, opposite or perpendicular where that cosine is 1, -1 or 0 within the
+ * tolerance: up to about 0.26 degrees from parallel, and 0.0006 degrees from perpendicular.
  *
  * | code | `kezdir`       | `kezdirl`                       | `kezdirp`                       |
  * |------|----------------|---------------------------------|---------------------------------|
@@ -386,7 +400,7 @@ KEZ_API void KEZ_CALL kezphi3(const float *x0, const float *y0, const float *z0,
  * @param[in] ux,uy,uz first direction
  * @param[in] wx,wy,wz second direction
  * @param[out] phi angle (rad); kept when a direction is not longer than 1.0e-5
- * @param[out] fail -1 when a direction is not longer than 1.0e-5; kept when both are
+ * @param[out] fail -1 when a direction is not longer than 1.0e-5; kept when both are longer
  */
 KEZ_API void KEZ_CALL kezphip(const float *ux, const float *uy, const float *uz, const float *wx,
                               const float *wy, const float *wz, float *phi, int32_t *fail);
@@ -411,7 +425,7 @@ KEZ_API void KEZ_CALL kezmov(const float *x1, const float *y1, const float *z1, 
  *
  * @param[in] ux,uy,uz first direction
  * @param[in] wx,wy,wz second direction
- * @param[out] rel relation, 0 to 4 (table above)
+ * @param[out] rel 0 oblique, 1 same, 2 opposite, 3 perpendicular, 4 a direction is null
  */
 KEZ_API void KEZ_CALL kezdir(const float *ux, const float *uy, const float *uz, const float *wx,
                              const float *wy, const float *wz, int32_t *rel);
@@ -423,7 +437,8 @@ KEZ_API void KEZ_CALL kezdir(const float *ux, const float *uy, const float *uz, 
  *
  * @param[in] x1,y1,z1,x2,y2,z2 P1 and P2, points of the first line (length)
  * @param[in] x3,y3,z3,x4,y4,z4 P3 and P4, points of the second line (length)
- * @param[out] rel relation, 0 to 7 (table above)
+ * @param[out] rel 0 oblique, 1 parallel, 2 antiparallel, 3 and 4 the same line likewise, 5
+ *     perpendicular, 6 skew, 7 a line undefined
  */
 KEZ_API void KEZ_CALL kezdirl(const float *x1, const float *y1, const float *z1, const float *x2,
                               const float *y2, const float *z2, const float *x3, const float *y3,
@@ -433,11 +448,12 @@ KEZ_API void KEZ_CALL kezdirl(const float *x1, const float *y1, const float *z1,
 /**
  * Relation of two planes. Parallel planes are distinct when D1 / D2 differs from the ratio of their
  * normals; that ratio is taken from the last component of the second normal that is non-zero. When
- * D2 is not non-zero, 0 stands for D1 / D2; when D1 is not either, the planes are the same.
+ * |D2| <= 1.0e-5, 0 stands for D1 / D2; when |D1| <= 1.0e-5 too, the planes are the same.
  *
  * @param[in] A1,B1,C1,D1 first plane
  * @param[in] A2,B2,C2,D2 second plane
- * @param[out] rel relation, 0 to 6 (table above)
+ * @param[out] rel 0 intersecting, 1 parallel, 2 antiparallel, 3 and 4 the same plane likewise, 5
+ *     perpendicular, 6 a normal is null
  */
 KEZ_API void KEZ_CALL kezdirp(const float *A1, const float *B1, const float *C1, const float *D1,
                               const float *A2, const float *B2, const float *C2, const float *D2,
@@ -528,7 +544,8 @@ KEZ_API void KEZ_CALL kezsel1(const int32_t *n, const int32_t ia[], const int32_
  * @param[in] x2,y2,z2 second end (length)
  * @param[in] step wanted step (length)
  * @param[out] realstep length of a segment, 0 unless step > 0.001 (length)
- * @param[out] nseg number of segments, 0 unless step > 0.001; at most 2147483647
+ * @param[out] nseg number of segments, 0 unless step > 0.001, then at least 1 (also for a length
+ *     that is not a number) and at most 2147483647
  * @param[out] npts number of points with both ends: nseg + 1; at most 2147483647
  */
 KEZ_API void KEZ_CALL kezpas(const float *x1, const float *y1, const float *z1, const float *x2,
@@ -556,6 +573,7 @@ KEZ_API void KEZ_CALL keznst(const float *x1, const float *y1, const float *z1, 
 /**
  * Integral of samples at evenly spaced abscissae from a to b, by a trapezoid rule that leaves out
  * the last interior sample: h ((y(1) + y(n)) / 2 + y(2) + ... + y(n - 2)), h = (b - a) / (n - 1).
+ * With n < 4 there is no interior sample left.
  *
  * @param[in] n number of samples; 1 divides by zero
  * @param[in] y [n] the samples
@@ -567,7 +585,7 @@ KEZ_API void KEZ_CALL kezinr(const int32_t *n, const float y[], const float *a, 
 
 /**
  * Splits the run of indexes from i1 to i2, in either direction, into its first, third, fifth, ...
- * and its second, fourth, sixth, ... members.
+ * and its second, fourth, sixth, ... members. No more entries are written than the counts say.
  *
  * @param[in] i1,i2 ends of the run, 1-based
  * @param[in] nmax largest index; both counts are 0 when an end lies outside 1..nmax

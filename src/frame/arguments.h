@@ -27,6 +27,12 @@ inline Vec3 load(const float* x, const float* y, const float* z) noexcept {
   return {*x, *y, *z};
 }
 
+// The vector of a segment from its first end to its second.
+inline Vec3 load_vector(const float* x1, const float* y1, const float* z1, const float* x2,
+                        const float* y2, const float* z2) noexcept {
+  return load(x2, y2, z2) - load(x1, y1, z1);
+}
+
 inline Line load_line(const float* a, const float* b, const float* c) noexcept {
   return {*a, *b, *c};
 }

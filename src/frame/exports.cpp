@@ -19,7 +19,7 @@ void KEZ_CALL kezpds(const float* x1, const float* y1, const float* z1, const fl
 void KEZ_CALL kezcnt(const float* x1, const float* y1, const float* z1, const float* x2,
                      const float* y2, const float* z2, float* dx, float* dy, float* dz,
                      int32_t* same) {
-  const Vec3 difference = load(x2, y2, z2) - load(x1, y1, z1);
+  const Vec3 difference = load_vector(x1, y1, z1, x2, y2, z2);
   store(difference, dx, dy, dz);
   *same = is_null(difference);
 }
@@ -41,14 +41,14 @@ void KEZ_CALL kezpre(const float* x1, const float* y1, const float* z1, const fl
                      const float* z3, const float* x4, const float* y4, const float* z4,
                      float c[]) {
   const Vec3 product =
-      cross(load(x2, y2, z2) - load(x1, y1, z1), load(x4, y4, z4) - load(x3, y3, z3));
+      cross(load_vector(x1, y1, z1, x2, y2, z2), load_vector(x3, y3, z3, x4, y4, z4));
   store(product, &c[0], &c[1], &c[2]);
 }
 
 void KEZ_CALL kezpri(const float* x1, const float* y1, const float* z1, const float* x2,
                      const float* y2, const float* z2, const float* x3, const float* y3,
                      const float* z3, const float* x4, const float* y4, const float* z4, float* d) {
-  *d = dot(load(x2, y2, z2) - load(x1, y1, z1), load(x4, y4, z4) - load(x3, y3, z3));
+  *d = dot(load_vector(x1, y1, z1, x2, y2, z2), load_vector(x3, y3, z3, x4, y4, z4));
 }
 
 void KEZ_CALL keztrg(const float* x1, const float* y1, const float* z1, const float* x2,
@@ -56,7 +56,7 @@ void KEZ_CALL keztrg(const float* x1, const float* y1, const float* z1, const fl
                      const float* z3, const float* x4, const float* y4, const float* z4,
                      float* cosa, float* sina, int32_t* status) {
   const auto angle =
-      angle_between(load(x2, y2, z2) - load(x1, y1, z1), load(x4, y4, z4) - load(x3, y3, z3));
+      angle_between(load_vector(x1, y1, z1, x2, y2, z2), load_vector(x3, y3, z3, x4, y4, z4));
   if (angle) {
     *cosa = angle->cosine;
     *sina = angle->sine;
@@ -84,8 +84,8 @@ void KEZ_CALL kez3sp(const float* x1, const float* y1, const float* z1, const fl
                      const float* z3, const float* x4, const float* y4, const float* z4,
                      const float* x5, const float* y5, const float* z5, const float* x6,
                      const float* y6, const float* z6, int32_t* spans) {
-  *spans = span_space(load(x2, y2, z2) - load(x1, y1, z1), load(x4, y4, z4) - load(x3, y3, z3),
-                      load(x6, y6, z6) - load(x5, y5, z5));
+  *spans = span_space(load_vector(x1, y1, z1, x2, y2, z2), load_vector(x3, y3, z3, x4, y4, z4),
+                      load_vector(x5, y5, z5, x6, y6, z6));
 }
 
 void KEZ_CALL kezint(const float* x1, const float* x2, const float* y1, const float* y2,
@@ -180,7 +180,7 @@ void KEZ_CALL kezmov(const float* x1, const float* y1, const float* z1, const fl
                      const float* y2, const float* z2, const float* x3, const float* y3,
                      const float* z3, const float* x4, const float* y4, const float* z4, float* ax,
                      float* ay, float* az) {
-  store(projected_angles(load(x2, y2, z2) - load(x1, y1, z1), load(x4, y4, z4) - load(x3, y3, z3)),
+  store(projected_angles(load_vector(x1, y1, z1, x2, y2, z2), load_vector(x3, y3, z3, x4, y4, z4)),
         ax, ay, az);
 }
 

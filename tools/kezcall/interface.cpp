@@ -270,8 +270,8 @@ constexpr Argument kezgrc_arguments[] = {
     {"a", real, in, nullptr, nullptr, "divisor"},
     {"b", real, in, nullptr, nullptr, "dividends"},
     {"c", real, in, nullptr, nullptr, "dividends"},
-    {"p", real, out, nullptr, nullptr, "c / a, or 0 when a is not non-zero"},
-    {"q", real, out, nullptr, nullptr, "b / a, or 0 when a is not non-zero"},
+    {"p", real, out, nullptr, nullptr, "c / a, or 0 when |a| <= 1.0e-5 or a is not a number"},
+    {"q", real, out, nullptr, nullptr, "b / a, or 0 likewise"},
 };
 
 constexpr Argument kezphi_arguments[] = {
@@ -315,7 +315,7 @@ constexpr Argument kezphip_arguments[] = {
     {"wy", real, in, nullptr, nullptr, "second direction"},
     {"wz", real, in, nullptr, nullptr, "second direction"},
     {"phi", real, out, nullptr, nullptr, "angle (rad); kept when a direction is not longer than 1.0e-5"},
-    {"fail", integer, out, nullptr, nullptr, "-1 when a direction is not longer than 1.0e-5; kept when both are"},
+    {"fail", integer, out, nullptr, nullptr, "-1 when a direction is not longer than 1.0e-5; kept when both are longer"},
 };
 
 constexpr Argument kezmov_arguments[] = {
@@ -343,7 +343,7 @@ constexpr Argument kezdir_arguments[] = {
     {"wx", real, in, nullptr, nullptr, "second direction"},
     {"wy", real, in, nullptr, nullptr, "second direction"},
     {"wz", real, in, nullptr, nullptr, "second direction"},
-    {"rel", integer, out, nullptr, nullptr, "relation, 0 to 4 (table above)"},
+    {"rel", integer, out, nullptr, nullptr, "0 oblique, 1 same, 2 opposite, 3 perpendicular, 4 a direction is null"},
 };
 
 constexpr Argument kezdirl_arguments[] = {
@@ -359,7 +359,7 @@ constexpr Argument kezdirl_arguments[] = {
     {"x4", real, in, nullptr, nullptr, "P3 and P4, points of the second line (length)"},
     {"y4", real, in, nullptr, nullptr, "P3 and P4, points of the second line (length)"},
     {"z4", real, in, nullptr, nullptr, "P3 and P4, points of the second line (length)"},
-    {"rel", integer, out, nullptr, nullptr, "relation, 0 to 7 (table above)"},
+    {"rel", integer, out, nullptr, nullptr, "0 oblique, 1 parallel, 2 antiparallel, 3 and 4 the same line likewise, 5 perpendicular, 6 skew, 7 a line undefined"},
 };
 
 constexpr Argument kezdirp_arguments[] = {
@@ -371,7 +371,7 @@ constexpr Argument kezdirp_arguments[] = {
     {"B2", real, in, nullptr, nullptr, "second plane"},
     {"C2", real, in, nullptr, nullptr, "second plane"},
     {"D2", real, in, nullptr, nullptr, "second plane"},
-    {"rel", integer, out, nullptr, nullptr, "relation, 0 to 6 (table above)"},
+    {"rel", integer, out, nullptr, nullptr, "0 intersecting, 1 parallel, 2 antiparallel, 3 and 4 the same plane likewise, 5 perpendicular, 6 a normal is null"},
 };
 
 constexpr Argument kezpos_arguments[] = {
@@ -421,7 +421,7 @@ constexpr Argument kezpas_arguments[] = {
     {"z2", real, in, nullptr, nullptr, "second end (length)"},
     {"step", real, in, nullptr, nullptr, "wanted step (length)"},
     {"realstep", real, out, nullptr, nullptr, "length of a segment, 0 unless step > 0.001 (length)"},
-    {"nseg", integer, out, nullptr, nullptr, "number of segments, 0 unless step > 0.001; at most 2147483647"},
+    {"nseg", integer, out, nullptr, nullptr, "number of segments, 0 unless step > 0.001, then at least 1 (also for a length that is not a number) and at most 2147483647"},
     {"npts", integer, out, nullptr, nullptr, "number of points with both ends: nseg + 1; at most 2147483647"},
 };
 
@@ -1368,8 +1368,8 @@ constexpr Routine all[] = {
     {"kezdtr3", "Points and vectors", "Determinant of a 3 x 3 matrix, expanded along the first row.",
      "",
      nullptr, kezdtr3_arguments},
-    {"kez3sp", "Points and vectors", "Whether the vectors P2 - P1, P4 - P3 and P6 - P5 span space, i.e.",
-     "are not coplanar.",
+    {"kez3sp", "Points and vectors", "Whether the vectors P2 - P1, P4 - P3 and P6 - P5 span space:",
+     "they do unless coplanar.",
      nullptr, kez3sp_arguments},
     {"kezint", "Points and vectors", "Linear interpolation between (x1, y1) and (x2, y2), extrapolating outside.",
      "Both abscissae come\nbefore both ordinates. Equal abscissae divide by zero.",
@@ -1378,10 +1378,10 @@ constexpr Routine all[] = {
      "Only b is read; the other arguments are part of the signature.",
      nullptr, kezvin_arguments},
     {"kezln3", "Lines in the plane, points against segments", "Line through two points.",
-     "Equal points give (0, 0, 0).",
+     "Its (a, b) points to the right, seen from the first towards the second.\nEqual points give (0, 0, 0).",
      nullptr, kezln3_arguments},
     {"kezlds", "Lines in the plane, points against segments", "Signed distance of a point from a line, positive on the side to which (a, b) points.",
-     "It is as\naccurate as the approximate reciprocal square root that it multiplies with (about 22 bits). A\nline with a = b = 0 gives not-a-number.",
+     "Of a line\nthrough two points (`kezln3`) that is the right side, seen from the first towards the second. The\ndistance is as accurate as the approximate reciprocal square root of a^2 + b^2 that it multiplies\nwith, about 22 bits where that sum is an ordinary number. It is not finite, or means nothing,\nwhere a = b = 0 or the sum leaves the range 1.2e-38 to 3.4e38.",
      nullptr, kezlds_arguments},
     {"kezln4", "Lines in the plane, points against segments", "Line through a point in a given direction:",
      "x = x0 as (1, 0, -x0) when p is exactly 0, else\ny = (q / p) x + c as (q / p, -1, c).",
@@ -1392,11 +1392,11 @@ constexpr Routine all[] = {
     {"kezln2", "Lines in the plane, points against segments", "Parallel to a line at a signed distance, positive to the side to which (a, b) points.",
      "",
      nullptr, kezln2_arguments},
-    {"kezln5", "Lines in the plane, points against segments", "Inner bisector of the angle between two rays.",
-     "Equal rays and rays of no length give (0, 0, 0).",
+    {"kezln5", "Lines in the plane, points against segments", "Inner bisector of the angle between two rays; its (a, b) points towards the first ray.",
+     "Rays to\nthe same point, or of no length, give (0, 0, 0).",
      nullptr, kezln5_arguments},
     {"kezpsl", "Lines in the plane, points against segments", "Position of a point P against the segment P1 P2 in space.",
-     "A point is on the line when the cosine\nof the angle between P - P1 and P - P2 is 1 or -1 within the tolerance.\n\n| pos | meaning                                                                          |\n|-----|----------------------------------------------------------------------------------|\n| 0   | off the line (also: within the coincidence box of an end, yet farther than 1.0e-5) |\n| 1   | at P1, at most 1.0e-5 away; this test comes first                                |\n| 2   | at P2, at most 1.0e-5 away                                                       |\n| 3   | between the ends                                                                 |\n| 4   | on the line before P1                                                            |\n| 5   | on the line beyond P2                                                            |",
+     "A point is on the line when the cosine\nof the angle between P - P1 and P - P2 is 1 or -1 within the tolerance; very near an end the\nrounding of the coordinates alone can carry the cosine out of it.\n\n| pos | meaning                                                                       |\n|-----|-------------------------------------------------------------------------------|\n| 0   | off the line, or none of the following (see below)                            |\n| 1   | at P1, at most 1.0e-5 away; this test comes first                             |\n| 2   | at P2, at most 1.0e-5 away                                                    |\n| 3   | between the ends                                                              |\n| 4   | on the line before P1                                                         |\n| 5   | on the line beyond P2                                                         |\n\nIt is also 0 where P is more than 1.0e-5 from an end but coincides with it coordinate by\ncoordinate, where P is equally far from the two ends of a segment of no length, and where a\ncoordinate is not a number.",
      nullptr, kezpsl_arguments},
     {"kezplg", "Lines in the plane, points against segments", "Plane through a point spanned by two directions; its normal is their cross product.",
      "Parallel\ndirections give A = B = C = 0.",
@@ -1426,7 +1426,7 @@ constexpr Routine all[] = {
      "Parallel lines are the same line when\n`kezpsl` finds P3 or P4 on the first line; lines are skew when the triple product of P2 - P1,\nP4 - P3 and P3 - P1 is non-zero.",
      nullptr, kezdirl_arguments},
     {"kezdirp", "Angles and relations", "Relation of two planes.",
-     "Parallel planes are distinct when D1 / D2 differs from the ratio of their\nnormals; that ratio is taken from the last component of the second normal that is non-zero. When\nD2 is not non-zero, 0 stands for D1 / D2; when D1 is not either, the planes are the same.",
+     "Parallel planes are distinct when D1 / D2 differs from the ratio of their\nnormals; that ratio is taken from the last component of the second normal that is non-zero. When\n|D2| <= 1.0e-5, 0 stands for D1 / D2; when |D1| <= 1.0e-5 too, the planes are the same.",
      nullptr, kezdirp_arguments},
     {"kezpos", "Tables", "Interval of an ascending table that holds a value:",
      "the first i with x(i) <= v < x(i + 1). Whether\nthe table ascends is not checked.",
@@ -1453,10 +1453,10 @@ constexpr Routine all[] = {
      "both ends, and between them points at multiples of a step from the first;\n`kezpas` chooses step and number. With n = 1 the point is P2.",
      "The last interior point written. Coinciding ends have no direction: every interior point then gets the kept one, which is (0, 0, 0) before there is any.", keznst_arguments},
     {"kezinr", "Sampling, integration and index runs", "Integral of samples at evenly spaced abscissae from a to b, by a trapezoid rule that leaves out the last interior sample:",
-     "h ((y(1) + y(n)) / 2 + y(2) + ... + y(n - 2)), h = (b - a) / (n - 1).",
+     "h ((y(1) + y(n)) / 2 + y(2) + ... + y(n - 2)), h = (b - a) / (n - 1).\nWith n < 4 there is no interior sample left.",
      nullptr, kezinr_arguments},
     {"kezpar", "Sampling, integration and index runs", "Splits the run of indexes from i1 to i2, in either direction, into its first, third, fifth, ...",
-     "and its second, fourth, sixth, ... members.",
+     "and its second, fourth, sixth, ... members. No more entries are written than the counts say.",
      nullptr, kezpar_arguments},
     {"kezcer", "Circles and arcs in the plane", "Circle from centre and radius:",
      "D = -2 xc, E = -2 yc, F = xc^2 + yc^2 - r^2.",
