@@ -1727,6 +1727,329 @@ KEZ_API void KEZ_CALL kezadr(const int32_t *a, const int32_t counts[], const int
 
 /** @} */
 
+/**
+ * @defgroup lists Lists and polygons
+ *
+ * A list is an array of 32-bit entries and a count; a count below 1 is an empty list and nowhere
+ * an error. A list "of either kind" holds reals or integers, whose bits are moved unchanged.
+ *
+ * Some routines strike entries out by writing a marker over them: the largest entry plus 1, in
+ * 32-bit integers or in single precision. Callers can see markers where a comment says so. The
+ * marker of a real list is equal to the largest entry where that is 1.7e7 or more, and the
+ * comments' comparisons then treat that entry as struck out; the largest integer has no marker
+ * above it, and then no entry counts. Not-a-number is never the largest entry, and every comparison
+ * with it is false. For an empty real list, -3.4028235e38 stands for the largest entry.
+ *
+ * There is no limit on counts. For long lists some routines take memory from the heap while they
+ * run; where there is none, the comment says what comes out, or else the result is the same and
+ * just takes longer.
+ * @{
+ */
+
+/**
+ * Joins two lists of either kind.
+ *
+ * @param[in] n1 entries of a
+ * @param[in] a [n1] first list
+ * @param[in] n2 entries of b
+ * @param[in] b [n2] second list
+ * @param[out] nout entries of out, n1 + n2 with 0 for a count below 1
+ * @param[out] out [max(n1, 0) + max(n2, 0)] the entries of a, then those of b
+ */
+KEZ_API void KEZ_CALL kezmer1(const int32_t *n1, const void *a, const int32_t *n2, const void *b,
+                              int32_t *nout, void *out);
+
+/**
+ * Distinct values of an integer list, ascending.
+ *
+ * @param[in,out] n entries of a; on return the number of distinct values, 0 when one of them is
+ *     2147483647
+ * @param[in,out] a [n] the list; on return the distinct values, and markers behind them
+ */
+KEZ_API void KEZ_CALL kezmer2(int32_t *n, int32_t a[]);
+
+/**
+ * Values that occur at least twice in an integer list, once each, ascending.
+ *
+ * @param[in,out] n entries of a; on return the number of repeated values, 0 when a value is
+ *     2147483647
+ * @param[in,out] a [n] the list; on return the repeated values, and markers behind them
+ */
+KEZ_API void KEZ_CALL kezmer3(int32_t *n, int32_t a[]);
+
+/**
+ * Common and differing entries of two integer lists. Repeated entries are not folded: a value that
+ * stands p times in a and q times in b is common p q times.
+ *
+ * @param[in] n1 entries of a
+ * @param[in] a [n1] first list
+ * @param[in] n2 entries of b
+ * @param[in] b [n2] second list
+ * @param[out] ncom entries of com
+ * @param[out] com [max(n1, 0) * max(n2, 0)] in the order of a, each entry as often as it stands
+ *     in b; entries behind ncom are kept
+ * @param[out] ndif entries of dif
+ * @param[out] dif [max(n1, 0) + max(n2, 0)] entries of a that are not in b, then entries of b that
+ *     are not in a; entries behind ndif are kept
+ */
+KEZ_API void KEZ_CALL kezmer4(const int32_t *n1, const int32_t a[], const int32_t *n2,
+                              const int32_t b[], int32_t *ncom, int32_t com[], int32_t *ndif,
+                              int32_t dif[]);
+
+/**
+ * Joins two lists of either kind; the same as `kezmer1`.
+ *
+ * @param[in] n1 entries of a
+ * @param[in] a [n1] first list
+ * @param[in] n2 entries of b
+ * @param[in] b [n2] second list
+ * @param[out] nout entries of out, n1 + n2 with 0 for a count below 1
+ * @param[out] out [max(n1, 0) + max(n2, 0)] the entries of a, then those of b
+ */
+KEZ_API void KEZ_CALL kezmer11(const int32_t *n1, const void *a, const int32_t *n2, const void *b,
+                               int32_t *nout, void *out);
+
+/**
+ * Distinct values of a real list within a tolerance, ascending. In the order of the list, each
+ * entry strikes out the later ones that differ by less than the tolerance: values exactly tol apart
+ * stay distinct here, unlike in the other routines. The marker is the largest entry + 1 + tol;
+ * what is not below it is dropped, which includes not-a-number.
+ *
+ * @param[in,out] n entries of a; on return the number of distinct values
+ * @param[in,out] a [n] the list; on return the distinct values, and behind them what stood there,
+ *     with markers over what was struck out
+ * @param[in] tol tolerance
+ */
+KEZ_API void KEZ_CALL kezmer12(int32_t *n, float a[], const float *tol);
+
+/**
+ * Pairs of near-equal entries of two real lists: every i and j with |a(i) - b(j)| <= tol, ordered
+ * by i, then by j.
+ *
+ * @param[in] n1 entries of a
+ * @param[in] a [n1] first list
+ * @param[in] n2 entries of b
+ * @param[in] b [n2] second list
+ * @param[out] nm number of pairs
+ * @param[out] ia,ib [max(n1 + n2, max(n1, 0) * max(n2, 0))] positions in a and in b, pair by pair;
+ *     behind nm entries up to n1 + n2 become 0, further ones are kept
+ * @param[in] tol tolerance
+ */
+KEZ_API void KEZ_CALL kezmer13(const int32_t *n1, const float a[], const int32_t *n2,
+                               const float b[], int32_t *nm, int32_t ia[], int32_t ib[],
+                               const float *tol);
+
+/**
+ * Marks the later near-duplicates in a real list. In the order of the list, each entry that is more
+ * than tol away from the marker strikes out the later ones that differ by at most tol. Nothing is
+ * removed.
+ *
+ * @param[in] n entries of a
+ * @param[in,out] a [n] the list; on return with markers
+ * @param[out] nd number of entries marked
+ * @param[out] idx [n - 1] positions of the marked entries, in the order they were marked; entries
+ *     behind nd are kept
+ * @param[out] big the marker, the largest entry + 1; -3.4028235e38 for an empty list
+ * @param[in] tol tolerance
+ */
+KEZ_API void KEZ_CALL kezmer14(const int32_t *n, float a[], int32_t *nd, int32_t idx[], float *big,
+                               const float *tol);
+
+/**
+ * Removes the entries near a value from a real list: those that differ by more than tol remain, in
+ * their order. Not-a-number is removed.
+ *
+ * @param[in] n entries of a
+ * @param[in,out] a [n] the list; on return the remaining entries, those behind nout are kept
+ * @param[in] value the value
+ * @param[out] nout number of remaining entries; n itself does not change
+ * @param[in] tol tolerance
+ */
+KEZ_API void KEZ_CALL kezmer15(const int32_t *n, float a[], const float *value, int32_t *nout,
+                               const float *tol);
+
+/**
+ * Inserts an entry into a list of either kind; the entries from its position on move one place up.
+ * The caller adds 1 to the count.
+ *
+ * @param[in] n entries of a before the insertion
+ * @param[in,out] a [n + 1] the list; unchanged when pos lies outside 1..n + 1
+ * @param[in] pos position of the new entry, 1 in front to n + 1 at the end
+ * @param[in] value [1] the entry
+ */
+KEZ_API void KEZ_CALL kezmer16(const int32_t *n, void *a, const int32_t *pos, const void *value);
+
+/**
+ * Reverses a list of either kind.
+ *
+ * @param[in] n entries of a
+ * @param[in,out] a [n] the list
+ */
+KEZ_API void KEZ_CALL kezmer17(const int32_t *n, void *a);
+
+/**
+ * Reverses a list of either kind; the same as `kezmer17`.
+ *
+ * @param[in] n entries of a
+ * @param[in,out] a [n] the list
+ */
+KEZ_API void KEZ_CALL kezmer18(const int32_t *n, void *a);
+
+/**
+ * Distinct values of a real list within a tolerance, apart from those near a given value, in the
+ * order of the list, with a map from the list to them. Entries are struck out when they are within
+ * tol of the value or of an earlier entry that stands, and when they are within tol of the marker,
+ * the largest entry + 1.
+ *
+ * @param[in] n entries of a
+ * @param[in] a [n] the list
+ * @param[out] out [n] the distinct values; entries behind nout are kept
+ * @param[in] value the value to leave out
+ * @param[out] nout number of distinct values
+ * @param[out] idx [n] for each entry of a the last position in out within tol of it, or 0
+ * @param[in] tol tolerance
+ */
+KEZ_API void KEZ_CALL kezmer19(const int32_t *n, const float a[], float out[], const float *value,
+                               int32_t *nout, int32_t idx[], const float *tol);
+
+/**
+ * Order of a real list without moving its entries. Of equal entries the one at the highest position
+ * comes first. The list comes before its count.
+ *
+ * Pass by pass the smallest entry is chosen and a marker put in its place, the largest entry + 1: a
+ * list with entries so large that the marker is no larger may have positions chosen again. A
+ * pass that begins at a not-a-number chooses none. Only lists of these two sorts need memory, when
+ * long; iord is kept when there is none.
+ *
+ * @param[in] v [n] the list
+ * @param[in] n entries of v
+ * @param[out] iord [n] positions in v by ascending value; an entry is kept when its pass chooses
+ *     none
+ */
+KEZ_API void KEZ_CALL kezordi(const float v[], const int32_t *n, int32_t iord[]);
+
+/**
+ * Order of parallel lines a(i) x + b(i) y + c(i) = 0 across their direction, by ascending
+ * intercept: -c / a on the x axis when `kezlni` says that the first line is parallel to the y axis
+ * and distinct from it, else -c / b on the y axis. Other lines are compared with the first only.
+ *
+ * @param[in] n number of lines
+ * @param[in] a,b,c [n] the lines
+ * @param[out] iord [n] the lines by ascending intercept, as `kezordi` orders them; 1, 2, ..., n
+ *     when status is -1
+ * @param[out] status 0 ordered; -1 when there is no line, when `kezlni` does not find each other
+ *     line parallel to the first and distinct from it, or when memory ran out
+ */
+KEZ_API void KEZ_CALL kezpor(const int32_t *n, const float a[], const float b[], const float c[],
+                             int32_t iord[], int32_t *status);
+
+/**
+ * Principal axes of second moments. The moments are not sorted: u belongs to the axis at theta,
+ * which is the larger or the smaller one. With |r / (p + q)| <= 1.0e-8 (or not a number) the given
+ * axes are principal, else with |q - p| < 1.0e-12 the principal axes are at 45 degrees.
+ *
+ * @param[in] p second moment about the x axis (length^4)
+ * @param[in] q second moment about the y axis (length^4)
+ * @param[in] r product moment (length^4)
+ * @param[out] u moment about the first principal axis (length^4)
+ * @param[out] v moment about the second principal axis (length^4)
+ * @param[out] theta angle from the x axis to the first principal axis, counter-clockwise, between
+ *     -pi/4 and pi/4 (rad)
+ */
+KEZ_API void KEZ_CALL kezinp(const float *p, const float *q, const float *r, float *u, float *v,
+                             float *theta);
+
+/**
+ * Position of a point against a polygon of either sense. The polygon comes back closed and moved,
+ * with the point as its origin. The point is inside when the outline crosses the horizontal line
+ * through it an odd number of times on either side; a crossing at a vertex counts for both edges.
+ *
+ * @param[in] n number of vertices; below 1 the point is outside, below 0 nothing is moved
+ * @param[in,out] X,Y [n + 1] the vertices, of which n are read; on return moved by (-px, -py), with
+ *     the first repeated behind the last (length)
+ * @param[in] px,py the point (length)
+ * @param[out] status 0 inside, -1 outside, 100 on an edge or a vertex, as `kezpsl` finds it
+ */
+KEZ_API void KEZ_CALL kezppp(const int32_t *n, float X[], float Y[], const float *px,
+                             const float *py, int32_t *status);
+
+/**
+ * Cuts a polygon of either sense along a line. The points where the line crosses an edge away from
+ * its ends (1.0e-5 in x or in y) are inserted into the outline; its vertices then go to two parts
+ * by the sign of y, whatever the line: to cut along another line than the x axis, first move and
+ * turn the polygon. Vertices within 1.0e-5 of the x axis belong to both parts.
+ *
+ * When a large polygon finds no memory, n1, n2 and length are 0.
+ *
+ * @param[in] n number of vertices; below 1 both parts are empty
+ * @param[in,out] X,Y [n + 1] the vertices, of which n are read; on return with the first repeated
+ *     behind the last (length)
+ * @param[in] a,b,c the line a x + b y + c = 0
+ * @param[out] n1 vertices of part 1
+ * @param[out] X1,Y1 [2 * n] part 1, y >= -1.0e-5; entries behind n1 are kept (length)
+ * @param[out] n2 vertices of part 2
+ * @param[out] X2,Y2 [2 * n] part 2, y <= 1.0e-5; entries behind n2 are kept (length)
+ * @param[out] length sum of the gaps between the first and second, third and fourth, ... inserted
+ *     point of part 1 by ascending x: the length of the x axis inside the polygon (length)
+ */
+KEZ_API void KEZ_CALL kezpin(const int32_t *n, float X[], float Y[], const float *a, const float *b,
+                             const float *c, int32_t *n1, float X1[], float Y1[], int32_t *n2,
+                             float X2[], float Y2[], float *length);
+
+/**
+ * Position of points against the slab between two parallel planes. The planes must be distinct,
+ * 1 or 2 for `kezdirp`. A point is on a plane when the plane's value A x + B y + C z + D there is
+ * less than 1.0e-5 from 0; with a normal that is not of unit length that is no distance.
+ *
+ * | code | meaning                                            |
+ * |------|----------------------------------------------------|
+ * | 1    | on the first plane and not on the second           |
+ * | 2    | on the second plane                                |
+ * | 3    | between the planes                                 |
+ * | 4    | outside                                            |
+ * | 100  | not classified: planes not parallel, or not distinct |
+ *
+ * @param[in] A1,B1,C1,D1 first plane
+ * @param[in,out] A2,B2,C2,D2 second plane; comes back negated when its normal points the same way
+ *     as that of the first, also when n is below 1
+ * @param[in] n number of points
+ * @param[in] X,Y,Z [n] the points (length)
+ * @param[out] code [n] their positions
+ */
+KEZ_API void KEZ_CALL kezptp1(const float *A1, const float *B1, const float *C1, const float *D1,
+                              float *A2, float *B2, float *C2, float *D2, const int32_t *n,
+                              const float X[], const float Y[], const float Z[], int32_t code[]);
+
+/**
+ * Points on the faces and inside a box of three slabs, each classified by `kezptp1`. On the faces
+ * are all points on one of the six planes, also outside the other slabs; inside are those between
+ * the planes of all three slabs.
+ *
+ * @param[in] A1,B1,C1,D1 slab 1, first plane
+ * @param[in,out] A2,B2,C2,D2 slab 1, second plane; may come back negated
+ * @param[in] A3,B3,C3,D3 slab 2, first plane
+ * @param[in,out] A4,B4,C4,D4 slab 2, second plane; may come back negated
+ * @param[in] A5,B5,C5,D5 slab 3, first plane
+ * @param[in,out] A6,B6,C6,D6 slab 3, second plane; may come back negated
+ * @param[in] n number of points
+ * @param[in] X,Y,Z [n] the points (length)
+ * @param[in] mode 1 points on the faces, 2 points inside, 3 both
+ * @param[out] code1,code2,code3 [n] positions against slab 1, 2 and 3
+ * @param[out] nout entries of out; kept when mode is none of 1, 2 and 3
+ * @param[out] out [n] positions of the points in X, Y and Z: ascending those on the faces, then
+ *     ascending those inside; entries behind nout are kept
+ */
+KEZ_API void KEZ_CALL kezptp2(const float *A1, const float *B1, const float *C1, const float *D1,
+                              float *A2, float *B2, float *C2, float *D2, const float *A3,
+                              const float *B3, const float *C3, const float *D3, float *A4,
+                              float *B4, float *C4, float *D4, const float *A5, const float *B5,
+                              const float *C5, const float *D5, float *A6, float *B6, float *C6,
+                              float *D6, const int32_t *n, const float X[], const float Y[],
+                              const float Z[], const int32_t *mode, int32_t code1[],
+                              int32_t code2[], int32_t code3[], int32_t *nout, int32_t out[]);
+
+/** @} */
+
 #ifdef __cplusplus
 }
 #endif

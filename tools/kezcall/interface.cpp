@@ -1337,6 +1337,208 @@ constexpr Argument kezadr_arguments[] = {
     {"target", word, out, [](Integers v) -> std::int64_t { return v.array(1)(v[2]); }, "counts(n)", "entries of block n"},
 };
 
+constexpr Argument kezmer1_arguments[] = {
+    {"n1", integer, in, nullptr, nullptr, "entries of a"},
+    {"a", word, in, [](Integers v) -> std::int64_t { return v[0]; }, "n1", "first list"},
+    {"n2", integer, in, nullptr, nullptr, "entries of b"},
+    {"b", word, in, [](Integers v) -> std::int64_t { return v[2]; }, "n2", "second list"},
+    {"nout", integer, out, nullptr, nullptr, "entries of out, n1 + n2 with 0 for a count below 1"},
+    {"out", word, out, [](Integers v) -> std::int64_t { return std::max<std::int64_t>(v[0], 0) + std::max<std::int64_t>(v[2], 0); }, "max(n1, 0) + max(n2, 0)", "the entries of a, then those of b"},
+};
+
+constexpr Argument kezmer2_arguments[] = {
+    {"n", integer, in_out, nullptr, nullptr, "entries of a; on return the number of distinct values, 0 when one of them is 2147483647"},
+    {"a", integer, in_out, [](Integers v) -> std::int64_t { return v[0]; }, "n", "the list; on return the distinct values, and markers behind them"},
+};
+
+constexpr Argument kezmer3_arguments[] = {
+    {"n", integer, in_out, nullptr, nullptr, "entries of a; on return the number of repeated values, 0 when a value is 2147483647"},
+    {"a", integer, in_out, [](Integers v) -> std::int64_t { return v[0]; }, "n", "the list; on return the repeated values, and markers behind them"},
+};
+
+constexpr Argument kezmer4_arguments[] = {
+    {"n1", integer, in, nullptr, nullptr, "entries of a"},
+    {"a", integer, in, [](Integers v) -> std::int64_t { return v[0]; }, "n1", "first list"},
+    {"n2", integer, in, nullptr, nullptr, "entries of b"},
+    {"b", integer, in, [](Integers v) -> std::int64_t { return v[2]; }, "n2", "second list"},
+    {"ncom", integer, out, nullptr, nullptr, "entries of com"},
+    {"com", integer, out, [](Integers v) -> std::int64_t { return std::max<std::int64_t>(v[0], 0) * std::max<std::int64_t>(v[2], 0); }, "max(n1, 0) * max(n2, 0)", "in the order of a, each entry as often as it stands in b; entries behind ncom are kept"},
+    {"ndif", integer, out, nullptr, nullptr, "entries of dif"},
+    {"dif", integer, out, [](Integers v) -> std::int64_t { return std::max<std::int64_t>(v[0], 0) + std::max<std::int64_t>(v[2], 0); }, "max(n1, 0) + max(n2, 0)", "entries of a that are not in b, then entries of b that are not in a; entries behind ndif are kept"},
+};
+
+constexpr Argument kezmer11_arguments[] = {
+    {"n1", integer, in, nullptr, nullptr, "entries of a"},
+    {"a", word, in, [](Integers v) -> std::int64_t { return v[0]; }, "n1", "first list"},
+    {"n2", integer, in, nullptr, nullptr, "entries of b"},
+    {"b", word, in, [](Integers v) -> std::int64_t { return v[2]; }, "n2", "second list"},
+    {"nout", integer, out, nullptr, nullptr, "entries of out, n1 + n2 with 0 for a count below 1"},
+    {"out", word, out, [](Integers v) -> std::int64_t { return std::max<std::int64_t>(v[0], 0) + std::max<std::int64_t>(v[2], 0); }, "max(n1, 0) + max(n2, 0)", "the entries of a, then those of b"},
+};
+
+constexpr Argument kezmer12_arguments[] = {
+    {"n", integer, in_out, nullptr, nullptr, "entries of a; on return the number of distinct values"},
+    {"a", real, in_out, [](Integers v) -> std::int64_t { return v[0]; }, "n", "the list; on return the distinct values, and behind them what stood there, with markers over what was struck out"},
+    {"tol", real, in, nullptr, nullptr, "tolerance"},
+};
+
+constexpr Argument kezmer13_arguments[] = {
+    {"n1", integer, in, nullptr, nullptr, "entries of a"},
+    {"a", real, in, [](Integers v) -> std::int64_t { return v[0]; }, "n1", "first list"},
+    {"n2", integer, in, nullptr, nullptr, "entries of b"},
+    {"b", real, in, [](Integers v) -> std::int64_t { return v[2]; }, "n2", "second list"},
+    {"nm", integer, out, nullptr, nullptr, "number of pairs"},
+    {"ia", integer, out, [](Integers v) -> std::int64_t { return std::max<std::int64_t>(v[0] + v[2], std::max<std::int64_t>(v[0], 0) * std::max<std::int64_t>(v[2], 0)); }, "max(n1 + n2, max(n1, 0) * max(n2, 0))", "positions in a and in b, pair by pair; behind nm entries up to n1 + n2 become 0, further ones are kept"},
+    {"ib", integer, out, [](Integers v) -> std::int64_t { return std::max<std::int64_t>(v[0] + v[2], std::max<std::int64_t>(v[0], 0) * std::max<std::int64_t>(v[2], 0)); }, "max(n1 + n2, max(n1, 0) * max(n2, 0))", "positions in a and in b, pair by pair; behind nm entries up to n1 + n2 become 0, further ones are kept"},
+    {"tol", real, in, nullptr, nullptr, "tolerance"},
+};
+
+constexpr Argument kezmer14_arguments[] = {
+    {"n", integer, in, nullptr, nullptr, "entries of a"},
+    {"a", real, in_out, [](Integers v) -> std::int64_t { return v[0]; }, "n", "the list; on return with markers"},
+    {"nd", integer, out, nullptr, nullptr, "number of entries marked"},
+    {"idx", integer, out, [](Integers v) -> std::int64_t { return v[0] - 1; }, "n - 1", "positions of the marked entries, in the order they were marked; entries behind nd are kept"},
+    {"big", real, out, nullptr, nullptr, "the marker, the largest entry + 1; -3.4028235e38 for an empty list"},
+    {"tol", real, in, nullptr, nullptr, "tolerance"},
+};
+
+constexpr Argument kezmer15_arguments[] = {
+    {"n", integer, in, nullptr, nullptr, "entries of a"},
+    {"a", real, in_out, [](Integers v) -> std::int64_t { return v[0]; }, "n", "the list; on return the remaining entries, those behind nout are kept"},
+    {"value", real, in, nullptr, nullptr, "the value"},
+    {"nout", integer, out, nullptr, nullptr, "number of remaining entries; n itself does not change"},
+    {"tol", real, in, nullptr, nullptr, "tolerance"},
+};
+
+constexpr Argument kezmer16_arguments[] = {
+    {"n", integer, in, nullptr, nullptr, "entries of a before the insertion"},
+    {"a", word, in_out, [](Integers v) -> std::int64_t { return v[0] + 1; }, "n + 1", "the list; unchanged when pos lies outside 1..n + 1"},
+    {"pos", integer, in, nullptr, nullptr, "position of the new entry, 1 in front to n + 1 at the end"},
+    {"value", word, in, [](Integers ) -> std::int64_t { return 1; }, "1", "the entry"},
+};
+
+constexpr Argument kezmer17_arguments[] = {
+    {"n", integer, in, nullptr, nullptr, "entries of a"},
+    {"a", word, in_out, [](Integers v) -> std::int64_t { return v[0]; }, "n", "the list"},
+};
+
+constexpr Argument kezmer18_arguments[] = {
+    {"n", integer, in, nullptr, nullptr, "entries of a"},
+    {"a", word, in_out, [](Integers v) -> std::int64_t { return v[0]; }, "n", "the list"},
+};
+
+constexpr Argument kezmer19_arguments[] = {
+    {"n", integer, in, nullptr, nullptr, "entries of a"},
+    {"a", real, in, [](Integers v) -> std::int64_t { return v[0]; }, "n", "the list"},
+    {"out", real, out, [](Integers v) -> std::int64_t { return v[0]; }, "n", "the distinct values; entries behind nout are kept"},
+    {"value", real, in, nullptr, nullptr, "the value to leave out"},
+    {"nout", integer, out, nullptr, nullptr, "number of distinct values"},
+    {"idx", integer, out, [](Integers v) -> std::int64_t { return v[0]; }, "n", "for each entry of a the last position in out within tol of it, or 0"},
+    {"tol", real, in, nullptr, nullptr, "tolerance"},
+};
+
+constexpr Argument kezordi_arguments[] = {
+    {"v", real, in, [](Integers v) -> std::int64_t { return v[1]; }, "n", "the list"},
+    {"n", integer, in, nullptr, nullptr, "entries of v"},
+    {"iord", integer, out, [](Integers v) -> std::int64_t { return v[1]; }, "n", "positions in v by ascending value; an entry is kept when its pass chooses none"},
+};
+
+constexpr Argument kezpor_arguments[] = {
+    {"n", integer, in, nullptr, nullptr, "number of lines"},
+    {"a", real, in, [](Integers v) -> std::int64_t { return v[0]; }, "n", "the lines"},
+    {"b", real, in, [](Integers v) -> std::int64_t { return v[0]; }, "n", "the lines"},
+    {"c", real, in, [](Integers v) -> std::int64_t { return v[0]; }, "n", "the lines"},
+    {"iord", integer, out, [](Integers v) -> std::int64_t { return v[0]; }, "n", "the lines by ascending intercept, as `kezordi` orders them; 1, 2, ..., n when status is -1"},
+    {"status", integer, out, nullptr, nullptr, "0 ordered; -1 when there is no line, when `kezlni` does not find each other line parallel to the first and distinct from it, or when memory ran out"},
+};
+
+constexpr Argument kezinp_arguments[] = {
+    {"p", real, in, nullptr, nullptr, "second moment about the x axis (length^4)"},
+    {"q", real, in, nullptr, nullptr, "second moment about the y axis (length^4)"},
+    {"r", real, in, nullptr, nullptr, "product moment (length^4)"},
+    {"u", real, out, nullptr, nullptr, "moment about the first principal axis (length^4)"},
+    {"v", real, out, nullptr, nullptr, "moment about the second principal axis (length^4)"},
+    {"theta", real, out, nullptr, nullptr, "angle from the x axis to the first principal axis, counter-clockwise, between -pi/4 and pi/4 (rad)"},
+};
+
+constexpr Argument kezppp_arguments[] = {
+    {"n", integer, in, nullptr, nullptr, "number of vertices; below 1 the point is outside, below 0 nothing is moved"},
+    {"X", real, in_out, [](Integers v) -> std::int64_t { return v[0] + 1; }, "n + 1", "the vertices, of which n are read; on return moved by (-px, -py), with the first repeated behind the last (length)"},
+    {"Y", real, in_out, [](Integers v) -> std::int64_t { return v[0] + 1; }, "n + 1", "the vertices, of which n are read; on return moved by (-px, -py), with the first repeated behind the last (length)"},
+    {"px", real, in, nullptr, nullptr, "the point (length)"},
+    {"py", real, in, nullptr, nullptr, "the point (length)"},
+    {"status", integer, out, nullptr, nullptr, "0 inside, -1 outside, 100 on an edge or a vertex, as `kezpsl` finds it"},
+};
+
+constexpr Argument kezpin_arguments[] = {
+    {"n", integer, in, nullptr, nullptr, "number of vertices; below 1 both parts are empty"},
+    {"X", real, in_out, [](Integers v) -> std::int64_t { return v[0] + 1; }, "n + 1", "the vertices, of which n are read; on return with the first repeated behind the last (length)"},
+    {"Y", real, in_out, [](Integers v) -> std::int64_t { return v[0] + 1; }, "n + 1", "the vertices, of which n are read; on return with the first repeated behind the last (length)"},
+    {"a", real, in, nullptr, nullptr, "the line a x + b y + c = 0"},
+    {"b", real, in, nullptr, nullptr, "the line a x + b y + c = 0"},
+    {"c", real, in, nullptr, nullptr, "the line a x + b y + c = 0"},
+    {"n1", integer, out, nullptr, nullptr, "vertices of part 1"},
+    {"X1", real, out, [](Integers v) -> std::int64_t { return 2 * v[0]; }, "2 * n", "part 1, y >= -1.0e-5; entries behind n1 are kept (length)"},
+    {"Y1", real, out, [](Integers v) -> std::int64_t { return 2 * v[0]; }, "2 * n", "part 1, y >= -1.0e-5; entries behind n1 are kept (length)"},
+    {"n2", integer, out, nullptr, nullptr, "vertices of part 2"},
+    {"X2", real, out, [](Integers v) -> std::int64_t { return 2 * v[0]; }, "2 * n", "part 2, y <= 1.0e-5; entries behind n2 are kept (length)"},
+    {"Y2", real, out, [](Integers v) -> std::int64_t { return 2 * v[0]; }, "2 * n", "part 2, y <= 1.0e-5; entries behind n2 are kept (length)"},
+    {"length", real, out, nullptr, nullptr, "sum of the gaps between the first and second, third and fourth, ... inserted point of part 1 by ascending x: the length of the x axis inside the polygon (length)"},
+};
+
+constexpr Argument kezptp1_arguments[] = {
+    {"A1", real, in, nullptr, nullptr, "first plane"},
+    {"B1", real, in, nullptr, nullptr, "first plane"},
+    {"C1", real, in, nullptr, nullptr, "first plane"},
+    {"D1", real, in, nullptr, nullptr, "first plane"},
+    {"A2", real, in_out, nullptr, nullptr, "second plane; comes back negated when its normal points the same way as that of the first, also when n is below 1"},
+    {"B2", real, in_out, nullptr, nullptr, "second plane; comes back negated when its normal points the same way as that of the first, also when n is below 1"},
+    {"C2", real, in_out, nullptr, nullptr, "second plane; comes back negated when its normal points the same way as that of the first, also when n is below 1"},
+    {"D2", real, in_out, nullptr, nullptr, "second plane; comes back negated when its normal points the same way as that of the first, also when n is below 1"},
+    {"n", integer, in, nullptr, nullptr, "number of points"},
+    {"X", real, in, [](Integers v) -> std::int64_t { return v[8]; }, "n", "the points (length)"},
+    {"Y", real, in, [](Integers v) -> std::int64_t { return v[8]; }, "n", "the points (length)"},
+    {"Z", real, in, [](Integers v) -> std::int64_t { return v[8]; }, "n", "the points (length)"},
+    {"code", integer, out, [](Integers v) -> std::int64_t { return v[8]; }, "n", "their positions"},
+};
+
+constexpr Argument kezptp2_arguments[] = {
+    {"A1", real, in, nullptr, nullptr, "slab 1, first plane"},
+    {"B1", real, in, nullptr, nullptr, "slab 1, first plane"},
+    {"C1", real, in, nullptr, nullptr, "slab 1, first plane"},
+    {"D1", real, in, nullptr, nullptr, "slab 1, first plane"},
+    {"A2", real, in_out, nullptr, nullptr, "slab 1, second plane; may come back negated"},
+    {"B2", real, in_out, nullptr, nullptr, "slab 1, second plane; may come back negated"},
+    {"C2", real, in_out, nullptr, nullptr, "slab 1, second plane; may come back negated"},
+    {"D2", real, in_out, nullptr, nullptr, "slab 1, second plane; may come back negated"},
+    {"A3", real, in, nullptr, nullptr, "slab 2, first plane"},
+    {"B3", real, in, nullptr, nullptr, "slab 2, first plane"},
+    {"C3", real, in, nullptr, nullptr, "slab 2, first plane"},
+    {"D3", real, in, nullptr, nullptr, "slab 2, first plane"},
+    {"A4", real, in_out, nullptr, nullptr, "slab 2, second plane; may come back negated"},
+    {"B4", real, in_out, nullptr, nullptr, "slab 2, second plane; may come back negated"},
+    {"C4", real, in_out, nullptr, nullptr, "slab 2, second plane; may come back negated"},
+    {"D4", real, in_out, nullptr, nullptr, "slab 2, second plane; may come back negated"},
+    {"A5", real, in, nullptr, nullptr, "slab 3, first plane"},
+    {"B5", real, in, nullptr, nullptr, "slab 3, first plane"},
+    {"C5", real, in, nullptr, nullptr, "slab 3, first plane"},
+    {"D5", real, in, nullptr, nullptr, "slab 3, first plane"},
+    {"A6", real, in_out, nullptr, nullptr, "slab 3, second plane; may come back negated"},
+    {"B6", real, in_out, nullptr, nullptr, "slab 3, second plane; may come back negated"},
+    {"C6", real, in_out, nullptr, nullptr, "slab 3, second plane; may come back negated"},
+    {"D6", real, in_out, nullptr, nullptr, "slab 3, second plane; may come back negated"},
+    {"n", integer, in, nullptr, nullptr, "number of points"},
+    {"X", real, in, [](Integers v) -> std::int64_t { return v[24]; }, "n", "the points (length)"},
+    {"Y", real, in, [](Integers v) -> std::int64_t { return v[24]; }, "n", "the points (length)"},
+    {"Z", real, in, [](Integers v) -> std::int64_t { return v[24]; }, "n", "the points (length)"},
+    {"mode", integer, in, nullptr, nullptr, "1 points on the faces, 2 points inside, 3 both"},
+    {"code1", integer, out, [](Integers v) -> std::int64_t { return v[24]; }, "n", "positions against slab 1, 2 and 3"},
+    {"code2", integer, out, [](Integers v) -> std::int64_t { return v[24]; }, "n", "positions against slab 1, 2 and 3"},
+    {"code3", integer, out, [](Integers v) -> std::int64_t { return v[24]; }, "n", "positions against slab 1, 2 and 3"},
+    {"nout", integer, out, nullptr, nullptr, "entries of out; kept when mode is none of 1, 2 and 3"},
+    {"out", integer, out, [](Integers v) -> std::int64_t { return v[24]; }, "n", "positions of the points in X, Y and Z: ascending those on the faces, then ascending those inside; entries behind nout are kept"},
+};
+
 constexpr Routine all[] = {
     {"kezpds", "Points and vectors", "Distance between two points.",
      "",
@@ -1629,6 +1831,66 @@ constexpr Routine all[] = {
     {"kezadr", "Steel sections and design values", "Copies one block out of an array in which blocks of entries stand one after another:",
      "one contour\nout of an outline's coordinates. Entries of either kind, reals or integers, are copied as they\nare. Nothing is copied when n is below 1, or when the counts of the blocks before, which are\nadded as they are, have a sum below 0.",
      nullptr, kezadr_arguments},
+    {"kezmer1", "Lists and polygons", "Joins two lists of either kind.",
+     "",
+     nullptr, kezmer1_arguments},
+    {"kezmer2", "Lists and polygons", "Distinct values of an integer list, ascending.",
+     "",
+     nullptr, kezmer2_arguments},
+    {"kezmer3", "Lists and polygons", "Values that occur at least twice in an integer list, once each, ascending.",
+     "",
+     nullptr, kezmer3_arguments},
+    {"kezmer4", "Lists and polygons", "Common and differing entries of two integer lists.",
+     "Repeated entries are not folded: a value that\nstands p times in a and q times in b is common p q times.",
+     nullptr, kezmer4_arguments},
+    {"kezmer11", "Lists and polygons", "Joins two lists of either kind; the same as `kezmer1`.",
+     "",
+     nullptr, kezmer11_arguments},
+    {"kezmer12", "Lists and polygons", "Distinct values of a real list within a tolerance, ascending.",
+     "In the order of the list, each\nentry strikes out the later ones that differ by less than the tolerance: values exactly tol apart\nstay distinct here, unlike in the other routines. The marker is the largest entry + 1 + tol;\nwhat is not below it is dropped, which includes not-a-number.",
+     nullptr, kezmer12_arguments},
+    {"kezmer13", "Lists and polygons", "Pairs of near-equal entries of two real lists:",
+     "every i and j with |a(i) - b(j)| <= tol, ordered\nby i, then by j.",
+     nullptr, kezmer13_arguments},
+    {"kezmer14", "Lists and polygons", "Marks the later near-duplicates in a real list.",
+     "In the order of the list, each entry that is more\nthan tol away from the marker strikes out the later ones that differ by at most tol. Nothing is\nremoved.",
+     nullptr, kezmer14_arguments},
+    {"kezmer15", "Lists and polygons", "Removes the entries near a value from a real list:",
+     "those that differ by more than tol remain, in\ntheir order. Not-a-number is removed.",
+     nullptr, kezmer15_arguments},
+    {"kezmer16", "Lists and polygons", "Inserts an entry into a list of either kind; the entries from its position on move one place up.",
+     "The caller adds 1 to the count.",
+     nullptr, kezmer16_arguments},
+    {"kezmer17", "Lists and polygons", "Reverses a list of either kind.",
+     "",
+     nullptr, kezmer17_arguments},
+    {"kezmer18", "Lists and polygons", "Reverses a list of either kind; the same as `kezmer17`.",
+     "",
+     nullptr, kezmer18_arguments},
+    {"kezmer19", "Lists and polygons", "Distinct values of a real list within a tolerance, apart from those near a given value, in the order of the list, with a map from the list to them.",
+     "Entries are struck out when they are within\ntol of the value or of an earlier entry that stands, and when they are within tol of the marker,\nthe largest entry + 1.",
+     nullptr, kezmer19_arguments},
+    {"kezordi", "Lists and polygons", "Order of a real list without moving its entries.",
+     "Of equal entries the one at the highest position\ncomes first. The list comes before its count.\n\nPass by pass the smallest entry is chosen and a marker put in its place, the largest entry + 1: a\nlist with entries so large that the marker is no larger may have positions chosen again. A\npass that begins at a not-a-number chooses none. Only lists of these two sorts need memory, when\nlong; iord is kept when there is none.",
+     nullptr, kezordi_arguments},
+    {"kezpor", "Lists and polygons", "Order of parallel lines a(i) x + b(i) y + c(i) = 0 across their direction, by ascending intercept:",
+     "-c / a on the x axis when `kezlni` says that the first line is parallel to the y axis\nand distinct from it, else -c / b on the y axis. Other lines are compared with the first only.",
+     nullptr, kezpor_arguments},
+    {"kezinp", "Lists and polygons", "Principal axes of second moments.",
+     "The moments are not sorted: u belongs to the axis at theta,\nwhich is the larger or the smaller one. With |r / (p + q)| <= 1.0e-8 (or not a number) the given\naxes are principal, else with |q - p| < 1.0e-12 the principal axes are at 45 degrees.",
+     nullptr, kezinp_arguments},
+    {"kezppp", "Lists and polygons", "Position of a point against a polygon of either sense.",
+     "The polygon comes back closed and moved,\nwith the point as its origin. The point is inside when the outline crosses the horizontal line\nthrough it an odd number of times on either side; a crossing at a vertex counts for both edges.",
+     nullptr, kezppp_arguments},
+    {"kezpin", "Lists and polygons", "Cuts a polygon of either sense along a line.",
+     "The points where the line crosses an edge away from\nits ends (1.0e-5 in x or in y) are inserted into the outline; its vertices then go to two parts\nby the sign of y, whatever the line: to cut along another line than the x axis, first move and\nturn the polygon. Vertices within 1.0e-5 of the x axis belong to both parts.\n\nWhen a large polygon finds no memory, n1, n2 and length are 0.",
+     nullptr, kezpin_arguments},
+    {"kezptp1", "Lists and polygons", "Position of points against the slab between two parallel planes.",
+     "The planes must be distinct,\n1 or 2 for `kezdirp`. A point is on a plane when the plane's value A x + B y + C z + D there is\nless than 1.0e-5 from 0; with a normal that is not of unit length that is no distance.\n\n| code | meaning                                            |\n|------|----------------------------------------------------|\n| 1    | on the first plane and not on the second           |\n| 2    | on the second plane                                |\n| 3    | between the planes                                 |\n| 4    | outside                                            |\n| 100  | not classified: planes not parallel, or not distinct |",
+     nullptr, kezptp1_arguments},
+    {"kezptp2", "Lists and polygons", "Points on the faces and inside a box of three slabs, each classified by `kezptp1`.",
+     "On the faces\nare all points on one of the six planes, also outside the other slabs; inside are those between\nthe planes of all three slabs.",
+     nullptr, kezptp2_arguments},
 };
 
 }  // namespace

@@ -1,0 +1,32 @@
+// Lists of integers, and lists of either kind whose entries are only moved.
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+#include "../frame/tables.h"
+
+namespace kez {
+
+// Writes the entries of a, then those of b, and returns their number.
+std::int32_t join(std::span<const Word> a, std::span<const Word> b, Word joined[]) noexcept;
+
+// The last entry of the list is the room for the new one. A position outside 1 .. size changes
+// nothing.
+void insert(std::span<Word> list, std::int32_t position, Word value) noexcept;
+
+// These sort the list, leave the distinct values or those that occur at least twice in front, write
+// the marker over all others, and return the number of entries below the marker.
+std::int32_t keep_distinct(std::span<std::int32_t> list) noexcept;
+std::int32_t keep_repeated(std::span<std::int32_t> list) noexcept;
+
+struct Comparison {
+  std::int32_t common, differing;
+};
+
+// Writes the entries of a as often as they stand in b, and the entries of a and of b that do not
+// stand in the other.
+Comparison compare(std::span<const std::int32_t> a, std::span<const std::int32_t> b,
+                   std::int32_t common[], std::int32_t differing[]) noexcept;
+
+}  // namespace kez

@@ -1,0 +1,80 @@
+#include "ordering.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <numeric>
+#include <optional>
+
+#include "../space/line_intersections.h"
+#include "extremes.h"
+#include "work_list.h"
+
+namespace kez {
+
+namespace {
+
+// The last of the smallest entries: none when the one to begin with is not a number, which nothing
+// is smaller than or equal to.
+std::optional<std::size_t> choose(std::span<const float> list, std::size_t begin) noexcept {
+  const float least = smallest(list, list[begin]);
+  for (std::size_t i = list.size(); i-- > 0;) {
+    if (list[i] == least) return i;
+  }
+  return std::nullopt;
+}
+
+// Chosen entries give way to the marker. Where it is no larger than others, they are chosen again.
+void order_by_passes(std::span<const float> list, float marker, std::int32_t order[]) noexcept {
+  WorkList<float> memory(list.size());
+  if (!memory) return;
+  const auto left = memory.entries();
+  std::ranges::copy(list, left.begin());
+  for (std::size_t k = 0; k < left.size(); ++k) {
+    const auto chosen = choose(left, k);
+    if (!chosen) continue;
+    left[*chosen] = marker;
+    order[k] = static_cast<std::int32_t>(*chosen) + 1;
+  }
+}
+
+}  // namespace
+
+void order_ascending(std::span<const float> list, std::int32_t order[]) noexcept {
+  const float top = largest(list), marker = top + 1.0f;
+  if (!(marker > top) || std::ranges::any_of(list, [](float x) { return std::isnan(x); })) {
+    order_by_passes(list, marker, order);
+    return;
+  }
+  const auto entry = [list](std::int32_t i) { return list[static_cast<std::size_t>(i) - 1]; };
+  std::iota(order, order + list.size(), 1);
+  std::sort(order, order + list.size(), [entry](std::int32_t i, std::int32_t j) {
+    return entry(i) < entry(j) || (entry(i) == entry(j) && i > j);
+  });
+}
+
+LineOrder order_parallel_lines(LineFamily lines, std::int32_t order[]) noexcept {
+  const std::size_t n = lines.a.size();
+  if (n == 0) return LineOrder::not_ordered;
+  const auto line = [&](std::size_t i) { return Line{lines.a[i], lines.b[i], lines.c[i]}; };
+  const auto parallel_to_first = [&](Line other) {
+    return intersect(line(0), other).status == Meeting::parallel;
+  };
+
+  bool family = true;
+  for (std::size_t i = 1; i < n && family; ++i) family = parallel_to_first(line(i));
+  WorkList<float> memory(n);
+  if (!family || !memory) {
+    std::iota(order, order + n, 1);
+    return LineOrder::not_ordered;
+  }
+
+  // A first line that is the y axis itself is none of the vertical ones: kept.
+  const auto divisors = parallel_to_first({1, 0, 0}) ? lines.a : lines.b;
+  const auto intercepts = memory.entries();
+  for (std::size_t i = 0; i < n; ++i) intercepts[i] = -lines.c[i] / divisors[i];
+  order_ascending(intercepts, order);
+  return LineOrder::ordered;
+}
+
+}  // namespace kez

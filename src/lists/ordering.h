@@ -1,0 +1,24 @@
+// Orders of lists and of parallel lines, as lists of positions.
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+namespace kez {
+
+// Writes the positions of the entries by ascending value, of equal entries the last first. Where
+// not-a-number or very large entries spoil the choice, what the choosing pass by pass gives.
+void order_ascending(std::span<const float> list, std::int32_t order[]) noexcept;
+
+// Lines a x + b y + c = 0; the three lists have one length.
+struct LineFamily {
+  std::span<const float> a, b, c;
+};
+
+enum class LineOrder : std::int32_t { ordered = 0, not_ordered = -1 };
+
+// Writes the positions of parallel and distinct lines by ascending intercept; of others, and when
+// there is no memory, 1, 2, ..., n.
+LineOrder order_parallel_lines(LineFamily lines, std::int32_t order[]) noexcept;
+
+}  // namespace kez
