@@ -4,7 +4,6 @@
 #include <cmath>
 #include <cstddef>
 #include <numeric>
-#include <optional>
 
 #include "../space/line_intersections.h"
 #include "extremes.h"
@@ -14,14 +13,16 @@ namespace kez {
 
 namespace {
 
-// The last of the smallest entries: none when the one to begin with is not a number, which nothing
-// is smaller than or equal to.
-std::optional<std::size_t> choose(std::span<const float> list, std::size_t begin) noexcept {
-  const float least = smallest(list, list[begin]);
-  for (std::size_t i = list.size(); i-- > 0;) {
-    if (list[i] == least) return i;
+// The position of the last of the smallest entries, 0 when the one to begin with is not a number,
+// which nothing is smaller than or equal to.
+std::int32_t choose(std::span<const float> list, float begin) noexcept {
+  const float least = smallest(list, begin);
+  const auto n = static_cast<std::int32_t>(list.size());
+  std::int32_t chosen = 0;
+  for (std::int32_t i = 0; i < n; ++i) {
+    chosen = list[static_cast<std::size_t>(i)] == least ? i + 1 : chosen;
   }
-  return std::nullopt;
+  return chosen;
 }
 
 // Chosen entries give way to the marker. Where it is no larger than others, they are chosen again.
@@ -31,10 +32,10 @@ void order_by_passes(std::span<const float> list, float marker, std::int32_t ord
   const auto left = memory.entries();
   std::ranges::copy(list, left.begin());
   for (std::size_t k = 0; k < left.size(); ++k) {
-    const auto chosen = choose(left, k);
-    if (!chosen) continue;
-    left[*chosen] = marker;
-    order[k] = static_cast<std::int32_t>(*chosen) + 1;
+    const std::int32_t chosen = choose(left, left[k]);
+    if (chosen == 0) continue;
+    left[static_cast<std::size_t>(chosen) - 1] = marker;
+    order[k] = chosen;
   }
 }
 
