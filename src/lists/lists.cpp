@@ -15,7 +15,7 @@ std::int32_t mark_behind(std::span<std::int32_t> list, std::size_t kept,
                          std::int32_t largest) noexcept {
   const auto marker = static_cast<std::int32_t>(static_cast<std::uint32_t>(largest) + 1);
   const auto tail = list.subspan(kept);
-  std::ranges::fill(tail, marker);
+  std::fill(tail.begin(), tail.end(), marker);
   if (marker > largest) return static_cast<std::int32_t>(kept);
   std::rotate(list.begin(), tail.begin(), list.end());
   return 0;
@@ -24,7 +24,7 @@ std::int32_t mark_behind(std::span<std::int32_t> list, std::size_t kept,
 }  // namespace
 
 std::int32_t join(std::span<const Word> a, std::span<const Word> b, Word joined[]) noexcept {
-  const auto end = std::ranges::copy(b, std::ranges::copy(a, joined).out).out;
+  Word* const end = std::copy(b.begin(), b.end(), std::copy(a.begin(), a.end(), joined));
   return static_cast<std::int32_t>(end - joined);
 }
 
@@ -66,12 +66,12 @@ class Occurrences {
         copy_(list.size() < long_list ? 0 : list.size()),
         sorted_(list.size() >= long_list && copy_) {
     if (!sorted_) return;
-    std::ranges::copy(list, copy_.entries().begin());
+    std::copy(list.begin(), list.end(), copy_.entries().begin());
     sort_ascending(copy_.entries());
   }
 
   std::ptrdiff_t of(std::int32_t value) const noexcept {
-    if (!sorted_) return std::ranges::count(list_, value);
+    if (!sorted_) return std::count(list_.begin(), list_.end(), value);
     const auto sorted = copy_.entries();
     const auto [begin, end] = std::equal_range(sorted.begin(), sorted.end(), value);
     return end - begin;

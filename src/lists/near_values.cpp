@@ -38,7 +38,8 @@ class SortedEntries {
         memory_.entries()[count++] = {list[i], static_cast<std::uint32_t>(i)};
     }
     entries_ = memory_.entries().first(count);
-    std::ranges::sort(entries_, {}, &Entry::value);
+    std::sort(entries_.begin(), entries_.end(),
+              [](const Entry& p, const Entry& q) { return p.value < q.value; });
   }
 
   // False where there was no memory.
@@ -198,7 +199,7 @@ std::int32_t map_distinct(std::span<const float> list, float value, float tol, f
     if (apart(stands[i] ? list[i] : marker, marker, tol)) distinct[count++] = list[i];
   }
 
-  std::ranges::fill(map, 0);
+  std::fill(map.begin(), map.end(), 0);
   for (std::int32_t k = 0; k < count; ++k) {
     search.visit(distinct[k], 0,
                  [&](std::size_t i, bool is_near) { map[i] = is_near ? k + 1 : map[i]; });

@@ -30,7 +30,7 @@ void order_by_passes(std::span<const float> list, float marker, std::int32_t ord
   WorkList<float> memory(list.size());
   if (!memory) return;
   const auto left = memory.entries();
-  std::ranges::copy(list, left.begin());
+  std::copy(list.begin(), list.end(), left.begin());
   for (std::size_t k = 0; k < left.size(); ++k) {
     const std::int32_t chosen = choose(left, left[k]);
     if (chosen == 0) continue;
@@ -43,7 +43,8 @@ void order_by_passes(std::span<const float> list, float marker, std::int32_t ord
 
 void order_ascending(std::span<const float> list, std::int32_t order[]) noexcept {
   const float top = largest(list), marker = top + 1.0f;
-  if (!(marker > top) || std::ranges::any_of(list, [](float x) { return std::isnan(x); })) {
+  const auto is_nan = [](float x) { return std::isnan(x); };
+  if (!(marker > top) || std::any_of(list.begin(), list.end(), is_nan)) {
     order_by_passes(list, marker, order);
     return;
   }

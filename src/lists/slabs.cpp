@@ -73,12 +73,12 @@ std::int32_t select_points(const BoxPositions& box, BoxSelection selection,
   };
   if (selection != BoxSelection::inside) {
     take_where([&](std::size_t i) {
-      return std::ranges::any_of(box, [i](auto slab) { return on_face(slab[i]); });
+      return std::any_of(box.begin(), box.end(), [i](auto slab) { return on_face(slab[i]); });
     });
   }
   if (selection != BoxSelection::on_faces) {
     take_where([&](std::size_t i) {
-      return std::ranges::all_of(box, [i](auto slab) { return between(slab[i]); });
+      return std::all_of(box.begin(), box.end(), [i](auto slab) { return between(slab[i]); });
     });
   }
   return count;
