@@ -261,16 +261,19 @@ TEST(Lists, AgreeWithTheStandardLibrary) {
 }
 
 TEST(Lists, WithoutMemoryOutputsAreEmpty) {
-  const OutOfMemory memory;
-  const Reals zeros(300, 0.0f), huge(300, 1e9f);
-  Reals ones(300, 1.0f);
-  std::iota(ones.begin(), ones.end(), -300.0f);
-  Integers order(300, -1), untouched = order, identity(300);
+  const Reals zeros(300, 0.0f), ones(300, 1.0f), huge(300, 1e9f);
+  Reals c(300);
+  std::iota(c.begin(), c.end(), -300.0f);
+  Integers order(300, -1), identity(300);
   std::iota(identity.begin(), identity.end(), 1);
-  order_ascending(huge, order.data());
-  EXPECT_EQ(order, untouched);
-  const Reals level(300, 1.0f);
-  EXPECT_EQ(order_parallel_lines({zeros, level, ones}, order.data()), LineOrder::not_ordered);
+  EXPECT_EQ(order_parallel_lines({zeros, ones, c}, order.data()), LineOrder::ordered);
+  EXPECT_EQ(order, Integers(identity.rbegin(), identity.rend()));
+
+  const OutOfMemory memory;
+  const Integers before = order;
+  EXPECT_FALSE(order_ascending(huge, order.data()));
+  EXPECT_EQ(order, before);
+  EXPECT_EQ(order_parallel_lines({zeros, ones, c}, order.data()), LineOrder::not_ordered);
   EXPECT_EQ(order, identity);
 
   Reals xs(301), ys(301), x1(600), y1(600), x2(600), y2(600);
@@ -327,15 +330,15 @@ TEST(Polygons, PointIsInsideWhereTheOutlineWindsRoundIt) {
   for (int round = 0; round < 5000; ++round) {
     Star star = any_star(random);
     const Vec2 p = {random.real(-6, 6), random.real(-6, 6)};
-    double winding = 0;
+    float winding = 0;
     bool clear = true;
     for (std::size_t i = 0; i < star.n(); ++i) {
       const std::size_t j = (i + 1) % star.n();
-      const double ux = star.xs[i] - p.x, uy = star.ys[i] - p.y;
-      const double wx = star.xs[j] - p.x, wy = star.ys[j] - p.y;
-      const double turn = std::atan2(ux * wy - uy * wx, ux * wx + uy * wy);
+      const float ux = star.xs[i] - p.x, uy = star.ys[i] - p.y;
+      const float wx = star.xs[j] - p.x, wy = star.ys[j] - p.y;
+      const float turn = std::atan2(ux * wy - uy * wx, ux * wx + uy * wy);
       winding += turn;
-      clear &= std::fabs(turn) < 3.1 && std::fabs(uy) > 1e-2;
+      clear &= std::fabs(turn) < 3.1f && std::fabs(uy) > 1e-2f;
     }
     if (!clear) continue;
     const bool is_inside = std::fabs(winding) > 3;

@@ -160,11 +160,11 @@ NearDuplicates mark_near_duplicates(std::span<float> list, float tol,
   const NearSearch search(list, tol);
   std::size_t count = 0;
   for (std::size_t i = 0; i < list.size(); ++i) {
-    // Nothing near an entry that is apart from the marker can be marked already.
     const float x = list[i];
     if (!apart(x, marker, tol)) continue;
     const std::size_t first = count;
     search.visit(x, i + 1, [&](std::size_t j, bool is_near) {
+      // The search may still know a marked entry by its old value.
       if (!is_near || list[j] == marker) return;
       list[j] = marker;
       positions[count++] = position(j);

@@ -26,9 +26,9 @@ std::int32_t choose(std::span<const float> list, float begin) noexcept {
 }
 
 // Chosen entries give way to the marker. Where it is no larger than others, they are chosen again.
-void order_by_passes(std::span<const float> list, float marker, std::int32_t order[]) noexcept {
+bool order_by_passes(std::span<const float> list, float marker, std::int32_t order[]) noexcept {
   WorkList<float> memory(list.size());
-  if (!memory) return;
+  if (!memory) return false;
   const auto left = memory.entries();
   std::copy(list.begin(), list.end(), left.begin());
   for (std::size_t k = 0; k < left.size(); ++k) {
@@ -37,22 +37,23 @@ void order_by_passes(std::span<const float> list, float marker, std::int32_t ord
     left[static_cast<std::size_t>(chosen) - 1] = marker;
     order[k] = chosen;
   }
+  return true;
 }
 
 }  // namespace
 
-void order_ascending(std::span<const float> list, std::int32_t order[]) noexcept {
+bool order_ascending(std::span<const float> list, std::int32_t order[]) noexcept {
   const float top = largest(list), marker = top + 1.0f;
   const auto is_nan = [](float x) { return std::isnan(x); };
   if (!(marker > top) || std::any_of(list.begin(), list.end(), is_nan)) {
-    order_by_passes(list, marker, order);
-    return;
+    return order_by_passes(list, marker, order);
   }
   const auto entry = [list](std::int32_t i) { return list[static_cast<std::size_t>(i) - 1]; };
   std::iota(order, order + list.size(), 1);
   std::sort(order, order + list.size(), [entry](std::int32_t i, std::int32_t j) {
     return entry(i) < entry(j) || (entry(i) == entry(j) && i > j);
   });
+  return true;
 }
 
 LineOrder order_parallel_lines(LineFamily lines, std::int32_t order[]) noexcept {
@@ -63,20 +64,18 @@ LineOrder order_parallel_lines(LineFamily lines, std::int32_t order[]) noexcept 
     return intersect(line(0), other).status == Meeting::parallel;
   };
 
-  bool family = true;
-  for (std::size_t i = 1; i < n && family; ++i) family = parallel_to_first(line(i));
+  bool ordered = true;
+  for (std::size_t i = 1; i < n && ordered; ++i) ordered = parallel_to_first(line(i));
   WorkList<float> memory(n);
-  if (!family || !memory) {
-    std::iota(order, order + n, 1);
-    return LineOrder::not_ordered;
+  if (ordered && memory) {
+    // A first line that is the y axis itself is none of the vertical ones: kept.
+    const auto divisors = parallel_to_first({1, 0, 0}) ? lines.a : lines.b;
+    const auto intercepts = memory.entries();
+    for (std::size_t i = 0; i < n; ++i) intercepts[i] = -lines.c[i] / divisors[i];
+    if (order_ascending(intercepts, order)) return LineOrder::ordered;
   }
-
-  // A first line that is the y axis itself is none of the vertical ones: kept.
-  const auto divisors = parallel_to_first({1, 0, 0}) ? lines.a : lines.b;
-  const auto intercepts = memory.entries();
-  for (std::size_t i = 0; i < n; ++i) intercepts[i] = -lines.c[i] / divisors[i];
-  order_ascending(intercepts, order);
-  return LineOrder::ordered;
+  std::iota(order, order + n, 1);
+  return LineOrder::not_ordered;
 }
 
 }  // namespace kez

@@ -7,8 +7,9 @@
 namespace kez {
 
 // Writes the positions of the entries by ascending value, of equal entries the last first. Where
-// not-a-number or very large entries spoil the choice, what the choosing pass by pass gives.
-void order_ascending(std::span<const float> list, std::int32_t order[]) noexcept;
+// not-a-number or very large entries spoil the choice, what the choosing pass by pass gives; that
+// needs memory, and without it nothing is written and the result is false.
+bool order_ascending(std::span<const float> list, std::int32_t order[]) noexcept;
 
 // Lines a x + b y + c = 0; the three lists have one length.
 struct LineFamily {
