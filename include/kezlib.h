@@ -1735,10 +1735,11 @@ KEZ_API void KEZ_CALL kezadr(const int32_t *a, const int32_t counts[], const int
  *
  * Some routines strike entries out by writing a marker over them: the largest entry plus 1, in
  * 32-bit integers or in single precision. Callers can see markers where a comment says so. The
- * marker of a real list is equal to the largest entry where that is 1.7e7 or more, and the
- * comments' comparisons then treat that entry as struck out; the largest integer has no marker
- * above it, and then no entry counts. Not-a-number is never the largest entry, and every comparison
- * with it is false. For an empty real list, -3.4028235e38 stands for the largest entry.
+ * marker of a real list is equal to the largest entry where that is beyond some 1.7e7 on either
+ * side of 0, and the comments' comparisons then treat that entry as struck out; the largest integer
+ * has no marker above it, and then no entry counts. Not-a-number is never the largest entry, and
+ * every comparison with it is false. For an empty real list, -3.4028235e38 stands for the largest
+ * entry.
  *
  * There is no limit on counts. For long lists some routines take memory from the heap while they
  * run; where there is none, the comment says what comes out, or else the result is the same and
@@ -2001,12 +2002,12 @@ KEZ_API void KEZ_CALL kezpin(const int32_t *n, float X[], float Y[], const float
  * 1 or 2 for `kezdirp`. A point is on a plane when the plane's value A x + B y + C z + D there is
  * less than 1.0e-5 from 0; with a normal that is not of unit length that is no distance.
  *
- * | code | meaning                                            |
- * |------|----------------------------------------------------|
- * | 1    | on the first plane and not on the second           |
- * | 2    | on the second plane                                |
- * | 3    | between the planes                                 |
- * | 4    | outside                                            |
+ * | code | meaning                                              |
+ * |------|------------------------------------------------------|
+ * | 1    | on the first plane and not on the second             |
+ * | 2    | on the second plane                                  |
+ * | 3    | between the planes                                   |
+ * | 4    | outside                                              |
  * | 100  | not classified: planes not parallel, or not distinct |
  *
  * @param[in] A1,B1,C1,D1 first plane
