@@ -770,9 +770,9 @@ KEZ_API void KEZ_CALL kezcer9(const float *x0, const float *y0, const float *x1,
 
 /**
  * Point of a circle on the line at an angle to a guide through the point that is measured along it.
- * Of the two crossings it is the one on the far side of the guide from the centre; the first (as of
- * `kezlci`, in a frame with its origin at P1 and the guide along its x axis) when the product of
- * its and the centre's signed distance from the guide is at most 1.0e-5, else the second.
+ * It is the first crossing (as of `kezlci`, in a frame with its origin at P1 and the guide along its
+ * x axis) unless that lies on the centre's side of the guide, then the second: the product of the
+ * first's and the centre's signed distance from the guide is then above 1.0e-5.
  *
  * Rejected are R <= 1.0e-5, a guide of at most 1.0e-5 or with coinciding ends, and a line that
  * touches the circle. L may lie before P1 or beyond P2.

@@ -114,7 +114,7 @@ std::optional<GuidedPoint> carry_at_angle(const Guide& guide, float l, float the
 
   Vec2 result = kept_result;
   if (found.count == 2) {
-    // The crossing on the far side of the guide from the centre, the first where both are.
+    // The second where the first lies on the centre's side of the guide.
     const Line along = line_through(local.start, local.end);
     const float sides = signed_distance(found.first, along) * signed_distance(local.centre, along);
     result = sides <= tolerance ? found.first : found.second;
