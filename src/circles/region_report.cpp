@@ -56,13 +56,16 @@ class Records {
     after_number_ = false;
   }
 
-  template <typename Number>
-  void number(Number value) noexcept {
+  void number(std::string_view digits) noexcept {
     put(" ");
-    char* const first = buffer_.data();
-    size_ = static_cast<std::size_t>(
-        std::to_chars(first + size_, first + buffer_.size(), value).ptr - first);
+    put(digits);
     after_number_ = true;
+  }
+
+  void number(float value) noexcept {
+    std::array<char, 16> digits;
+    const auto [end, error] = std::to_chars(digits.data(), digits.data() + digits.size(), value);
+    number({digits.data(), end});
   }
 
   std::string_view written() const noexcept { return {buffer_.data(), size_}; }
@@ -92,7 +95,8 @@ Records records_of(const RegionFinding& finding) noexcept {
 
   records.begin();
   records.text("KC;");
-  records.number(static_cast<std::int32_t>(finding.region));
+  const char k = static_cast<char>('0' + static_cast<int>(finding.region));
+  records.number({&k, 1});
   records.end();
 
   records.begin();
