@@ -30,17 +30,17 @@ void store(const std::optional<ArcCentres>& centres, float* cx, float* cy, int32
   *status = centres ? number(centres->status) : 0;
 }
 
+void store(FirstMoments moments, float* Sx, float* Sy) {
+  *Sx = moments.x;
+  *Sy = moments.y;
+}
+
 // Closes the report when the library is unloaded. It is an object apart, so that a report which is
 // needed still later, while the process ends, is there.
 struct Closer {
   RegionReport& report;
   ~Closer() { report.close(); }
 };
-
-void store(FirstMoments moments, float* Sx, float* Sy) {
-  *Sx = moments.x;
-  *Sy = moments.y;
-}
 
 RegionReport& region_report() {
   static constinit RegionReport report;

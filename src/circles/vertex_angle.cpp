@@ -25,7 +25,7 @@ void classify_points(Vec2 vertex, Vec2 p, Vec2 q, std::span<const float> xs,
                      std::span<const float> ys, std::span<std::int32_t> flags) noexcept {
   const auto flag = [](AngleClass c) { return static_cast<std::int32_t>(c); };
   if (std::fabs(vertex_angle(vertex, p, q)) <= tolerance) {
-    std::ranges::fill(flags, flag(AngleClass::none));
+    std::fill(flags.begin(), flags.end(), flag(AngleClass::none));
     return;
   }
   const Line first_ray = line_through(vertex, p), second_ray = line_through(vertex, q);
