@@ -603,6 +603,22 @@ KEZ_API void KEZ_CALL kezpar(const int32_t *i1, const int32_t *i2, const int32_t
  * @defgroup circles Circles and arcs in the plane
  *
  * A circle is the triple (D, E, F) of x^2 + y^2 + D x + E y + F = 0.
+ *
+ * A guide is the segment from P1 to P2, where P1 lies on the circle about P0 and so fixes its
+ * radius R; P2 need not lie on it. "sense" chooses between two solutions by its sign.
+ *
+ * An outline is a polygon of n vertices in order. Its lists have one entry more than vertices: the
+ * routines copy the first vertex to position n + 1 before anything else, also when n is 0; below 0
+ * they write no vertex. Areas and moments are positive for a counter-clockwise outline and negative
+ * for a clockwise one, so that holes given clockwise subtract.
+ *
+ * | kind | figure of `kezair` and `kezstm`               | points used                  |
+ * |------|-----------------------------------------------|------------------------------|
+ * | 1    | a stated area A0 concentrated at a point      | by `kezstm` (1), else none   |
+ * | 2    | polygon of n vertices                         | (1)..(n), closed at (n + 1)  |
+ * | 3    | circle                                        | centre (1), on the circle (2)|
+ * | 4    | circular segment on the smaller angle's side  | centre (1), chord (2), (3)   |
+ * | 5    | the rest of that circle                       | centre (1), chord (2), (3)   |
  * @{
  */
 
@@ -647,6 +663,240 @@ KEZ_API void KEZ_CALL kezc12(const float *D1, const float *E1, const float *F1, 
                              float *x2, float *y2);
 
 /**
+ * Region of a circle: how it lies against a dividing line and the x axis, with a report of the
+ * result in the file "OUTPUT.TXT". Only the height of the centre and the number of cut points
+ * decide; a line that touches counts as not cutting, although x2 and y2 are then written.
+ *
+ * | k | meaning                                                                              |
+ * |---|--------------------------------------------------------------------------------------|
+ * | 1 | the line does not cut and Y(1) > 0: the circle is in the positive region             |
+ * | 2 | the line does not cut and Y(1) <= 0: the circle is in the negative region            |
+ * | 3 | the line cuts and Y(1) < 0: the segment of angle phi is in the positive region       |
+ * | 4 | the line cuts and Y(1) >= 0: that of angle 2 pi - phi is in the positive region      |
+ *
+ * Each call adds three records in Greek (code page Windows-1253) to the report: that it is of a
+ * circle; "KC;" and k; the meaning of k, for 3 and 4 with both cut points. A file that cannot be
+ * opened or written changes nothing in the results; a later call tries again.
+ *
+ * @param[in] X,Y [2] centre, and a point on the circle (length)
+ * @param[in] a,b,c the line a x + b y + c = 0
+ * @param[out] k the region
+ * @param[out] x2,y2 first cut point as of `kezlci` (length); kept when the line misses
+ * @param[out] x3,y3 second cut point (length); kept when the line misses or touches
+ *
+ * @par Kept value
+ * The report, which is a file in the directory that is current at the first call. That call
+ * replaces what a process before has left there. The file stays open until the process ends; the
+ * records of every call are in it when the call returns.
+ */
+KEZ_API void KEZ_CALL kezcin(const float X[], const float Y[], const float *a, const float *b,
+                             const float *c, int32_t *k, float *x2, float *y2, float *x3,
+                             float *y3);
+
+/**
+ * Point of a circle on the ray from its centre through the point that is measured along a guide.
+ * The first crossing of ray and circle (as of `kezlci`) is returned when sense times the z
+ * component of (P1 - P0) x (first crossing - P0) is below 0, else the second.
+ *
+ * Rejected are R <= 0.001, a guide of d <= 0.001, L <= 0.001, d - L <= 0.001 and, whatever the
+ * guide's direction, |L - 2 R| < 0.001.
+ *
+ * @param[in] x0,y0 centre P0 (length)
+ * @param[in] x1,y1 P1, point of the circle and start of the guide (length)
+ * @param[in] x2,y2 P2, end of the guide (length)
+ * @param[in] sense chooses by its sign; 0 chooses the second crossing
+ * @param[in] L distance from P1 along the guide (length)
+ * @param[out] x,y the point (length); kept when status is 0
+ * @param[out] status 1, or 0 when the input is rejected
+ *
+ * @par Kept value
+ * The last two crossings, (0, 0) before there are any. A ray that does not cut the circle in two
+ * points (the measured point is the centre, or the circle is tiny) is not detected: the crossings
+ * that are missing are the kept ones, and status is 1. Rejected calls keep them.
+ */
+KEZ_API void KEZ_CALL kezcer6(const float *x0, const float *y0, const float *x1, const float *y1,
+                              const float *x2, const float *y2, const int32_t *sense,
+                              const float *L, float *x, float *y, int32_t *status);
+
+/**
+ * Point of a circle square across a guide from the point that is measured along it. The crossing
+ * is chosen as by `kezcer6`.
+ *
+ * Rejected are R <= 0.001, a guide of d <= 0.001, L <= 0.001 and d - L <= 0.001.
+ *
+ * @param[in] x0,y0 centre P0 (length)
+ * @param[in] x1,y1 P1, point of the circle and start of the guide (length)
+ * @param[in] x2,y2 P2, end of the guide (length)
+ * @param[in] sense chooses by its sign; 0 chooses the second crossing
+ * @param[in] L distance from P1 along the guide (length)
+ * @param[out] x,y the point (length); kept when status is 0
+ * @param[out] status 1, or 0 when the input is rejected
+ *
+ * @par Kept value
+ * The last two crossings, (0, 0) before there are any. A perpendicular that misses the circle is
+ * not detected: both crossings are then the kept ones, and status is 1. One that touches refreshes
+ * the first only. Rejected calls keep both.
+ */
+KEZ_API void KEZ_CALL kezcer8(const float *x0, const float *y0, const float *x1, const float *y1,
+                              const float *x2, const float *y2, const int32_t *sense,
+                              const float *L, float *x, float *y, int32_t *status);
+
+/**
+ * Edges of an opening in a circle: the points square across a guide from L - w/2 (point a) and from
+ * L + w/2 (point b). The crossing is chosen as by `kezcer6`, for either point by its own first
+ * crossing.
+ *
+ * Rejected are R <= 0.001, a guide of d <= 0.001, L <= 0.001, w <= 0.001, d - L <= 0.001, and
+ * L - w/2 < 0.001 and (d - L) - w/2 < 0.001, where exactly 0.001 is enough.
+ *
+ * @param[in] x0,y0 centre P0 (length)
+ * @param[in] x1,y1 P1, point of the circle and start of the guide (length)
+ * @param[in] x2,y2 P2, end of the guide (length)
+ * @param[in] sense chooses by its sign; 0 chooses the second crossings
+ * @param[in] L distance from P1 along the guide to the middle of the opening (length)
+ * @param[in] w width of the opening (length)
+ * @param[out] xa,ya point a (length); kept when status is 0
+ * @param[out] xb,yb point b (length); kept when status is 0
+ * @param[out] status 1, or 0 when the input is rejected
+ *
+ * @par Kept value
+ * The last two crossings of point a and those of point b, (0, 0) before there are any. They serve
+ * as those of `kezcer8` do, each for its own point.
+ */
+KEZ_API void KEZ_CALL kezcer9(const float *x0, const float *y0, const float *x1, const float *y1,
+                              const float *x2, const float *y2, const int32_t *sense,
+                              const float *L, const float *w, float *xa, float *ya, float *xb,
+                              float *yb, int32_t *status);
+
+/**
+ * Point of a circle on the line at an angle to a guide through the point that is measured along it.
+ * It is the first crossing (as of `kezlci`, in a frame with its origin at P1 and the guide along its
+ * x axis) unless that lies on the centre's side of the guide, then the second: the product of the
+ * first's and the centre's signed distance from the guide is then above 1.0e-5.
+ *
+ * Rejected are R <= 1.0e-5, a guide of at most 1.0e-5 or with coinciding ends, and a line that
+ * touches the circle. L may lie before P1 or beyond P2.
+ *
+ * @param[in,out] x0,y0 centre P0 (length); after success carried into the guide's frame and back,
+ *   with the rounding of that; kept when status is 0
+ * @param[in,out] x1,y1 P1, point of the circle and start of the guide (length); likewise
+ * @param[in,out] x2,y2 P2, end of the guide (length); likewise
+ * @param[in] L distance from P1 along the guide (length)
+ * @param[in] theta angle from the guide to the line, counter-clockwise (rad)
+ * @param[out] x,y the point (length); kept when status is 0
+ * @param[out] status 1, or 0 when the input is rejected
+ *
+ * @par Kept value
+ * The last result, (0, 0) before there is one. A line that misses the circle is not detected: the
+ * kept result, taken for a point of the guide's frame, is then carried back like a crossing and
+ * becomes the result, and status is 1.
+ */
+KEZ_API void KEZ_CALL kezcer4(float *x0, float *y0, float *x1, float *y1, float *x2, float *y2,
+                              const float *L, const float *theta, float *x, float *y,
+                              int32_t *status);
+
+/**
+ * Meeting point of a guide's line and a line at an angle to it, drawn from P1 after turning it
+ * about the centre. P2 fixes the guide's direction only. Rejected are R <= 1.0e-5 and a guide of at
+ * most 1.0e-5.
+ *
+ * Success and rejection both give status 0: callers check R and the guide's length themselves.
+ *
+ * @param[in,out] x0,y0 centre P0 (length); carried into the guide's frame and back, with the
+ *   rounding of that; kept when the input is rejected
+ * @param[in,out] x1,y1 P1, point of the circle and start of the guide (length); likewise
+ * @param[in,out] x2,y2 P2, end of the guide (length); likewise
+ * @param[in] dphi angle of the turn about P0, counter-clockwise (rad)
+ * @param[in] theta angle from the guide to the line, counter-clockwise (rad)
+ * @param[out] x,y the meeting point (length); kept when the input is rejected
+ * @param[out] status 0, or when the lines coincide 1 and when they are parallel 2, unless the point
+ *   is on the guide's line away from both P1 and P2
+ *
+ * @par Kept value
+ * The last meeting point as found, in the frame with its origin at P1 and the guide along its x
+ * axis; (0, 0) before there is one. Where the lines coincide or are parallel it is taken for a
+ * point of the present guide's frame and carried back into x and y.
+ */
+KEZ_API void KEZ_CALL kezcer10(float *x0, float *y0, float *x1, float *y1, float *x2, float *y2,
+                               const float *dphi, const float *theta, float *x, float *y,
+                               int32_t *status);
+
+/**
+ * Point of a circle on the line through two points: one measured along a chord, one raised over the
+ * chord's midpoint along the sagitta. It is the crossing on the raised point's side of the chord;
+ * the second (as of `kezlci`, in the chord's frame) unless the product of the first one's and the
+ * raised point's signed distance from the chord is above 1.0e-5.
+ *
+ * The raised point lies h from the midpoint of P1 P2 towards P1 turned about P0 by half the angle
+ * P1 P0 P2, clockwise for a positive sense. Points between ends that coincide are the first end.
+ *
+ * Rejected are, in this order, L < 0, h <= 1.0e-5, R <= 1.0e-5, a chord of d <= 1.0e-5,
+ * d - L <= 1.0e-5 and a line that touches the circle.
+ *
+ * @param[in,out] x0,y0 centre P0 (length); after success carried into the chord's frame and back,
+ *   with the rounding of that; kept when status is 0
+ * @param[in,out] x1,y1 P1, point of the circle and start of the chord (length); likewise
+ * @param[in,out] x2,y2 P2, end of the chord, need not lie on the circle (length); likewise
+ * @param[in] L distance from P1 along the chord (length)
+ * @param[in] sense factor of the turn: 1 or -1
+ * @param[in] h height over the chord's midpoint (length)
+ * @param[out] x,y the point (length); kept when status is 0
+ * @param[out] status 1, or 0 when the input is rejected
+ *
+ * @par Kept value
+ * The last result, (0, 0) before there is one. A line that misses the circle is not detected: the
+ * kept result, taken for a point of the chord's frame, is then carried back like a crossing and
+ * becomes the result, and status is 1.
+ */
+KEZ_API void KEZ_CALL kezcer5(float *x0, float *y0, float *x1, float *y1, float *x2, float *y2,
+                              const float *L, const int32_t *sense, const float *h, float *x,
+                              float *y, int32_t *status);
+
+/**
+ * Centres of the circles of a given radius through two points, and the choice of one by its signed
+ * distance e from the line of the chord (`kezln3`): the first when e sense >= 0; then the second,
+ * in place of the first, when e sense > 0. A sense of 0 chooses the first.
+ *
+ * | status | meaning                                                                           |
+ * |--------|-----------------------------------------------------------------------------------|
+ * | 0      | no centre (equal points, R <= 1.0e-5 or too short for the chord), or level chord    |
+ * | 1      | one centre, written as both (the chord is a diameter)                             |
+ * | 2      | two centres; the first has the larger x                                           |
+ *
+ * Level is a chord with |y2 - y1| < 1.0e-5. Its centres are written and chosen from all the same,
+ * the first with the smaller y; a radius too short for it makes them not-a-number.
+ *
+ * @param[in] x1,y1 first point (length)
+ * @param[in] x2,y2 second point (length)
+ * @param[in] sense chooses by its sign
+ * @param[in] R radius (length)
+ * @param[out] c1x,c1y first centre (length); kept when there is none
+ * @param[out] c2x,c2y second centre (length); kept when there is none
+ * @param[out] cx,cy chosen centre (length); kept when there is none or neither choice holds
+ * @param[out] status see above
+ */
+KEZ_API void KEZ_CALL kezcer2(const float *x1, const float *y1, const float *x2, const float *y2,
+                              const int32_t *sense, const float *R, float *c1x, float *c1y,
+                              float *c2x, float *c2y, float *cx, float *cy, int32_t *status);
+
+/**
+ * Radius and centre of the arc through two points that rises to a given height over the middle of
+ * their chord; radius (f^2 + c^2 / 4) / (2 f) over a chord of length c. The centre is chosen as by
+ * `kezcer2`.
+ *
+ * @param[in] x1,y1 first point (length)
+ * @param[in] x2,y2 second point (length)
+ * @param[in] sense chooses the centre as in `kezcer2`
+ * @param[in] f rise, at least 1.0e-5 (length)
+ * @param[out] R radius (length); kept when f < 1.0e-5
+ * @param[out] cx,cy chosen centre (length); kept when `kezcer2` would keep it or f < 1.0e-5
+ * @param[out] status that of `kezcer2`, 0 also for a level chord; 0 when f < 1.0e-5
+ */
+KEZ_API void KEZ_CALL kezcer1(const float *x1, const float *y1, const float *x2, const float *y2,
+                              const int32_t *sense, const float *f, float *R, float *cx, float *cy,
+                              int32_t *status);
+
+/**
  * Moves the origin of a list of points to (tx, ty). Negated offsets move back.
  *
  * @param[in,out] X,Y [n] the points (length)
@@ -666,6 +916,167 @@ KEZ_API void KEZ_CALL keztra(float X[], float Y[], const int32_t *n, const float
  */
 KEZ_API void KEZ_CALL kezrot(const int32_t *mode, float X[], float Y[], const int32_t *n,
                              const float *angle);
+
+/**
+ * Turns a point about a centre.
+ *
+ * @param[in] x0,y0 centre (length)
+ * @param[in,out] x,y the point (length); with status 1 it comes back as (x - x0) + x0 and
+ *   (y - y0) + y0, with status 0 relative to the centre as x - x0 and y - y0
+ * @param[in] dphi angle of the turn, counter-clockwise (rad)
+ * @param[out] xo,yo the turned point (length); kept when status is 0
+ * @param[out] status 1, or 0 when the point is at most 1.0e-5 from the centre
+ */
+KEZ_API void KEZ_CALL kezcer3(const float *x0, const float *y0, float *x, float *y,
+                              const float *dphi, float *xo, float *yo, int32_t *status);
+
+/**
+ * Lengths of the two arcs into which two rays divide a circle.
+ *
+ * @param[in] x0,y0 centre (length)
+ * @param[in] x1,y1 point of the circle on the first ray (length)
+ * @param[in] x2,y2 point on the second ray; need not lie on the circle (length)
+ * @param[out] s1 the shorter arc (length); kept when status is 0
+ * @param[out] s2 the rest of the circumference (length); kept when status is 0
+ * @param[out] status 1, or 0 when the radius or the distance of the points is at most 1.0e-5
+ */
+KEZ_API void KEZ_CALL kezarc1(const float *x0, const float *y0, const float *x1, const float *y1,
+                              const float *x2, const float *y2, float *s1, float *s2,
+                              int32_t *status);
+
+/**
+ * Signed area of an outline.
+ *
+ * @param[in,out] X,Y [n + 1] the vertices (length); entry n + 1 becomes the first
+ * @param[in] n number of vertices
+ * @param[out] area the area, 0 when n is below 1 (length^2)
+ */
+KEZ_API void KEZ_CALL kezapl(float X[], float Y[], const int32_t *n, float *area);
+
+/**
+ * Area of a figure of a given kind, times a factor.
+ *
+ * @param[in,out] X,Y [max(n + 1, 3)] points as the kind needs them, no others are read (length);
+ *   for kind 2 entry n + 1 becomes the first, for other kinds nothing changes
+ * @param[in] n number of vertices, for kind 2
+ * @param[in] kind kind of the figure, see the table above
+ * @param[in] A0 area, for kind 1 (length^2)
+ * @param[in] factor factor of the result
+ * @param[in,out] area the area times factor; for a kind that is not in the table the value found
+ *   here times factor (length^2)
+ */
+KEZ_API void KEZ_CALL kezair(float X[], float Y[], const int32_t *n, const int32_t *kind,
+                             const float *A0, const float *factor, float *area);
+
+/**
+ * First moments of the area of an outline: Sx of y about the x axis, Sy of x about the y axis.
+ *
+ * @param[in,out] X,Y [n + 1] the vertices (length); entry n + 1 becomes the first
+ * @param[in] n number of vertices
+ * @param[out] Sx,Sy the moments, 0 when n is below 1 (length^3)
+ */
+KEZ_API void KEZ_CALL kezspl(float X[], float Y[], const int32_t *n, float *Sx, float *Sy);
+
+/**
+ * First moments of a figure of a given kind, times a factor.
+ *
+ * @param[in,out] X,Y [max(n + 1, 3)] points as the kind needs them, no others are read (length);
+ *   for kind 2 entry n + 1 becomes the first, for other kinds nothing changes
+ * @param[in] n number of vertices, for kind 2
+ * @param[in] kind kind of the figure, see the table above
+ * @param[in] A0 area, for kind 1 (length^2)
+ * @param[in] factor factor of the results
+ * @param[in,out] Sx,Sy the moments times factor; for a kind that is not in the table the values
+ *   found here times factor (length^3)
+ */
+KEZ_API void KEZ_CALL kezstm(float X[], float Y[], const int32_t *n, const int32_t *kind,
+                             const float *A0, const float *factor, float *Sx, float *Sy);
+
+/**
+ * Area and centroid of a circular segment. A chord through the centre has the right area and a
+ * centroid that is not a number, as has a chord with equal ends.
+ *
+ * @param[in] x0,y0 centre (length)
+ * @param[in] x1,y1 end of the chord on the circle (length)
+ * @param[in] x2,y2 other end of the chord (length)
+ * @param[in] kind 5 the rest of the circle, any other value the segment of the smaller angle
+ * @param[out] area the area (length^2)
+ * @param[out] xs,ys the centroid (length)
+ */
+KEZ_API void KEZ_CALL kezacp(const float *x0, const float *y0, const float *x1, const float *y1,
+                             const float *x2, const float *y2, const int32_t *kind, float *area,
+                             float *xs, float *ys);
+
+/**
+ * Second moments of the area of an outline about the axes through the origin: Ix of y^2, Iy of x^2
+ * and Ixy of x y. `kezinp` turns them into principal ones.
+ *
+ * @param[in,out] X,Y [n + 1] the vertices (length); entry n + 1 becomes the first
+ * @param[in] n number of vertices
+ * @param[out] Ix,Iy,Ixy the moments, 0 when n is below 1 (length^4)
+ */
+KEZ_API void KEZ_CALL kezipl(float X[], float Y[], const int32_t *n, float *Ix, float *Iy,
+                             float *Ixy);
+
+/**
+ * Angle from the positive x axis to a vector, negative below the axis. A vector with |y| <= 1.0e-5
+ * has no sign, and one of at most 1.0e-5 the angle 0.
+ *
+ * @param[in] x,y the vector
+ * @param[out] phi the angle, -pi to pi (rad)
+ */
+KEZ_API void KEZ_CALL kezaxph(const float *x, const float *y, float *phi);
+
+/**
+ * Whether an outline is convex: its vertex angles, each the smaller one between the edges, add up
+ * to (n - 2) pi. The tolerance of 1.0e-5 rad is for the whole sum.
+ *
+ * @param[in,out] X,Y [n + 1] the vertices (length); entry n + 1 becomes the first
+ * @param[in] n number of vertices
+ * @param[out] flag 0 convex, -1 not; -1 when n is below 2
+ */
+KEZ_API void KEZ_CALL kezcnv(float X[], float Y[], const int32_t *n, int32_t *flag);
+
+/**
+ * Feet of the perpendiculars from two points on the line P1 P2. Heights are distances from the line
+ * in the x-y plane, all other distances are in space: with different z the positions include the
+ * height differences. Coinciding P1 and P2 give not-a-number.
+ *
+ * @param[in] x0,y0,z0 P0 (length)
+ * @param[in] x1,y1,z1 P1, first point of the line (length)
+ * @param[in] x2,y2,z2 P2, second point of the line (length)
+ * @param[in] x3,y3,z3 P3 (length)
+ * @param[out] h0 distance of P0 from the line (length)
+ * @param[out] a0 distance from P1 to the foot of P0, without a sign (length)
+ * @param[out] h3 distance of P3 from the line (length)
+ * @param[out] a3 position of the foot of P3 from P1, as L less its distance from P2 (length)
+ * @param[out] L distance from P1 to P2 (length)
+ */
+KEZ_API void KEZ_CALL kezhin(const float *x0, const float *y0, const float *z0, const float *x1,
+                             const float *y1, const float *z1, const float *x2, const float *y2,
+                             const float *z2, const float *x3, const float *y3, const float *z3,
+                             float *h0, float *a0, float *h3, float *a3, float *L);
+
+/**
+ * Points against the angle between two rays from one vertex.
+ *
+ * | flag | meaning                                                                             |
+ * |------|-------------------------------------------------------------------------------------|
+ * | -1   | not classified: the angle is at most 1.0e-5, or a ray has no length                 |
+ * | 1    | the signed distances from the lines P0 P1 and P0 P2 (`kezln3`) agree in sign or one  |
+ * |      | is 0, and the foot on P0 P1 does not lie beyond P0 (position 4 of `kezpsl`)         |
+ * | 2    | any other point                                                                     |
+ *
+ * @param[in] x0,y0 P0, the vertex (length)
+ * @param[in] x1,y1 P1, a point on the first ray (length)
+ * @param[in] x2,y2 P2, a point on the second ray (length)
+ * @param[in] n number of points; nothing is written when below 1
+ * @param[in] X,Y [n] the points (length)
+ * @param[out] flag [n] one flag a point
+ */
+KEZ_API void KEZ_CALL kezapp(const float *x0, const float *y0, const float *x1, const float *y1,
+                             const float *x2, const float *y2, const int32_t *n, const float X[],
+                             const float Y[], int32_t flag[]);
 
 /** @} */
 

@@ -1,6 +1,7 @@
 // Seeded values for properties, biased to what geometry stumbles over.
 #pragma once
 
+#include <cmath>
 #include <cstdint>
 #include <random>
 #include <vector>
@@ -8,6 +9,15 @@
 #include "frame/types.h"
 
 namespace kez::test {
+
+inline Vec2 polar(float radius, float angle) {
+  return {radius * std::cos(angle), radius * std::sin(angle)};
+}
+
+// Positive where w lies counter-clockwise of u.
+inline float turn(Vec2 u, Vec2 w) {
+  return u.x * w.y - u.y * w.x;
+}
 
 class Random {
  public:

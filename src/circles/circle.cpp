@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "../frame/tolerance.h"
+#include "quadratic.h"
 
 namespace kez {
 
@@ -13,20 +14,19 @@ Circle circle_about(Vec2 centre, float radius) noexcept {
 
 namespace {
 
-// The real roots of k2 t^2 + k1 t + k0 = 0, the one with the positive root of the discriminant
-// first. One root where the discriminant is within the tolerance of zero, whatever the size of the
-// coefficients.
+// The real roots, the one with the positive root of the discriminant first. One root where the
+// discriminant is within the tolerance of zero, whatever the size of the coefficients.
 struct Roots {
   std::int32_t count;
   float first, second;
 };
 
-Roots solve_quadratic(float k2, float k1, float k0) noexcept {
-  const float discriminant = k1 * k1 - k2 * 4 * k0;
-  if (equal(discriminant, 0)) return {1, -(k1 / k2) * 0.5f, 0};
+Roots solve(Quadratic equation) noexcept {
+  const float discriminant = equation.discriminant();
+  if (equal(discriminant, 0)) return {1, equation.double_root(), 0};
   if (discriminant < 0) return {0, 0, 0};
   const float s = std::sqrt(discriminant);
-  return {2, (s - k1) / k2 * 0.5f, -(k1 + s) / k2 * 0.5f};
+  return {2, equation.first_root(s), equation.second_root(s)};
 }
 
 }  // namespace
@@ -38,14 +38,13 @@ Crossings intersect(Line line, Circle circle) noexcept {
   if (non_zero(a)) {
     // x = -(b y + c) / a leaves a quadratic in y.
     const float a2 = a * a;
-    const Roots roots =
-        solve_quadratic(a2 + b * b, (2 * c - d * a) * b + e * a2, (c - d * a) * c + f * a2);
+    const Roots roots = solve({a2 + b * b, (2 * c - d * a) * b + e * a2, (c - d * a) * c + f * a2});
     const auto point_at = [=](float y) { return Vec2{(b * y + c) / -a, y}; };
     return {roots.count, point_at(roots.first), point_at(roots.second)};
   }
   // The horizontal line b y + c = 0, whatever is left of a: hosts rely on it.
   const float b2 = b * b;
-  const Roots roots = solve_quadratic(b2, d * b2, (c - e * b) * c + f * b2);
+  const Roots roots = solve({b2, d * b2, (c - e * b) * c + f * b2});
   const float y = -c / b;
   return {roots.count, {roots.first, y}, {roots.second, y}};
 }

@@ -1,6 +1,13 @@
 #include "../frame/arguments.h"
+#include "arc_centre.h"
 #include "circle.h"
+#include "directions.h"
+#include "figures.h"
+#include "guided_points.h"
+#include "region_report.h"
+#include "sagitta_point.h"
 #include "transform.h"
+#include "vertex_angle.h"
 
 using namespace kez;
 
@@ -10,6 +17,35 @@ void store(const Crossings& crossings, int32_t* n, float* x1, float* y1, float* 
   if (crossings.count >= 1) store(crossings.first, x1, y1);
   if (crossings.count == 2) store(crossings.second, x2, y2);
   *n = crossings.count;
+}
+
+void store(const Guide& guide, float* x0, float* y0, float* x1, float* y1, float* x2, float* y2) {
+  store(guide.start, x1, y1);
+  store(guide.end, x2, y2);
+  store(guide.centre, x0, y0);
+}
+
+void store(const std::optional<ArcCentres>& centres, float* cx, float* cy, int32_t* status) {
+  if (centres && centres->chosen) store(*centres->chosen, cx, cy);
+  *status = centres ? number(centres->status) : 0;
+}
+
+void store(FirstMoments moments, float* Sx, float* Sy) {
+  *Sx = moments.x;
+  *Sy = moments.y;
+}
+
+// Closes the report when the library is unloaded. It is an object apart, so that a report which is
+// needed still later, while the process ends, is there.
+struct Closer {
+  RegionReport& report;
+  ~Closer() { report.close(); }
+};
+
+RegionReport& region_report() {
+  static constinit RegionReport report;
+  static const Closer closer{report};
+  return report;
 }
 
 }  // namespace
@@ -35,6 +71,112 @@ void KEZ_CALL kezc12(const float* D1, const float* E1, const float* F1, const fl
   store(intersect(load_circle(D1, E1, F1), load_circle(D2, E2, F2)), n, x1, y1, x2, y2);
 }
 
+// The region of a circle
+
+void KEZ_CALL kezcin(const float X[], const float Y[], const float* a, const float* b,
+                     const float* c, int32_t* k, float* x2, float* y2, float* x3, float* y3) {
+  const RegionFinding finding = find_region({X[0], Y[0]}, {X[1], Y[1]}, load_line(a, b, c));
+  if (finding.crossings.count >= 1) store(finding.crossings.first, x2, y2);
+  if (finding.crossings.count == 2) store(finding.crossings.second, x3, y3);
+  *k = number(finding.region);
+  region_report().add(finding);
+}
+
+// Points measured along a guide
+
+void KEZ_CALL kezcer6(const float* x0, const float* y0, const float* x1, const float* y1,
+                      const float* x2, const float* y2, const int32_t* sense, const float* L,
+                      float* x, float* y, int32_t* status) {
+  static KeptCrossings kept{};
+  const Guide guide = {load(x0, y0), load(x1, y1), load(x2, y2)};
+  const auto point = carry_along_ray(guide, *sense, *L, kept);
+  if (point) store(*point, x, y);
+  *status = point.has_value();
+}
+
+void KEZ_CALL kezcer8(const float* x0, const float* y0, const float* x1, const float* y1,
+                      const float* x2, const float* y2, const int32_t* sense, const float* L,
+                      float* x, float* y, int32_t* status) {
+  static KeptCrossings kept{};
+  const Guide guide = {load(x0, y0), load(x1, y1), load(x2, y2)};
+  const auto point = carry_across(guide, *sense, *L, kept);
+  if (point) store(*point, x, y);
+  *status = point.has_value();
+}
+
+void KEZ_CALL kezcer9(const float* x0, const float* y0, const float* x1, const float* y1,
+                      const float* x2, const float* y2, const int32_t* sense, const float* L,
+                      const float* w, float* xa, float* ya, float* xb, float* yb, int32_t* status) {
+  static KeptOpening kept{};
+  const Guide guide = {load(x0, y0), load(x1, y1), load(x2, y2)};
+  const auto opening = carry_opening_across(guide, *sense, *L, *w, kept);
+  if (opening) {
+    store(opening->first, xa, ya);
+    store(opening->second, xb, yb);
+  }
+  *status = opening.has_value();
+}
+
+void KEZ_CALL kezcer4(float* x0, float* y0, float* x1, float* y1, float* x2, float* y2,
+                      const float* L, const float* theta, float* x, float* y, int32_t* status) {
+  static Vec2 kept_result{};
+  const Guide guide = {load(x0, y0), load(x1, y1), load(x2, y2)};
+  const auto found = carry_at_angle(guide, *L, *theta, kept_result);
+  if (found) {
+    store(found->point, x, y);
+    store(found->guide, x0, y0, x1, y1, x2, y2);
+  }
+  *status = found.has_value();
+}
+
+void KEZ_CALL kezcer10(float* x0, float* y0, float* x1, float* y1, float* x2, float* y2,
+                       const float* dphi, const float* theta, float* x, float* y, int32_t* status) {
+  static Vec2 kept_meeting{};
+  const Guide guide = {load(x0, y0), load(x1, y1), load(x2, y2)};
+  const auto meeting = meet_guide(guide, *dphi, *theta, kept_meeting);
+  if (meeting) {
+    store(meeting->result.point, x, y);
+    store(meeting->result.guide, x0, y0, x1, y1, x2, y2);
+  }
+  *status = meeting ? number(meeting->status) : 0;
+}
+
+void KEZ_CALL kezcer5(float* x0, float* y0, float* x1, float* y1, float* x2, float* y2,
+                      const float* L, const int32_t* sense, const float* h, float* x, float* y,
+                      int32_t* status) {
+  static Vec2 kept_result{};
+  const Guide chord = {load(x0, y0), load(x1, y1), load(x2, y2)};
+  const auto found = point_over_sagitta(chord, *L, *sense, *h, kept_result);
+  if (found) {
+    store(found->guide, x0, y0, x1, y1, x2, y2);
+    store(found->point, x, y);
+  }
+  *status = found.has_value();
+}
+
+// Centres of arcs
+
+void KEZ_CALL kezcer2(const float* x1, const float* y1, const float* x2, const float* y2,
+                      const int32_t* sense, const float* R, float* c1x, float* c1y, float* c2x,
+                      float* c2y, float* cx, float* cy, int32_t* status) {
+  const auto centres = arc_centres(load(x1, y1), load(x2, y2), *sense, *R);
+  if (centres) {
+    store(centres->first, c1x, c1y);
+    store(centres->second, c2x, c2y);
+  }
+  store(centres, cx, cy, status);
+}
+
+void KEZ_CALL kezcer1(const float* x1, const float* y1, const float* x2, const float* y2,
+                      const int32_t* sense, const float* f, float* R, float* cx, float* cy,
+                      int32_t* status) {
+  const auto arc = arc_by_rise(load(x1, y1), load(x2, y2), *sense, *f);
+  if (arc) *R = arc->radius;
+  store(arc ? arc->centres : std::nullopt, cx, cy, status);
+}
+
+// Moving and turning
+
 void KEZ_CALL keztra(float X[], float Y[], const int32_t* n, const float* tx, const float* ty) {
   const Vec2 origin = load(tx, ty);
   translate(table(X, *n), table(Y, *n), origin);
@@ -44,6 +186,95 @@ void KEZ_CALL kezrot(const int32_t* mode, float X[], float Y[], const int32_t* n
                      const float* angle) {
   const Turn turn = *mode == number(Turn::clockwise) ? Turn::clockwise : Turn::counter_clockwise;
   rotate(turn, table(X, *n), table(Y, *n), *angle);
+}
+
+void KEZ_CALL kezcer3(const float* x0, const float* y0, float* x, float* y, const float* dphi,
+                      float* xo, float* yo, int32_t* status) {
+  const TurnedPoint turned = turn_about(load(x0, y0), load(x, y), *dphi);
+  if (turned.point) store(*turned.point, xo, yo);
+  store(turned.given, x, y);
+  *status = turned.point.has_value();
+}
+
+// Figures
+
+void KEZ_CALL kezarc1(const float* x0, const float* y0, const float* x1, const float* y1,
+                      const float* x2, const float* y2, float* s1, float* s2, int32_t* status) {
+  const auto arcs = divide_circle(load(x0, y0), load(x1, y1), load(x2, y2));
+  if (arcs) {
+    *s1 = arcs->shorter;
+    *s2 = arcs->longer;
+  }
+  *status = arcs.has_value();
+}
+
+void KEZ_CALL kezapl(float X[], float Y[], const int32_t* n, float* area) {
+  *area = polygon_area(outline(X, *n), outline(Y, *n));
+}
+
+void KEZ_CALL kezair(float X[], float Y[], const int32_t* n, const int32_t* kind, const float* A0,
+                     const float* factor, float* area) {
+  const Figure figure{*kind};
+  const std::size_t size = points_used(figure, *n);
+  *area = figure_area(figure, {X, size}, {Y, size}, *A0, *factor, *area);
+}
+
+void KEZ_CALL kezspl(float X[], float Y[], const int32_t* n, float* Sx, float* Sy) {
+  store(polygon_first_moments(outline(X, *n), outline(Y, *n)), Sx, Sy);
+}
+
+void KEZ_CALL kezstm(float X[], float Y[], const int32_t* n, const int32_t* kind, const float* A0,
+                     const float* factor, float* Sx, float* Sy) {
+  const Figure figure{*kind};
+  const std::size_t size = points_used(figure, *n);
+  store(figure_first_moments(figure, {X, size}, {Y, size}, *A0, *factor, {*Sx, *Sy}), Sx, Sy);
+}
+
+void KEZ_CALL kezacp(const float* x0, const float* y0, const float* x1, const float* y1,
+                     const float* x2, const float* y2, const int32_t* kind, float* area, float* xs,
+                     float* ys) {
+  const SegmentSide side =
+      *kind == number(SegmentSide::complement) ? SegmentSide::complement : SegmentSide::smaller;
+  const Segment segment = circular_segment(load(x0, y0), load(x1, y1), load(x2, y2), side);
+  *area = segment.area;
+  store(segment.centroid, xs, ys);
+}
+
+void KEZ_CALL kezipl(float X[], float Y[], const int32_t* n, float* Ix, float* Iy, float* Ixy) {
+  const SecondMoments moments = polygon_second_moments(outline(X, *n), outline(Y, *n));
+  *Ix = moments.x;
+  *Iy = moments.y;
+  *Ixy = moments.product;
+}
+
+// Directions and angles
+
+void KEZ_CALL kezaxph(const float* x, const float* y, float* phi) {
+  *phi = direction_angle(load(x, y));
+}
+
+void KEZ_CALL kezcnv(float X[], float Y[], const int32_t* n, int32_t* flag) {
+  *flag = number(judge_convexity(outline(X, *n), outline(Y, *n)));
+}
+
+void KEZ_CALL kezhin(const float* x0, const float* y0, const float* z0, const float* x1,
+                     const float* y1, const float* z1, const float* x2, const float* y2,
+                     const float* z2, const float* x3, const float* y3, const float* z3, float* h0,
+                     float* a0, float* h3, float* a3, float* L) {
+  const Feet feet =
+      drop_perpendiculars(load(x0, y0, z0), load(x1, y1, z1), load(x2, y2, z2), load(x3, y3, z3));
+  *h0 = feet.height_before;
+  *a0 = feet.position_before;
+  *h3 = feet.height_after;
+  *a3 = feet.position_after;
+  *L = feet.length;
+}
+
+void KEZ_CALL kezapp(const float* x0, const float* y0, const float* x1, const float* y1,
+                     const float* x2, const float* y2, const int32_t* n, const float X[],
+                     const float Y[], int32_t flag[]) {
+  classify_points(load(x0, y0), load(x1, y1), load(x2, y2), table(X, *n), table(Y, *n),
+                  table(flag, *n));
 }
 
 }  // extern "C"

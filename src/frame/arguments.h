@@ -15,6 +15,7 @@
 #include <span>
 #include <type_traits>
 
+#include "outline.h"
 #include "types.h"
 
 namespace kez {
@@ -80,6 +81,11 @@ std::int32_t number(Code code) noexcept {
 template <typename T>
 std::span<T> table(T* first, std::int32_t n) noexcept {
   return {first, n > 0 ? static_cast<std::size_t>(n) : 0};
+}
+
+// The caller's outline of n vertices with the place for the closing one.
+inline std::span<float> outline(float* first, std::int32_t n) noexcept {
+  return {first, outline_size(n)};
 }
 
 }  // namespace kez

@@ -25,6 +25,9 @@ inline Vec2 operator-(Vec2 p, Vec2 q) noexcept {
 inline Vec3 operator-(Vec3 p, Vec3 q) noexcept {
   return {p.x - q.x, p.y - q.y, p.z - q.z};
 }
+inline Vec2 operator+(Vec2 p, Vec2 q) noexcept {
+  return {p.x + q.x, p.y + q.y};
+}
 inline Vec3 operator+(Vec3 p, Vec3 q) noexcept {
   return {p.x + q.x, p.y + q.y, p.z + q.z};
 }

@@ -494,6 +494,136 @@ constexpr Argument kezc12_arguments[] = {
     {"y2", real, out, nullptr, nullptr, "second point (length); kept when n is 0 or 1"},
 };
 
+constexpr Argument kezcin_arguments[] = {
+    {"X", real, in, [](Integers ) -> std::int64_t { return 2; }, "2", "centre, and a point on the circle (length)"},
+    {"Y", real, in, [](Integers ) -> std::int64_t { return 2; }, "2", "centre, and a point on the circle (length)"},
+    {"a", real, in, nullptr, nullptr, "the line a x + b y + c = 0"},
+    {"b", real, in, nullptr, nullptr, "the line a x + b y + c = 0"},
+    {"c", real, in, nullptr, nullptr, "the line a x + b y + c = 0"},
+    {"k", integer, out, nullptr, nullptr, "the region"},
+    {"x2", real, out, nullptr, nullptr, "first cut point as of `kezlci` (length); kept when the line misses"},
+    {"y2", real, out, nullptr, nullptr, "first cut point as of `kezlci` (length); kept when the line misses"},
+    {"x3", real, out, nullptr, nullptr, "second cut point (length); kept when the line misses or touches"},
+    {"y3", real, out, nullptr, nullptr, "second cut point (length); kept when the line misses or touches"},
+};
+
+constexpr Argument kezcer6_arguments[] = {
+    {"x0", real, in, nullptr, nullptr, "centre P0 (length)"},
+    {"y0", real, in, nullptr, nullptr, "centre P0 (length)"},
+    {"x1", real, in, nullptr, nullptr, "P1, point of the circle and start of the guide (length)"},
+    {"y1", real, in, nullptr, nullptr, "P1, point of the circle and start of the guide (length)"},
+    {"x2", real, in, nullptr, nullptr, "P2, end of the guide (length)"},
+    {"y2", real, in, nullptr, nullptr, "P2, end of the guide (length)"},
+    {"sense", integer, in, nullptr, nullptr, "chooses by its sign; 0 chooses the second crossing"},
+    {"L", real, in, nullptr, nullptr, "distance from P1 along the guide (length)"},
+    {"x", real, out, nullptr, nullptr, "the point (length); kept when status is 0"},
+    {"y", real, out, nullptr, nullptr, "the point (length); kept when status is 0"},
+    {"status", integer, out, nullptr, nullptr, "1, or 0 when the input is rejected"},
+};
+
+constexpr Argument kezcer8_arguments[] = {
+    {"x0", real, in, nullptr, nullptr, "centre P0 (length)"},
+    {"y0", real, in, nullptr, nullptr, "centre P0 (length)"},
+    {"x1", real, in, nullptr, nullptr, "P1, point of the circle and start of the guide (length)"},
+    {"y1", real, in, nullptr, nullptr, "P1, point of the circle and start of the guide (length)"},
+    {"x2", real, in, nullptr, nullptr, "P2, end of the guide (length)"},
+    {"y2", real, in, nullptr, nullptr, "P2, end of the guide (length)"},
+    {"sense", integer, in, nullptr, nullptr, "chooses by its sign; 0 chooses the second crossing"},
+    {"L", real, in, nullptr, nullptr, "distance from P1 along the guide (length)"},
+    {"x", real, out, nullptr, nullptr, "the point (length); kept when status is 0"},
+    {"y", real, out, nullptr, nullptr, "the point (length); kept when status is 0"},
+    {"status", integer, out, nullptr, nullptr, "1, or 0 when the input is rejected"},
+};
+
+constexpr Argument kezcer9_arguments[] = {
+    {"x0", real, in, nullptr, nullptr, "centre P0 (length)"},
+    {"y0", real, in, nullptr, nullptr, "centre P0 (length)"},
+    {"x1", real, in, nullptr, nullptr, "P1, point of the circle and start of the guide (length)"},
+    {"y1", real, in, nullptr, nullptr, "P1, point of the circle and start of the guide (length)"},
+    {"x2", real, in, nullptr, nullptr, "P2, end of the guide (length)"},
+    {"y2", real, in, nullptr, nullptr, "P2, end of the guide (length)"},
+    {"sense", integer, in, nullptr, nullptr, "chooses by its sign; 0 chooses the second crossings"},
+    {"L", real, in, nullptr, nullptr, "distance from P1 along the guide to the middle of the opening (length)"},
+    {"w", real, in, nullptr, nullptr, "width of the opening (length)"},
+    {"xa", real, out, nullptr, nullptr, "point a (length); kept when status is 0"},
+    {"ya", real, out, nullptr, nullptr, "point a (length); kept when status is 0"},
+    {"xb", real, out, nullptr, nullptr, "point b (length); kept when status is 0"},
+    {"yb", real, out, nullptr, nullptr, "point b (length); kept when status is 0"},
+    {"status", integer, out, nullptr, nullptr, "1, or 0 when the input is rejected"},
+};
+
+constexpr Argument kezcer4_arguments[] = {
+    {"x0", real, in_out, nullptr, nullptr, "centre P0 (length); after success carried into the guide's frame and back, with the rounding of that; kept when status is 0"},
+    {"y0", real, in_out, nullptr, nullptr, "centre P0 (length); after success carried into the guide's frame and back, with the rounding of that; kept when status is 0"},
+    {"x1", real, in_out, nullptr, nullptr, "P1, point of the circle and start of the guide (length); likewise"},
+    {"y1", real, in_out, nullptr, nullptr, "P1, point of the circle and start of the guide (length); likewise"},
+    {"x2", real, in_out, nullptr, nullptr, "P2, end of the guide (length); likewise"},
+    {"y2", real, in_out, nullptr, nullptr, "P2, end of the guide (length); likewise"},
+    {"L", real, in, nullptr, nullptr, "distance from P1 along the guide (length)"},
+    {"theta", real, in, nullptr, nullptr, "angle from the guide to the line, counter-clockwise (rad)"},
+    {"x", real, out, nullptr, nullptr, "the point (length); kept when status is 0"},
+    {"y", real, out, nullptr, nullptr, "the point (length); kept when status is 0"},
+    {"status", integer, out, nullptr, nullptr, "1, or 0 when the input is rejected"},
+};
+
+constexpr Argument kezcer10_arguments[] = {
+    {"x0", real, in_out, nullptr, nullptr, "centre P0 (length); carried into the guide's frame and back, with the rounding of that; kept when the input is rejected"},
+    {"y0", real, in_out, nullptr, nullptr, "centre P0 (length); carried into the guide's frame and back, with the rounding of that; kept when the input is rejected"},
+    {"x1", real, in_out, nullptr, nullptr, "P1, point of the circle and start of the guide (length); likewise"},
+    {"y1", real, in_out, nullptr, nullptr, "P1, point of the circle and start of the guide (length); likewise"},
+    {"x2", real, in_out, nullptr, nullptr, "P2, end of the guide (length); likewise"},
+    {"y2", real, in_out, nullptr, nullptr, "P2, end of the guide (length); likewise"},
+    {"dphi", real, in, nullptr, nullptr, "angle of the turn about P0, counter-clockwise (rad)"},
+    {"theta", real, in, nullptr, nullptr, "angle from the guide to the line, counter-clockwise (rad)"},
+    {"x", real, out, nullptr, nullptr, "the meeting point (length); kept when the input is rejected"},
+    {"y", real, out, nullptr, nullptr, "the meeting point (length); kept when the input is rejected"},
+    {"status", integer, out, nullptr, nullptr, "0, or when the lines coincide 1 and when they are parallel 2, unless the point is on the guide's line away from both P1 and P2"},
+};
+
+constexpr Argument kezcer5_arguments[] = {
+    {"x0", real, in_out, nullptr, nullptr, "centre P0 (length); after success carried into the chord's frame and back, with the rounding of that; kept when status is 0"},
+    {"y0", real, in_out, nullptr, nullptr, "centre P0 (length); after success carried into the chord's frame and back, with the rounding of that; kept when status is 0"},
+    {"x1", real, in_out, nullptr, nullptr, "P1, point of the circle and start of the chord (length); likewise"},
+    {"y1", real, in_out, nullptr, nullptr, "P1, point of the circle and start of the chord (length); likewise"},
+    {"x2", real, in_out, nullptr, nullptr, "P2, end of the chord, need not lie on the circle (length); likewise"},
+    {"y2", real, in_out, nullptr, nullptr, "P2, end of the chord, need not lie on the circle (length); likewise"},
+    {"L", real, in, nullptr, nullptr, "distance from P1 along the chord (length)"},
+    {"sense", integer, in, nullptr, nullptr, "factor of the turn: 1 or -1"},
+    {"h", real, in, nullptr, nullptr, "height over the chord's midpoint (length)"},
+    {"x", real, out, nullptr, nullptr, "the point (length); kept when status is 0"},
+    {"y", real, out, nullptr, nullptr, "the point (length); kept when status is 0"},
+    {"status", integer, out, nullptr, nullptr, "1, or 0 when the input is rejected"},
+};
+
+constexpr Argument kezcer2_arguments[] = {
+    {"x1", real, in, nullptr, nullptr, "first point (length)"},
+    {"y1", real, in, nullptr, nullptr, "first point (length)"},
+    {"x2", real, in, nullptr, nullptr, "second point (length)"},
+    {"y2", real, in, nullptr, nullptr, "second point (length)"},
+    {"sense", integer, in, nullptr, nullptr, "chooses by its sign"},
+    {"R", real, in, nullptr, nullptr, "radius (length)"},
+    {"c1x", real, out, nullptr, nullptr, "first centre (length); kept when there is none"},
+    {"c1y", real, out, nullptr, nullptr, "first centre (length); kept when there is none"},
+    {"c2x", real, out, nullptr, nullptr, "second centre (length); kept when there is none"},
+    {"c2y", real, out, nullptr, nullptr, "second centre (length); kept when there is none"},
+    {"cx", real, out, nullptr, nullptr, "chosen centre (length); kept when there is none or neither choice holds"},
+    {"cy", real, out, nullptr, nullptr, "chosen centre (length); kept when there is none or neither choice holds"},
+    {"status", integer, out, nullptr, nullptr, "see above"},
+};
+
+constexpr Argument kezcer1_arguments[] = {
+    {"x1", real, in, nullptr, nullptr, "first point (length)"},
+    {"y1", real, in, nullptr, nullptr, "first point (length)"},
+    {"x2", real, in, nullptr, nullptr, "second point (length)"},
+    {"y2", real, in, nullptr, nullptr, "second point (length)"},
+    {"sense", integer, in, nullptr, nullptr, "chooses the centre as in `kezcer2`"},
+    {"f", real, in, nullptr, nullptr, "rise, at least 1.0e-5 (length)"},
+    {"R", real, out, nullptr, nullptr, "radius (length); kept when f < 1.0e-5"},
+    {"cx", real, out, nullptr, nullptr, "chosen centre (length); kept when `kezcer2` would keep it or f < 1.0e-5"},
+    {"cy", real, out, nullptr, nullptr, "chosen centre (length); kept when `kezcer2` would keep it or f < 1.0e-5"},
+    {"status", integer, out, nullptr, nullptr, "that of `kezcer2`, 0 also for a level chord; 0 when f < 1.0e-5"},
+};
+
 constexpr Argument keztra_arguments[] = {
     {"X", real, in_out, [](Integers v) -> std::int64_t { return v[2]; }, "n", "the points (length)"},
     {"Y", real, in_out, [](Integers v) -> std::int64_t { return v[2]; }, "n", "the points (length)"},
@@ -508,6 +638,133 @@ constexpr Argument kezrot_arguments[] = {
     {"Y", real, in_out, [](Integers v) -> std::int64_t { return v[3]; }, "n", "the points (length)"},
     {"n", integer, in, nullptr, nullptr, "number of points"},
     {"angle", real, in, nullptr, nullptr, "angle of the turn (rad)"},
+};
+
+constexpr Argument kezcer3_arguments[] = {
+    {"x0", real, in, nullptr, nullptr, "centre (length)"},
+    {"y0", real, in, nullptr, nullptr, "centre (length)"},
+    {"x", real, in_out, nullptr, nullptr, "the point (length); with status 1 it comes back as (x - x0) + x0 and (y - y0) + y0, with status 0 relative to the centre as x - x0 and y - y0"},
+    {"y", real, in_out, nullptr, nullptr, "the point (length); with status 1 it comes back as (x - x0) + x0 and (y - y0) + y0, with status 0 relative to the centre as x - x0 and y - y0"},
+    {"dphi", real, in, nullptr, nullptr, "angle of the turn, counter-clockwise (rad)"},
+    {"xo", real, out, nullptr, nullptr, "the turned point (length); kept when status is 0"},
+    {"yo", real, out, nullptr, nullptr, "the turned point (length); kept when status is 0"},
+    {"status", integer, out, nullptr, nullptr, "1, or 0 when the point is at most 1.0e-5 from the centre"},
+};
+
+constexpr Argument kezarc1_arguments[] = {
+    {"x0", real, in, nullptr, nullptr, "centre (length)"},
+    {"y0", real, in, nullptr, nullptr, "centre (length)"},
+    {"x1", real, in, nullptr, nullptr, "point of the circle on the first ray (length)"},
+    {"y1", real, in, nullptr, nullptr, "point of the circle on the first ray (length)"},
+    {"x2", real, in, nullptr, nullptr, "point on the second ray; need not lie on the circle (length)"},
+    {"y2", real, in, nullptr, nullptr, "point on the second ray; need not lie on the circle (length)"},
+    {"s1", real, out, nullptr, nullptr, "the shorter arc (length); kept when status is 0"},
+    {"s2", real, out, nullptr, nullptr, "the rest of the circumference (length); kept when status is 0"},
+    {"status", integer, out, nullptr, nullptr, "1, or 0 when the radius or the distance of the points is at most 1.0e-5"},
+};
+
+constexpr Argument kezapl_arguments[] = {
+    {"X", real, in_out, [](Integers v) -> std::int64_t { return v[2] + 1; }, "n + 1", "the vertices (length); entry n + 1 becomes the first"},
+    {"Y", real, in_out, [](Integers v) -> std::int64_t { return v[2] + 1; }, "n + 1", "the vertices (length); entry n + 1 becomes the first"},
+    {"n", integer, in, nullptr, nullptr, "number of vertices"},
+    {"area", real, out, nullptr, nullptr, "the area, 0 when n is below 1 (length^2)"},
+};
+
+constexpr Argument kezair_arguments[] = {
+    {"X", real, in_out, [](Integers v) -> std::int64_t { return std::max<std::int64_t>(v[2] + 1, 3); }, "max(n + 1, 3)", "points as the kind needs them, no others are read (length); for kind 2 entry n + 1 becomes the first, for other kinds nothing changes"},
+    {"Y", real, in_out, [](Integers v) -> std::int64_t { return std::max<std::int64_t>(v[2] + 1, 3); }, "max(n + 1, 3)", "points as the kind needs them, no others are read (length); for kind 2 entry n + 1 becomes the first, for other kinds nothing changes"},
+    {"n", integer, in, nullptr, nullptr, "number of vertices, for kind 2"},
+    {"kind", integer, in, nullptr, nullptr, "kind of the figure, see the table above"},
+    {"A0", real, in, nullptr, nullptr, "area, for kind 1 (length^2)"},
+    {"factor", real, in, nullptr, nullptr, "factor of the result"},
+    {"area", real, in_out, nullptr, nullptr, "the area times factor; for a kind that is not in the table the value found here times factor (length^2)"},
+};
+
+constexpr Argument kezspl_arguments[] = {
+    {"X", real, in_out, [](Integers v) -> std::int64_t { return v[2] + 1; }, "n + 1", "the vertices (length); entry n + 1 becomes the first"},
+    {"Y", real, in_out, [](Integers v) -> std::int64_t { return v[2] + 1; }, "n + 1", "the vertices (length); entry n + 1 becomes the first"},
+    {"n", integer, in, nullptr, nullptr, "number of vertices"},
+    {"Sx", real, out, nullptr, nullptr, "the moments, 0 when n is below 1 (length^3)"},
+    {"Sy", real, out, nullptr, nullptr, "the moments, 0 when n is below 1 (length^3)"},
+};
+
+constexpr Argument kezstm_arguments[] = {
+    {"X", real, in_out, [](Integers v) -> std::int64_t { return std::max<std::int64_t>(v[2] + 1, 3); }, "max(n + 1, 3)", "points as the kind needs them, no others are read (length); for kind 2 entry n + 1 becomes the first, for other kinds nothing changes"},
+    {"Y", real, in_out, [](Integers v) -> std::int64_t { return std::max<std::int64_t>(v[2] + 1, 3); }, "max(n + 1, 3)", "points as the kind needs them, no others are read (length); for kind 2 entry n + 1 becomes the first, for other kinds nothing changes"},
+    {"n", integer, in, nullptr, nullptr, "number of vertices, for kind 2"},
+    {"kind", integer, in, nullptr, nullptr, "kind of the figure, see the table above"},
+    {"A0", real, in, nullptr, nullptr, "area, for kind 1 (length^2)"},
+    {"factor", real, in, nullptr, nullptr, "factor of the results"},
+    {"Sx", real, in_out, nullptr, nullptr, "the moments times factor; for a kind that is not in the table the values found here times factor (length^3)"},
+    {"Sy", real, in_out, nullptr, nullptr, "the moments times factor; for a kind that is not in the table the values found here times factor (length^3)"},
+};
+
+constexpr Argument kezacp_arguments[] = {
+    {"x0", real, in, nullptr, nullptr, "centre (length)"},
+    {"y0", real, in, nullptr, nullptr, "centre (length)"},
+    {"x1", real, in, nullptr, nullptr, "end of the chord on the circle (length)"},
+    {"y1", real, in, nullptr, nullptr, "end of the chord on the circle (length)"},
+    {"x2", real, in, nullptr, nullptr, "other end of the chord (length)"},
+    {"y2", real, in, nullptr, nullptr, "other end of the chord (length)"},
+    {"kind", integer, in, nullptr, nullptr, "5 the rest of the circle, any other value the segment of the smaller angle"},
+    {"area", real, out, nullptr, nullptr, "the area (length^2)"},
+    {"xs", real, out, nullptr, nullptr, "the centroid (length)"},
+    {"ys", real, out, nullptr, nullptr, "the centroid (length)"},
+};
+
+constexpr Argument kezipl_arguments[] = {
+    {"X", real, in_out, [](Integers v) -> std::int64_t { return v[2] + 1; }, "n + 1", "the vertices (length); entry n + 1 becomes the first"},
+    {"Y", real, in_out, [](Integers v) -> std::int64_t { return v[2] + 1; }, "n + 1", "the vertices (length); entry n + 1 becomes the first"},
+    {"n", integer, in, nullptr, nullptr, "number of vertices"},
+    {"Ix", real, out, nullptr, nullptr, "the moments, 0 when n is below 1 (length^4)"},
+    {"Iy", real, out, nullptr, nullptr, "the moments, 0 when n is below 1 (length^4)"},
+    {"Ixy", real, out, nullptr, nullptr, "the moments, 0 when n is below 1 (length^4)"},
+};
+
+constexpr Argument kezaxph_arguments[] = {
+    {"x", real, in, nullptr, nullptr, "the vector"},
+    {"y", real, in, nullptr, nullptr, "the vector"},
+    {"phi", real, out, nullptr, nullptr, "the angle, -pi to pi (rad)"},
+};
+
+constexpr Argument kezcnv_arguments[] = {
+    {"X", real, in_out, [](Integers v) -> std::int64_t { return v[2] + 1; }, "n + 1", "the vertices (length); entry n + 1 becomes the first"},
+    {"Y", real, in_out, [](Integers v) -> std::int64_t { return v[2] + 1; }, "n + 1", "the vertices (length); entry n + 1 becomes the first"},
+    {"n", integer, in, nullptr, nullptr, "number of vertices"},
+    {"flag", integer, out, nullptr, nullptr, "0 convex, -1 not; -1 when n is below 2"},
+};
+
+constexpr Argument kezhin_arguments[] = {
+    {"x0", real, in, nullptr, nullptr, "P0 (length)"},
+    {"y0", real, in, nullptr, nullptr, "P0 (length)"},
+    {"z0", real, in, nullptr, nullptr, "P0 (length)"},
+    {"x1", real, in, nullptr, nullptr, "P1, first point of the line (length)"},
+    {"y1", real, in, nullptr, nullptr, "P1, first point of the line (length)"},
+    {"z1", real, in, nullptr, nullptr, "P1, first point of the line (length)"},
+    {"x2", real, in, nullptr, nullptr, "P2, second point of the line (length)"},
+    {"y2", real, in, nullptr, nullptr, "P2, second point of the line (length)"},
+    {"z2", real, in, nullptr, nullptr, "P2, second point of the line (length)"},
+    {"x3", real, in, nullptr, nullptr, "P3 (length)"},
+    {"y3", real, in, nullptr, nullptr, "P3 (length)"},
+    {"z3", real, in, nullptr, nullptr, "P3 (length)"},
+    {"h0", real, out, nullptr, nullptr, "distance of P0 from the line (length)"},
+    {"a0", real, out, nullptr, nullptr, "distance from P1 to the foot of P0, without a sign (length)"},
+    {"h3", real, out, nullptr, nullptr, "distance of P3 from the line (length)"},
+    {"a3", real, out, nullptr, nullptr, "position of the foot of P3 from P1, as L less its distance from P2 (length)"},
+    {"L", real, out, nullptr, nullptr, "distance from P1 to P2 (length)"},
+};
+
+constexpr Argument kezapp_arguments[] = {
+    {"x0", real, in, nullptr, nullptr, "P0, the vertex (length)"},
+    {"y0", real, in, nullptr, nullptr, "P0, the vertex (length)"},
+    {"x1", real, in, nullptr, nullptr, "P1, a point on the first ray (length)"},
+    {"y1", real, in, nullptr, nullptr, "P1, a point on the first ray (length)"},
+    {"x2", real, in, nullptr, nullptr, "P2, a point on the second ray (length)"},
+    {"y2", real, in, nullptr, nullptr, "P2, a point on the second ray (length)"},
+    {"n", integer, in, nullptr, nullptr, "number of points; nothing is written when below 1"},
+    {"X", real, in, [](Integers v) -> std::int64_t { return v[6]; }, "n", "the points (length)"},
+    {"Y", real, in, [](Integers v) -> std::int64_t { return v[6]; }, "n", "the points (length)"},
+    {"flag", integer, out, [](Integers v) -> std::int64_t { return v[6]; }, "n", "one flag a point"},
 };
 
 constexpr Argument kezlni_arguments[] = {
@@ -1669,12 +1926,75 @@ constexpr Routine all[] = {
     {"kezc12", "Circles and arcs in the plane", "Intersection of two circles:",
      "`kezlci` of their radical line with the first circle. Circles about\nthe same centre (|D2 - D1| + |E2 - E1| <= 1.0e-5) give n = 0.",
      nullptr, kezc12_arguments},
+    {"kezcin", "Circles and arcs in the plane", "Region of a circle:",
+     "how it lies against a dividing line and the x axis, with a report of the\nresult in the file \"OUTPUT.TXT\". Only the height of the centre and the number of cut points\ndecide; a line that touches counts as not cutting, although x2 and y2 are then written.\n\n| k | meaning                                                                              |\n|---|--------------------------------------------------------------------------------------|\n| 1 | the line does not cut and Y(1) > 0: the circle is in the positive region             |\n| 2 | the line does not cut and Y(1) <= 0: the circle is in the negative region            |\n| 3 | the line cuts and Y(1) < 0: the segment of angle phi is in the positive region       |\n| 4 | the line cuts and Y(1) >= 0: that of angle 2 pi - phi is in the positive region      |\n\nEach call adds three records in Greek (code page Windows-1253) to the report: that it is of a\ncircle; \"KC;\" and k; the meaning of k, for 3 and 4 with both cut points. A file that cannot be\nopened or written changes nothing in the results; a later call tries again.",
+     "The report, which is a file in the directory that is current at the first call. That call replaces what a process before has left there. The file stays open until the process ends; the records of every call are in it when the call returns.", kezcin_arguments},
+    {"kezcer6", "Circles and arcs in the plane", "Point of a circle on the ray from its centre through the point that is measured along a guide.",
+     "The first crossing of ray and circle (as of `kezlci`) is returned when sense times the z\ncomponent of (P1 - P0) x (first crossing - P0) is below 0, else the second.\n\nRejected are R <= 0.001, a guide of d <= 0.001, L <= 0.001, d - L <= 0.001 and, whatever the\nguide's direction, |L - 2 R| < 0.001.",
+     "The last two crossings, (0, 0) before there are any. A ray that does not cut the circle in two points (the measured point is the centre, or the circle is tiny) is not detected: the crossings that are missing are the kept ones, and status is 1. Rejected calls keep them.", kezcer6_arguments},
+    {"kezcer8", "Circles and arcs in the plane", "Point of a circle square across a guide from the point that is measured along it.",
+     "The crossing\nis chosen as by `kezcer6`.\n\nRejected are R <= 0.001, a guide of d <= 0.001, L <= 0.001 and d - L <= 0.001.",
+     "The last two crossings, (0, 0) before there are any. A perpendicular that misses the circle is not detected: both crossings are then the kept ones, and status is 1. One that touches refreshes the first only. Rejected calls keep both.", kezcer8_arguments},
+    {"kezcer9", "Circles and arcs in the plane", "Edges of an opening in a circle:",
+     "the points square across a guide from L - w/2 (point a) and from\nL + w/2 (point b). The crossing is chosen as by `kezcer6`, for either point by its own first\ncrossing.\n\nRejected are R <= 0.001, a guide of d <= 0.001, L <= 0.001, w <= 0.001, d - L <= 0.001, and\nL - w/2 < 0.001 and (d - L) - w/2 < 0.001, where exactly 0.001 is enough.",
+     "The last two crossings of point a and those of point b, (0, 0) before there are any. They serve as those of `kezcer8` do, each for its own point.", kezcer9_arguments},
+    {"kezcer4", "Circles and arcs in the plane", "Point of a circle on the line at an angle to a guide through the point that is measured along it.",
+     "It is the first crossing (as of `kezlci`, in a frame with its origin at P1 and the guide along its\nx axis) unless that lies on the centre's side of the guide, then the second: the product of the\nfirst's and the centre's signed distance from the guide is then above 1.0e-5.\n\nRejected are R <= 1.0e-5, a guide of at most 1.0e-5 or with coinciding ends, and a line that\ntouches the circle. L may lie before P1 or beyond P2.",
+     "The last result, (0, 0) before there is one. A line that misses the circle is not detected: the kept result, taken for a point of the guide's frame, is then carried back like a crossing and becomes the result, and status is 1.", kezcer4_arguments},
+    {"kezcer10", "Circles and arcs in the plane", "Meeting point of a guide's line and a line at an angle to it, drawn from P1 after turning it about the centre.",
+     "P2 fixes the guide's direction only. Rejected are R <= 1.0e-5 and a guide of at\nmost 1.0e-5.\n\nSuccess and rejection both give status 0: callers check R and the guide's length themselves.",
+     "The last meeting point as found, in the frame with its origin at P1 and the guide along its x axis; (0, 0) before there is one. Where the lines coincide or are parallel it is taken for a point of the present guide's frame and carried back into x and y.", kezcer10_arguments},
+    {"kezcer5", "Circles and arcs in the plane", "Point of a circle on the line through two points:",
+     "one measured along a chord, one raised over the\nchord's midpoint along the sagitta. It is the crossing on the raised point's side of the chord;\nthe second (as of `kezlci`, in the chord's frame) unless the product of the first one's and the\nraised point's signed distance from the chord is above 1.0e-5.\n\nThe raised point lies h from the midpoint of P1 P2 towards P1 turned about P0 by half the angle\nP1 P0 P2, clockwise for a positive sense. Points between ends that coincide are the first end.\n\nRejected are, in this order, L < 0, h <= 1.0e-5, R <= 1.0e-5, a chord of d <= 1.0e-5,\nd - L <= 1.0e-5 and a line that touches the circle.",
+     "The last result, (0, 0) before there is one. A line that misses the circle is not detected: the kept result, taken for a point of the chord's frame, is then carried back like a crossing and becomes the result, and status is 1.", kezcer5_arguments},
+    {"kezcer2", "Circles and arcs in the plane", "Centres of the circles of a given radius through two points, and the choice of one by its signed distance e from the line of the chord (`kezln3`):",
+     "the first when e sense >= 0; then the second,\nin place of the first, when e sense > 0. A sense of 0 chooses the first.\n\n| status | meaning                                                                           |\n|--------|-----------------------------------------------------------------------------------|\n| 0      | no centre (equal points, R <= 1.0e-5 or too short for the chord), or level chord    |\n| 1      | one centre, written as both (the chord is a diameter)                             |\n| 2      | two centres; the first has the larger x                                           |\n\nLevel is a chord with |y2 - y1| < 1.0e-5. Its centres are written and chosen from all the same,\nthe first with the smaller y; a radius too short for it makes them not-a-number.",
+     nullptr, kezcer2_arguments},
+    {"kezcer1", "Circles and arcs in the plane", "Radius and centre of the arc through two points that rises to a given height over the middle of their chord; radius (f^2 + c^2 / 4) / (2 f) over a chord of length c.",
+     "The centre is chosen as by\n`kezcer2`.",
+     nullptr, kezcer1_arguments},
     {"keztra", "Circles and arcs in the plane", "Moves the origin of a list of points to (tx, ty).",
      "Negated offsets move back.",
      nullptr, keztra_arguments},
     {"kezrot", "Circles and arcs in the plane", "Turns a list of points about the origin.",
      "",
      nullptr, kezrot_arguments},
+    {"kezcer3", "Circles and arcs in the plane", "Turns a point about a centre.",
+     "",
+     nullptr, kezcer3_arguments},
+    {"kezarc1", "Circles and arcs in the plane", "Lengths of the two arcs into which two rays divide a circle.",
+     "",
+     nullptr, kezarc1_arguments},
+    {"kezapl", "Circles and arcs in the plane", "Signed area of an outline.",
+     "",
+     nullptr, kezapl_arguments},
+    {"kezair", "Circles and arcs in the plane", "Area of a figure of a given kind, times a factor.",
+     "",
+     nullptr, kezair_arguments},
+    {"kezspl", "Circles and arcs in the plane", "First moments of the area of an outline:",
+     "Sx of y about the x axis, Sy of x about the y axis.",
+     nullptr, kezspl_arguments},
+    {"kezstm", "Circles and arcs in the plane", "First moments of a figure of a given kind, times a factor.",
+     "",
+     nullptr, kezstm_arguments},
+    {"kezacp", "Circles and arcs in the plane", "Area and centroid of a circular segment.",
+     "A chord through the centre has the right area and a\ncentroid that is not a number, as has a chord with equal ends.",
+     nullptr, kezacp_arguments},
+    {"kezipl", "Circles and arcs in the plane", "Second moments of the area of an outline about the axes through the origin:",
+     "Ix of y^2, Iy of x^2\nand Ixy of x y. `kezinp` turns them into principal ones.",
+     nullptr, kezipl_arguments},
+    {"kezaxph", "Circles and arcs in the plane", "Angle from the positive x axis to a vector, negative below the axis.",
+     "A vector with |y| <= 1.0e-5\nhas no sign, and one of at most 1.0e-5 the angle 0.",
+     nullptr, kezaxph_arguments},
+    {"kezcnv", "Circles and arcs in the plane", "Whether an outline is convex:",
+     "its vertex angles, each the smaller one between the edges, add up\nto (n - 2) pi. The tolerance of 1.0e-5 rad is for the whole sum.",
+     nullptr, kezcnv_arguments},
+    {"kezhin", "Circles and arcs in the plane", "Feet of the perpendiculars from two points on the line P1 P2.",
+     "Heights are distances from the line\nin the x-y plane, all other distances are in space: with different z the positions include the\nheight differences. Coinciding P1 and P2 give not-a-number.",
+     nullptr, kezhin_arguments},
+    {"kezapp", "Circles and arcs in the plane", "Points against the angle between two rays from one vertex.",
+     "| flag | meaning                                                                             |\n|------|-------------------------------------------------------------------------------------|\n| -1   | not classified: the angle is at most 1.0e-5, or a ray has no length                 |\n| 1    | the signed distances from the lines P0 P1 and P0 P2 (`kezln3`) agree in sign or one  |\n|      | is 0, and the foot on P0 P1 does not lie beyond P0 (position 4 of `kezpsl`)         |\n| 2    | any other point                                                                     |",
+     nullptr, kezapp_arguments},
     {"kezlni", "Lines, planes and placement in space", "Intersection of two lines in the plane.",
      "The tests are on the determinants of the coefficients as\nthey are: lines with very small coefficients can count as parallel although they cross.",
      nullptr, kezlni_arguments},

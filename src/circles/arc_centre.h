@@ -1,0 +1,31 @@
+// The centre of an arc between two points, by its radius or by its rise over the chord.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "../frame/types.h"
+
+namespace kez {
+
+// A nearly level chord keeps 0 although it has its two centres: hosts know it by that.
+enum class CentreStatus : std::int32_t { none_or_level_chord = 0, one = 1, two = 2 };
+
+struct ArcCentres {
+  CentreStatus status;
+  Vec2 first, second;
+  std::optional<Vec2> chosen;
+};
+
+// The sign of `sense` chooses by the signed distance from the chord's line; 0 chooses the first.
+// None where the points are the same, the radius is not positive or too short for the chord.
+std::optional<ArcCentres> arc_centres(Vec2 p, Vec2 q, std::int32_t sense, float radius) noexcept;
+
+struct RisenArc {
+  float radius;
+  std::optional<ArcCentres> centres;
+};
+
+std::optional<RisenArc> arc_by_rise(Vec2 p, Vec2 q, std::int32_t sense, float rise) noexcept;
+
+}  // namespace kez

@@ -1,0 +1,45 @@
+#include "directions.h"
+
+#include <cmath>
+
+#include "../frame/angles.h"
+#include "../frame/lines.h"
+#include "../frame/outline.h"
+#include "../frame/points.h"
+#include "../frame/tolerance.h"
+
+namespace kez {
+
+float direction_angle(Vec2 v) noexcept {
+  const float phi = vertex_angle(Vec2{0, 0}, {1, 0}, v);
+  return non_zero(v.y) ? phi * v.y / std::fabs(v.y) : phi;
+}
+
+// The angle at a vertex never exceeds pi, so that the sum falls short of (n - 2) pi where a vertex
+// is reflex. The tolerance does not grow with the number of vertices.
+Convexity judge_convexity(std::span<float> xs, std::span<float> ys) noexcept {
+  close_outline(xs, ys);
+  if (xs.size() < 2) return Convexity::not_convex;
+  const auto n = static_cast<std::int32_t>(xs.size() - 1);
+  const auto vertex = [&](std::int32_t i) {
+    const auto k = static_cast<std::size_t>(i);
+    return Vec2{xs[k], ys[k]};
+  };
+  float sum = vertex_angle(vertex(0), vertex(n - 1), vertex(1));
+  for (std::int32_t i = 1; i < n; ++i) {
+    sum += vertex_angle(vertex(i), vertex(i - 1), vertex(i + 1));
+  }
+  return equal(sum, static_cast<float>(n - 2) * pi) ? Convexity::convex : Convexity::not_convex;
+}
+
+Feet drop_perpendiculars(Vec3 before, Vec3 first, Vec3 second, Vec3 after) noexcept {
+  const Line line = line_through({first.x, first.y}, {second.x, second.y});
+  const auto height = [line](Vec3 p) { return std::fabs(signed_distance({p.x, p.y}, line)); };
+  const auto leg = [](float hypotenuse, float other) {
+    return std::sqrt(hypotenuse * hypotenuse - other * other);
+  };
+  const float h0 = height(before), h3 = height(after), l = distance(first, second);
+  return {h0, leg(distance(before, first), h0), h3, l - leg(distance(second, after), h3), l};
+}
+
+}  // namespace kez

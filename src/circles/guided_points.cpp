@@ -1,0 +1,146 @@
+#include "guided_points.h"
+
+#include <cmath>
+
+#include "../frame/angles.h"
+#include "../frame/lines.h"
+#include "../frame/points.h"
+#include "../frame/tolerance.h"
+#include "circle.h"
+
+namespace kez {
+
+namespace {
+
+// What must be left of lengths on site, in the caller's units; independent of the tolerance.
+constexpr float clearance = 0.001f;
+
+Vec2 measured_point(const Guide& guide, float t) noexcept {
+  // A guide longer than the clearance has no coinciding ends.
+  const Vec3 point = point_along(in_plane(guide.start), in_plane(guide.end), t).value_or(Vec3{});
+  return {point.x, point.y};
+}
+
+Line across_guide(const Guide& guide, Vec2 p) noexcept {
+  const Line along = line_through(guide.start, guide.end);
+  return line_in_direction(p, {along.a, along.b});
+}
+
+void refresh(KeptCrossings& kept, const Crossings& found) noexcept {
+  if (found.count >= 1) kept.first = found.first;
+  if (found.count == 2) kept.second = found.second;
+}
+
+// The number of crossings is not looked at: hosts know what the kept ones give.
+Vec2 cross_circle(const Guide& guide, Line line, std::int32_t sense, KeptCrossings& kept) noexcept {
+  refresh(kept, intersect(line, circle_about(guide.centre, distance(guide.start, guide.centre))));
+  const Vec3 to_start = in_plane(guide.start - guide.centre);
+  const Vec3 to_first = in_plane(kept.first - guide.centre);
+  return static_cast<float>(sense) * cross(to_start, to_first).z < 0 ? kept.first : kept.second;
+}
+
+bool can_measure(float radius, float d, float l) noexcept {
+  return !(radius <= clearance || d <= clearance || l <= clearance || d - l <= clearance);
+}
+
+}  // namespace
+
+std::optional<Vec2> carry_along_ray(const Guide& guide, std::int32_t sense, float l,
+                                    KeptCrossings& kept) noexcept {
+  const float radius = distance(guide.start, guide.centre), d = distance(guide.end, guide.start);
+  // A length equal to the diameter is refused whatever the guide's direction: hosts rely on it.
+  if (!can_measure(radius, d, l) || std::fabs(l - radius - radius) < clearance) return std::nullopt;
+  const Line ray = line_through(guide.centre, measured_point(guide, l / d));
+  return cross_circle(guide, ray, sense, kept);
+}
+
+std::optional<Vec2> carry_across(const Guide& guide, std::int32_t sense, float l,
+                                 KeptCrossings& kept) noexcept {
+  const float radius = distance(guide.start, guide.centre), d = distance(guide.end, guide.start);
+  if (!can_measure(radius, d, l)) return std::nullopt;
+  return cross_circle(guide, across_guide(guide, measured_point(guide, l / d)), sense, kept);
+}
+
+std::optional<Opening> carry_opening_across(const Guide& guide, std::int32_t sense, float l,
+                                            float w, KeptOpening& kept) noexcept {
+  const float radius = distance(guide.start, guide.centre), d = distance(guide.end, guide.start);
+  if (!can_measure(radius, d, l) || w <= clearance) return std::nullopt;
+  // Strict, unlike the others: an opening may come as near to an end as the clearance.
+  const float half = w * 0.5f;
+  if (l - half < clearance || d - l - half < clearance) return std::nullopt;
+  const Line before = across_guide(guide, measured_point(guide, (l - half) / d));
+  const Line after = across_guide(guide, measured_point(guide, (half + l) / d));
+  return Opening{cross_circle(guide, before, sense, kept.first),
+                 cross_circle(guide, after, sense, kept.second)};
+}
+
+namespace {
+
+bool has_frame(const Guide& guide) noexcept {
+  return !(distance(guide.start, guide.centre) <= tolerance ||
+           distance(guide.end, guide.start) <= tolerance);
+}
+
+// The start becomes the origin, and the end comes to the positive x axis.
+LocalFrame frame_of(const Guide& guide) noexcept {
+  const Vec2 v = guide.end - guide.start;
+  const float angle = vertex_angle(Vec2{0, 0}, {1, 0}, v);
+  return {guide.start, v.y < 0 ? -angle : angle};
+}
+
+}  // namespace
+
+Guide to_local(const LocalFrame& frame, const Guide& guide) noexcept {
+  return {frame.to_local(guide.centre), frame.to_local(guide.start), frame.to_local(guide.end)};
+}
+
+Guide to_global(const LocalFrame& frame, const Guide& guide) noexcept {
+  return {frame.to_global(guide.centre), frame.to_global(guide.start), frame.to_global(guide.end)};
+}
+
+std::optional<GuidedPoint> carry_at_angle(const Guide& guide, float l, float theta,
+                                          Vec2& kept_result) noexcept {
+  if (!has_frame(guide)) return std::nullopt;
+  const auto measured =
+      point_along(in_plane(guide.start), in_plane(guide.end), l / distance(guide.end, guide.start));
+  if (!measured) return std::nullopt;
+
+  const LocalFrame frame = frame_of(guide);
+  const Guide local = to_local(frame, guide);
+  const Line line = line_at_angle(frame.to_local({measured->x, measured->y}), theta);
+  const float radius = distance(guide.start, guide.centre);
+  const Crossings found = intersect(line, circle_about(local.centre, radius));
+  if (found.count == 1) return std::nullopt;
+
+  Vec2 result = kept_result;
+  if (found.count == 2) {
+    // The second where the first lies on the centre's side of the guide.
+    const Line along = line_through(local.start, local.end);
+    const float sides = signed_distance(found.first, along) * signed_distance(local.centre, along);
+    result = sides <= tolerance ? found.first : found.second;
+  }
+  kept_result = frame.to_global(result);
+  return GuidedPoint{kept_result, to_global(frame, local)};
+}
+
+std::optional<GuideMeeting> meet_guide(const Guide& guide, float dphi, float theta,
+                                       Vec2& kept_meeting) noexcept {
+  if (!has_frame(guide)) return std::nullopt;
+  // The turned point is there wherever the radius is longer than the tolerance.
+  const Vec2 turned = turn_about(guide.centre, guide.start, dphi).point.value_or(guide.start);
+
+  const LocalFrame frame = frame_of(guide);
+  const Guide local = to_local(frame, guide);
+  const Line line = line_at_angle(frame.to_local(turned), theta);
+  const LineMeeting meeting = intersect(line, line_through(local.start, local.end));
+  if (meeting.status == Meeting::one_point) kept_meeting = meeting.point;
+
+  // A point on the guide's line but at none of its ends makes the status 0 whatever the lines are.
+  const Position position =
+      position_on_segment(in_plane(local.start), in_plane(local.end), in_plane(kept_meeting));
+  const bool at_end_or_off = position <= Position::at_second;
+  return GuideMeeting{at_end_or_off ? meeting.status : Meeting::one_point,
+                      {frame.to_global(kept_meeting), to_global(frame, local)}};
+}
+
+}  // namespace kez

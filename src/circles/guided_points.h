@@ -1,0 +1,70 @@
+// Points set out on a circle by measuring along a straight guide that starts on it.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "../frame/types.h"
+#include "../space/line_intersections.h"
+#include "transform.h"
+
+namespace kez {
+
+// `start` lies on the circle about `centre`; the guide leads from it to `end`.
+struct Guide {
+  Vec2 centre, start, end;
+};
+
+Guide to_local(const LocalFrame& frame, const Guide& guide) noexcept;
+Guide to_global(const LocalFrame& frame, const Guide& guide) noexcept;
+
+// The last two crossings with a circle. A line that misses the circle refreshes neither and one
+// that touches it only the first; what is left of earlier ones is used as if it were found now.
+struct KeptCrossings {
+  Vec2 first, second;
+};
+
+// The point measured `l` along the guide, carried to the circle along the ray from the centre or
+// square to the guide. The sign of `sense` chooses the crossing. None where the guide, the circle
+// or the measured part is too short, or too little of the guide is left.
+std::optional<Vec2> carry_along_ray(const Guide& guide, std::int32_t sense, float l,
+                                    KeptCrossings& kept) noexcept;
+std::optional<Vec2> carry_across(const Guide& guide, std::int32_t sense, float l,
+                                 KeptCrossings& kept) noexcept;
+
+struct Opening {
+  Vec2 first, second;
+};
+
+struct KeptOpening {
+  KeptCrossings first, second;
+};
+
+// The edges of an opening of width w whose middle is measured `l` along the guide, both carried
+// across.
+std::optional<Opening> carry_opening_across(const Guide& guide, std::int32_t sense, float l,
+                                            float w, KeptOpening& kept) noexcept;
+
+// A construction in the guide's frame: the result, and the guide after the way there and back.
+struct GuidedPoint {
+  Vec2 point;
+  Guide guide;
+};
+
+// The point measured `l` along the guide, carried to the circle at the angle theta to the guide.
+// Where that line misses the circle, the kept result is carried back in place of a crossing.
+std::optional<GuidedPoint> carry_at_angle(const Guide& guide, float l, float theta,
+                                          Vec2& kept_result) noexcept;
+
+struct GuideMeeting {
+  Meeting status;
+  GuidedPoint result;
+};
+
+// The start turned about the centre by dphi, and carried at the angle theta to the guide's line.
+// Parallel and coinciding lines leave the meeting point kept, in the frame of the guide where it
+// was found, and it is taken for this guide's.
+std::optional<GuideMeeting> meet_guide(const Guide& guide, float dphi, float theta,
+                                       Vec2& kept_meeting) noexcept;
+
+}  // namespace kez

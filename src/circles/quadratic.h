@@ -1,0 +1,20 @@
+// The equation k2 t^2 + k1 t + k0 = 0 that circle constructions end in. Which of its cases holds is
+// for each of them to judge by the discriminant.
+#pragma once
+
+namespace kez {
+
+struct Quadratic {
+  float k2, k1, k0;
+
+  float discriminant() const noexcept { return k1 * k1 - k2 * 4 * k0; }
+
+  // Where the discriminant counts as zero.
+  float double_root() const noexcept { return -(k1 / k2) * 0.5f; }
+
+  // s is the square root of the discriminant.
+  float first_root(float s) const noexcept { return (s - k1) / k2 * 0.5f; }
+  float second_root(float s) const noexcept { return -(k1 + s) / k2 * 0.5f; }
+};
+
+}  // namespace kez
