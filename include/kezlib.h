@@ -959,7 +959,7 @@ KEZ_API void KEZ_CALL kezapl(float X[], float Y[], const int32_t *n, float *area
  * @param[in,out] X,Y [max(n + 1, 3)] points as the kind needs them, no others are read (length);
  *   for kind 2 entry n + 1 becomes the first, for other kinds nothing changes
  * @param[in] n number of vertices, for kind 2
- * @param[in] kind kind of the figure, see the table above
+ * @param[in] kind kind of the figure, as the group's table says
  * @param[in] A0 area, for kind 1 (length^2)
  * @param[in] factor factor of the result
  * @param[in,out] area the area times factor; for a kind that is not in the table the value found
@@ -983,7 +983,7 @@ KEZ_API void KEZ_CALL kezspl(float X[], float Y[], const int32_t *n, float *Sx, 
  * @param[in,out] X,Y [max(n + 1, 3)] points as the kind needs them, no others are read (length);
  *   for kind 2 entry n + 1 becomes the first, for other kinds nothing changes
  * @param[in] n number of vertices, for kind 2
- * @param[in] kind kind of the figure, see the table above
+ * @param[in] kind kind of the figure, as the group's table says
  * @param[in] A0 area, for kind 1 (length^2)
  * @param[in] factor factor of the results
  * @param[in,out] Sx,Sy the moments times factor; for a kind that is not in the table the values
@@ -1112,6 +1112,10 @@ typedef float(KEZ_CALL *kez_z_callback)(const int32_t *i);
  *
  * An axis system is the nine numbers m1 to m9: the unit vectors of its x, y and z axis in global
  * coordinates, one after the other. It is right-handed and has no origin of its own.
+ *
+ * Whether three points lie on one line is decided by `kezpsl`, that is by an angle: a point counts
+ * as on the line of two others also where it is so far away that it sees them within 0.26 degrees of
+ * one direction. Give lines and axes by points about as far apart as the distances in the task.
  * @{
  */
 
@@ -1132,7 +1136,8 @@ KEZ_API void KEZ_CALL kezlni(const float *a1, const float *b1, const float *c1, 
  *
  * @param[in] x1,y1,z1 first point (length)
  * @param[in] x2,y2,z2 second point (length)
- * @param[out] code class of the direction (table above); 1 also when a component is not a number
+ * @param[out] code class of the direction, 0 to 7, as the group's table says; 1 also when a
+ *     component is not a number
  */
 KEZ_API void KEZ_CALL kezpsn(const float *x1, const float *y1, const float *z1, const float *x2,
                              const float *y2, const float *z2, int32_t *code);
@@ -1146,7 +1151,8 @@ KEZ_API void KEZ_CALL kezpsn(const float *x1, const float *y1, const float *z1, 
  * @param[in] u,v,w direction of the line
  * @param[in] px,py,pz the point to test (length)
  * @param[in] tol largest difference of a coordinate (length)
- * @param[out] code class of the direction (table above)
+ * @param[out] code class of the direction as it shows between the point of the line and the point
+ *     plus the direction: 0 to 7, see `kezpsn`
  * @param[out] onLine 1 when both differences are at most tol, else 0
  */
 KEZ_API void KEZ_CALL kezln6(const float *x0, const float *y0, const float *z0, const float *u,
@@ -1167,7 +1173,7 @@ KEZ_API void KEZ_CALL kezln6(const float *x0, const float *y0, const float *z0, 
  * @param[out] m a1 c2 - c1 a2, the y component with the opposite sign
  * @param[in] n the z component, from the caller: a1 b2 - b1 a2
  * @param[in] tol largest difference of a coordinate (length)
- * @param[out] code class of (l, m, n) (table above)
+ * @param[out] code class of (l, m, n), 0 to 7, see `kezpsn`
  * @param[out] onLine 1 when both differences are at most tol, else 0; 0 when none of l, m and n is
  *   non-zero
  *
@@ -1184,8 +1190,9 @@ KEZ_API void KEZ_CALL kezln7(const float *a1, const float *b1, const float *c1, 
  * Intersection of two lines in space that lie in one plane. It is found in the local axes of
  * `kezaxe` through P1, P1 + d1 and P2 + d2. The status is 0 also when the lines turn out to have no
  * one point in common there: parallel lines take (xi, yi) as passed in for the local coordinates,
- * relative to P1, of the point; when P2 + d2 lies on the first line there are no axes and the
- * result is P1, if xi and yi were finite.
+ * relative to P1, of the point. So do lines whose determinant is within 1.0e-5 of zero there. When
+ * `kezpsl` finds P2 + d2 on the line P1, P1 + d1, which far away from P1 it does early, there are no
+ * axes and the result is P1, if xi and yi were finite. Axes that `kezaxe` finds too short are zero.
  *
  * @param[in,out] x1,y1,z1 P1, a point of the first line; becomes (0, 0, 0), kept when status is not
  *   0 (length)
@@ -1194,7 +1201,7 @@ KEZ_API void KEZ_CALL kezln7(const float *a1, const float *b1, const float *c1, 
  *   0 (length)
  * @param[in] dx2,dy2,dz2 d2, direction of the second line (length)
  * @param[out] status 0, or the `kezdirl` relation for which there is no plane: 3, 4 the same line,
- *   6 skew, 7 a null direction
+ *   6 skew, 7 a direction that is null between P and P + d
  * @param[in,out] xi,yi the intersection; kept when status is not 0 (length)
  * @param[out] zi its z; kept when status is not 0 (length)
  */
@@ -1210,8 +1217,8 @@ KEZ_API void KEZ_CALL kez3lni(float *x1, float *y1, float *z1, const float *dx1,
  * @param[in] x2,y2,z2 P2 (length)
  * @param[in] x3,y3,z3 P3 (length)
  * @param[out] A,B,C,D the plane, zeros when status is not 0
- * @param[out] status 0, or the `kezpsl` position of P3 when it is on the line P1 P2. Coincident P1
- *   and P2 with P3 elsewhere give 0 and a plane without a normal
+ * @param[out] status 0, or the `kezpsl` position of P3 when it is on the line P1 P2. P1 and
+ *   P2 that are exactly equal, with P3 elsewhere, give 0 and a plane without a normal
  */
 KEZ_API void KEZ_CALL kezpl1(const float *x1, const float *y1, const float *z1, const float *x2,
                              const float *y2, const float *z2, const float *x3, const float *y3,
@@ -1281,7 +1288,7 @@ KEZ_API void KEZ_CALL kezpl5(const float *p, const float *q, const float *r, flo
  * @param[in] x2,y2,z2,dx2,dy2,dz2 point and direction of the second line (length)
  * @param[out] A,B,C,D the plane; kept when status is not 0
  * @param[out] status 0, or the `kezdirl` relation of the lines: 3, 4 the same line, 6 skew, 7 a
- *   null direction
+ *   direction that is null between the point and the point plus the direction
  */
 KEZ_API void KEZ_CALL kezpl6(const float *x1, const float *y1, const float *z1, const float *dx1,
                              const float *dy1, const float *dz1, const float *x2, const float *y2,
@@ -1303,7 +1310,7 @@ KEZ_API void KEZ_CALL kezplv(const float *ux, const float *uy, const float *uz, 
 
 /**
  * Signed distance of a point from a plane, positive on the side to which the normal points. It is
- * as accurate as that of `kezlds`. A plane without a normal gives a value that is not finite.
+ * as accurate as that of `kezlds`, with the same limits for A^2 + B^2 + C^2.
  *
  * @param[in] x,y,z the point (length)
  * @param[in] A,B,C,D the plane
@@ -1316,7 +1323,7 @@ KEZ_API void KEZ_CALL kezpld(const float *x, const float *y, const float *z, con
  * Class of a plane.
  *
  * @param[in] A,B,C,D the plane; not-a-number counts as non-zero
- * @param[out] code class, 1 to 10 (table above)
+ * @param[out] code class, 1 to 10, as the group's table says
  */
 KEZ_API void KEZ_CALL kezplp(const float *A, const float *B, const float *C, const float *D,
                              int32_t *code);
@@ -1385,9 +1392,12 @@ KEZ_API void KEZ_CALL kezpnp(const float x[], const float y[], const float z[], 
 
 /**
  * Axis system in the plane of three points: the x axis from O to A, the z axis on the normal of the
- * plane that points upwards. Upwards is where y grows; when the normal's y is not non-zero, where z
- * grows; when its z is not either, where x grows. B may so have a negative local y. An axis shorter
- * than 1.0e-5 before it is made a unit vector stays (0, 0, 0), without a status.
+ * plane that points upwards. Upwards is where y grows; when the normal's y is within the tolerance
+ * of zero, where z grows; when its z is too, where x grows. B may so have a negative local y.
+ *
+ * With L the distance from O to A and h that of B from the line O A, the axes have the lengths L,
+ * L^2 h and L h before they are made unit vectors. One whose length is below 1.0e-5, or not a
+ * number, stays (0, 0, 0) without a status: keep small figures in a small unit.
  *
  * @param[in] x0,y0,z0 O, the origin (length)
  * @param[in] xa,ya,za A, on the local x axis (length)
@@ -1433,7 +1443,8 @@ KEZ_API void KEZ_CALL kez3tra(float x[], float y[], float z[], const int32_t *n,
  * @param[in] x2,y2,z2 P2 (length)
  * @param[in] px,py,pz P (length)
  * @param[out] status always 0
- * @param[out] dist the distance, 0 when `kezpsl` finds P on the line (length)
+ * @param[out] dist the distance, 0 when `kezpsl` finds P on the line or `kezaxe` a y axis too short
+ *     (length)
  */
 KEZ_API void KEZ_CALL kez3lda(const float *x1, const float *y1, const float *z1, const float *x2,
                               const float *y2, const float *z2, const float *px, const float *py,
@@ -1526,7 +1537,7 @@ KEZ_API void KEZ_CALL kezrotz(const int32_t *mode, float x[], float y[], const f
 /**
  * Places a list of points: moves it by (tx, ty, tz), then turns it forwards about the x axis, the y
  * axis and the z axis through the origin, as `kezrotx`, `kezroty` and `kezrotz` do. A translation
- * of which no component is non-zero is left out, and so is an angle that is not non-zero.
+ * whose components are all within the tolerance of zero is left out, and so is such an angle.
  *
  * @param[in,out] x,y,z [n] the points (length)
  * @param[in] n number of points
@@ -1539,7 +1550,8 @@ KEZ_API void KEZ_CALL kezptr(float x[], float y[], float z[], const int32_t *n, 
 
 /**
  * Places a list of points in the local axis system that `kezaxe` gives for O, A and B, with its
- * origin at O: `kezptr` along and about the local axes, with nothing left out.
+ * origin at O: `kezptr` along and about the local axes, with nothing left out. Along an axis that
+ * `kezaxe` finds too short the points lose their coordinate.
  *
  * @param[in] x0,y0,z0 O, the origin (length)
  * @param[in] xa,ya,za A, on the local x axis (length)
@@ -1558,7 +1570,8 @@ KEZ_API void KEZ_CALL kezptrl(const float *x0, const float *y0, const float *z0,
 
 /**
  * Plane of three points, turned about the line P1 P2. Its normal is the z axis that `kezaxe` gives
- * for P1, P2 and P3, turned forwards about the local x axis, with unit length.
+ * for P1, P2 and P3, turned forwards about the local x axis. It has unit length but for rounding: it
+ * is the difference of P1 and P1 plus the unit vector, as exact as the coordinates of P1 allow.
  *
  * @param[in] x1,y1,z1 P1 (length)
  * @param[in] x2,y2,z2 P2 (length)
@@ -1576,8 +1589,8 @@ KEZ_API void KEZ_CALL kezpl7(const float *x1, const float *y1, const float *z1, 
 /**
  * Puts the corners of a quadrilateral into an order in which its outline does not cross itself. The
  * first corner stays the first. The order (1, 2, 3, 4) is tried first, then (1, 2, 4, 3); an order
- * is rejected when the triangles on both sides of the diagonal from its first corner turn against
- * each other, i.e. the dot product of their normals is below zero. (1, 4, 2, 3) is the last resort.
+ * is rejected when the dot product of the normals of the two triangles, into which the diagonal from
+ * its first corner divides it, is below zero. (1, 4, 2, 3) is the last resort.
  * Degenerate corners keep their order.
  *
  * @param[in,out] X,Y,Z [4] the corners, rewritten in the order found (length)

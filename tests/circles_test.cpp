@@ -241,7 +241,7 @@ TEST(Turning, KeepsTheDistanceAndAddsTheAngle) {
     const LocalFrame frame(centre, angle);
     EXPECT_NEAR(distance(frame.to_global(frame.to_local(p)), p), 0, 1e-5f);
     float xs[] = {u.x}, ys[] = {u.y};
-    rotate(Turn::clockwise, xs, ys, angle);
+    kez::turn(rotation_by(angle, Sense::backwards), xs, ys);
     EXPECT_EQ(frame.to_local(p).x, xs[0]);
     EXPECT_EQ(frame.to_local(p).y, ys[0]);
   }

@@ -55,7 +55,7 @@ Outline moved(const Outline& outline, Vec2 origin) {
 
 Outline turned(const Outline& outline, float angle) {
   Outline result = outline;
-  rotate(Turn::counter_clockwise, result.xs, result.ys, angle);
+  kez::turn(rotation_by(angle), result.xs, result.ys);
   return result;
 }
 

@@ -182,6 +182,17 @@ struct List {
   Vec3 at(std::size_t i) const { return {xs[i], ys[i], zs[i]}; }
 };
 
+TEST(Distances, AskForEachHeightOnceAndInOrder) {
+  std::vector<float> xs(5, 0), ys(5, 0);
+  std::vector<std::int32_t> asked, near(5);
+  const auto z_of = [&](std::int32_t position) {
+    asked.push_back(position);
+    return static_cast<float>(position);
+  };
+  EXPECT_EQ(points_near_line({0, 0, 0}, {1, 0, 0}, xs, ys, z_of, 2, near.data()), 2);
+  EXPECT_EQ(asked, (std::vector<std::int32_t>{1, 2, 3, 4, 5}));
+}
+
 TEST(Placements, OfAListAreThoseOfItsPoints) {
   Random random(9);
   const auto maybe = [&] { return random.integer(0, 2) == 0 ? 1e-5f : random.real(-3, 3); };

@@ -184,8 +184,7 @@ void KEZ_CALL keztra(float X[], float Y[], const int32_t* n, const float* tx, co
 
 void KEZ_CALL kezrot(const int32_t* mode, float X[], float Y[], const int32_t* n,
                      const float* angle) {
-  const Turn turn = *mode == number(Turn::clockwise) ? Turn::clockwise : Turn::counter_clockwise;
-  rotate(turn, table(X, *n), table(Y, *n), *angle);
+  turn(rotation_by(*angle, sense_of(*mode)), table(X, *n), table(Y, *n));
 }
 
 void KEZ_CALL kezcer3(const float* x0, const float* y0, float* x, float* y, const float* dphi,

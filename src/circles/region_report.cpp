@@ -1,7 +1,8 @@
 #include "region_report.h"
 
+#include <algorithm>
 #include <array>
-#include <charconv>
+#include <cstdio>
 #include <string_view>
 
 #include "../frame/points.h"
@@ -63,9 +64,12 @@ class Records {
   }
 
   void number(float value) noexcept {
-    std::array<char, 16> digits;
-    const auto [end, error] = std::to_chars(digits.data(), digits.data() + digits.size(), value);
-    number({digits.data(), end});
+    // Nine digits read back to the same value. A host's locale may have another decimal point.
+    std::array<char, 24> digits;
+    const int size =
+        std::snprintf(digits.data(), digits.size(), "%.9g", static_cast<double>(value));
+    std::replace(digits.data(), digits.data() + size, ',', '.');
+    number({digits.data(), static_cast<std::size_t>(size)});
   }
 
   std::string_view written() const noexcept { return {buffer_.data(), size_}; }

@@ -12,11 +12,6 @@ void translate(std::span<float> xs, std::span<float> ys, Vec2 origin) noexcept {
   for (float& y : ys) y -= origin.y;
 }
 
-void rotate(Turn direction, std::span<float> xs, std::span<float> ys, float angle) noexcept {
-  const Rotation forward = rotation_by(angle);
-  turn(direction == Turn::clockwise ? inverse(forward) : forward, xs, ys);
-}
-
 namespace {
 
 // From 0 to 2 pi.

@@ -2,7 +2,6 @@
 // to carry the result back.
 #pragma once
 
-#include <cstdint>
 #include <optional>
 #include <span>
 
@@ -13,10 +12,6 @@ namespace kez {
 
 // The origin moves to `origin`; to move back, translate by its negative.
 void translate(std::span<float> xs, std::span<float> ys, Vec2 origin) noexcept;
-
-enum class Turn : std::int32_t { counter_clockwise = 0, clockwise = 1 };
-
-void rotate(Turn turn, std::span<float> xs, std::span<float> ys, float angle) noexcept;
 
 // The frame about `origin` whose x axis stands at `angle` to the global one.
 class LocalFrame {

@@ -3,6 +3,7 @@
 
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
 #include <span>
 
 #include "types.h"
@@ -14,13 +15,21 @@ struct Rotation {
   float sine, cosine;
 };
 
-inline Rotation rotation_by(float angle) noexcept {
-  return {std::sin(angle), std::cos(angle)};
+enum class Sense : std::int32_t { forwards = 0, backwards = 1 };
+
+// Hosts pass 1 to turn backwards and anything else to turn forwards.
+inline Sense sense_of(std::int32_t mode) noexcept {
+  return mode == static_cast<std::int32_t>(Sense::backwards) ? Sense::backwards : Sense::forwards;
 }
 
 // Exact: turning back differs in the sign of the sine only.
 inline Rotation inverse(Rotation r) noexcept {
   return {-r.sine, r.cosine};
+}
+
+inline Rotation rotation_by(float angle, Sense sense = Sense::forwards) noexcept {
+  const Rotation forwards = {std::sin(angle), std::cos(angle)};
+  return sense == Sense::backwards ? inverse(forwards) : forwards;
 }
 
 inline Vec2 turned(Rotation r, Vec2 p) noexcept {

@@ -58,7 +58,7 @@ std::int32_t points_near_line(Vec3 p1, Vec3 p2, std::span<const float> xs,
   for (std::size_t i = 0; i < xs.size(); ++i) {
     const std::int32_t position = static_cast<std::int32_t>(i) + 1;
     const float z = z_of(position);
-    if (tol >= std::fabs(distance_by_cross(p1, p2, {xs[i], ys[i], z}))) {
+    if (tol >= distance_by_cross(p1, p2, {xs[i], ys[i], z})) {
       positions[count++] = position;
     }
   }

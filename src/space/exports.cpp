@@ -11,12 +11,6 @@ using namespace kez;
 namespace {
 
 constexpr int32_t local_to_global = 1;
-constexpr int32_t backwards = 1;
-
-Rotation load_rotation(const int32_t* mode, const float* angle) {
-  const Rotation forwards = rotation_by(*angle);
-  return *mode == backwards ? inverse(forwards) : forwards;
-}
 
 void store(const AxisSystem& axes, float* m1, float* m2, float* m3, float* m4, float* m5, float* m6,
            float* m7, float* m8, float* m9) {
@@ -243,17 +237,17 @@ void KEZ_CALL kezpnl(const float* x1, const float* y1, const float* z1, const fl
 
 void KEZ_CALL kezrotx(const int32_t* mode, const float[], float y[], float z[], const int32_t* n,
                       const float* angle) {
-  turn(load_rotation(mode, angle), table(y, *n), table(z, *n));
+  turn(rotation_by(*angle, sense_of(*mode)), table(y, *n), table(z, *n));
 }
 
 void KEZ_CALL kezroty(const int32_t* mode, float x[], const float[], float z[], const int32_t* n,
                       const float* angle) {
-  turn(load_rotation(mode, angle), table(x, *n), table(z, *n));
+  turn(rotation_by(*angle, sense_of(*mode)), table(x, *n), table(z, *n));
 }
 
 void KEZ_CALL kezrotz(const int32_t* mode, float x[], float y[], const float[], const int32_t* n,
                       const float* angle) {
-  turn(load_rotation(mode, angle), table(x, *n), table(y, *n));
+  turn(rotation_by(*angle, sense_of(*mode)), table(x, *n), table(y, *n));
 }
 
 void KEZ_CALL kezptr(float x[], float y[], float z[], const int32_t* n, const float* tx,

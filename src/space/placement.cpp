@@ -43,19 +43,12 @@ void replace_each(PointList points, Map map) noexcept {
 }  // namespace
 
 void place(PointList points, Placement placement) noexcept {
-  const Vec3 t = placement.translation, angles = placement.angles;
-  const bool moves = non_zero(t.x) || non_zero(t.y) || non_zero(t.z);
-  const bool turns_x = non_zero(angles.x), turns_y = non_zero(angles.y),
-             turns_z = non_zero(angles.z);
-  const Turns turns = turns_by(angles);
-  // One pass: the tests do not depend on the point, and the compiler takes them out of the loop.
-  replace_each(points, [=](Vec3 p) {
-    if (moves) p = p + t;
-    if (turns_x) p = turned_about_x(turns.about_x, p);
-    if (turns_y) p = turned_about_y(turns.about_y, p);
-    if (turns_z) p = turned_about_z(turns.about_z, p);
-    return p;
-  });
+  const auto [xs, ys, zs] = points;
+  const auto [t, angles] = placement;
+  if (non_zero(t.x) || non_zero(t.y) || non_zero(t.z)) translate(xs, ys, zs, {-t.x, -t.y, -t.z});
+  if (non_zero(angles.x)) turn(rotation_by(angles.x), ys, zs);
+  if (non_zero(angles.y)) turn(rotation_by(angles.y), xs, zs);
+  if (non_zero(angles.z)) turn(rotation_by(angles.z), xs, ys);
 }
 
 PlacedAxes::Status place_locally(Vec3 origin, Vec3 on_x, Vec3 in_xy, PointList points,

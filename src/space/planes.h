@@ -11,10 +11,10 @@
 
 namespace kez {
 
+// There is a plane where the third point is off the line of the other two; else it is zero.
 struct PlaneOfPoints {
-  Position
-      third;    // against the segment of the other two; there is a plane where it is off the line
-  Plane plane;  // zero where there is none
+  Position third;
+  Plane plane;
 };
 
 PlaneOfPoints plane_through(Vec3 p1, Vec3 p2, Vec3 p3) noexcept;

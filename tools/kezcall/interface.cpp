@@ -674,7 +674,7 @@ constexpr Argument kezair_arguments[] = {
     {"X", real, in_out, [](Integers v) -> std::int64_t { return std::max<std::int64_t>(v[2] + 1, 3); }, "max(n + 1, 3)", "points as the kind needs them, no others are read (length); for kind 2 entry n + 1 becomes the first, for other kinds nothing changes"},
     {"Y", real, in_out, [](Integers v) -> std::int64_t { return std::max<std::int64_t>(v[2] + 1, 3); }, "max(n + 1, 3)", "points as the kind needs them, no others are read (length); for kind 2 entry n + 1 becomes the first, for other kinds nothing changes"},
     {"n", integer, in, nullptr, nullptr, "number of vertices, for kind 2"},
-    {"kind", integer, in, nullptr, nullptr, "kind of the figure, see the table above"},
+    {"kind", integer, in, nullptr, nullptr, "kind of the figure, as the group's table says"},
     {"A0", real, in, nullptr, nullptr, "area, for kind 1 (length^2)"},
     {"factor", real, in, nullptr, nullptr, "factor of the result"},
     {"area", real, in_out, nullptr, nullptr, "the area times factor; for a kind that is not in the table the value found here times factor (length^2)"},
@@ -692,7 +692,7 @@ constexpr Argument kezstm_arguments[] = {
     {"X", real, in_out, [](Integers v) -> std::int64_t { return std::max<std::int64_t>(v[2] + 1, 3); }, "max(n + 1, 3)", "points as the kind needs them, no others are read (length); for kind 2 entry n + 1 becomes the first, for other kinds nothing changes"},
     {"Y", real, in_out, [](Integers v) -> std::int64_t { return std::max<std::int64_t>(v[2] + 1, 3); }, "max(n + 1, 3)", "points as the kind needs them, no others are read (length); for kind 2 entry n + 1 becomes the first, for other kinds nothing changes"},
     {"n", integer, in, nullptr, nullptr, "number of vertices, for kind 2"},
-    {"kind", integer, in, nullptr, nullptr, "kind of the figure, see the table above"},
+    {"kind", integer, in, nullptr, nullptr, "kind of the figure, as the group's table says"},
     {"A0", real, in, nullptr, nullptr, "area, for kind 1 (length^2)"},
     {"factor", real, in, nullptr, nullptr, "factor of the results"},
     {"Sx", real, in_out, nullptr, nullptr, "the moments times factor; for a kind that is not in the table the values found here times factor (length^3)"},
@@ -786,7 +786,7 @@ constexpr Argument kezpsn_arguments[] = {
     {"x2", real, in, nullptr, nullptr, "second point (length)"},
     {"y2", real, in, nullptr, nullptr, "second point (length)"},
     {"z2", real, in, nullptr, nullptr, "second point (length)"},
-    {"code", integer, out, nullptr, nullptr, "class of the direction (table above); 1 also when a component is not a number"},
+    {"code", integer, out, nullptr, nullptr, "class of the direction, 0 to 7, as the group's table says; 1 also when a component is not a number"},
 };
 
 constexpr Argument kezln6_arguments[] = {
@@ -800,7 +800,7 @@ constexpr Argument kezln6_arguments[] = {
     {"py", real, in, nullptr, nullptr, "the point to test (length)"},
     {"pz", real, in, nullptr, nullptr, "the point to test (length)"},
     {"tol", real, in, nullptr, nullptr, "largest difference of a coordinate (length)"},
-    {"code", integer, out, nullptr, nullptr, "class of the direction (table above)"},
+    {"code", integer, out, nullptr, nullptr, "class of the direction as it shows between the point of the line and the point plus the direction: 0 to 7, see `kezpsn`"},
     {"onLine", integer, out, nullptr, nullptr, "1 when both differences are at most tol, else 0"},
 };
 
@@ -820,7 +820,7 @@ constexpr Argument kezln7_arguments[] = {
     {"m", real, out, nullptr, nullptr, "a1 c2 - c1 a2, the y component with the opposite sign"},
     {"n", real, in, nullptr, nullptr, "the z component, from the caller: a1 b2 - b1 a2"},
     {"tol", real, in, nullptr, nullptr, "largest difference of a coordinate (length)"},
-    {"code", integer, out, nullptr, nullptr, "class of (l, m, n) (table above)"},
+    {"code", integer, out, nullptr, nullptr, "class of (l, m, n), 0 to 7, see `kezpsn`"},
     {"onLine", integer, out, nullptr, nullptr, "1 when both differences are at most tol, else 0; 0 when none of l, m and n is non-zero"},
 };
 
@@ -837,7 +837,7 @@ constexpr Argument kez3lni_arguments[] = {
     {"dx2", real, in, nullptr, nullptr, "d2, direction of the second line (length)"},
     {"dy2", real, in, nullptr, nullptr, "d2, direction of the second line (length)"},
     {"dz2", real, in, nullptr, nullptr, "d2, direction of the second line (length)"},
-    {"status", integer, out, nullptr, nullptr, "0, or the `kezdirl` relation for which there is no plane: 3, 4 the same line, 6 skew, 7 a null direction"},
+    {"status", integer, out, nullptr, nullptr, "0, or the `kezdirl` relation for which there is no plane: 3, 4 the same line, 6 skew, 7 a direction that is null between P and P + d"},
     {"xi", real, in_out, nullptr, nullptr, "the intersection; kept when status is not 0 (length)"},
     {"yi", real, in_out, nullptr, nullptr, "the intersection; kept when status is not 0 (length)"},
     {"zi", real, out, nullptr, nullptr, "its z; kept when status is not 0 (length)"},
@@ -857,7 +857,7 @@ constexpr Argument kezpl1_arguments[] = {
     {"B", real, out, nullptr, nullptr, "the plane, zeros when status is not 0"},
     {"C", real, out, nullptr, nullptr, "the plane, zeros when status is not 0"},
     {"D", real, out, nullptr, nullptr, "the plane, zeros when status is not 0"},
-    {"status", integer, out, nullptr, nullptr, "0, or the `kezpsl` position of P3 when it is on the line P1 P2. Coincident P1 and P2 with P3 elsewhere give 0 and a plane without a normal"},
+    {"status", integer, out, nullptr, nullptr, "0, or the `kezpsl` position of P3 when it is on the line P1 P2. P1 and P2 that are exactly equal, with P3 elsewhere, give 0 and a plane without a normal"},
 };
 
 constexpr Argument kezpl2_arguments[] = {
@@ -948,7 +948,7 @@ constexpr Argument kezpl6_arguments[] = {
     {"B", real, out, nullptr, nullptr, "the plane; kept when status is not 0"},
     {"C", real, out, nullptr, nullptr, "the plane; kept when status is not 0"},
     {"D", real, out, nullptr, nullptr, "the plane; kept when status is not 0"},
-    {"status", integer, out, nullptr, nullptr, "0, or the `kezdirl` relation of the lines: 3, 4 the same line, 6 skew, 7 a null direction"},
+    {"status", integer, out, nullptr, nullptr, "0, or the `kezdirl` relation of the lines: 3, 4 the same line, 6 skew, 7 a direction that is null between the point and the point plus the direction"},
 };
 
 constexpr Argument kezplv_arguments[] = {
@@ -979,7 +979,7 @@ constexpr Argument kezplp_arguments[] = {
     {"B", real, in, nullptr, nullptr, "the plane; not-a-number counts as non-zero"},
     {"C", real, in, nullptr, nullptr, "the plane; not-a-number counts as non-zero"},
     {"D", real, in, nullptr, nullptr, "the plane; not-a-number counts as non-zero"},
-    {"code", integer, out, nullptr, nullptr, "class, 1 to 10 (table above)"},
+    {"code", integer, out, nullptr, nullptr, "class, 1 to 10, as the group's table says"},
 };
 
 constexpr Argument kezpli_arguments[] = {
@@ -1098,7 +1098,7 @@ constexpr Argument kez3lda_arguments[] = {
     {"py", real, in, nullptr, nullptr, "P (length)"},
     {"pz", real, in, nullptr, nullptr, "P (length)"},
     {"status", integer, out, nullptr, nullptr, "always 0"},
-    {"dist", real, out, nullptr, nullptr, "the distance, 0 when `kezpsl` finds P on the line (length)"},
+    {"dist", real, out, nullptr, nullptr, "the distance, 0 when `kezpsl` finds P on the line or `kezaxe` a y axis too short (length)"},
 };
 
 constexpr Argument kez3lds_arguments[] = {
@@ -2008,7 +2008,7 @@ constexpr Routine all[] = {
      "The line is evaluated at a kept x when l\nis non-zero, else at a kept y when m is, else at a kept z when n is, and the point's other two\ncoordinates are compared with that point of the line. The coordinate at which the line is\nevaluated is never the tested point's, and where y is the parameter the slope of z has the\nopposite sign to the line's.",
      "The last point of a line at which one was evaluated, (0, 0, 0) before the first: its x, y or z is used as told, and the other two coordinates are replaced.", kezln7_arguments},
     {"kez3lni", "Lines, planes and placement in space", "Intersection of two lines in space that lie in one plane.",
-     "It is found in the local axes of\n`kezaxe` through P1, P1 + d1 and P2 + d2. The status is 0 also when the lines turn out to have no\none point in common there: parallel lines take (xi, yi) as passed in for the local coordinates,\nrelative to P1, of the point; when P2 + d2 lies on the first line there are no axes and the\nresult is P1, if xi and yi were finite.",
+     "It is found in the local axes of\n`kezaxe` through P1, P1 + d1 and P2 + d2. The status is 0 also when the lines turn out to have no\none point in common there: parallel lines take (xi, yi) as passed in for the local coordinates,\nrelative to P1, of the point. So do lines whose determinant is within 1.0e-5 of zero there. When\n`kezpsl` finds P2 + d2 on the line P1, P1 + d1, which far away from P1 it does early, there are no\naxes and the result is P1, if xi and yi were finite. Axes that `kezaxe` finds too short are zero.",
      nullptr, kez3lni_arguments},
     {"kezpl1", "Lines, planes and placement in space", "Plane through three points.",
      "Its normal is (P2 - P1) x (P3 - P1).",
@@ -2032,7 +2032,7 @@ constexpr Routine all[] = {
      "",
      nullptr, kezplv_arguments},
     {"kezpld", "Lines, planes and placement in space", "Signed distance of a point from a plane, positive on the side to which the normal points.",
-     "It is\nas accurate as that of `kezlds`. A plane without a normal gives a value that is not finite.",
+     "It is\nas accurate as that of `kezlds`, with the same limits for A^2 + B^2 + C^2.",
      nullptr, kezpld_arguments},
     {"kezplp", "Lines, planes and placement in space", "Class of a plane.",
      "",
@@ -2050,7 +2050,7 @@ constexpr Routine all[] = {
      "The sum starts as\nD, and each point adds its A x + B y + C z: only the first point is tested against the plane as\ngiven, each later one against the plane that the points before it have shifted.",
      nullptr, kezpnp_arguments},
     {"kezaxe", "Lines, planes and placement in space", "Axis system in the plane of three points:",
-     "the x axis from O to A, the z axis on the normal of the\nplane that points upwards. Upwards is where y grows; when the normal's y is not non-zero, where z\ngrows; when its z is not either, where x grows. B may so have a negative local y. An axis shorter\nthan 1.0e-5 before it is made a unit vector stays (0, 0, 0), without a status.",
+     "the x axis from O to A, the z axis on the normal of the\nplane that points upwards. Upwards is where y grows; when the normal's y is within the tolerance\nof zero, where z grows; when its z is too, where x grows. B may so have a negative local y.\n\nWith L the distance from O to A and h that of B from the line O A, the axes have the lengths L,\nL^2 h and L h before they are made unit vectors. One whose length is below 1.0e-5, or not a\nnumber, stays (0, 0, 0) without a status: keep small figures in a small unit.",
      nullptr, kezaxe_arguments},
     {"keztrn", "Lines, planes and placement in space", "Carries a point from local to global coordinates or back.",
      "Only the axes turn: points are relative\nto the common origin, `kez3tra` moves them there and back.",
@@ -2080,16 +2080,16 @@ constexpr Routine all[] = {
      "Forwards is from x towards y.",
      nullptr, kezrotz_arguments},
     {"kezptr", "Lines, planes and placement in space", "Places a list of points:",
-     "moves it by (tx, ty, tz), then turns it forwards about the x axis, the y\naxis and the z axis through the origin, as `kezrotx`, `kezroty` and `kezrotz` do. A translation\nof which no component is non-zero is left out, and so is an angle that is not non-zero.",
+     "moves it by (tx, ty, tz), then turns it forwards about the x axis, the y\naxis and the z axis through the origin, as `kezrotx`, `kezroty` and `kezrotz` do. A translation\nwhose components are all within the tolerance of zero is left out, and so is such an angle.",
      nullptr, kezptr_arguments},
     {"kezptrl", "Lines, planes and placement in space", "Places a list of points in the local axis system that `kezaxe` gives for O, A and B, with its origin at O:",
-     "`kezptr` along and about the local axes, with nothing left out.",
+     "`kezptr` along and about the local axes, with nothing left out. Along an axis that\n`kezaxe` finds too short the points lose their coordinate.",
      nullptr, kezptrl_arguments},
     {"kezpl7", "Lines, planes and placement in space", "Plane of three points, turned about the line P1 P2.",
-     "Its normal is the z axis that `kezaxe` gives\nfor P1, P2 and P3, turned forwards about the local x axis, with unit length.",
+     "Its normal is the z axis that `kezaxe` gives\nfor P1, P2 and P3, turned forwards about the local x axis. It has unit length but for rounding: it\nis the difference of P1 and P1 plus the unit vector, as exact as the coordinates of P1 allow.",
      nullptr, kezpl7_arguments},
     {"kezorv", "Lines, planes and placement in space", "Puts the corners of a quadrilateral into an order in which its outline does not cross itself.",
-     "The\nfirst corner stays the first. The order (1, 2, 3, 4) is tried first, then (1, 2, 4, 3); an order\nis rejected when the triangles on both sides of the diagonal from its first corner turn against\neach other, i.e. the dot product of their normals is below zero. (1, 4, 2, 3) is the last resort.\nDegenerate corners keep their order.",
+     "The\nfirst corner stays the first. The order (1, 2, 3, 4) is tried first, then (1, 2, 4, 3); an order\nis rejected when the dot product of the normals of the two triangles, into which the diagonal from\nits first corner divides it, is below zero. (1, 4, 2, 3) is the last resort.\nDegenerate corners keep their order.",
      nullptr, kezorv_arguments},
     {"kezsec_b", "Steel sections and design values", "Outline of a flat bar, a rectangle b by h.",
      "The vertex count is 12, although there are 4 vertices:\nhosts rely on it. Mind that b is an integer.\n\n    1------4\n    |      |\n    2------3",
