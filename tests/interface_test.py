@@ -1,12 +1,16 @@
 """The header's parser refuses what breaks the form, and what was generated is fresh."""
 
 import pathlib
+import re
 import subprocess
 import sys
 import unittest
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "tools"))
 import interface  # noqa: E402
+
+HEADER = interface.parse_header(interface.HEADER.read_text())
+CASES = pathlib.Path(__file__).parent / "cases"
 
 GROUP = "/** @defgroup g Group\n * @{\n */\n"
 GOOD = """/**
@@ -103,6 +107,25 @@ class Form(unittest.TestCase):
     def test_error_names_the_line(self):
         with self.assertRaisesRegex(interface.FormError, "line 17: kezsum: .*by reference"):
             parse(GOOD.replace("kezsum", "kezone") + GOOD.replace("float *a", "float a"))
+
+    def test_header_has_every_routine_with_its_count(self):
+        lines = (pathlib.Path(__file__).parent / "routines.txt").read_text().splitlines()
+        names = [line for line in lines if not line.startswith("#")]
+        self.assertEqual(len(names), 152)
+        self.assertEqual(sorted(name for name in names if not name.startswith("-")),
+                         sorted(f"{r.name} {len(r.arguments)}" for r in HEADER))
+
+    def test_every_routine_has_rows(self):
+        rows = "".join(path.read_text() for path in CASES.glob("*.txt"))
+        called = set(re.findall(r"^(kez\w+) .*->", rows, re.MULTILINE))
+        self.assertEqual(sorted({r.name for r in HEADER} - called), [])
+
+    def test_readme_lists_every_routine_and_what_is_kept(self):
+        readme = (interface.ROOT / "README.md").read_text()
+        families = readme[readme.index("## The routines"):readme.index("### Values kept")]
+        kept = readme[readme.index("### Values kept"):readme.index("### What is not")]
+        self.assertEqual(re.findall(r"`(kez\w+)`", families), [r.name for r in HEADER])
+        self.assertEqual(re.findall(r"`(kez\w+)`", kept), [r.name for r in HEADER if r.kept])
 
     def test_generated_files_are_fresh(self):
         subprocess.run([sys.executable, interface.__file__, "--check"], check=True)
