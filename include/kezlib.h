@@ -623,7 +623,8 @@ KEZ_API void KEZ_CALL kezpar(const int32_t *i1, const int32_t *i2, const int32_t
  */
 
 /**
- * Circle from centre and radius: D = -2 xc, E = -2 yc, F = xc^2 + yc^2 - r^2.
+ * Circle from centre and radius: D = -2 xc, E = -2 yc, F = xc^2 + yc^2 - r^2. Far from the origin
+ * F loses the digits of the radius: work from a point near the circle.
  *
  * @param[in] xc,yc centre (length)
  * @param[in] r radius; its sign does not matter (length)
@@ -635,8 +636,14 @@ KEZ_API void KEZ_CALL kezcer(const float *xc, const float *yc, const float *r, f
 /**
  * Intersection of a line and a circle. The first point is the one with the larger y; where |a| is
  * at most 1.0e-5 the line counts as the horizontal b y + c = 0, and the first point is the one with
- * the larger x. The line touches when the discriminant is within 1.0e-5 of zero, whatever the size
- * of the coefficients. A line with a = b = 0 gives n = 1 and a point that is not finite.
+ * the larger x.
+ *
+ * The line touches when the discriminant of the quadratic in y (or x) is within 1.0e-5 of zero. That
+ * discriminant grows with the fourth power of the line's coefficients: scale the line so that
+ * a^2 + b^2 is about 1, or a small line through the centre counts as touching, and one with
+ * coefficients in the hundreds touches only when it is exactly tangent. Where b is much larger than
+ * a, x = -(b y + c) / a loses digits; to avoid it pass b, a, c, E, D, F and read the points as
+ * (y, x). A line with a = b = 0, or a horizontal one with b = 0, gives no finite point.
  *
  * @param[in] a,b,c the line a x + b y + c = 0
  * @param[in] D,E,F the circle
