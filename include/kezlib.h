@@ -1631,7 +1631,7 @@ KEZ_API void KEZ_CALL kezorv(float X[], float Y[], float Z[], int32_t order[]);
 
 /**
  * Outline of a flat bar, a rectangle b by h. The vertex count is 12, although there are 4 vertices:
- * hosts rely on it. Mind that b is an integer.
+ * hosts rely on it. Pass 4 to the routines that take a contour, and mind that b is an integer.
  *
  *     1------4
  *     |      |
@@ -1917,7 +1917,8 @@ KEZ_API void KEZ_CALL kezsec_l2(const float *a, const float *h, const float *s, 
 /**
  * Outline of a cold-formed channel with sharp corners, web at the left: with lips, which may return
  * towards the web, and with a groove pressed into the web; or, when c is at most 1.0e-5, plain.
- * Edges of no length are kept where r or a dimension of the groove is 0.
+ * Edges of no length are kept where r or a dimension of the groove is 0. A c, nw or nf that is not a
+ * number counts as 0.
  *
  *     1-----------------------24     1----------8
  *     |  18----------------19  |     |  6-------7
@@ -1936,7 +1937,8 @@ KEZ_API void KEZ_CALL kezsec_l2(const float *a, const float *h, const float *s, 
  * @param[in] t thickness of the wall, also in the groove (length)
  * @param[in] r length of the return from the lip's inner face (length)
  * @param[in] gd depth of the groove (length)
- * @param[in] gw,gb width of the groove's outer face in the web and at its bottom (length)
+ * @param[in] gw,gb width of the groove's outer face in the web and at its bottom, gb at most gw
+ *   (length)
  * @param[in] sw height of each slot in the web (length)
  * @param[in] yw the slots' centres are at y = -yw and at y = yw (length)
  * @param[in] nw number of slots in the web, rounded to 0, 1 (the one at -yw) or 2
@@ -2010,7 +2012,7 @@ KEZ_API void KEZ_CALL kezsec_i(const float *d, const float *b1, const float *b2,
  *     rho = 1                                       where lp <= 0.5 + sqrt(0.085 - 0.055 psi)
  *     rho = (1 - 0.055 (3 + psi) / lp) / lp <= 1    beyond
  *
- * Nothing is checked; k = 0 gives 0.
+ * Nothing is checked; k = 0 gives 0 for a positive width.
  *
  * @param[in] b width of the panel (length)
  * @param[in] t thickness (length)
@@ -2047,7 +2049,8 @@ KEZ_API void KEZ_CALL kezro2(const float *b, const float *t, const float *e1, co
  * @param[in] s1,s2 stresses at the edges (stress)
  * @param[out] be1,be2 effective parts at the edges of s1 and of s2 (length); kept when no row
  *   applies: both stresses are within the tolerance of 0, s1 is not positive, s2 is greater than
- *   s1, or |s2| / 3 is exactly s1
+ *   s1, |s2| / 3 is exactly s1 (and the last row does not apply), a stress is not a number, or both
+ *   are infinite
  */
 KEZ_API void KEZ_CALL kezef2(const float *b, const float *bbar, const float *t, const float *e1,
                              const float *e2, const float *s1, const float *s2, float *be1,
@@ -2075,8 +2078,8 @@ KEZ_API void KEZ_CALL kezefr(const float *b, const float *d, const float *t, con
 /**
  * Reduction factor of an angle-shaped stiffener or flange outstand that buckles torsionally, held
  * by the bending stiffness of the plate to which it is attached: EN 1993-1-3, 5.5.3.1 (5.12) and
- * (5.15) with the spring stiffness of 5.5.3.2. The slenderness is iterated, sqrt(chi) times that of
- * the full stiffener, until chi changes by at most 0.001. Nothing is checked.
+ * 5.5.3.2 (5.15), with the spring stiffness of 5.5.3.1 (5.10b). The slenderness is iterated, sqrt(chi)
+ * times that of the full stiffener, until chi changes by at most 0.001. Nothing is checked.
  *
  * @param[in] t thickness (length)
  * @param[in] b leg towards the plate, between centre-lines (length)
@@ -2126,9 +2129,9 @@ KEZ_API void KEZ_CALL kezwar_c(const float *B, const float *H, const float *C, c
 
 /**
  * Entries of an ascending table that lie in a range, both ends included and without tolerance. When
- * there is none, the two neighbouring entries between which the range lies: mind that they look
- * like two entries inside, but for distances that are both 0. Whether the table ascends is not
- * checked.
+ * there is none, the two neighbouring entries between which the range lies. These cannot be told
+ * from two entries that are exactly lo and hi: compare the first with lo. Whether the table ascends
+ * is not checked.
  *
  * @param[in] n entries of the table
  * @param[in] x [n] the table
@@ -2144,8 +2147,9 @@ KEZ_API void KEZ_CALL kezlul(const int32_t *n, const float x[], const float *lo,
 /**
  * Copies one block out of an array in which blocks of entries stand one after another: one contour
  * out of an outline's coordinates. Entries of either kind, reals or integers, are copied as they
- * are. Nothing is copied when n is below 1, or when the counts of the blocks before, which are
- * added as they are, have a sum below 0.
+ * are. Counts are added as they are, and their sum wraps at 32 bits. Nothing is copied when n is
+ * below 1, when the sum of the counts before the block is below 0, or when the sum with its own
+ * count passes 2147483647.
  *
  * @param[in] a ignored
  * @param[in] counts [n] number of entries of each block

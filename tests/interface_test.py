@@ -47,8 +47,8 @@ class Form(unittest.TestCase):
         self.assertIn("return 2 * v[0] + 1;", interface.call_table([routine]))
 
     def test_sketch_keeps_its_indentation(self):
-        (routine,) = parse(GOOD.replace(" Details follow.", "\n *\n *     1--2\n *       3"))
-        self.assertEqual(routine.details, "    1--2\n      3")
+        (routine,) = parse(GOOD.replace(" Details follow.", "\n *\n *       1--2\n *     3"))
+        self.assertEqual(routine.details, "      1--2\n    3")
 
     def test_extent_with_the_larger_of_two(self):
         (routine,) = parse(GOOD.replace("[2 * n + 1]", "[max(n, 0) * max(2, n)]"))
@@ -73,6 +73,7 @@ class Form(unittest.TestCase):
                 ("array without extent", "[2 * n + 1] ", ""),
                 ("scalar with extent", "a,b sums", "a,b [n] sums"),
                 ("extent of no input", "[2 * n + 1]", "[m]"),
+                ("function without a call", "[2 * n + 1]", "[sum + 1]"),
                 ("extent of a real", "[2 * n + 1]", "[a]"),
                 ("extent of no arithmetic", "[2 * n + 1]", "[n, 1]"),
                 ("extent of a real array", "w [n]", "w [x(n)]"),

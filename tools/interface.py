@@ -118,8 +118,8 @@ def check_extent(argument, arguments):
     arrays = {a.name for a in integers if a.extent}
     if not is_arithmetic(argument.extent, arrays):
         raise FormError(f"extent [{argument.extent}] of {argument.name} is not integer arithmetic")
-    for name in re.findall(r"[A-Za-z_]\w*", argument.extent):
-        if name not in {a.name for a in integers} | {"max", "sum"}:
+    for name in re.findall(r"\b(?!(?:max|sum)\()[A-Za-z_]\w*", argument.extent):
+        if name not in {a.name for a in integers}:
             raise FormError(f"extent [{argument.extent}] of {argument.name}: "
                             f"{name} is not an integer input")
 
@@ -171,7 +171,7 @@ def parse_routine(match, group):
 def plain_description(description):
     """The first sentence on a line of its own, then the rest with its lines as they stand: they are
     indented in a sketch."""
-    first = re.match(r"(.+?[.:])(?=\s|$)\s*?(?=    \S|\S|$)", description, re.DOTALL)
+    first = re.match(r"(.+?[.:])(?:\s*\n(?= )|\s+|$)", description, re.DOTALL)
     return plain(first[1]) + "\n" + description[first.end():] if first else ""
 
 

@@ -11,7 +11,7 @@ struct Block {
   std::int32_t offset, count;  // entries before it, and its own
 };
 
-// The block of the last count; none where it is empty or would begin before the array.
+// The block of the last count; none where it is empty, or where the counts lead out of the array.
 std::optional<Block> last_block(std::span<const std::int32_t> counts) noexcept;
 
 }  // namespace kez

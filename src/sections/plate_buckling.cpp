@@ -90,8 +90,8 @@ float distortional_reduction(float lambda) noexcept {
   return 0.66f / lambda;
 }
 
-// Of the full stiffener on the spring that the bent plate gives it: EN 1993-1-3, 5.5.3.1 (5.15)
-// with the spring stiffness of 5.5.3.2.
+// Of the full stiffener on the spring that the bent plate gives it: EN 1993-1-3, 5.5.3.2 (5.15)
+// with the spring stiffness of 5.5.3.1 (5.10b).
 float stiffener_slenderness(const Stiffener& stiffener) noexcept {
   const float a = stiffener.a, b = stiffener.b, t = stiffener.t, s = stiffener.s;
   const float area = (a + b) * t;
