@@ -605,7 +605,10 @@ KEZ_API void KEZ_CALL kezpar(const int32_t *i1, const int32_t *i2, const int32_t
  * A circle is the triple (D, E, F) of x^2 + y^2 + D x + E y + F = 0.
  *
  * A guide is the segment from P1 to P2, where P1 lies on the circle about P0 and so fixes its
- * radius R; P2 need not lie on it. "sense" chooses between two solutions by its sign.
+ * radius R; P2 need not lie on it. "sense" chooses between two solutions by its sign. The lines
+ * that carry points to the circle meet it as by `kezlci`, which counts a line as touching also when
+ * it is nearly level without being level: on circles of a few units, slopes from 1e-5 to about
+ * 1e-3.
  *
  * An outline is a polygon of n vertices in order. Its lists have one entry more than vertices: the
  * routines copy the first vertex to position n + 1 before anything else, also when n is 0; below 0
@@ -638,12 +641,12 @@ KEZ_API void KEZ_CALL kezcer(const float *xc, const float *yc, const float *r, f
  * at most 1.0e-5 the line counts as the horizontal b y + c = 0, and the first point is the one with
  * the larger x.
  *
- * The line touches when the discriminant of the quadratic in y (or x) is within 1.0e-5 of zero. That
- * discriminant grows with the fourth power of the line's coefficients: scale the line so that
+ * The line touches when the discriminant of the quadratic in y (or x) is within 1.0e-5 of zero.
+ * That discriminant grows with the fourth power of the line's coefficients: scale the line so that
  * a^2 + b^2 is about 1, or a small line through the centre counts as touching, and one with
  * coefficients in the hundreds touches only when it is exactly tangent. Where b is much larger than
- * a, x = -(b y + c) / a loses digits; to avoid it pass b, a, c, E, D, F and read the points as
- * (y, x). A line with a = b = 0, or a horizontal one with b = 0, gives no finite point.
+ * a, x = -(b y + c) / a loses digits; to avoid it pass b, a, c, E, D, F and read the points as (y,
+ * x). A line with a = b = 0, or a horizontal one with b = 0, gives no finite point.
  *
  * @param[in] a,b,c the line a x + b y + c = 0
  * @param[in] D,E,F the circle
@@ -681,9 +684,10 @@ KEZ_API void KEZ_CALL kezc12(const float *D1, const float *E1, const float *F1, 
  * | 3 | the line cuts and Y(1) < 0: the segment of angle phi is in the positive region       |
  * | 4 | the line cuts and Y(1) >= 0: that of angle 2 pi - phi is in the positive region      |
  *
- * Each call adds three records in Greek (code page Windows-1253) to the report: that it is of a
- * circle; "KC;" and k; the meaning of k, for 3 and 4 with both cut points. A file that cannot be
- * opened or written changes nothing in the results; a later call tries again.
+ * Each call adds three records in Greek (code page Windows-1253) to the report, each with a blank
+ * first: that it is of a circle; "KC; " and k; the meaning of k, for 3 and 4 followed by
+ * "x2; ... ;y2; ... ;x3; ... ;y3; ..." with numbers that read back to the same values. A file that
+ * cannot be opened or written changes nothing in the results; a later call tries again.
  *
  * @param[in] X,Y [2] centre, and a point on the circle (length)
  * @param[in] a,b,c the line a x + b y + c = 0
@@ -693,8 +697,8 @@ KEZ_API void KEZ_CALL kezc12(const float *D1, const float *E1, const float *F1, 
  *
  * @par Kept value
  * The report, which is a file in the directory that is current at the first call. That call
- * replaces what a process before has left there. The file stays open until the process ends; the
- * records of every call are in it when the call returns.
+ * replaces what a process before has left there. The file stays open until the process ends or the
+ * library is unloaded; the records of every call are in it when the call returns.
  */
 KEZ_API void KEZ_CALL kezcin(const float X[], const float Y[], const float *a, const float *b,
                              const float *c, int32_t *k, float *x2, float *y2, float *x3,
@@ -717,9 +721,10 @@ KEZ_API void KEZ_CALL kezcin(const float X[], const float Y[], const float *a, c
  * @param[out] status 1, or 0 when the input is rejected
  *
  * @par Kept value
- * The last two crossings, (0, 0) before there are any. A ray that does not cut the circle in two
- * points (the measured point is the centre, or the circle is tiny) is not detected: the crossings
- * that are missing are the kept ones, and status is 1. Rejected calls keep them.
+ * The last two crossings, (0, 0) before there are any. A ray that `kezlci` does not find to cut the
+ * circle in two points (the measured point is near the centre, the ray nearly level, or the circle
+ * tiny) is not detected: the crossings that are missing are the kept ones, and status is 1.
+ * Rejected calls keep them.
  */
 KEZ_API void KEZ_CALL kezcer6(const float *x0, const float *y0, const float *x1, const float *y1,
                               const float *x2, const float *y2, const int32_t *sense,
@@ -777,9 +782,9 @@ KEZ_API void KEZ_CALL kezcer9(const float *x0, const float *y0, const float *x1,
 
 /**
  * Point of a circle on the line at an angle to a guide through the point that is measured along it.
- * It is the first crossing (as of `kezlci`, in a frame with its origin at P1 and the guide along its
- * x axis) unless that lies on the centre's side of the guide, then the second: the product of the
- * first's and the centre's signed distance from the guide is then above 1.0e-5.
+ * It is the first crossing (as of `kezlci`, in a frame with its origin at P1 and the guide along
+ * its x axis) unless that lies on the centre's side of the guide, then the second: the product of
+ * the first's and the centre's signed distance from the guide is then above 1.0e-5.
  *
  * Rejected are R <= 1.0e-5, a guide of at most 1.0e-5 or with coinciding ends, and a line that
  * touches the circle. L may lie before P1 or beyond P2.
@@ -804,8 +809,8 @@ KEZ_API void KEZ_CALL kezcer4(float *x0, float *y0, float *x1, float *y1, float 
 
 /**
  * Meeting point of a guide's line and a line at an angle to it, drawn from P1 after turning it
- * about the centre. P2 fixes the guide's direction only. Rejected are R <= 1.0e-5 and a guide of at
- * most 1.0e-5.
+ * about the centre. For the point only the direction of P2 matters. Rejected are R <= 1.0e-5 and a
+ * guide of at most 1.0e-5.
  *
  * Success and rejection both give status 0: callers check R and the guide's length themselves.
  *
@@ -866,7 +871,7 @@ KEZ_API void KEZ_CALL kezcer5(float *x0, float *y0, float *x1, float *y1, float 
  *
  * | status | meaning                                                                           |
  * |--------|-----------------------------------------------------------------------------------|
- * | 0      | no centre (equal points, R <= 1.0e-5 or too short for the chord), or level chord    |
+ * | 0      | no centre (equal points, R <= 1.0e-5 or too short for the chord), or level chord  |
  * | 1      | one centre, written as both (the chord is a diameter)                             |
  * | 2      | two centres; the first has the larger x                                           |
  *
@@ -938,7 +943,8 @@ KEZ_API void KEZ_CALL kezcer3(const float *x0, const float *y0, float *x, float 
                               const float *dphi, float *xo, float *yo, int32_t *status);
 
 /**
- * Lengths of the two arcs into which two rays divide a circle.
+ * Lengths of the two arcs into which two rays divide a circle. Rays in one direction may give
+ * lengths that are not numbers, as their angle (`kezphi`).
  *
  * @param[in] x0,y0 centre (length)
  * @param[in] x1,y1 point of the circle on the first ray (length)
@@ -1000,8 +1006,9 @@ KEZ_API void KEZ_CALL kezstm(float X[], float Y[], const int32_t *n, const int32
                              const float *A0, const float *factor, float *Sx, float *Sy);
 
 /**
- * Area and centroid of a circular segment. A chord through the centre has the right area and a
- * centroid that is not a number, as has a chord with equal ends.
+ * Area and centroid of a circular segment. The centroid of a chord through the centre may be on
+ * either side or not a number, and is not a number for equal ends; where rounding carries the
+ * cosine of such an angle past 1, the area is not a number either.
  *
  * @param[in] x0,y0 centre (length)
  * @param[in] x1,y1 end of the chord on the circle (length)
@@ -1036,7 +1043,8 @@ KEZ_API void KEZ_CALL kezaxph(const float *x, const float *y, float *phi);
 
 /**
  * Whether an outline is convex: its vertex angles, each the smaller one between the edges, add up
- * to (n - 2) pi. The tolerance of 1.0e-5 rad is for the whole sum.
+ * to (n - 2) pi. The tolerance of 1.0e-5 rad is for the whole sum: with many vertices, or with one
+ * on a straight edge, rounding alone can exceed it.
  *
  * @param[in,out] X,Y [n + 1] the vertices (length); entry n + 1 becomes the first
  * @param[in] n number of vertices
@@ -1070,7 +1078,7 @@ KEZ_API void KEZ_CALL kezhin(const float *x0, const float *y0, const float *z0, 
  * | flag | meaning                                                                             |
  * |------|-------------------------------------------------------------------------------------|
  * | -1   | not classified: the angle is at most 1.0e-5, or a ray has no length                 |
- * | 1    | the signed distances from the lines P0 P1 and P0 P2 (`kezln3`) agree in sign or one  |
+ * | 1    | the signed distances from the lines P0 P1 and P0 P2 (`kezln3`) agree in sign or one |
  * |      | is 0, and the foot on P0 P1 does not lie beyond P0 (position 4 of `kezpsl`)         |
  * | 2    | any other point                                                                     |
  *
@@ -1121,8 +1129,8 @@ typedef float(KEZ_CALL *kez_z_callback)(const int32_t *i);
  * coordinates, one after the other. It is right-handed and has no origin of its own.
  *
  * Whether three points lie on one line is decided by `kezpsl`, that is by an angle: a point counts
- * as on the line of two others also where it is so far away that it sees them within 0.26 degrees of
- * one direction. Give lines and axes by points about as far apart as the distances in the task.
+ * as on the line of two others also where it is so far away that it sees them within 0.26 degrees
+ * of one direction. Give lines and axes by points about as far apart as the distances in the task.
  * @{
  */
 
@@ -1198,8 +1206,9 @@ KEZ_API void KEZ_CALL kezln7(const float *a1, const float *b1, const float *c1, 
  * `kezaxe` through P1, P1 + d1 and P2 + d2. The status is 0 also when the lines turn out to have no
  * one point in common there: parallel lines take (xi, yi) as passed in for the local coordinates,
  * relative to P1, of the point. So do lines whose determinant is within 1.0e-5 of zero there. When
- * `kezpsl` finds P2 + d2 on the line P1, P1 + d1, which far away from P1 it does early, there are no
- * axes and the result is P1, if xi and yi were finite. Axes that `kezaxe` finds too short are zero.
+ * `kezpsl` finds P2 + d2 on the line P1, P1 + d1, which far away from P1 it does early, there are
+ * no axes and the result is P1, if xi and yi were finite. Axes that `kezaxe` finds too short are
+ * zero.
  *
  * @param[in,out] x1,y1,z1 P1, a point of the first line; becomes (0, 0, 0), kept when status is not
  *   0 (length)
@@ -1577,8 +1586,8 @@ KEZ_API void KEZ_CALL kezptrl(const float *x0, const float *y0, const float *z0,
 
 /**
  * Plane of three points, turned about the line P1 P2. Its normal is the z axis that `kezaxe` gives
- * for P1, P2 and P3, turned forwards about the local x axis. It has unit length but for rounding: it
- * is the difference of P1 and P1 plus the unit vector, as exact as the coordinates of P1 allow.
+ * for P1, P2 and P3, turned forwards about the local x axis. It has unit length but for rounding:
+ * it is the difference of P1 and P1 plus the unit vector, as exact as the coordinates of P1 allow.
  *
  * @param[in] x1,y1,z1 P1 (length)
  * @param[in] x2,y2,z2 P2 (length)
@@ -1596,9 +1605,9 @@ KEZ_API void KEZ_CALL kezpl7(const float *x1, const float *y1, const float *z1, 
 /**
  * Puts the corners of a quadrilateral into an order in which its outline does not cross itself. The
  * first corner stays the first. The order (1, 2, 3, 4) is tried first, then (1, 2, 4, 3); an order
- * is rejected when the dot product of the normals of the two triangles, into which the diagonal from
- * its first corner divides it, is below zero. (1, 4, 2, 3) is the last resort.
- * Degenerate corners keep their order.
+ * is rejected when the dot product of the normals of the two triangles, into which the diagonal
+ * from its first corner divides it, is below zero. (1, 4, 2, 3) is the last resort. Degenerate
+ * corners keep their order.
  *
  * @param[in,out] X,Y,Z [4] the corners, rewritten in the order found (length)
  * @param[out] order [4] position at which each corner of the outline was passed in
@@ -1917,8 +1926,8 @@ KEZ_API void KEZ_CALL kezsec_l2(const float *a, const float *h, const float *s, 
 /**
  * Outline of a cold-formed channel with sharp corners, web at the left: with lips, which may return
  * towards the web, and with a groove pressed into the web; or, when c is at most 1.0e-5, plain.
- * Edges of no length are kept where r or a dimension of the groove is 0. A c, nw or nf that is not a
- * number counts as 0.
+ * Edges of no length are kept where r or a dimension of the groove is 0. A c, nw or nf that is not
+ * a number counts as 0.
  *
  *     1-----------------------24     1----------8
  *     |  18----------------19  |     |  6-------7
@@ -2078,8 +2087,9 @@ KEZ_API void KEZ_CALL kezefr(const float *b, const float *d, const float *t, con
 /**
  * Reduction factor of an angle-shaped stiffener or flange outstand that buckles torsionally, held
  * by the bending stiffness of the plate to which it is attached: EN 1993-1-3, 5.5.3.1 (5.12) and
- * 5.5.3.2 (5.15), with the spring stiffness of 5.5.3.1 (5.10b). The slenderness is iterated, sqrt(chi)
- * times that of the full stiffener, until chi changes by at most 0.001. Nothing is checked.
+ * 5.5.3.2 (5.15), with the spring stiffness of 5.5.3.1 (5.10b). The slenderness is iterated,
+ * sqrt(chi) times that of the full stiffener, until chi changes by at most 0.001. Nothing is
+ * checked.
  *
  * @param[in] t thickness (length)
  * @param[in] b leg towards the plate, between centre-lines (length)
@@ -2170,11 +2180,11 @@ KEZ_API void KEZ_CALL kezadr(const int32_t *a, const int32_t counts[], const int
  *
  * Some routines strike entries out by writing a marker over them: the largest entry plus 1, in
  * 32-bit integers or in single precision. Callers can see markers where a comment says so. The
- * marker of a real list is equal to the largest entry where that is beyond some 1.7e7 on either
- * side of 0, and the comments' comparisons then treat that entry as struck out; the largest integer
- * has no marker above it, and then no entry counts. Not-a-number is never the largest entry, and
- * every comparison with it is false. For an empty real list, -3.4028235e38 stands for the largest
- * entry.
+ * marker of a real list can equal the largest entry from 16777216 on, and does beyond 33554432, on
+ * either side of 0; the comments' comparisons then take that entry for a marker. The largest
+ * integer has no marker above it, and then no entry counts. Not-a-number is never the largest
+ * entry, and every comparison with it is false. Where no entry of a real list is above -3.4028235e38, that
+ * stands for the largest.
  *
  * There is no limit on counts. For long lists some routines take memory from the heap while they
  * run; where there is none, the comment says what comes out, or else the result is the same and
@@ -2333,9 +2343,9 @@ KEZ_API void KEZ_CALL kezmer18(const int32_t *n, void *a);
 
 /**
  * Distinct values of a real list within a tolerance, apart from those near a given value, in the
- * order of the list, with a map from the list to them. Entries are struck out when they are within
- * tol of the value or of an earlier entry that stands, and when they are within tol of the marker,
- * the largest entry + 1.
+ * order of the list, with a map from the list to them. An entry is left out unless it is more than
+ * tol away from the value and from the marker, the largest entry + 1, and when it is within tol of
+ * an earlier entry that stands; so not-a-number is left out.
  *
  * @param[in] n entries of a
  * @param[in] a [n] the list
@@ -2401,8 +2411,8 @@ KEZ_API void KEZ_CALL kezinp(const float *p, const float *q, const float *r, flo
  * through it an odd number of times on either side; a crossing at a vertex counts for both edges.
  *
  * @param[in] n number of vertices; below 1 the point is outside, below 0 nothing is moved
- * @param[in,out] X,Y [n + 1] the vertices, of which n are read; on return moved by (-px, -py), with
- *     the first repeated behind the last (length)
+ * @param[in,out] X,Y [n + 1] the vertices, of which n, and at least the first, are read; on return
+ *     moved by (-px, -py), with the first repeated behind the last (length)
  * @param[in] px,py the point (length)
  * @param[out] status 0 inside, -1 outside, 100 on an edge or a vertex, as `kezpsl` finds it
  */
@@ -2426,7 +2436,8 @@ KEZ_API void KEZ_CALL kezppp(const int32_t *n, float X[], float Y[], const float
  * @param[out] n2 vertices of part 2
  * @param[out] X2,Y2 [2 * n] part 2, y <= 1.0e-5; entries behind n2 are kept (length)
  * @param[out] length sum of the gaps between the first and second, third and fourth, ... inserted
- *     point of part 1 by ascending x: the length of the x axis inside the polygon (length)
+ *     point of part 1 by ascending x: the length of the x axis inside the polygon, where it passes
+ *     through no vertex (length)
  */
 KEZ_API void KEZ_CALL kezpin(const int32_t *n, float X[], float Y[], const float *a, const float *b,
                              const float *c, int32_t *n1, float X1[], float Y1[], int32_t *n2,
@@ -2446,8 +2457,8 @@ KEZ_API void KEZ_CALL kezpin(const int32_t *n, float X[], float Y[], const float
  * | 100  | not classified: planes not parallel, or not distinct |
  *
  * @param[in] A1,B1,C1,D1 first plane
- * @param[in,out] A2,B2,C2,D2 second plane; comes back negated when its normal points the same way
- *     as that of the first, also when n is below 1
+ * @param[in,out] A2,B2,C2,D2 second plane; comes back negated when the planes are parallel and
+ *     distinct and its normal points the same way as that of the first, also when n is below 1
  * @param[in] n number of points
  * @param[in] X,Y,Z [n] the points (length)
  * @param[out] code [n] their positions

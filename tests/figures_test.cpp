@@ -176,7 +176,7 @@ TEST(CircleParts, AddUpToTheCircle) {
     // The segment and the triangle at the centre make the sector.
     const float triangle = r * r * std::sin(phi) / 2;
     EXPECT_NEAR(area(Figure::segment) / 2 + triangle, phi * r * r / 2, 1e-3f);
-    const Vec2 towards = circular_segment(centre, p, q, SegmentSide::smaller).centroid - centre;
+    const Vec2 towards = circular_segment(centre, p, q, Figure::segment).centroid - centre;
     EXPECT_GT(dot(towards, polar(1, start + phi / 2)), r * std::cos(phi / 2) - 1e-3f);
   }
 }

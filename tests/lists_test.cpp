@@ -376,7 +376,7 @@ TEST(Slabs, BoxHoldsWhatItsListsSay) {
     const int n = random.integer(0, 60);
     const auto draw = [&] { return random.coordinate(); };
     const Reals xs = random.list(n, draw), ys = random.list(n, draw), zs = random.list(n, draw);
-    const PointList points = {xs, ys, zs};
+    const SpacePoints points = {xs, ys, zs};
     std::vector<Integers> codes(3, Integers(xs.size()));
     Integers faces, inside;
     for (std::size_t s = 0; s < 3; ++s) {

@@ -18,7 +18,8 @@ struct ArcCentres {
 };
 
 // The sign of `sense` chooses by the signed distance from the chord's line; 0 chooses the first.
-// None where the points are the same, the radius is not positive or too short for the chord.
+// None where the points are the same, or where the radius is at most the tolerance or too short for
+// a chord that is not level.
 std::optional<ArcCentres> arc_centres(Vec2 p, Vec2 q, std::int32_t sense, float radius) noexcept;
 
 struct RisenArc {

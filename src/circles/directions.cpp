@@ -20,16 +20,14 @@ float direction_angle(Vec2 v) noexcept {
 Convexity judge_convexity(std::span<float> xs, std::span<float> ys) noexcept {
   close_outline(xs, ys);
   if (xs.size() < 2) return Convexity::not_convex;
-  const auto n = static_cast<std::int32_t>(xs.size() - 1);
-  const auto vertex = [&](std::int32_t i) {
-    const auto k = static_cast<std::size_t>(i);
-    return Vec2{xs[k], ys[k]};
-  };
+  const std::size_t n = xs.size() - 1;
+  const auto vertex = [&](std::size_t i) { return Vec2{xs[i], ys[i]}; };
   float sum = vertex_angle(vertex(0), vertex(n - 1), vertex(1));
-  for (std::int32_t i = 1; i < n; ++i) {
+  for (std::size_t i = 1; i < n; ++i) {
     sum += vertex_angle(vertex(i), vertex(i - 1), vertex(i + 1));
   }
-  return equal(sum, static_cast<float>(n - 2) * pi) ? Convexity::convex : Convexity::not_convex;
+  const float expected = static_cast<float>(static_cast<std::int32_t>(n) - 2) * pi;
+  return equal(sum, expected) ? Convexity::convex : Convexity::not_convex;
 }
 
 Feet drop_perpendiculars(Vec3 before, Vec3 first, Vec3 second, Vec3 after) noexcept {

@@ -13,9 +13,13 @@ using namespace kez;
 
 namespace {
 
-void store(const Crossings& crossings, int32_t* n, float* x1, float* y1, float* x2, float* y2) {
+void store(const Crossings& crossings, float* x1, float* y1, float* x2, float* y2) {
   if (crossings.count >= 1) store(crossings.first, x1, y1);
   if (crossings.count == 2) store(crossings.second, x2, y2);
+}
+
+void store(const Crossings& crossings, int32_t* n, float* x1, float* y1, float* x2, float* y2) {
+  store(crossings, x1, y1, x2, y2);
   *n = crossings.count;
 }
 
@@ -76,8 +80,7 @@ void KEZ_CALL kezc12(const float* D1, const float* E1, const float* F1, const fl
 void KEZ_CALL kezcin(const float X[], const float Y[], const float* a, const float* b,
                      const float* c, int32_t* k, float* x2, float* y2, float* x3, float* y3) {
   const RegionFinding finding = find_region({X[0], Y[0]}, {X[1], Y[1]}, load_line(a, b, c));
-  if (finding.crossings.count >= 1) store(finding.crossings.first, x2, y2);
-  if (finding.crossings.count == 2) store(finding.crossings.second, x3, y3);
+  store(finding.crossings, x2, y2, x3, y3);
   *k = number(finding.region);
   region_report().add(finding);
 }
@@ -208,7 +211,7 @@ void KEZ_CALL kezarc1(const float* x0, const float* y0, const float* x1, const f
 }
 
 void KEZ_CALL kezapl(float X[], float Y[], const int32_t* n, float* area) {
-  *area = polygon_area(outline(X, *n), outline(Y, *n));
+  *area = polygon_area(table_and_place(X, *n), table_and_place(Y, *n));
 }
 
 void KEZ_CALL kezair(float X[], float Y[], const int32_t* n, const int32_t* kind, const float* A0,
@@ -219,7 +222,7 @@ void KEZ_CALL kezair(float X[], float Y[], const int32_t* n, const int32_t* kind
 }
 
 void KEZ_CALL kezspl(float X[], float Y[], const int32_t* n, float* Sx, float* Sy) {
-  store(polygon_first_moments(outline(X, *n), outline(Y, *n)), Sx, Sy);
+  store(polygon_first_moments(table_and_place(X, *n), table_and_place(Y, *n)), Sx, Sy);
 }
 
 void KEZ_CALL kezstm(float X[], float Y[], const int32_t* n, const int32_t* kind, const float* A0,
@@ -232,15 +235,14 @@ void KEZ_CALL kezstm(float X[], float Y[], const int32_t* n, const int32_t* kind
 void KEZ_CALL kezacp(const float* x0, const float* y0, const float* x1, const float* y1,
                      const float* x2, const float* y2, const int32_t* kind, float* area, float* xs,
                      float* ys) {
-  const SegmentSide side =
-      *kind == number(SegmentSide::complement) ? SegmentSide::complement : SegmentSide::smaller;
-  const Segment segment = circular_segment(load(x0, y0), load(x1, y1), load(x2, y2), side);
+  const Segment segment = circular_segment(load(x0, y0), load(x1, y1), load(x2, y2), Figure{*kind});
   *area = segment.area;
   store(segment.centroid, xs, ys);
 }
 
 void KEZ_CALL kezipl(float X[], float Y[], const int32_t* n, float* Ix, float* Iy, float* Ixy) {
-  const SecondMoments moments = polygon_second_moments(outline(X, *n), outline(Y, *n));
+  const SecondMoments moments =
+      polygon_second_moments(table_and_place(X, *n), table_and_place(Y, *n));
   *Ix = moments.x;
   *Iy = moments.y;
   *Ixy = moments.product;
@@ -253,7 +255,7 @@ void KEZ_CALL kezaxph(const float* x, const float* y, float* phi) {
 }
 
 void KEZ_CALL kezcnv(float X[], float Y[], const int32_t* n, int32_t* flag) {
-  *flag = number(judge_convexity(outline(X, *n), outline(Y, *n)));
+  *flag = number(judge_convexity(table_and_place(X, *n), table_and_place(Y, *n)));
 }
 
 void KEZ_CALL kezhin(const float* x0, const float* y0, const float* z0, const float* x1,

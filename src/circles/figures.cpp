@@ -62,17 +62,18 @@ SecondMoments polygon_second_moments(std::span<float> xs, std::span<float> ys) n
           sum_over_edges(xs, ys, product) / 24};
 }
 
-Segment circular_segment(Vec2 centre, Vec2 p, Vec2 q, SegmentSide side) noexcept {
+Segment circular_segment(Vec2 centre, Vec2 p, Vec2 q, Figure figure) noexcept {
+  const bool is_complement = figure == Figure::complement;
   const float r = distance(centre, p);
   const float angle_at_centre = vertex_angle(centre, p, q);
-  const float phi = side == SegmentSide::complement ? 2 * pi - angle_at_centre : angle_at_centre;
+  const float phi = is_complement ? 2 * pi - angle_at_centre : angle_at_centre;
   const float half_sine = std::sin(phi / 2);
   const float twice_unit_area = phi - std::sin(phi);
 
   // The centroid's distance from the centre, 4 r sin^3(phi/2) / (3 (phi - sin phi)), signed against
   // the side of the chord on which the centre lies.
   const float e = 4 * r * (half_sine * half_sine * half_sine) / twice_unit_area / -3.0f;
-  const float outward = side == SegmentSide::complement ? -e : e;
+  const float outward = is_complement ? -e : e;
   const Line chord = line_through(p, q);
   const float norm = std::sqrt(chord.a * chord.a + chord.b * chord.b);
   const float to_chord = signed_distance(centre, chord);
@@ -116,9 +117,7 @@ std::optional<PlacedArea> place_area(Figure figure, std::span<const float> xs,
     }
     case Figure::segment:
     case Figure::complement: {
-      const SegmentSide side =
-          figure == Figure::segment ? SegmentSide::smaller : SegmentSide::complement;
-      const Segment segment = circular_segment(point(0), point(1), point(2), side);
+      const Segment segment = circular_segment(point(0), point(1), point(2), figure);
       return PlacedArea{segment.area, segment.centroid};
     }
     case Figure::polygon:

@@ -6,6 +6,7 @@
 #include <optional>
 #include <span>
 
+#include "../frame/outline.h"
 #include "../frame/types.h"
 
 namespace kez {
@@ -31,24 +32,14 @@ float polygon_area(std::span<float> xs, std::span<float> ys) noexcept;
 FirstMoments polygon_first_moments(std::span<float> xs, std::span<float> ys) noexcept;
 SecondMoments polygon_second_moments(std::span<float> xs, std::span<float> ys) noexcept;
 
-enum class SegmentSide : std::int32_t { smaller = 4, complement = 5 };
-
 struct Segment {
   float area;
-  Vec2 centroid;  // not a number where the chord is a diameter
+  Vec2 centroid;  // not a number, or on either side, where the chord is a diameter
 };
 
-// What the chord from p to q cuts from the circle about `centre` through p.
-Segment circular_segment(Vec2 centre, Vec2 p, Vec2 q, SegmentSide side) noexcept;
-
-// Any other number is no figure.
-enum class Figure : std::int32_t {
-  area_at_point = 1,
-  polygon = 2,
-  circle = 3,
-  segment = 4,
-  complement = 5,
-};
+// What the chord from p to q cuts from the circle about `centre` through p: the complement, or for
+// any other figure the segment of the smaller angle.
+Segment circular_segment(Vec2 centre, Vec2 p, Vec2 q, Figure figure) noexcept;
 
 // Entries that a figure takes of its lists: a polygon of n vertices one more than n.
 std::size_t points_used(Figure figure, std::int32_t n) noexcept;

@@ -32,13 +32,15 @@ void refresh(KeptCrossings& kept, const Crossings& found) noexcept {
 }
 
 // The number of crossings is not looked at: hosts know what the kept ones give.
-Vec2 cross_circle(const Guide& guide, Line line, std::int32_t sense, KeptCrossings& kept) noexcept {
-  refresh(kept, intersect(line, circle_about(guide.centre, distance(guide.start, guide.centre))));
+Vec2 cross_circle(const Guide& guide, float radius, Line line, std::int32_t sense,
+                  KeptCrossings& kept) noexcept {
+  refresh(kept, intersect(line, circle_about(guide.centre, radius)));
   const Vec3 to_start = in_plane(guide.start - guide.centre);
   const Vec3 to_first = in_plane(kept.first - guide.centre);
   return static_cast<float>(sense) * cross(to_start, to_first).z < 0 ? kept.first : kept.second;
 }
 
+// Written as what is refused: a value that is not a number passes.
 bool can_measure(float radius, float d, float l) noexcept {
   return !(radius <= clearance || d <= clearance || l <= clearance || d - l <= clearance);
 }
@@ -51,14 +53,15 @@ std::optional<Vec2> carry_along_ray(const Guide& guide, std::int32_t sense, floa
   // A length equal to the diameter is refused whatever the guide's direction: hosts rely on it.
   if (!can_measure(radius, d, l) || std::fabs(l - radius - radius) < clearance) return std::nullopt;
   const Line ray = line_through(guide.centre, measured_point(guide, l / d));
-  return cross_circle(guide, ray, sense, kept);
+  return cross_circle(guide, radius, ray, sense, kept);
 }
 
 std::optional<Vec2> carry_across(const Guide& guide, std::int32_t sense, float l,
                                  KeptCrossings& kept) noexcept {
   const float radius = distance(guide.start, guide.centre), d = distance(guide.end, guide.start);
   if (!can_measure(radius, d, l)) return std::nullopt;
-  return cross_circle(guide, across_guide(guide, measured_point(guide, l / d)), sense, kept);
+  return cross_circle(guide, radius, across_guide(guide, measured_point(guide, l / d)), sense,
+                      kept);
 }
 
 std::optional<Opening> carry_opening_across(const Guide& guide, std::int32_t sense, float l,
@@ -70,8 +73,8 @@ std::optional<Opening> carry_opening_across(const Guide& guide, std::int32_t sen
   if (l - half < clearance || d - l - half < clearance) return std::nullopt;
   const Line before = across_guide(guide, measured_point(guide, (l - half) / d));
   const Line after = across_guide(guide, measured_point(guide, (half + l) / d));
-  return Opening{cross_circle(guide, before, sense, kept.first),
-                 cross_circle(guide, after, sense, kept.second)};
+  return Opening{cross_circle(guide, radius, before, sense, kept.first),
+                 cross_circle(guide, radius, after, sense, kept.second)};
 }
 
 namespace {

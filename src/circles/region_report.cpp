@@ -41,79 +41,46 @@ constexpr std::string_view words_for(Region region) noexcept {
   return {};
 }
 
-// Records as hosts' report readers expect them: each begins with one blank, texts follow each other
-// without a gap, numbers have a blank on either side. A number reads back to the same value.
-class Records {
- public:
-  void begin() noexcept { put(" "); }
-  void end() noexcept {
-    put("\n");
-    after_number_ = false;
-  }
-
-  void text(std::string_view t) noexcept {
-    if (after_number_) put(" ");
-    put(t);
-    after_number_ = false;
-  }
-
-  void number(std::string_view digits) noexcept {
-    put(" ");
-    put(digits);
-    after_number_ = true;
-  }
-
-  void number(float value) noexcept {
-    // Nine digits read back to the same value. A host's locale may have another decimal point.
-    std::array<char, 24> digits;
-    const int size =
-        std::snprintf(digits.data(), digits.size(), "%.9g", static_cast<double>(value));
-    std::replace(digits.data(), digits.data() + size, ',', '.');
-    number({digits.data(), static_cast<std::size_t>(size)});
-  }
-
-  std::string_view written() const noexcept { return {buffer_.data(), size_}; }
-
- private:
-  void put(std::string_view t) noexcept {
-    size_ += t.copy(buffer_.data() + size_, buffer_.size() - size_);
-  }
-
-  std::array<char, 256> buffer_;  // the longest three records take fewer than 200
-  std::size_t size_ = 0;
-  bool after_number_ = false;
-};
-
-void add_point(Records& records, std::string_view x, std::string_view y, Vec2 point) noexcept {
-  records.text(x);
-  records.number(point.x);
-  records.text(y);
-  records.number(point.y);
-}
-
-Records records_of(const RegionFinding& finding) noexcept {
-  Records records;
-  records.begin();
-  records.text(circle);
-  records.end();
-
-  records.begin();
-  records.text("KC;");
-  const char k = static_cast<char>('0' + static_cast<int>(finding.region));
-  records.number({&k, 1});
-  records.end();
-
-  records.begin();
-  records.text(words_for(finding.region));
-  if (finding.crossings.count == 2) {
-    add_point(records, "x2;", ";y2;", finding.crossings.first);
-    add_point(records, ";x3;", ";y3;", finding.crossings.second);
-  }
-  records.end();
-  return records;
-}
-
 }  // namespace
+
+// Three records as hosts' report readers expect them: each begins with one blank, texts follow each
+// other without a gap, numbers have a blank on either side.
+Records::Records(const RegionFinding& finding) noexcept {
+  put(" ");
+  put(circle);
+  put("\n KC; ");
+  const char k = static_cast<char>('0' + static_cast<int>(finding.region));
+  put({&k, 1});
+  put("\n ");
+  put(words_for(finding.region));
+  if (finding.crossings.count == 2) {
+    const Vec2 first = finding.crossings.first, second = finding.crossings.second;
+    put("x2; ", first.x);
+    put(" ;y2; ", first.y);
+    put(" ;x3; ", second.x);
+    put(" ;y3; ", second.y);
+  }
+  put("\n");
+}
+
+void Records::put(std::string_view text) noexcept {
+  end_ += text.copy(text_.data() + end_, text_.size() - end_);
+}
+
+void Records::put(std::string_view label, float value) noexcept {
+  put(label);
+  // Nine digits read back to the same value. A host's locale may have another decimal point.
+  std::array<char, 24> digits;
+  const int size = std::snprintf(digits.data(), digits.size(), "%.9g", static_cast<double>(value));
+  std::replace(digits.data(), digits.data() + size, ',', '.');
+  put({digits.data(), static_cast<std::size_t>(size)});
+}
+
+bool Records::write(std::FILE* file) noexcept {
+  written_ += std::fwrite(text_.data() + written_, 1, end_ - written_, file);
+  std::clearerr(file);
+  return written_ == end_;
+}
 
 std::FILE* RegionReport::open() noexcept {
   if (!file_) {
@@ -121,7 +88,7 @@ std::FILE* RegionReport::open() noexcept {
     file_ = std::fopen("OUTPUT.TXT", begun_ ? "a" : "w");
     if (!file_) return nullptr;
     begun_ = true;
-    // A host that dies loses nothing, and nothing that could not be written waits in a buffer.
+    // A host that dies loses nothing, and it is known what could not be written.
     std::setvbuf(file_, nullptr, _IONBF, 0);
   }
   return file_;
@@ -129,16 +96,9 @@ std::FILE* RegionReport::open() noexcept {
 
 void RegionReport::add(const RegionFinding& finding) noexcept {
   std::FILE* const file = open();
-  if (!file) return;
-  const Records records = records_of(finding);
-  const std::string_view text = records.written();
-  if (std::fwrite(text.data(), 1, text.size(), file) == text.size()) {
-    end_ = std::ftell(file);
-    return;
-  }
-  // The next records take the place of those that were written in part.
-  std::clearerr(file);
-  std::fseek(file, end_, SEEK_SET);
+  if (!file || !waiting_.write(file)) return;
+  waiting_ = Records(finding);
+  waiting_.write(file);
 }
 
 void RegionReport::close() noexcept {

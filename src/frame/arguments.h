@@ -83,8 +83,9 @@ std::span<T> table(T* first, std::int32_t n) noexcept {
   return {first, n > 0 ? static_cast<std::size_t>(n) : 0};
 }
 
-// The caller's outline of n vertices with the place for the closing one.
-inline std::span<float> outline(float* first, std::int32_t n) noexcept {
+// The caller's table of n entries with the place for one more, such as an outline's closing vertex.
+template <typename T>
+std::span<T> table_and_place(T* first, std::int32_t n) noexcept {
   return {first, outline_size(n)};
 }
 

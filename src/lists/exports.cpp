@@ -14,13 +14,6 @@ std::span<const Word> words(const void* list, std::int32_t n) {
   return table(static_cast<const Word*>(list), n);
 }
 
-// The caller's table of n entries and the room for one more behind them, which with a count below 0
-// would lie in front of it.
-template <typename T>
-std::span<T> table_and_room(T* first, std::int32_t n) {
-  return {first, n >= 0 ? static_cast<std::size_t>(n) + 1 : 0};
-}
-
 // The room of both coordinates of a part of a polygon with n vertices.
 PolygonPart part(float X[], float Y[], std::int32_t n) {
   const std::size_t room = 2 * table(X, n).size();
@@ -84,7 +77,7 @@ void KEZ_CALL kezmer15(const int32_t* n, float a[], const float* value, int32_t*
 }
 
 void KEZ_CALL kezmer16(const int32_t* n, void* a, const int32_t* pos, const void* value) {
-  insert(table_and_room(static_cast<Word*>(a), *n), *pos, *static_cast<const Word*>(value));
+  insert(table_and_place(static_cast<Word*>(a), *n), *pos, *static_cast<const Word*>(value));
 }
 
 void KEZ_CALL kezmer17(const int32_t* n, void* a) {
@@ -119,14 +112,14 @@ void KEZ_CALL kezinp(const float* p, const float* q, const float* r, float* u, f
 
 void KEZ_CALL kezppp(const int32_t* n, float X[], float Y[], const float* px, const float* py,
                      int32_t* status) {
-  const Outline polygon = {table_and_room(X, *n), table_and_room(Y, *n)};
+  const Polygon polygon = {table_and_place(X, *n), table_and_place(Y, *n)};
   *status = number(locate_in_polygon(polygon, load(px, py)));
 }
 
 void KEZ_CALL kezpin(const int32_t* n, float X[], float Y[], const float* a, const float* b,
                      const float* c, int32_t* n1, float X1[], float Y1[], int32_t* n2, float X2[],
                      float Y2[], float* length) {
-  const Outline polygon = {table_and_room(X, *n), table_and_room(Y, *n)};
+  const Polygon polygon = {table_and_place(X, *n), table_and_place(Y, *n)};
   PolygonPart upper = part(X1, Y1, *n), lower = part(X2, Y2, *n);
   const float inside = cut_polygon(polygon, load_line(a, b, c), upper, lower);
   *n1 = upper.count();
@@ -151,7 +144,7 @@ void KEZ_CALL kezptp2(const float* A1, const float* B1, const float* C1, const f
   const Slab slab1 = {load_plane(A1, B1, C1, D1), load_plane(A2, B2, C2, D2)};
   const Slab slab2 = {load_plane(A3, B3, C3, D3), load_plane(A4, B4, C4, D4)};
   const Slab slab3 = {load_plane(A5, B5, C5, D5), load_plane(A6, B6, C6, D6)};
-  const PointList points = {table(X, *n), table(Y, *n), table(Z, *n)};
+  const SpacePoints points = {table(X, *n), table(Y, *n), table(Z, *n)};
   const BoxPositions box = {table(code1, *n), table(code2, *n), table(code3, *n)};
   const BoxSelection selection{*mode};
 

@@ -63,69 +63,50 @@ class SortedEntries {
 };
 
 // The entries of a list near a value: a short list is looked through, a long one is sorted first,
-// where there is memory.
+// where that finds the same and there is memory. With an infinite tolerance it does not: an
+// infinite value is then near the finite ones but not near its equals, which is no run of sorted
+// entries.
+template <typename Near>
 class NearSearch {
  public:
-  NearSearch(std::span<const float> list, float tol) noexcept
-      : list_(list), tol_(tol), sorted_(worth_sorting() ? list : std::span<const float>()) {}
+  NearSearch(std::span<const float> list, Near near, bool sortable) noexcept
+      : list_(list),
+        near_(near),
+        sorts_(sortable && list.size() >= long_list),
+        sorted_(sorts_ ? list : std::span<const float>()) {}
 
-  // Calls visit(index, is_near) for each near entry from `first` on, in any order, and perhaps for
-  // others: that makes looking through the list a loop without branches.
   template <typename Visit>
   void visit(float x, std::size_t first, Visit visit) const noexcept {
-    if (worth_sorting() && sorted_) {
-      const auto is_near = [this](float a, float b) { return near(a, b, tol_); };
-      sorted_.visit_near(x, is_near, [&](std::size_t index) {
+    if (sorts_ && sorted_) {
+      sorted_.visit_near(x, near_, [&](std::size_t index) {
         if (index >= first) visit(index, true);
       });
     } else {
-      for (std::size_t i = first; i < list_.size(); ++i) visit(i, near(x, list_[i], tol_));
+      for (std::size_t i = first; i < list_.size(); ++i) visit(i, near_(x, list_[i]));
     }
   }
 
  private:
-  // With an infinite tolerance an infinite value is near the finite ones, but not near its equals:
-  // that is no run of sorted entries.
-  bool worth_sorting() const noexcept { return list_.size() >= long_list && std::isfinite(tol_); }
-
   std::span<const float> list_;
-  float tol_;
+  Near near_;
+  bool sorts_;
   SortedEntries sorted_;
 };
 
-// Every pair, as struck out entries stay in the list and are compared like others: where the marker
-// is not truly larger than the list, they can strike out more.
-void strike_out(std::span<float> list, float tol, float marker) noexcept {
-  for (std::size_t i = 0; i < list.size(); ++i) {
-    const float x = list[i];
-    for (std::size_t j = i + 1; j < list.size(); ++j) {
-      list[j] = std::fabs(x - list[j]) < tol ? marker : list[j];
-    }
-  }
-}
-
-// The same where a marker is not less than tol away from any entry.
-void strike_out(std::span<float> list, float tol, float marker,
-                const SortedEntries& sorted) noexcept {
-  const auto is_near = [tol](float a, float b) { return std::fabs(a - b) < tol; };
-  for (std::size_t i = 0; i < list.size(); ++i) {
-    if (list[i] == marker) continue;
-    sorted.visit_near(list[i], is_near, [&](std::size_t j) {
-      if (j > i) list[j] = marker;
-    });
-  }
+auto at_most(float tol) noexcept {
+  return [tol](float a, float b) { return near(a, b, tol); };
 }
 
 }  // namespace
 
 std::int32_t keep_distinct(std::span<float> list, float tol) noexcept {
   const float top = largest(list), marker = top + 1.0f + tol;
-  const bool sorting_helps = list.size() >= long_list && !(std::fabs(marker - top) < tol);
-  const SortedEntries sorted(sorting_helps ? list : std::span<const float>());
-  if (sorting_helps && sorted) {
-    strike_out(list, tol, marker, sorted);
-  } else {
-    strike_out(list, tol, marker);
+  const auto less_than_tol_apart = [tol](float a, float b) { return std::fabs(a - b) < tol; };
+  // A marker less than tol away from entries strikes out more, which the sorted ones do not know.
+  const NearSearch search(list, less_than_tol_apart, !less_than_tol_apart(marker, top));
+  for (std::size_t i = 0; i < list.size(); ++i) {
+    search.visit(list[i], i + 1,
+                 [&](std::size_t j, bool is_near) { list[j] = is_near ? marker : list[j]; });
   }
 
   std::size_t kept = 0;
@@ -140,7 +121,7 @@ std::int32_t pair_near(std::span<const float> a, std::span<const float> b, float
                        std::int64_t cleared, std::int32_t in_a[], std::int32_t in_b[]) noexcept {
   std::fill_n(in_a, cleared, 0);
   std::fill_n(in_b, cleared, 0);
-  const NearSearch search(b, tol);
+  const NearSearch search(b, at_most(tol), std::isfinite(tol));
   std::size_t count = 0;
   for (std::size_t i = 0; i < a.size(); ++i) {
     const std::size_t first = count;
@@ -157,7 +138,7 @@ std::int32_t pair_near(std::span<const float> a, std::span<const float> b, float
 NearDuplicates mark_near_duplicates(std::span<float> list, float tol,
                                     std::int32_t positions[]) noexcept {
   const float marker = largest(list) + 1.0f;
-  const NearSearch search(list, tol);
+  const NearSearch search(list, at_most(tol), std::isfinite(tol));
   std::size_t count = 0;
   for (std::size_t i = 0; i < list.size(); ++i) {
     const float x = list[i];
@@ -185,7 +166,7 @@ std::int32_t remove_near(std::span<float> list, float value, float tol) noexcept
 std::int32_t map_distinct(std::span<const float> list, float value, float tol, float distinct[],
                           std::span<std::int32_t> map) noexcept {
   const float marker = largest(list) + 1.0f;
-  const NearSearch search(list, tol);
+  const NearSearch search(list, at_most(tol), std::isfinite(tol));
   // Until the map is made it tells which entries stand; the marker stands in place of the others.
   const std::span<std::int32_t> stands = map;
   for (std::size_t i = 0; i < list.size(); ++i) stands[i] = apart(list[i], value, tol);

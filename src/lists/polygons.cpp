@@ -5,6 +5,7 @@
 
 #include "../circles/transform.h"
 #include "../frame/lines.h"
+#include "../frame/outline.h"
 #include "../frame/tables.h"
 #include "../frame/tolerance.h"
 #include "../space/line_intersections.h"
@@ -14,14 +15,13 @@ namespace kez {
 
 namespace {
 
-std::size_t close(Outline polygon) noexcept {
-  if (polygon.xs.empty()) return 0;
-  polygon.xs.back() = polygon.xs.front();
-  polygon.ys.back() = polygon.ys.front();
-  return polygon.xs.size() - 1;
+// Returns the number of vertices.
+std::size_t close(Polygon polygon) noexcept {
+  close_outline(polygon.xs, polygon.ys);
+  return polygon.xs.empty() ? 0 : polygon.xs.size() - 1;
 }
 
-Vec2 vertex(Outline polygon, std::size_t i) noexcept {
+Vec2 vertex(Polygon polygon, std::size_t i) noexcept {
   return {polygon.xs[i], polygon.ys[i]};
 }
 
@@ -46,7 +46,7 @@ std::optional<float> axis_crossing(Vec2 first, Vec2 second) noexcept {
 
 }  // namespace
 
-PolygonPosition locate_in_polygon(Outline polygon, Vec2 p) noexcept {
+PolygonPosition locate_in_polygon(Polygon polygon, Vec2 p) noexcept {
   const std::size_t n = close(polygon);
   translate(polygon.xs, polygon.ys, p);
 
@@ -94,7 +94,7 @@ float length_between_pairs(std::span<float> xs) noexcept {
 
 }  // namespace
 
-float cut_polygon(Outline polygon, Line line, PolygonPart& upper, PolygonPart& lower) noexcept {
+float cut_polygon(Polygon polygon, Line line, PolygonPart& upper, PolygonPart& lower) noexcept {
   const std::size_t n = close(polygon);
   WorkList<float> chord(n);
   if (!chord) return 0;

@@ -9,16 +9,15 @@
 
 namespace kez {
 
-// The vertices of a polygon and behind them the room to repeat the first, which need hold nothing
-// yet. Entirely empty where there cannot even be that room.
-struct Outline {
+// Outlines: the vertices, and behind them the place for the closing one.
+struct Polygon {
   std::span<float> xs, ys;
 };
 
 enum class PolygonPosition : std::int32_t { inside = 0, outside = -1, on_boundary = 100 };
 
 // Closes the outline and moves it so that p is its origin: hosts rely on it.
-PolygonPosition locate_in_polygon(Outline polygon, Vec2 p) noexcept;
+PolygonPosition locate_in_polygon(Polygon polygon, Vec2 p) noexcept;
 
 // Where vertices are collected, with room for all of them.
 class PolygonPart {
@@ -37,8 +36,8 @@ class PolygonPart {
 };
 
 // Closes the outline, collects its vertices and its crossings with the line by the sign of y, and
-// returns the length of the x axis between the crossings of the upper part. Without memory the
-// parts stay empty.
-float cut_polygon(Outline polygon, Line line, PolygonPart& upper, PolygonPart& lower) noexcept;
+// returns the length of the x axis between the crossings of the upper part, two by two. Without
+// memory the parts stay empty.
+float cut_polygon(Polygon polygon, Line line, PolygonPart& upper, PolygonPart& lower) noexcept;
 
 }  // namespace kez

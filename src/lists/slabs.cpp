@@ -31,7 +31,7 @@ std::int32_t position(Slab slab, float x, float y, float z) noexcept {
 
 }  // namespace
 
-std::optional<Plane> classify(Slab slab, PointList points, std::int32_t positions[]) noexcept {
+std::optional<Plane> classify(Slab slab, SpacePoints points, std::int32_t positions[]) noexcept {
   const std::size_t n = points.xs.size();
   std::optional<Plane> turned;
   switch (relate_planes(slab.first, slab.second)) {

@@ -15,7 +15,7 @@ struct Slab {
 };
 
 // Coordinate lists of one length.
-struct PointList {
+struct SpacePoints {
   std::span<const float> xs, ys, zs;
 };
 
@@ -29,7 +29,7 @@ enum class SlabPosition : std::int32_t {
 
 // Writes the position of each point; unknown unless the planes are parallel and distinct. Returns
 // the second plane where it had to be negated, so that the two normals point to opposite sides.
-std::optional<Plane> classify(Slab slab, PointList points, std::int32_t positions[]) noexcept;
+std::optional<Plane> classify(Slab slab, SpacePoints points, std::int32_t positions[]) noexcept;
 
 // The positions of the same points against the slabs of a box.
 using BoxPositions = std::array<std::span<const std::int32_t>, 3>;

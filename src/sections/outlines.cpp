@@ -273,7 +273,7 @@ Outline rolled_i(Flanges flanges, RolledDetails details) noexcept {
     outline.add_material({fillet.corner, fillet.end1(), fillet.end2()});
   }
   for (const Fillet& fillet : fillets) {
-    outline.add(Figure::circular_segment, -1, {fillet.centre(), fillet.end1(), fillet.end2()});
+    outline.add(Figure::segment, -1, {fillet.centre(), fillet.end1(), fillet.end2()});
   }
   const float a = flanges.d / 2, g = details.gauge / 2, half_hole = details.hole / 2;
   add_rectangular_hole(outline, -g - half_hole, -a, -g + half_hole, flanges.t2 - a);

@@ -7,15 +7,10 @@
 #include <initializer_list>
 #include <span>
 
+#include "../frame/outline.h"
 #include "../frame/types.h"
 
 namespace kez {
-
-// What the points of a contour stand for; the numbers are those of the area routines.
-enum class Figure : std::int32_t {
-  polygon = 2,
-  circular_segment = 4,  // centre and the two ends of the chord
-};
 
 struct Contour {
   std::int32_t vertex_count;
