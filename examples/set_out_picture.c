@@ -78,12 +78,11 @@ static Point take_place(Picture* pic, int32_t guide, const Point places[], int c
 static void put_styles(FILE* svg) {
   fputs(
       "<style>\n"
-      ".bearing,.number{text-anchor:middle}\n"
-      ".number{font-size:11px;font-weight:bold}.bearing{font-size:10px;fill:#5f6b78}\n"
+      ".bearing{text-anchor:middle;font-size:10px;fill:#5f6b78}\n"
       ".bearing.halo{stroke:#eef3f8}.plate{fill:#eef3f8;stroke-width:2.5}\n"
       ".grid{stroke:#e3e8ed}.axis,.tick{stroke:#8a94a0}.axis{stroke-dasharray:14 4 2 4}\n"
       ".guide{stroke-width:2.6}.thin{stroke-width:.9;stroke-dasharray:9 5}\n"
-      ".dot{fill:#fff;stroke-width:1.8}.bubble{fill:#fff;stroke-width:1.6}\n",
+      ".dot{fill:#fff;stroke-width:1.8}.bubble{stroke-width:1.6}\n",
       svg);
   for (int i = 0; i < 3; i++)
     fprintf(svg, ".%s{stroke:%s}.%s .arrow{marker-end:url(#to-%s)}#to-%s *{fill:%s;stroke:none}\n",
@@ -180,11 +179,6 @@ static void put_guide(const Picture* pic, int32_t i, const Meeting* ends) {
            stops ? guide->end : out->at);
 }
 
-static void put_bubble(const Picture* pic, double x, double y, int32_t i) {
-  fprintf(pic->svg, "<circle class='bubble' cx='%.1f' cy='%.1f' r='11'/>", x, y);
-  put_text(pic->svg, "class='number'", x, y, "%d", (int)i + 1);
-}
-
 /* The whole line through the picture, the guide line on it, its number at the freer end. */
 static void put_guide_line(Picture* pic, int32_t i) {
   const Guide* guide = &pic->plan->guides[i];
@@ -196,7 +190,7 @@ static void put_guide_line(Picture* pic, int32_t i) {
   put_guide(pic, i, &ends);
   const Point outside[] = {along(p, q, px(pic, -11)), along(q, p, px(pic, -11))};
   const Point bubble = take_place(pic, i, outside, 2);
-  put_bubble(pic, page_x(pic, bubble.x), page_y(pic, bubble.y), i);
+  put_bubble(pic->svg, page_x(pic, bubble.x), page_y(pic, bubble.y), (int)i + 1);
   end_group(pic);
 }
 
@@ -257,7 +251,7 @@ static void put_points(Picture* pic, int32_t i) {
 static void put_list_row(const Picture* pic, int32_t i, double x, double y) {
   const Meeting* m = &pic->meetings[i];
   begin_group(pic, i);
-  put_bubble(pic, x + 11, y, i);
+  put_bubble(pic->svg, x + 11, y, (int)i + 1);
   put_name(pic->svg, "", x + 33, y, pic->plan->guides[i].name);
   put_text(pic->svg, "", x + 232, y, "%s", relations[m->relation]);
   if (m->relation == CUTS)

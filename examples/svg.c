@@ -9,6 +9,7 @@ void begin_picture(FILE* svg, int width, int height) {
           "svg{fill:none;stroke:#26333f}\n"
           "text{font:12px Helvetica,Arial,'DejaVu Sans',sans-serif;fill:#26333f;stroke:none}\n"
           ".title{font-size:21px;font-weight:bold}.head{font-weight:bold}\n"
+          ".number{text-anchor:middle;font-size:11px;font-weight:bold}.bubble{fill:#fff}\n"
           ".mid{text-anchor:middle}.end{text-anchor:end}\n"
           ".halo{stroke:#fff;stroke-width:3px;paint-order:stroke}\n"
           ".paper{fill:#fff;stroke:none}\n"
@@ -37,6 +38,11 @@ void put_name(FILE* svg, const char* style, double x, double y, const char* name
       fputc(*name, svg);
   }
   fputs("</text>\n", svg);
+}
+
+void put_bubble(FILE* svg, double x, double y, int number) {
+  fprintf(svg, "<circle class='bubble' cx='%.1f' cy='%.1f' r='11'/>", x, y);
+  put_text(svg, "class='number'", x, y, "%d", number);
 }
 
 /* The round step (1, 2 or 5 times a power of ten) that divides a length into at most ten. */

@@ -9,6 +9,9 @@ void begin_picture(FILE* svg, int width, int height);
 void put_text(FILE* svg, const char* style, double x, double y, const char* format, ...);
 void put_name(FILE* svg, const char* style, double x, double y, const char* name);
 
+/* A number in a circle. */
+void put_bubble(FILE* svg, double x, double y, int number);
+
 float round_step(float length);
 
 #endif
