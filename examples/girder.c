@@ -81,20 +81,18 @@ static void print_plates(const Result* r) {
 
 static void print_notes(void) {
   puts(
-      "Axes: x across and y up, through the centroid: the Eurocodes' y and z. Compression is "
-      "positive.\n"
-      "Digits: KezLib computes in single precision, about 7 digits. Of 6 digits the last may be "
-      "off\n"
-      "by some units, as Diff. shows. Second moments are summed about the centroid to keep them.\n"
+      "Axes: x across and y up, through the centroid: the Eurocodes' y and z. N, stresses and s1,\n"
+      "s2 are positive in compression, M where it compresses the top.\n"
+      "Digits: KezLib computes in single precision, about 7 digits. Of 6 digits the last may be\n"
+      "off, as Diff. shows. Second moments are summed about the centroid to keep them.\n"
       "Root fillets: area and centroid are those of the arcs. Of a circular segment KezLib has no\n"
       "second moments: polygons with 128 chords stand in for the arcs.\n"
       "Handbook: rectangles by the parallel axis theorem, root fillets of 0.2146 r2; x0 and Iw of\n"
       "channels from the centre-lines of sharp-cornered walls. Slots are left out of x0 and Iw.\n"
-      "Plates: b is clear of the neighbours; of angles it is the whole leg. s1 and s2 are the "
-      "gross\n"
-      "section's stresses at its ends, rho reduces the compressed part: be1 remains at s1, be2 at "
-      "s2\n"
-      "or at zero stress. Outstands are checked, not reduced: KezLib has no formula for them.");
+      "Plates: b is clear of the neighbours; of angles it is the whole leg. s1 and s2 are the\n"
+      "stresses of the gross section at its ends. rho reduces the compressed part: be1 remains at\n"
+      "s1, be2 at s2 or at zero stress. Outstands are checked, not reduced: KezLib has no formula\n"
+      "for them.");
 }
 
 static void print_result(int number, const Result* r) {
