@@ -10,15 +10,10 @@
 #include <stdint.h>
 #include <stdio.h>
 
-enum { MAX_NAME = 31, MAX_GUIDES = 99 };
+#include "plane.h"
+#include "reading.h"
 
-typedef struct {
-  float x, y;
-} Point;
-
-typedef struct {
-  float a, b, c; /* a x + b y + c = 0 */
-} Line;
+enum { MAX_GUIDES = 99 };
 
 typedef struct {
   char name[MAX_NAME + 1];
@@ -56,15 +51,9 @@ typedef struct {
 } Meeting;
 
 /* Geometry, all of it KezLib's. */
-Point relative_to(Point origin, Point p);
-float distance(Point p, Point q);
-Point along(Point from, Point to, float length);
-Line line_through(Point p, Point q);
 Line line_at_angle(float degrees);
 int32_t crossings(Line line, float radius, Point at[2]);
-Point foot(Line line);
 float bearing_of(Point p);
-float rescaled(float value, float from1, float from2, float to1, float to2);
 Meeting meet(const Guide* guide, float radius);
 
 /* Every fault of the file is reported on stderr; false when there was one. */

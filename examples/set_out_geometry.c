@@ -5,41 +5,6 @@
 static const float zero = 0, one = 1;
 static const float degrees_per_radian = 57.29578f;
 
-static float magnitude(float value) {
-  return value < 0 ? -value : value;
-}
-
-Point relative_to(Point origin, Point p) {
-  Point difference;
-  float dz;
-  int32_t same;
-  kezcnt(&origin.x, &origin.y, &zero, &p.x, &p.y, &zero, &difference.x, &difference.y, &dz, &same);
-  return difference;
-}
-
-float distance(Point p, Point q) {
-  float d;
-  kezpds(&p.x, &p.y, &zero, &q.x, &q.y, &zero, &d);
-  return d;
-}
-
-/* The point at a length from one point towards another; the first itself where there is no
- * direction. */
-Point along(Point from, Point to, float length) {
-  const float t = length / distance(from, to);
-  Point p = from;
-  float z;
-  int32_t same;
-  kez123(&from.x, &from.y, &zero, &to.x, &to.y, &zero, &t, &p.x, &p.y, &z, &same);
-  return p;
-}
-
-Line line_through(Point p, Point q) {
-  Line line;
-  kezln3(&p.x, &p.y, &q.x, &q.y, &line.a, &line.b, &line.c);
-  return line;
-}
-
 /* Through the centre. */
 Line line_at_angle(float degrees) {
   const float theta = degrees / degrees_per_radian;
@@ -59,23 +24,6 @@ int32_t crossings(Line line, float radius, Point at[2]) {
   else
     kezlci(&line.b, &line.a, &line.c, &E, &D, &F, &n, &at[0].y, &at[0].x, &at[1].y, &at[1].x);
   return n;
-}
-
-/* The point of a line that is nearest to the centre. */
-Point foot(Line line) {
-  const Line perpendicular = line_through((Point){0, 0}, (Point){line.a, line.b});
-  Point p = {0, 0};
-  int32_t status;
-  kezlni(&line.a, &line.b, &line.c, &perpendicular.a, &perpendicular.b, &perpendicular.c, &status,
-         &p.x, &p.y);
-  return p;
-}
-
-/* The value that lies between to1 and to2 as this one lies between from1 and from2. */
-float rescaled(float value, float from1, float from2, float to1, float to2) {
-  float y;
-  kezint(&from1, &from2, &to1, &to2, &value, &y);
-  return y;
 }
 
 /* The arc cosine in kezphi is poorly conditioned near 0 and 180 degrees, so the angle is measured

@@ -1,8 +1,7 @@
 /* The plan as SVG: the outline in its frame of site coordinates on the left, the list of the lines
  * on the right. Lengths on the page are in pixels (px). */
-#include <stdarg.h>
-
 #include "set_out.h"
+#include "svg.h"
 
 static const float left = 78, top = 92, size = 720;
 
@@ -53,29 +52,6 @@ static void put_circle(const Picture* pic, const char* style, Point p, float rad
           page_y(pic, p.y), (double)(radius / px(pic, 1)));
 }
 
-static void put_text(const Picture* pic, const char* style, double x, double y, const char* format,
-                     ...) {
-  va_list values;
-  va_start(values, format);
-  fprintf(pic->svg, "<text %s x='%.1f' y='%.1f' dy='.35em'>", style, x, y);
-  vfprintf(pic->svg, format, values);
-  fputs("</text>\n", pic->svg);
-  va_end(values);
-}
-
-static void put_name(const Picture* pic, const char* style, double x, double y, const char* name) {
-  fprintf(pic->svg, "<text %s x='%.1f' y='%.1f' dy='.35em'>", style, x, y);
-  for (; *name != '\0'; name++) {
-    if (*name == '&')
-      fputs("&amp;", pic->svg);
-    else if (*name == '<')
-      fputs("&lt;", pic->svg);
-    else
-      fputc(*name, pic->svg);
-  }
-  fputs("</text>\n", pic->svg);
-}
-
 static void take(Picture* pic, Point p, int32_t guide) {
   pic->taken[pic->taken_count++] = (Taken){p, guide};
 }
@@ -102,16 +78,11 @@ static Point take_place(Picture* pic, int32_t guide, const Point places[], int c
 static void put_styles(FILE* svg) {
   fputs(
       "<style>\n"
-      "svg{fill:none;stroke:#26333f}\n"
-      "text{font:12px Helvetica,Arial,'DejaVu Sans',sans-serif;fill:#26333f;stroke:none}\n"
-      ".title{font-size:21px;font-weight:bold}.head{font-weight:bold}\n"
-      ".mid,.bearing,.number{text-anchor:middle}.end{text-anchor:end}\n"
-      ".number{font-size:11px;font-weight:bold}.bearing{font-size:10px;fill:#5f6b78}\n"
-      ".halo{stroke:#fff;stroke-width:3px;paint-order:stroke}.bearing.halo{stroke:#eef3f8}\n"
-      ".paper{fill:#fff;stroke:none}.plate{fill:#eef3f8;stroke-width:2.5}\n"
+      ".bearing{text-anchor:middle;font-size:10px;fill:#5f6b78}\n"
+      ".bearing.halo{stroke:#eef3f8}.plate{fill:#eef3f8;stroke-width:2.5}\n"
       ".grid{stroke:#e3e8ed}.axis,.tick{stroke:#8a94a0}.axis{stroke-dasharray:14 4 2 4}\n"
       ".guide{stroke-width:2.6}.thin{stroke-width:.9;stroke-dasharray:9 5}\n"
-      ".dot{fill:#fff;stroke-width:1.8}.bubble{fill:#fff;stroke-width:1.6}\n",
+      ".dot{fill:#fff;stroke-width:1.8}.bubble{stroke-width:1.6}\n",
       svg);
   for (int i = 0; i < 3; i++)
     fprintf(svg, ".%s{stroke:%s}.%s .arrow{marker-end:url(#to-%s)}#to-%s *{fill:%s;stroke:none}\n",
@@ -119,46 +90,33 @@ static void put_styles(FILE* svg) {
   fprintf(svg, ".touches .dot{fill:%s}\n</style>\n", colours[TOUCHES]);
 }
 
-static void begin(FILE* svg, int height) {
-  fprintf(svg,
-          "<svg xmlns='http://www.w3.org/2000/svg' width='%d' height='%d' viewBox='0 0 %d %d'>\n",
-          PAGE_WIDTH, height, PAGE_WIDTH, height);
-  put_styles(svg);
+static void put_arrows(FILE* svg) {
   for (int i = 0; i < 3; i++)
     fprintf(svg,
             "<marker id='to-%s' viewBox='0 0 10 8' refX='10' refY='4' markerWidth='15' "
             "markerHeight='12' markerUnits='userSpaceOnUse' orient='auto'>"
             "<path d='M0 0L10 4L0 8z'/></marker>\n",
             relations[i]);
-  fprintf(svg, "<rect class='paper' width='%d' height='%d'/>\n", PAGE_WIDTH, height);
 }
 
 static void put_title(const Picture* pic) {
   const Outline* o = &pic->plan->outline;
-  put_name(pic, "class='title'", (double)left, 36, o->name[0] ? o->name : "Outline");
-  put_text(pic, "", (double)left, 64,
+  put_name(pic->svg, "class='title'", (double)left, 36, o->name[0] ? o->name : "Outline");
+  put_text(pic->svg, "", (double)left, 64,
            "Centre x %.1f, y %.1f; radius %.1f. Lengths in mm, bearings in degrees anticlockwise "
            "from x.",
            (double)o->centre.x, (double)o->centre.y, (double)o->radius);
 }
 
-/* The round step (1, 2 or 5 times a power of ten) that divides a length into at most ten. */
-static float grid_step(float length) {
-  static const float factors[] = {2, 2.5f, 2};
-  float step = 1;
-  for (int i = 0; 10 * step < length; i++) step *= factors[i % 3];
-  return step;
-}
-
 /* The lines of round x (or y) on the site; zero is the centre's coordinate. */
 static void put_grid(const Picture* pic, bool of_x, float zero) {
-  const float reach = pic->reach, step = grid_step(2 * reach);
+  const float reach = pic->reach, step = round_step(2 * reach);
   for (int i = (int)((zero - reach) / step) - 1; (float)i * step <= zero + reach; i++) {
     const float at = (float)i * step - zero;
     if (at < -reach) continue;
     const Point p = of_x ? (Point){at, -reach} : (Point){-reach, at};
     put_line(pic, "class='grid'", p, of_x ? (Point){at, reach} : (Point){reach, at});
-    put_text(pic, of_x ? "class='mid'" : "class='end'", page_x(pic, p.x) - (of_x ? 0 : 9),
+    put_text(pic->svg, of_x ? "class='mid'" : "class='end'", page_x(pic, p.x) - (of_x ? 0 : 9),
              page_y(pic, p.y) + (of_x ? 15 : 0), "%.0f", (double)((float)i * step));
   }
 }
@@ -170,8 +128,8 @@ static void put_frame(const Picture* pic) {
   put_grid(pic, false, c.y);
   fprintf(pic->svg, "<rect x='%.0f' y='%.0f' width='%.0f' height='%.0f'/>\n", x, y, 2 * middle,
           2 * middle);
-  put_text(pic, "class='head mid'", x + middle, y + 2 * middle + 36, "x [mm]");
-  put_text(pic, "class='head mid' transform='rotate(-90)'", -(y + middle), 18, "y [mm]");
+  put_text(pic->svg, "class='head mid'", x + middle, y + 2 * middle + 36, "x [mm]");
+  put_text(pic->svg, "class='head mid' transform='rotate(-90)'", -(y + middle), 18, "y [mm]");
 }
 
 static void put_outline(const Picture* pic) {
@@ -187,7 +145,7 @@ static void put_bearing(const Picture* pic, Point p) {
   const Point at = along(p, centre, px(pic, 21));
   put_line(pic, "class='tick'", p, along(p, centre, px(pic, labelled ? 9 : 5)));
   if (labelled)
-    put_text(pic, "class='bearing halo'", page_x(pic, at.x), page_y(pic, at.y), "%d\302\260",
+    put_text(pic->svg, "class='bearing halo'", page_x(pic, at.x), page_y(pic, at.y), "%d\302\260",
              degrees);
 }
 
@@ -221,11 +179,6 @@ static void put_guide(const Picture* pic, int32_t i, const Meeting* ends) {
            stops ? guide->end : out->at);
 }
 
-static void put_bubble(const Picture* pic, double x, double y, int32_t i) {
-  fprintf(pic->svg, "<circle class='bubble' cx='%.1f' cy='%.1f' r='11'/>", x, y);
-  put_text(pic, "class='number'", x, y, "%d", (int)i + 1);
-}
-
 /* The whole line through the picture, the guide line on it, its number at the freer end. */
 static void put_guide_line(Picture* pic, int32_t i) {
   const Guide* guide = &pic->plan->guides[i];
@@ -237,7 +190,7 @@ static void put_guide_line(Picture* pic, int32_t i) {
   put_guide(pic, i, &ends);
   const Point outside[] = {along(p, q, px(pic, -11)), along(q, p, px(pic, -11))};
   const Point bubble = take_place(pic, i, outside, 2);
-  put_bubble(pic, page_x(pic, bubble.x), page_y(pic, bubble.y), i);
+  put_bubble(pic->svg, page_x(pic, bubble.x), page_y(pic, bubble.y), (int)i + 1);
   end_group(pic);
 }
 
@@ -258,7 +211,8 @@ static void put_gap(Picture* pic, int32_t i) {
   const Point places[] = {{middle.x - away * r.y, middle.y + away * r.x},
                           {middle.x + away * r.y, middle.y - away * r.x}};
   const Point p = take_place(pic, i, places, 2);
-  put_text(pic, "class='mid halo'", page_x(pic, p.x), page_y(pic, p.y), "%.1f", (double)m->gap);
+  put_text(pic->svg, "class='mid halo'", page_x(pic, p.x), page_y(pic, p.y), "%.1f",
+           (double)m->gap);
 }
 
 /* In the middle of one of the four angles between outline and line, the wide ones outside first. */
@@ -288,8 +242,8 @@ static void put_points(Picture* pic, int32_t i) {
   for (int32_t k = 0; k < (int32_t)m->relation; k++) {
     const Point p = place_beside(pic, i, k);
     put_circle(pic, "class='dot'", m->points[k].at, px(pic, 4.5f));
-    put_text(pic, "class='number halo'", page_x(pic, p.x), page_y(pic, p.y), "%d%c", (int)i + 1,
-             'a' + (int)k);
+    put_text(pic->svg, "class='number halo'", page_x(pic, p.x), page_y(pic, p.y), "%d%c",
+             (int)i + 1, 'a' + (int)k);
   }
   end_group(pic);
 }
@@ -297,11 +251,13 @@ static void put_points(Picture* pic, int32_t i) {
 static void put_list_row(const Picture* pic, int32_t i, double x, double y) {
   const Meeting* m = &pic->meetings[i];
   begin_group(pic, i);
-  put_bubble(pic, x + 11, y, i);
-  put_name(pic, "", x + 33, y, pic->plan->guides[i].name);
-  put_text(pic, "", x + 232, y, "%s", relations[m->relation]);
-  if (m->relation == CUTS) put_text(pic, "class='end'", x + 372, y, "chord %.1f", (double)m->chord);
-  if (m->relation == MISSES) put_text(pic, "class='end'", x + 372, y, "gap %.1f", (double)m->gap);
+  put_bubble(pic->svg, x + 11, y, (int)i + 1);
+  put_name(pic->svg, "", x + 33, y, pic->plan->guides[i].name);
+  put_text(pic->svg, "", x + 232, y, "%s", relations[m->relation]);
+  if (m->relation == CUTS)
+    put_text(pic->svg, "class='end'", x + 372, y, "chord %.1f", (double)m->chord);
+  if (m->relation == MISSES)
+    put_text(pic->svg, "class='end'", x + 372, y, "gap %.1f", (double)m->gap);
   end_group(pic);
 }
 
@@ -313,10 +269,10 @@ static void put_key(const Picture* pic, double x, double y) {
           "<path class='thin' d='M0 50h44'/><circle class='dot' cx='22' cy='74' r='4.5'/></g>\n"
           "<g class='touches'><circle class='dot' cx='22' cy='98' r='4.5'/></g>\n",
           x, y);
-  put_text(pic, "", 58, 26, "guide line, from its start to its end");
-  put_text(pic, "", 58, 50, "its continuation");
-  put_text(pic, "", 58, 74, "point where it cuts the outline");
-  put_text(pic, "", 58, 98, "point where it touches the outline");
+  put_text(pic->svg, "", 58, 26, "guide line, from its start to its end");
+  put_text(pic->svg, "", 58, 50, "its continuation");
+  put_text(pic->svg, "", 58, 74, "point where it cuts the outline");
+  put_text(pic->svg, "", 58, 98, "point where it touches the outline");
   end_group(pic);
 }
 
@@ -351,7 +307,9 @@ void draw(FILE* svg, const Plan* plan, const Meeting meetings[]) {
   const int frame = (int)(top + size) + 54, list = (int)top + ROW * plan->guide_count + 130;
   pic.reach = frame_reach(plan, meetings);
   pic.ends = pic.reach - px(&pic, 28);
-  begin(svg, list > frame ? list : frame);
+  begin_picture(svg, PAGE_WIDTH, list > frame ? list : frame);
+  put_styles(svg);
+  put_arrows(svg);
   put_title(&pic);
   put_frame(&pic);
   put_outline(&pic);
