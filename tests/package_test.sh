@@ -27,6 +27,8 @@ cached() { sed -n "s/^$1:[A-Z]*=//p" "$build/CMakeCache.txt"; }
 version=$(cached CMAKE_PROJECT_VERSION)
 major=${version%%.*}
 libdir=$(cached CMAKE_INSTALL_LIBDIR)
+CMAKE_GENERATOR=$(cached CMAKE_GENERATOR)
+export CMAKE_GENERATOR
 config=$(cached CMAKE_BUILD_TYPE | tr '[:upper:]' '[:lower:]')
 [ "${CFLAGS+set}" ] ||
     CFLAGS=$(cached CMAKE_C_FLAGS | tr ' ' '\n' | grep -E '^-(m32|m64|fsanitize=.*)$' | tr '\n' ' ')
