@@ -2183,8 +2183,8 @@ KEZ_API void KEZ_CALL kezadr(const int32_t *a, const int32_t counts[], const int
  * marker of a real list can equal the largest entry from 16777216 on, and does beyond 33554432, on
  * either side of 0; the comments' comparisons then take that entry for a marker. The largest
  * integer has no marker above it, and then no entry counts. Not-a-number is never the largest
- * entry, and every comparison with it is false. Where no entry of a real list is above -3.4028235e38, that
- * stands for the largest.
+ * entry, and every comparison with it is false. Where no entry of a real list is above
+ * -3.4028235e38, that stands for the largest.
  *
  * There is no limit on counts. For long lists some routines take memory from the heap while they
  * run; where there is none, the comment says what comes out, or else the result is the same and
