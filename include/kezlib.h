@@ -2165,7 +2165,7 @@ KEZ_API void KEZ_CALL kezlul(const int32_t *n, const float x[], const float *lo,
  * @param[in] counts [n] number of entries of each block
  * @param[in] n number of the block
  * @param[in] source [sum(counts, n)] the blocks
- * @param[out] target [counts(n)] entries of block n
+ * @param[out] target [counts(n)] entries of block n; kept when nothing is copied
  */
 KEZ_API void KEZ_CALL kezadr(const int32_t *a, const int32_t counts[], const int32_t *n,
                              const void *source, void *target);
@@ -2381,8 +2381,8 @@ KEZ_API void KEZ_CALL kezordi(const float v[], const int32_t *n, int32_t iord[])
  *
  * @param[in] n number of lines
  * @param[in] a,b,c [n] the lines
- * @param[out] iord [n] the lines by ascending intercept, as `kezordi` orders them; 1, 2, ..., n
- *     when status is -1
+ * @param[out] iord [n] the lines by ascending intercept, as `kezordi` orders them, kept where it
+ *     keeps an entry; 1, 2, ..., n when status is -1
  * @param[out] status 0 ordered; -1 when there is no line, when `kezlni` does not find each other
  *     line parallel to the first and distinct from it, or when memory ran out
  */

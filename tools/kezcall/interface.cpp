@@ -1591,7 +1591,7 @@ constexpr Argument kezadr_arguments[] = {
     {"counts", integer, in, [](Integers v) -> std::int64_t { return v[2]; }, "n", "number of entries of each block"},
     {"n", integer, in, nullptr, nullptr, "number of the block"},
     {"source", word, in, [](Integers v) -> std::int64_t { return sum(v.array(1), v[2]); }, "sum(counts, n)", "the blocks"},
-    {"target", word, out, [](Integers v) -> std::int64_t { return v.array(1)(v[2]); }, "counts(n)", "entries of block n"},
+    {"target", word, out, [](Integers v) -> std::int64_t { return v.array(1)(v[2]); }, "counts(n)", "entries of block n; kept when nothing is copied"},
 };
 
 constexpr Argument kezmer1_arguments[] = {
@@ -1705,7 +1705,7 @@ constexpr Argument kezpor_arguments[] = {
     {"a", real, in, [](Integers v) -> std::int64_t { return v[0]; }, "n", "the lines"},
     {"b", real, in, [](Integers v) -> std::int64_t { return v[0]; }, "n", "the lines"},
     {"c", real, in, [](Integers v) -> std::int64_t { return v[0]; }, "n", "the lines"},
-    {"iord", integer, out, [](Integers v) -> std::int64_t { return v[0]; }, "n", "the lines by ascending intercept, as `kezordi` orders them; 1, 2, ..., n when status is -1"},
+    {"iord", integer, out, [](Integers v) -> std::int64_t { return v[0]; }, "n", "the lines by ascending intercept, as `kezordi` orders them, kept where it keeps an entry; 1, 2, ..., n when status is -1"},
     {"status", integer, out, nullptr, nullptr, "0 ordered; -1 when there is no line, when `kezlni` does not find each other line parallel to the first and distinct from it, or when memory ran out"},
 };
 
