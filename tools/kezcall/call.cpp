@@ -76,6 +76,7 @@ Arguments::Arguments(const Routine& routine, Values given)
   const std::vector<std::int64_t> wanted = extents(routine, given_);
   buffers_.reserve(wanted.size());
   for (std::size_t i = 0; i < wanted.size(); ++i) {
+    place_.push_back(i);
     buffers_.emplace_back(std::max(static_cast<std::size_t>(wanted[i]), given_[i].size()));
     std::ranges::copy(given_[i], buffers_[i].values().begin());
   }
@@ -92,6 +93,10 @@ bool Arguments::changed(std::size_t argument) const {
   return false;
 }
 
+bool Arguments::is_shared(std::size_t argument) const {
+  return std::ranges::count(place_, place_[argument]) > 1;
+}
+
 std::vector<std::string> Arguments::damage() const {
   std::vector<std::string> found;
   for (std::size_t i = 0; i < buffers_.size(); ++i) {
@@ -99,7 +104,7 @@ std::vector<std::string> Arguments::damage() const {
     const std::string name = argument.name;
     if (!buffers_[i].intact_before()) found.push_back("memory in front of " + name + " written");
     if (!buffers_[i].intact_behind()) found.push_back("memory behind " + name + " written");
-    if (argument.direction == Direction::in && changed(i))
+    if (argument.direction == Direction::in && !is_shared(i) && changed(i))
       found.push_back(name + " changed, although it is only read");
   }
   return found;

@@ -54,8 +54,10 @@ class Arguments {
 
   const Routine& routine() const { return *routine_; }
   std::span<const Word> given(std::size_t argument) const { return given_[argument]; }
-  std::span<Word> values(std::size_t argument) const { return buffers_[argument].values(); }
-  // What an entry held when the arguments were made.
+  std::span<Word> values(std::size_t argument) const { return buffers_[place_[argument]].values(); }
+  // Makes a scalar output the same variable as a scalar input, whose value it then holds.
+  void share(std::size_t output, std::size_t input) { place_[output] = input; }
+  // What an entry held when the arguments were made, shared ones apart.
   Word before(std::size_t argument, std::size_t entry) const;
 
   // What happened that no routine may do: writing outside an argument, or changing one that is
@@ -64,9 +66,11 @@ class Arguments {
 
  private:
   bool changed(std::size_t argument) const;
+  bool is_shared(std::size_t argument) const;
 
   const Routine* routine_;
   Values given_;
+  std::vector<std::size_t> place_;  // of each argument among the buffers
   std::vector<Buffer> buffers_;
 };
 
@@ -87,8 +91,7 @@ struct StackBytes {
 
 // Calls the routine at `entry`. Where the routine removes its arguments the stack pointer is
 // `stack_offset` (0, 4, 8 or 12) bytes above a multiple of 16 at the call; elsewhere the offset is
-// the compiler's business and both counts are 0. Not re-entrant: callbacks find their values
-// through a global.
+// the compiler's business and both counts are 0. Threads may call at the same time.
 StackBytes invoke(Entry entry, const Arguments& arguments, unsigned stack_offset = 0);
 
 }  // namespace kezcall

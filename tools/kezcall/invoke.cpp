@@ -13,7 +13,7 @@ constexpr std::size_t max_arguments = 48;
 
 // A callback gets nothing but an index; which values are its own it can only know by being one
 // function per place in the argument list.
-std::array<std::span<const Word>, max_arguments> callback_values;
+thread_local std::array<std::span<const Word>, max_arguments> callback_values;
 
 template <std::size_t place>
 #ifdef __i386__

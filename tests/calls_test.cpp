@@ -1,0 +1,247 @@
+// Calls of every routine through the exported names of the built library, seeded and hostile:
+//
+//   calls_test [--trace] LIBRARY CHECK...
+//
+// With --trace each call is printed before it is made, so that one which crashes or hangs is known.
+#include <algorithm>
+#include <iostream>
+#include <optional>
+#include <stdexcept>
+#include <thread>
+
+#include "hostile.h"
+#include "library.h"
+
+namespace {
+
+using namespace kezcall;
+
+// A scalar output, and the scalar input that is to be the same variable.
+struct Pair {
+  std::size_t output, input;
+};
+
+struct Call {
+  const Routine* routine;
+  Values values;
+  std::optional<Pair> pair = {};
+};
+
+using Results = std::vector<std::vector<Word>>;  // of each call
+
+bool trace = false;
+
+Arguments made(const Library& library, const Call& call, bool shared = false) {
+  if (trace) std::cout << row_text(*call.routine, call.values) << std::endl;
+  const Entry entry = library.find(call.routine->name);
+  if (!entry) throw LibraryError(std::string("no routine ") + call.routine->name);
+  Arguments arguments(*call.routine, call.values);
+  if (shared) arguments.share(call.pair->output, call.pair->input);
+  invoke(entry, arguments);
+  return arguments;
+}
+
+// `each` calls of every routine, those of different routines in turns.
+std::vector<Call> drawn_calls(std::size_t each) {
+  std::vector<Call> calls;
+  for (std::size_t number = 0; number < each; ++number)
+    for (const Routine& routine : routines) {
+      Choices choices = choices_for(routine, number);
+      calls.push_back({&routine, draw_values(routine, choices, Mood::hostile)});
+    }
+  return calls;
+}
+
+class Check {
+ public:
+  explicit Check(const char* name) : name_(name) {}
+
+  void expect(bool holds, const Call& call, const std::string& fault) {
+    ++calls_;
+    if (holds || ++failed_ > shown) return;
+    std::cout << row_text(*call.routine, call.values) << "\n    " << fault << '\n';
+  }
+
+  bool close() const {
+    std::cout << name_ << ": " << calls_ << " calls, " << failed_ << " failed" << std::endl;
+    return calls_ > 0 && failed_ == 0;
+  }
+
+ private:
+  static constexpr std::size_t shown = 20;
+
+  const char* name_;
+  std::size_t calls_ = 0;
+  std::size_t failed_ = 0;
+};
+
+// Nothing outside the arguments is written, no input changes, every output is written unless the
+// header says that it may be kept, and every call returns.
+bool check_hostile(const std::string& path) {
+  Check check("hostile");
+  const Library library(path);
+  for (std::size_t number = 0; number < 3000; ++number)
+    for (const Routine& routine : routines) {
+      Choices choices = choices_for(routine, number);
+      const Call call{&routine, draw_values(routine, choices, Mood::hostile)};
+      const std::vector<std::string> found = faults(made(library, call));
+      check.expect(found.empty(), call, found.empty() ? "" : found.front());
+    }
+  return check.close();
+}
+
+// Of one kind, since a variable has one.
+std::vector<Pair> pairs(const Routine& routine) {
+  std::vector<Pair> result;
+  const auto arguments = routine.arguments;
+  for (std::size_t o = 0; o < arguments.size(); ++o)
+    for (std::size_t i = 0; i < arguments.size(); ++i)
+      if (arguments[o].direction != Direction::in && arguments[i].direction == Direction::in &&
+          !arguments[o].extent && !arguments[i].extent && arguments[o].kind == arguments[i].kind)
+        result.push_back({o, i});
+  return result;
+}
+
+// A scalar input that is the same variable as a scalar output. Routines that keep a value get the
+// same history both times: the same calls from a fresh load.
+bool check_overlap(const std::string& path) {
+  std::vector<Call> calls;
+  for (const Routine& routine : routines)
+    for (const Pair pair : pairs(routine))
+      for (std::size_t number = 0; number < 24; ++number) {
+        Choices choices = choices_for(routine, number);
+        Call call{&routine, draw_values(routine, choices, Mood::hostile), pair};
+        // The variable has one value before the call, whichever of the two is looked at. An output
+        // that is kept then shows it in both calls.
+        call.values[pair.output] = call.values[pair.input];
+        calls.push_back(call);
+      }
+  const auto all_results = [&](bool shared) {
+    const Library library(path);
+    Results all;
+    for (const Call& call : calls) all.push_back(results(made(library, call, shared)));
+    return all;
+  };
+  const auto separate = all_results(false), overlapping = all_results(true);
+  Check check("overlap");
+  for (std::size_t k = 0; k < calls.size(); ++k) {
+    const auto arguments = calls[k].routine->arguments;
+    check.expect(separate[k] == overlapping[k], calls[k],
+                 std::string("differs when ") + arguments[calls[k].pair->output].name + " is " +
+                     arguments[calls[k].pair->input].name);
+  }
+  return check.close();
+}
+
+using Order = std::vector<std::size_t>;
+
+Results in_order(const Library& library, const std::vector<Call>& calls, const Order& order) {
+  Results all(calls.size());
+  for (const std::size_t k : order) all[k] = results(made(library, calls[k]));
+  return all;
+}
+
+// All indexes of the calls, ascending from `first` and then from 0.
+Order ascending(const std::vector<Call>& calls, std::size_t first = 0) {
+  Order order(calls.size());
+  for (std::size_t k = 0; k < order.size(); ++k) order[k] = (first + k) % order.size();
+  return order;
+}
+
+// A routine without a kept value does not show what was called before: each call comes once after
+// all calls in front of it and once after all behind it.
+bool check_order(const std::string& path) {
+  Check check("order");
+  const std::vector<Call> calls = drawn_calls(400);
+  const Library library(path);
+  Order order = ascending(calls);
+  const Results forwards = in_order(library, calls, order);
+  std::ranges::reverse(order);
+  const Results backwards = in_order(library, calls, order);
+  for (std::size_t k = 0; k < calls.size(); ++k)
+    if (!calls[k].routine->kept)
+      check.expect(forwards[k] == backwards[k], calls[k], "differs by what was called before");
+  return check.close();
+}
+
+#ifndef _WIN32  // where this compiler has no threads
+
+std::vector<Call> only(bool keeping, std::vector<Call> calls) {
+  std::erase_if(calls, [&](const Call& c) { return (c.routine->kept != nullptr) != keeping; });
+  return calls;
+}
+
+// Two threads in step and two half the calls away.
+std::vector<Results> at_once(const Library& library, const std::vector<Call>& calls) {
+  std::vector<Results> all(4);
+  std::vector<std::thread> threads;
+  for (std::size_t t = 0; t < all.size(); ++t)
+    threads.emplace_back(
+        [&, t] { all[t] = in_order(library, calls, ascending(calls, t / 2 * calls.size() / 2)); });
+  for (std::thread& thread : threads) thread.join();
+  return all;
+}
+
+// Re-entrant routines give the same from many threads at once.
+bool check_threads(const std::string& path) {
+  Check check("threads");
+  const std::vector<Call> calls = only(false, drawn_calls(100));
+  const Library library(path);
+  const Results alone = in_order(library, calls, ascending(calls));
+  for (const Results& one : at_once(library, calls))
+    for (std::size_t k = 0; k < calls.size(); ++k)
+      check.expect(alone[k] == one[k], calls[k], "differs when many threads call");
+  return check.close();
+}
+
+// A kept value is the same whichever thread calls.
+bool check_relay(const std::string& path) {
+  Check check("relay");
+  const std::vector<Call> calls = only(true, drawn_calls(100));
+  const Results alone = in_order(Library(path), calls, ascending(calls));
+  const Library library(path);
+  for (std::size_t k = 0; k < calls.size(); ++k) {
+    std::vector<Word> relayed;
+    std::thread([&] { relayed = results(made(library, calls[k])); }).join();
+    check.expect(alone[k] == relayed, calls[k], "differs when each call has a thread of its own");
+  }
+  return check.close();
+}
+
+#endif
+
+struct NamedCheck {
+  std::string name;
+  bool (*run)(const std::string& path);
+};
+
+const std::vector<NamedCheck> checks = {
+    {"hostile", check_hostile}, {"overlap", check_overlap}, {"order", check_order},
+#ifndef _WIN32
+    {"threads", check_threads}, {"relay", check_relay},
+#endif
+};
+
+bool run(const std::string& path, const std::vector<std::string>& wanted) {
+  bool well = true;
+  for (const std::string& name : wanted) {
+    const auto check = std::ranges::find(checks, name, &NamedCheck::name);
+    if (check == checks.end()) throw std::runtime_error("no check " + name);
+    well = check->run(path) && well;
+  }
+  return well;
+}
+
+}  // namespace
+
+int main(int argc, char* argv[]) {
+  std::vector<std::string> words(argv + 1, argv + argc);
+  trace = std::erase(words, "--trace") > 0;
+  try {
+    if (words.size() < 2) throw std::runtime_error("wants LIBRARY CHECK...");
+    return run(words.front(), {words.begin() + 1, words.end()}) ? 0 : 1;
+  } catch (const std::exception& error) {
+    std::cerr << "calls_test: " << error.what() << '\n';
+    return 2;
+  }
+}
