@@ -19,6 +19,12 @@ if(CMAKE_SIZEOF_VOID_P EQUAL 4 AND CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|i.86
   target_compile_options(kezlib_objects PUBLIC -msse2 -mfpmath=sse)
 endif()
 
+# gcc all the same fuses pairs of products, one pair added and one subtracted, into one instruction
+# of processors that have it (-march=x86-64-v3 or native), unless told that there is none.
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|i.86|AMD64|X86)$")
+  target_compile_options(kezlib_objects PUBLIC -mno-fma -mno-fma4 -mno-avx512vl)
+endif()
+
 target_include_directories(KezLib INTERFACE
   $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>
   $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
