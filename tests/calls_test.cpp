@@ -10,7 +10,6 @@
 #include <thread>
 
 #include "hostile.h"
-#include "library.h"
 
 namespace {
 
@@ -31,13 +30,11 @@ using Results = std::vector<std::vector<Word>>;  // of each call
 
 bool trace = false;
 
-Arguments made(const Library& library, const Call& call, bool shared = false) {
+Arguments called(const Library& library, const Call& call, bool shared = false) {
   if (trace) std::cout << row_text(*call.routine, call.values) << std::endl;
-  const Entry entry = library.find(call.routine->name);
-  if (!entry) throw LibraryError(std::string("no routine ") + call.routine->name);
   Arguments arguments(*call.routine, call.values);
   if (shared) arguments.share(call.pair->output, call.pair->input);
-  invoke(entry, arguments);
+  invoke(entry_of(library, *call.routine), arguments);
   return arguments;
 }
 
@@ -84,7 +81,7 @@ bool check_hostile(const std::string& path) {
     for (const Routine& routine : routines) {
       Choices choices = choices_for(routine, number);
       const Call call{&routine, draw_values(routine, choices, Mood::hostile)};
-      const std::vector<std::string> found = faults(made(library, call));
+      const std::vector<std::string> found = faults(called(library, call));
       check.expect(found.empty(), call, found.empty() ? "" : found.front());
     }
   return check.close();
@@ -119,7 +116,7 @@ bool check_overlap(const std::string& path) {
   const auto all_results = [&](bool shared) {
     const Library library(path);
     Results all;
-    for (const Call& call : calls) all.push_back(results(made(library, call, shared)));
+    for (const Call& call : calls) all.push_back(results(called(library, call, shared)));
     return all;
   };
   const auto separate = all_results(false), overlapping = all_results(true);
@@ -137,7 +134,7 @@ using Order = std::vector<std::size_t>;
 
 Results in_order(const Library& library, const std::vector<Call>& calls, const Order& order) {
   Results all(calls.size());
-  for (const std::size_t k : order) all[k] = results(made(library, calls[k]));
+  for (const std::size_t k : order) all[k] = results(called(library, calls[k]));
   return all;
 }
 
@@ -202,7 +199,7 @@ bool check_relay(const std::string& path) {
   const Library library(path);
   for (std::size_t k = 0; k < calls.size(); ++k) {
     std::vector<Word> relayed;
-    std::thread([&] { relayed = results(made(library, calls[k])); }).join();
+    std::thread([&] { relayed = results(called(library, calls[k])); }).join();
     check.expect(alone[k] == relayed, calls[k], "differs when each call has a thread of its own");
   }
   return check.close();

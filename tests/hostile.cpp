@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <bit>
-#include <limits>
 #include <numeric>
 #include <optional>
 #include <string_view>
@@ -22,32 +21,19 @@ constexpr std::array turning_points = {
     1.0f,  1.00001f, 1.99999f, 2.00001f, 3.0f,   1.570796f, 3.14159f, 1e-8f, 1e-12f,
 };
 
-constexpr std::array extremes = {
-    std::numeric_limits<float>::quiet_NaN(),
-    std::numeric_limits<float>::infinity(),
-    std::numeric_limits<float>::max(),
-    std::numeric_limits<float>::min(),
-    std::numeric_limits<float>::denorm_min(),
-    0.0f,
-    1e19f,
-    1e-20f,
-    2147483648.0f,
-    16777216.0f,
+constexpr std::array<Word, 10> extremes = {
+    0x7fc00000, 0x7f800000, 0x7f7fffff,  // not-a-number, infinity, the largest number
+    0x00800000, 0x00000001, 0x00000000,  // the smallest normal number, the smallest, zero
+    0x5f800000, 0x1e3ce508,              // squares leave the range: 2^64, 1e-20
+    0x4f000000, 0x4b800000,              // 2^31; 2^24, where 1 is lost in a sum
 };
 
-constexpr std::array<std::int32_t, 8> integer_extremes = {
-    std::numeric_limits<std::int32_t>::min(),
-    std::numeric_limits<std::int32_t>::max(),
-    std::numeric_limits<std::int32_t>::min() + 1,
-    std::numeric_limits<std::int32_t>::max() - 1,
-    -65536,
-    65536,
-    1 << 30,
-    -100,
+constexpr std::array<Word, 8> integer_extremes = {
+    0x7fffffff, 0x7ffffffe, 0x80000000, 0x80000001, 0x40000000, 65536, -65536u, -100u,
 };
 
 // More than this is asked for again with small counts.
-constexpr std::int64_t most_entries = 1 << 16;
+constexpr std::int64_t most_entries = 1 << 13;
 
 // The values of one call.
 class Drawing {
@@ -95,7 +81,7 @@ class Drawing {
     if (small_counts_) return choices_.below(9) - (wildness_ > 1 ? 2 : 0);
     switch (choices_.below(16)) {
       case 0:
-        return static_cast<Word>(one_of(integer_extremes));
+        return one_of(integer_extremes);
       case 1:
         return choices_.word();
       case 2:
@@ -119,14 +105,14 @@ class Drawing {
       case 2:
         return whole();
       case 3:
-        return seen() ^ (choices_.one_in(4) ? sign_bit : 0);
+        return one_of(seen_);
       case 4:
-        return seen() + choices_.below(3) - 1;
+        return neighbour(one_of(seen_));
       case 5:
       case 6:
-        return near(one_of(turning_points));
+        return neighbour(of_any_sign(std::bit_cast<Word>(one_of(turning_points))));
       case 7:
-        return near(one_of(extremes));
+        return neighbour(of_any_sign(one_of(extremes)));
       case 8:
         return choices_.word();
       default:
@@ -139,22 +125,21 @@ class Drawing {
     return array[choices_.below(static_cast<Word>(array.size()))];
   }
 
-  Word any_sign() { return choices_.below(2) * sign_bit; }
+  // One decision a statement: nothing fixes the order of two in an expression.
+  Word of_any_sign(Word magnitude) { return magnitude | choices_.below(2) * sign_bit; }
 
-  // The value, or one of its neighbours in single precision.
-  Word near(float value) {
-    return any_sign() | (std::bit_cast<Word>(value) + choices_.below(3) - 1);
-  }
+  // The value, or the one before or behind it in single precision.
+  Word neighbour(Word real) { return real + choices_.below(3) - 1; }
 
-  Word whole() { return any_sign() | std::bit_cast<Word>(static_cast<float>(choices_.below(4))); }
+  Word whole() { return of_any_sign(std::bit_cast<Word>(static_cast<float>(choices_.below(4)))); }
 
   // From 1/8 to 64, of either sign.
   Word ordinary() {
     constexpr Word exponent_of_eighth = 124;
-    return any_sign() | (exponent_of_eighth + choices_.below(9)) << 23 | choices_.word() >> 9;
+    const Word exponent = exponent_of_eighth + choices_.below(9);
+    const Word fraction = choices_.word() >> 9;
+    return of_any_sign(exponent << 23 | fraction);
   }
-
-  Word seen() { return one_of(seen_); }
 
   // In the order of reals or integers, which is the same for positive ones.
   static void sort(std::vector<Word>& words) {
@@ -231,6 +216,11 @@ std::vector<std::string> faults(const Arguments& arguments) {
       found.push_back(std::string(argument.name) + " is not written");
   }
   return found;
+}
+
+Entry entry_of(const Library& library, const Routine& routine) {
+  if (const Entry entry = library.find(routine.name)) return entry;
+  throw LibraryError(std::string("the library has no routine ") + routine.name);
 }
 
 std::string row_text(const Routine& routine, const Values& values) {

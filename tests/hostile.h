@@ -7,10 +7,11 @@
 #include <vector>
 
 #include "call.h"
+#include "library.h"
 
 namespace kezcall {
 
-// Decisions in a fixed sequence. Integer arithmetic only: the same on every platform.
+// Decisions in a sequence that is the same on every platform.
 class Choices {
  public:
   // The bytes decide first, and what the seed begins goes on where they end.
@@ -48,6 +49,9 @@ std::vector<Word> results(const Arguments& arguments);
 // What a call did wrong, a sentence each: damage, and outputs unwritten although the header does
 // not say that they may be kept.
 std::vector<std::string> faults(const Arguments& arguments);
+
+// Throws LibraryError when the library has no such routine.
+Entry entry_of(const Library& library, const Routine& routine);
 
 // As `kezcall` takes it on the command line.
 std::string row_text(const Routine& routine, const Values& values);

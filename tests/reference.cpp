@@ -2,12 +2,9 @@
 //
 //   reference check LIBRARY LIST ROWS...   holds the library against the list's hashes
 //   reference write LIBRARY LIST ROWS...   writes the list: when routines or rows have changed
-//   reference dump LIBRARY FILE            results of the routines that are approximate
-//   reference compare FILE FILE            how far two such files lie apart
+//   reference dump LIBRARY FILE            calls of the routines that are approximate, for
+//                                          compare_dumps.py
 #include <algorithm>
-#include <array>
-#include <bit>
-#include <cmath>
 #include <cstdint>
 #include <fstream>
 #include <iomanip>
@@ -19,7 +16,6 @@
 #include <vector>
 
 #include "hostile.h"
-#include "library.h"
 #include "rows.h"
 
 namespace {
@@ -55,10 +51,8 @@ void check_names() {
 }
 
 Arguments called(const Library& library, const Routine& routine, const Values& values) {
-  const Entry entry = library.find(routine.name);
-  if (!entry) throw LibraryError(std::string("no routine ") + routine.name);
   Arguments arguments(routine, values);
-  invoke(entry, arguments);
+  invoke(entry_of(library, routine), arguments);
   return arguments;
 }
 
@@ -138,8 +132,12 @@ bool check(const std::string& library_path, const std::string& list,
     ++differing;
     std::cout << name << ": " << hashes << ", wanted " << wanted[name] << '\n';
   }
-  for (const auto& [name, hashes] : wanted)
-    if (!got.contains(name)) std::cout << name << ": not in the library\n", ++differing;
+  for (const auto& [name, hashes] : wanted) {
+    if (got.contains(name)) continue;
+    ++differing;
+    std::cout << name << ": not in the library\n";
+  }
+  if (differing) std::cout << "If a routine or its rows have changed: ./dev reference\n";
   std::cout << got.size() << " routines, " << calls_each
             << " calls of each and the rows: " << differing << " differ from " << list << '\n';
   return differing == 0;
@@ -154,9 +152,11 @@ bool write(const std::string& library_path, const std::string& list,
   return true;
 }
 
-// A line for each call: the routine and its results, with r before the bits of a real.
+// A line for each call: the routine and the bits of its arguments, with r in front of a real's and
+// * in front of those that the routine may write.
 bool dump(const std::string& library_path, const std::string& file) {
   std::ofstream stream(file, std::ios::binary);
+  stream << std::hex;
   for (const Routine& routine : routines) {
     if (!is_approximate(routine)) continue;
     const Library library(library_path);
@@ -164,70 +164,15 @@ bool dump(const std::string& library_path, const std::string& file) {
       Choices choices = choices_for(routine, number);
       const Arguments done =
           called(library, routine, draw_values(routine, choices, Mood::ordinary));
-      stream << routine.name << std::hex;
+      stream << routine.name;
       for (std::size_t i = 0; i < routine.arguments.size(); ++i)
         for (const Word word : done.values(i))
-          if (routine.arguments[i].direction != Direction::in)
-            stream << (routine.arguments[i].kind == Kind::real ? " r" : " i") << word;
+          stream << (routine.arguments[i].direction == Direction::in ? " " : " *")
+                 << (routine.arguments[i].kind == Kind::real ? "r" : "i") << word;
       stream << '\n';
     }
   }
   if (!stream.flush()) throw std::runtime_error("cannot write " + file);
-  return true;
-}
-
-// Steps of single precision from one real to another.
-std::int64_t steps(Word a, Word b) {
-  const auto place = [](Word word) {
-    const std::int64_t magnitude = word & 0x7fffffff;
-    return word >> 31 ? -magnitude : magnitude;
-  };
-  return std::abs(place(a) - place(b));
-}
-
-struct Distance {
-  std::size_t calls = 0;
-  std::size_t differing = 0;
-  std::size_t decided_otherwise = 0;  // another integer, or a real where the other has none
-  std::int64_t largest = 0;           // of the rest, in units in the last place
-};
-
-void compare_results(std::istringstream one, std::istringstream other, Distance& distance) {
-  ++distance.calls;
-  if (one.str() == other.str()) return;
-  bool otherwise = false;
-  std::int64_t largest = 0;
-  std::string a, b;
-  while (one >> a && other >> b) {
-    if (a == b) continue;
-    const auto real = [](const std::string& text) {
-      return static_cast<Word>(std::stoul(text.substr(1), nullptr, 16));
-    };
-    const bool comparable = a[0] == 'r' && !is_nan(real(a)) && !is_nan(real(b));
-    if (comparable)
-      largest = std::max(largest, steps(real(a), real(b)));
-    else
-      otherwise = true;
-  }
-  ++distance.differing;
-  if (otherwise)
-    ++distance.decided_otherwise;
-  else
-    distance.largest = std::max(distance.largest, largest);
-}
-
-bool compare(const std::string& one, const std::string& other) {
-  std::ifstream first(one), second(other);
-  std::map<std::string, Distance> distances;
-  for (std::string a, b; std::getline(first, a) && std::getline(second, b);)
-    compare_results(std::istringstream(a), std::istringstream(b),
-                    distances[a.substr(0, a.find(' '))]);
-  std::cout << "routine   calls  differ  decided otherwise  largest difference (ulp)\n";
-  for (const auto& [name, d] : distances)
-    std::cout << std::left << std::setw(9) << name << std::right << std::setw(6) << d.calls
-              << std::setw(8) << d.differing << std::setw(19) << d.decided_otherwise
-              << std::setw(26) << d.largest << '\n';
-  if (distances.empty()) throw std::runtime_error("nothing to compare");
   return true;
 }
 
@@ -239,9 +184,7 @@ bool run(const std::vector<std::string>& words) {
   if (words.size() > 3 && command == "write")
     return write(words[1], words[2], {words.begin() + 3, words.end()});
   if (words.size() == 3 && command == "dump") return dump(words[1], words[2]);
-  if (words.size() == 3 && command == "compare") return compare(words[1], words[2]);
-  throw std::runtime_error(
-      "check|write LIBRARY LIST ROWS..., dump LIBRARY FILE, compare FILE FILE");
+  throw std::runtime_error("wants check|write LIBRARY LIST ROWS... or dump LIBRARY FILE");
 }
 
 }  // namespace

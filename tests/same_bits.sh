@@ -1,0 +1,51 @@
+#!/bin/sh
+# Whether compilers and their options change a bit:  same_bits.sh FOLDER
+#
+# The builds are made in the folder. On one platform all routines must give the same bits. From
+# there to other platforms, of which the presets' builds are taken, the elementary functions differ:
+# how far that carries is shown.
+set -eu
+source=$(cd "$(dirname "$0")/.." && pwd)
+mkdir -p "$1"
+cd "$1"
+
+dump() { # NAME LIBRARY PROGRAM...
+    name=$1 library=$2
+    shift 2
+    "$@" dump "$library" "$name.dump"
+}
+
+build() { # NAME COMPILER CXXFLAGS
+    [ -e "$1/build.ninja" ] || cmake -S "$source" -B "$1" -G Ninja -DCMAKE_BUILD_TYPE=None \
+        -DCMAKE_CXX_COMPILER="$2" -DCMAKE_CXX_FLAGS="$3" >"$1.log"
+    cmake --build "$1" --target KezLib reference >>"$1.log" || { cat "$1.log"; exit 1; }
+    echo "$2 $3"
+    "$1/tests/reference" check "$1/libKezLib.so" "$source/tests/reference.txt" \
+        "$source"/tests/cases/*.txt
+    dump "$1" "$1/libKezLib.so" "$1/tests/reference"
+    cmp gcc-O3.dump "$1.dump"
+}
+
+compare() { # PRESET
+    echo "Largest differences from gcc-O3 to $1"
+    python3 "$source/tests/compare_dumps.py" gcc-O3.dump "$1.dump"
+}
+
+build gcc-O3 g++ -O3
+build gcc-O2 g++ -O2
+build gcc-O0 g++ -O0
+build clang-O3 clang++ -O3
+build clang-O0 clang++ -O0
+if grep -qw fma /proc/cpuinfo && grep -qw avx2 /proc/cpuinfo; then
+    build gcc-v3 g++ '-O3 -march=x86-64-v3'
+    build clang-v3 clang++ '-O3 -march=x86-64-v3'
+else
+    echo "Not run: -march=x86-64-v3, which this processor lacks"
+fi
+
+presets=$source/build
+dump x86 "$presets/x86/libKezLib.so" "$presets/x86/tests/reference"
+compare x86
+dump windows-x86 "$presets/windows-x86/KezLib.dll" "$source/tools/wine-i386" \
+    "$presets/windows-x86/tests/reference.exe"
+compare windows-x86
