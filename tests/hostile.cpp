@@ -194,14 +194,17 @@ Values draw_values(const Routine& routine, Choices& choices, Mood mood) {
   return Drawing(routine, choices, mood, true).drawn().value();
 }
 
+Word comparable(Word word, Kind kind) {
+  const bool is_nan = kind == Kind::real && (word & ~sign_bit) > 0x7f800000;
+  return is_nan && word != poison ? quiet_nan : word;
+}
+
 std::vector<Word> results(const Arguments& arguments) {
   std::vector<Word> words;
   for (std::size_t i = 0; i < arguments.routine().arguments.size(); ++i) {
     const Argument& argument = arguments.routine().arguments[i];
     if (argument.direction == Direction::in) continue;
-    for (const Word word : arguments.values(i))
-      words.push_back(argument.kind == Kind::real && is_nan(word) && word != poison ? quiet_nan
-                                                                                    : word);
+    for (const Word word : arguments.values(i)) words.push_back(comparable(word, argument.kind));
   }
   return words;
 }

@@ -38,12 +38,11 @@ enum class Mood {
 // Arrays have exactly the entries that the header asks for.
 Values draw_values(const Routine& routine, Choices& choices, Mood mood);
 
-constexpr bool is_nan(Word real) {
-  return (real & 0x7fffffff) > 0x7f800000;
-}
+// One not-a-number for all, since nothing fixes which one comes out of an operation, but for the
+// poison of what is unwritten.
+Word comparable(Word word, Kind kind);
 
-// What a call left in the arguments that it may write. A not-a-number is the same as any other,
-// since nothing fixes which one comes out of an operation, but for the poison of what is unwritten.
+// What a call left in the arguments that it may write, comparable.
 std::vector<Word> results(const Arguments& arguments);
 
 // What a call did wrong, a sentence each: damage, and outputs unwritten although the header does

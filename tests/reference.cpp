@@ -165,10 +165,12 @@ bool dump(const std::string& library_path, const std::string& file) {
       const Arguments done =
           called(library, routine, draw_values(routine, choices, Mood::ordinary));
       stream << routine.name;
-      for (std::size_t i = 0; i < routine.arguments.size(); ++i)
+      for (std::size_t i = 0; i < routine.arguments.size(); ++i) {
+        const Argument& argument = routine.arguments[i];
         for (const Word word : done.values(i))
-          stream << (routine.arguments[i].direction == Direction::in ? " " : " *")
-                 << (routine.arguments[i].kind == Kind::real ? "r" : "i") << word;
+          stream << (argument.direction == Direction::in ? " " : " *")
+                 << (argument.kind == Kind::real ? "r" : "i") << comparable(word, argument.kind);
+      }
       stream << '\n';
     }
   }
