@@ -38,7 +38,7 @@ void KEZ_CALL kezlni(const float* a1, const float* b1, const float* c1, const fl
 
 void KEZ_CALL kezpsn(const float* x1, const float* y1, const float* z1, const float* x2,
                      const float* y2, const float* z2, int32_t* code) {
-  *code = number(classify(load(x2, y2, z2) - load(x1, y1, z1)));
+  *code = number(classify(load_vector(x1, y1, z1, x2, y2, z2)));
 }
 
 void KEZ_CALL kezln6(const float* x0, const float* y0, const float* z0, const float* u,
