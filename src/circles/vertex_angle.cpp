@@ -1,10 +1,10 @@
 #include "vertex_angle.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "../frame/angles.h"
 #include "../frame/lines.h"
+#include "../frame/numbers.h"
 #include "../frame/tolerance.h"
 #include "../space/line_intersections.h"
 
@@ -23,9 +23,8 @@ bool foot_behind_vertex(Vec2 vertex, Vec2 p, Line ray, Vec2 point) noexcept {
 
 void classify_points(Vec2 vertex, Vec2 p, Vec2 q, std::span<const float> xs,
                      std::span<const float> ys, std::span<std::int32_t> flags) noexcept {
-  const auto flag = [](AngleClass c) { return static_cast<std::int32_t>(c); };
-  if (std::fabs(vertex_angle(vertex, p, q)) <= tolerance) {
-    std::fill(flags.begin(), flags.end(), flag(AngleClass::none));
+  if (equal(vertex_angle(vertex, p, q), 0)) {
+    std::fill(flags.begin(), flags.end(), number(AngleClass::none));
     return;
   }
   const Line first_ray = line_through(vertex, p), second_ray = line_through(vertex, q);
@@ -34,7 +33,7 @@ void classify_points(Vec2 vertex, Vec2 p, Vec2 q, std::span<const float> xs,
     const bool between_lines =
         signed_distance(point, first_ray) * signed_distance(point, second_ray) < 0;
     const bool second = between_lines || foot_behind_vertex(vertex, p, first_ray, point);
-    flags[i] = flag(second ? AngleClass::second : AngleClass::first);
+    flags[i] = number(second ? AngleClass::second : AngleClass::first);
   }
 }
 

@@ -13,8 +13,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
-#include <type_traits>
 
+#include "numbers.h"
 #include "outline.h"
 #include "types.h"
 
@@ -68,13 +68,6 @@ inline void store(Plane p, float* a, float* b, float* c, float* d) noexcept {
   *b = p.b;
   *c = p.c;
   *d = p.d;
-}
-
-// The number that the interface publishes for a relation, position or status.
-template <typename Code>
-std::int32_t number(Code code) noexcept {
-  static_assert(std::is_enum_v<Code>);
-  return static_cast<std::int32_t>(code);
 }
 
 // The caller's table of n entries; a count below 1 means an empty table.

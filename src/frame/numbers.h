@@ -1,12 +1,26 @@
-// Conversions that no input may make undefined, and sums over long lists.
+// Conversions to the interface's integers, none of which an input may make undefined, and sums over
+// long lists.
 #pragma once
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <type_traits>
 
 namespace kez {
+
+// The number that the interface publishes for a relation, position or status.
+template <typename Code>
+constexpr std::int32_t number(Code code) noexcept {
+  static_assert(std::is_enum_v<Code>);
+  return static_cast<std::int32_t>(code);
+}
+
+// The interface counts entries from 1.
+constexpr std::int32_t position_of(std::size_t index) noexcept {
+  return static_cast<std::int32_t>(index) + 1;
+}
 
 // Toward zero; beyond the integers the nearest of them, and 0 for not-a-number.
 inline std::int32_t truncate(float value) noexcept {

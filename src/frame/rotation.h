@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <span>
 
+#include "numbers.h"
 #include "types.h"
 
 namespace kez {
@@ -19,7 +20,7 @@ enum class Sense : std::int32_t { forwards = 0, backwards = 1 };
 
 // Hosts pass 1 to turn backwards and anything else to turn forwards.
 inline Sense sense_of(std::int32_t mode) noexcept {
-  return mode == static_cast<std::int32_t>(Sense::backwards) ? Sense::backwards : Sense::forwards;
+  return mode == number(Sense::backwards) ? Sense::backwards : Sense::forwards;
 }
 
 // Exact: turning back differs in the sign of the sine only.

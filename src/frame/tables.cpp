@@ -4,15 +4,12 @@
 #include <cmath>
 #include <utility>
 
+#include "numbers.h"
 #include "tolerance.h"
 
 namespace kez {
 
 namespace {
-
-std::int32_t position(std::size_t index) noexcept {
-  return static_cast<std::int32_t>(index) + 1;
-}
 
 // Whether any two entries that compare equal are the same, and all compare: then every correct sort
 // leaves the same table.
@@ -40,17 +37,17 @@ void selection_sort(std::span<float> x) noexcept {
 
 std::int32_t find_interval(std::span<const float> x, float v) noexcept {
   for (std::size_t i = 0; i + 1 < x.size(); ++i) {
-    if (x[i] <= v && v < x[i + 1]) return position(i);
+    if (x[i] <= v && v < x[i + 1]) return position_of(i);
   }
   return 0;
 }
 
 Place find_place(std::span<const float> x, float v) noexcept {
   for (std::size_t i = 0; i < x.size(); ++i) {
-    if (equal(x[i], v)) return {Match::entry, position(i)};
+    if (equal(x[i], v)) return {Match::entry, position_of(i)};
   }
   for (std::size_t i = 0; i + 1 < x.size(); ++i) {
-    if (x[i] < v && v < x[i + 1]) return {Match::interval, position(i)};
+    if (x[i] < v && v < x[i + 1]) return {Match::interval, position_of(i)};
   }
   return {Match::none, 0};
 }
@@ -75,7 +72,7 @@ std::int32_t select(std::span<const std::int32_t> table, std::int32_t v,
                     std::int32_t positions[]) noexcept {
   std::int32_t count = 0;
   for (std::size_t i = 0; i < table.size(); ++i) {
-    if (table[i] == v) positions[count++] = position(i);
+    if (table[i] == v) positions[count++] = position_of(i);
   }
   return count;
 }

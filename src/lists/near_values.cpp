@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstddef>
 
+#include "../frame/numbers.h"
 #include "../frame/tables.h"
 #include "extremes.h"
 #include "work_list.h"
@@ -11,10 +12,6 @@
 namespace kez {
 
 namespace {
-
-std::int32_t position(std::size_t index) noexcept {
-  return static_cast<std::int32_t>(index) + 1;
-}
 
 bool near(float a, float b, float tol) noexcept {
   return std::fabs(a - b) <= tol;
@@ -127,8 +124,8 @@ std::int32_t pair_near(std::span<const float> a, std::span<const float> b, float
     const std::size_t first = count;
     search.visit(a[i], 0, [&](std::size_t j, bool is_near) {
       if (!is_near) return;
-      in_a[count] = position(i);
-      in_b[count++] = position(j);
+      in_a[count] = position_of(i);
+      in_b[count++] = position_of(j);
     });
     std::sort(in_b + first, in_b + count);
   }
@@ -148,7 +145,7 @@ NearDuplicates mark_near_duplicates(std::span<float> list, float tol,
       // The search may still know a marked entry by its old value.
       if (!is_near || list[j] == marker) return;
       list[j] = marker;
-      positions[count++] = position(j);
+      positions[count++] = position_of(j);
     });
     std::sort(positions + first, positions + count);
   }

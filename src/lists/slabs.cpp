@@ -5,15 +5,12 @@
 #include <cstddef>
 
 #include "../frame/angles.h"
+#include "../frame/numbers.h"
 #include "../frame/tolerance.h"
 
 namespace kez {
 
 namespace {
-
-constexpr std::int32_t number(SlabPosition position) noexcept {
-  return static_cast<std::int32_t>(position);
-}
 
 // In this order, which decides on which side of the tolerance a value rounds.
 float value_at(Plane p, float x, float y, float z) noexcept {
@@ -68,7 +65,7 @@ std::int32_t select_points(const BoxPositions& box, BoxSelection selection,
   std::int32_t count = 0;
   const auto take_where = [&](auto selected) {
     for (std::size_t i = 0; i < box[0].size(); ++i) {
-      if (selected(i)) points[count++] = static_cast<std::int32_t>(i) + 1;
+      if (selected(i)) points[count++] = position_of(i);
     }
   };
   if (selection != BoxSelection::inside) {

@@ -3,6 +3,8 @@
 #include <cmath>
 #include <cstddef>
 
+#include "../frame/numbers.h"
+
 namespace kez {
 
 RangeEntries find_range(std::span<const float> x, float low, float high,
@@ -12,7 +14,7 @@ RangeEntries find_range(std::span<const float> x, float low, float high,
     if (!(low <= x[i] && x[i] <= high)) continue;
     if (count == 0) first = i;
     last = i;
-    positions[count++] = static_cast<std::int32_t>(i) + 1;
+    positions[count++] = position_of(i);
   }
   if (count > 0) {
     return {static_cast<std::int32_t>(count), std::fabs(x[first] - low), std::fabs(high - x[last])};
@@ -21,7 +23,7 @@ RangeEntries find_range(std::span<const float> x, float low, float high,
   RangeEntries enclosing{0, 0, 0};
   for (std::size_t i = 0; i + 1 < x.size(); ++i) {
     if (!(low > x[i] && x[i + 1] > low && x[i + 1] > high)) continue;
-    positions[0] = static_cast<std::int32_t>(i) + 1;
+    positions[0] = position_of(i);
     positions[1] = positions[0] + 1;
     enclosing.count = 2;
   }

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <span>
 
+#include "../frame/numbers.h"
 #include "../frame/points.h"
 #include "../frame/types.h"
 
@@ -56,7 +57,7 @@ std::int32_t points_near_line(Vec3 p1, Vec3 p2, std::span<const float> xs,
                               std::int32_t positions[]) {
   std::int32_t count = 0;
   for (std::size_t i = 0; i < xs.size(); ++i) {
-    const std::int32_t position = static_cast<std::int32_t>(i) + 1;
+    const std::int32_t position = position_of(i);
     const float z = z_of(position);
     if (tol >= distance_by_cross(p1, p2, {xs[i], ys[i], z})) {
       positions[count++] = position;

@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "../frame/numbers.h"
 #include "../frame/points.h"
 #include "../frame/tolerance.h"
 
@@ -131,7 +132,7 @@ PlaneScan scan(std::span<const float> xs, std::span<const float> ys, std::span<c
   for (std::size_t i = 0; i < xs.size(); ++i) {
     // Only the first point meets the plane as given; the sum runs on, and hosts rely on it.
     result.sum += dot(n, {xs[i], ys[i], zs[i]});
-    if (result.sum == 0) positions[result.count++] = static_cast<std::int32_t>(i) + 1;
+    if (result.sum == 0) positions[result.count++] = position_of(i);
   }
   return result;
 }
