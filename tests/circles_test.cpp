@@ -7,8 +7,8 @@
 #include "circles/arc_centre.h"
 #include "circles/circle.h"
 #include "circles/guided_points.h"
+#include "circles/local_frame.h"
 #include "circles/sagitta_point.h"
-#include "circles/transform.h"
 #include "frame/lines.h"
 #include "frame/points.h"
 #include "random.h"
@@ -18,7 +18,6 @@ namespace {
 
 using test::polar;
 using test::Random;
-using test::turn;
 
 constexpr int rounds = 5000;
 
@@ -41,7 +40,7 @@ TEST(Crossings, LieOnBothCurves) {
     const float half = half_chord(radius, signed_distance(centre, l));
     if (std::fabs(half) < 0.5f) continue;
 
-    const Crossings found = intersect(l, circle_about(centre, radius));
+    const Crossings found = intersect_line_circle(l, circle_about(centre, radius));
     ASSERT_EQ(found.count, half > 0 ? 2 : 0);
     if (found.count == 0) continue;
     ++crossings;
@@ -66,7 +65,7 @@ TEST(Crossings, OfTwoCirclesMeetWhereBothAre) {
     const float half = half_chord(r1, to_radical_line);
     if (std::fabs(half) < 0.5f) continue;
 
-    const Crossings found = intersect(circle_about(c1, r1), circle_about(c2, r2));
+    const Crossings found = intersect_circles(circle_about(c1, r1), circle_about(c2, r2));
     ASSERT_EQ(found.count, half > 0 ? 2 : 0);
     if (found.count == 0) continue;
     ++crossings;
@@ -101,7 +100,7 @@ Measured random_guide(Random& random) {
 // Which crossing is returned first depends on the order of the crossings only through this test.
 void expect_side(const Measured& m, int sense, Vec2 found, Vec2 other) {
   const Vec2 first = found.y > other.y ? found : other, second = found.y > other.y ? other : found;
-  const float s = turn(m.guide.start - m.guide.centre, first - m.guide.centre);
+  const float s = cross(m.guide.start - m.guide.centre, first - m.guide.centre);
   if (std::fabs(s) < 0.1f || std::fabs(found.y - other.y) < 0.1f) return;
   const Vec2 expected = static_cast<float>(sense) * s < 0 ? first : second;
   EXPECT_NEAR(distance(found, expected), 0, 5e-3f);
@@ -124,7 +123,7 @@ TEST(GuidedPoints, LieOnTheCircleAndSquareToTheGuideOrOnTheRay) {
     const auto radial = carry_along_ray(m.guide, sense, m.l, ray);
     ASSERT_TRUE(radial);
     EXPECT_NEAR(distance(*radial, m.guide.centre), m.radius, 5e-3f);
-    EXPECT_NEAR(turn(to_point, *radial - m.guide.centre) / length(to_point), 0, 5e-3f);
+    EXPECT_NEAR(cross(to_point, *radial - m.guide.centre) / length(to_point), 0, 5e-3f);
   }
 }
 
@@ -153,7 +152,7 @@ TEST(GuidedPoints, StandAtTheirAngleToTheGuide) {
     ASSERT_TRUE(found);
     EXPECT_NEAR(distance(found->point, m.guide.centre), m.radius, 5e-3f);
     const Vec2 v = found->point - m.point;
-    EXPECT_NEAR(turn(polar(1, std::atan2(m.along.y, m.along.x) + theta), v), 0, 2e-2f);
+    EXPECT_NEAR(cross(polar(1, std::atan2(m.along.y, m.along.x) + theta), v), 0, 2e-2f);
     EXPECT_NEAR(distance(found->guide.centre, m.guide.centre), 0, 1e-5f);
     EXPECT_NEAR(distance(found->guide.end, m.guide.end), 0, 1e-5f);
     EXPECT_EQ(kept.x, found->point.x);
@@ -163,10 +162,10 @@ TEST(GuidedPoints, StandAtTheirAngleToTheGuide) {
     const auto meeting = meet_guide(m.guide, dphi, theta, kept_meeting);
     ASSERT_TRUE(meeting);
     EXPECT_EQ(meeting->status, Meeting::one_point);
-    const Vec2 turned = *turn_about(m.guide.centre, m.guide.start, dphi).point;
-    const Vec2 w = meeting->result.point - turned;
-    EXPECT_NEAR(turn(m.along, meeting->result.point - m.guide.start), 0, 5e-3f);
-    EXPECT_NEAR(turn(polar(1, std::atan2(m.along.y, m.along.x) + theta), w), 0, 5e-3f);
+    const Vec2 rotated = *rotate_about(m.guide.centre, m.guide.start, dphi).point;
+    const Vec2 w = meeting->result.point - rotated;
+    EXPECT_NEAR(cross(m.along, meeting->result.point - m.guide.start), 0, 5e-3f);
+    EXPECT_NEAR(cross(polar(1, std::atan2(m.along.y, m.along.x) + theta), w), 0, 5e-3f);
   }
 }
 
@@ -186,12 +185,10 @@ TEST(GuidedPoints, OverTheSagittaLieBehindTheRaisedPoint) {
     const auto found = point_over_sagitta(chord, l, sense, h, kept);
     ASSERT_TRUE(found);
     EXPECT_NEAR(distance(found->point, centre), radius, 5e-3f);
-    const Vec3 foot = midpoint(in_plane(chord.start), in_plane(chord.end));
     const Vec2 up = polar(h, start + half);
-    const Vec2 raised = Vec2{foot.x, foot.y} + up;
-    const Vec3 measured = *point_along(in_plane(chord.start), in_plane(chord.end), l / d);
-    const Vec2 q = {measured.x, measured.y};
-    EXPECT_NEAR(turn(raised - q, found->point - q) / length(raised - q), 0, 2e-2f);
+    const Vec2 raised = midpoint(chord.start, chord.end) + up;
+    const Vec2 q = *point_along(chord.start, chord.end, l / d);
+    EXPECT_NEAR(cross(raised - q, found->point - q) / length(raised - q), 0, 2e-2f);
     EXPECT_GT(dot(found->point - q, up), 0);
   }
 }
@@ -225,23 +222,23 @@ TEST(ArcCentres, AreOneRadiusFromBothPointsOnTheirSides) {
   EXPECT_GT(found, rounds / 4);
 }
 
-TEST(Turning, KeepsTheDistanceAndAddsTheAngle) {
+TEST(Rotation, KeepsTheDistanceAndAddsTheAngle) {
   Random random(8);
   for (int i = 0; i < rounds; ++i) {
     const Vec2 centre = random.point2(), p = random.point2();
     const float angle = random.real(-6, 6);
-    const TurnedPoint turned = turn_about(centre, p, angle);
-    ASSERT_EQ(turned.point.has_value(), distance(centre, p) > 1e-5f);
-    if (!turned.point) continue;
-    const Vec2 u = p - centre, w = *turned.point - centre, expected = polar(1, angle);
+    const RotatedPoint rotated = rotate_about(centre, p, angle);
+    ASSERT_EQ(rotated.point.has_value(), distance(centre, p) > 1e-5f);
+    if (!rotated.point) continue;
+    const Vec2 u = p - centre, w = *rotated.point - centre, expected = polar(1, angle);
     EXPECT_NEAR(length(w), length(u), 1e-5f * (1 + length(u)));
-    EXPECT_NEAR(turn(u, w) / dot(u, u), expected.y, 2e-5f);
+    EXPECT_NEAR(cross(u, w) / dot(u, u), expected.y, 2e-5f);
     EXPECT_NEAR(dot(u, w) / dot(u, u), expected.x, 2e-5f);
 
     const LocalFrame frame(centre, angle);
     EXPECT_NEAR(distance(frame.to_global(frame.to_local(p)), p), 0, 1e-5f);
     float xs[] = {u.x}, ys[] = {u.y};
-    kez::turn(rotation_by(angle, Sense::backwards), xs, ys);
+    rotate_each(rotation_by(angle, Sense::backwards), {xs, ys, 1});
     EXPECT_EQ(frame.to_local(p).x, xs[0]);
     EXPECT_EQ(frame.to_local(p).y, ys[0]);
   }

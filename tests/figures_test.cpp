@@ -7,9 +7,9 @@
 
 #include "circles/directions.h"
 #include "circles/figures.h"
-#include "circles/transform.h"
 #include "circles/vertex_angle.h"
 #include "frame/points.h"
+#include "frame/rotation.h"
 #include "random.h"
 
 namespace kez {
@@ -17,7 +17,6 @@ namespace {
 
 using test::polar;
 using test::Random;
-using test::turn;
 
 constexpr int rounds = 5000;
 
@@ -28,6 +27,7 @@ struct Outline {
     xs.push_back(p.x);
     ys.push_back(p.y);
   }
+  PlanePoints points() { return {xs.data(), ys.data(), xs.size()}; }
 };
 
 // The place for the closing vertex holds what no routine may read.
@@ -49,13 +49,13 @@ Outline random_star(Random& random, int n, float least, float most) {
 
 Outline moved(const Outline& outline, Vec2 origin) {
   Outline result = outline;
-  translate(result.xs, result.ys, origin);
+  translate(result.points(), origin);
   return result;
 }
 
-Outline turned(const Outline& outline, float angle) {
+Outline rotated(const Outline& outline, float angle) {
   Outline result = outline;
-  kez::turn(rotation_by(angle), result.xs, result.ys);
+  rotate_each(rotation_by(angle), result.points());
   return result;
 }
 
@@ -67,8 +67,8 @@ struct Moments {
 
 Moments moments_of(const Outline& outline) {
   Outline o = closable(outline), p = closable(outline), q = closable(outline);
-  return {polygon_area(o.xs, o.ys), polygon_first_moments(p.xs, p.ys),
-          polygon_second_moments(q.xs, q.ys)};
+  return {polygon_area(o.points()), polygon_first_moments(p.points()),
+          polygon_second_moments(q.points())};
 }
 
 void expect_moments(const Moments& m, const Moments& expected, float tolerance) {
@@ -97,12 +97,12 @@ TEST(Polygons, MomentsObeyMotionAndCutsAddUp) {
     expect_moments(moments_of(moved(star, {-u, -v})), shifted, 2e-3f);
 
     const float angle = random.real(-3, 3), c = std::cos(angle), w = std::sin(angle);
-    const Moments rotated = {a,
-                             {c * s.x + w * s.y, c * s.y - w * s.x},
-                             {c * c * j.x + w * w * j.y + 2 * c * w * j.product,
-                              w * w * j.x + c * c * j.y - 2 * c * w * j.product,
-                              (c * c - w * w) * j.product + c * w * (j.y - j.x)}};
-    expect_moments(moments_of(turned(star, angle)), rotated, 2e-3f);
+    const Moments expected = {a,
+                              {c * s.x + w * s.y, c * s.y - w * s.x},
+                              {c * c * j.x + w * w * j.y + 2 * c * w * j.product,
+                               w * w * j.x + c * c * j.y - 2 * c * w * j.product,
+                               (c * c - w * w) * j.product + c * w * (j.y - j.x)}};
+    expect_moments(moments_of(rotated(star, angle)), expected, 2e-3f);
 
     // Cut from the first vertex to another: the parts share the cut.
     const auto k = static_cast<std::size_t>(random.integer(1, n - 1));
@@ -121,7 +121,7 @@ TEST(Polygons, MomentsObeyMotionAndCutsAddUp) {
 }
 
 float turn_angle(Vec2 u, Vec2 w) {
-  return std::atan2(turn(u, w), dot(u, w));
+  return std::atan2(cross(u, w), dot(u, w));
 }
 
 TEST(Polygons, ConvexityAgreesWithTheTurnsAtTheVertices) {
@@ -146,7 +146,7 @@ TEST(Polygons, ConvexityAgreesWithTheTurnsAtTheVertices) {
     const bool one_way = least > 0 || most < 0;
     convex += one_way;
     outline = closable(outline);
-    EXPECT_EQ(judge_convexity(outline.xs, outline.ys),
+    EXPECT_EQ(judge_convexity(outline.points()),
               one_way ? Convexity::convex : Convexity::not_convex);
   }
   EXPECT_GT(convex, rounds / 10);
@@ -164,8 +164,8 @@ TEST(CircleParts, AddUpToTheCircle) {
     EXPECT_NEAR(arcs->shorter + arcs->longer, 2 * pi * r, 1e-5f * r);
 
     float xs[] = {centre.x, p.x, q.x}, ys[] = {centre.y, p.y, q.y};
-    const auto area = [&](Figure f) { return figure_area(f, xs, ys, 0, 2, 0); };
-    const auto moments = [&](Figure f) { return figure_first_moments(f, xs, ys, 0, 2, {}); };
+    const auto area = [&](Figure f) { return figure_area(f, {xs, ys, 3}, 0, 2, 0); };
+    const auto moments = [&](Figure f) { return figure_first_moments(f, {xs, ys, 3}, 0, 2, {}); };
     const FirstMoments segment = moments(Figure::segment), rest = moments(Figure::complement);
     const FirstMoments circle = moments(Figure::circle);
     EXPECT_NEAR(area(Figure::segment) + area(Figure::complement), area(Figure::circle),
@@ -186,12 +186,12 @@ TEST(VertexAngle, TellsTheFrontOfTheCommonSides) {
   for (int i = 0; i < rounds; ++i) {
     const Vec2 vertex = random.point2(), p = random.point2(), q = random.point2();
     const Vec2 u = p - vertex, w = q - vertex;
-    if (length(u) < 0.5f || length(w) < 0.5f || std::fabs(turn(u, w)) < 0.1f) continue;
+    if (length(u) < 0.5f || length(w) < 0.5f || std::fabs(cross(u, w)) < 0.1f) continue;
     const Vec2 point = random.point2(), v = point - vertex;
-    const float s1 = turn(u, v), s2 = turn(w, v), ahead = dot(u, v);
+    const float s1 = cross(u, v), s2 = cross(w, v), ahead = dot(u, v);
     if (std::min({std::fabs(s1), std::fabs(s2), std::fabs(ahead)}) < 0.1f) continue;
     std::int32_t flag = 0;
-    classify_points(vertex, p, q, {&point.x, 1}, {&point.y, 1}, {&flag, 1});
+    locate_in_angle(vertex, p, q, {&point.x, &point.y, 1}, {&flag, 1});
     EXPECT_EQ(flag, s1 * s2 > 0 && ahead > 0 ? 1 : 2);
   }
 }

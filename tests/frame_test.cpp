@@ -11,7 +11,6 @@
 #include "frame/sampling.h"
 #include "frame/tables.h"
 #include "random.h"
-#include "space/line_intersections.h"
 
 namespace kez {
 namespace {
@@ -105,7 +104,7 @@ TEST(Lines, PositionFollowsTheParameter) {
                               : t < 0  ? Position::before_first
                               : t > 1  ? Position::beyond_second
                                        : Position::between;
-    EXPECT_EQ(position_on_segment(p, q, *point), expected) << t;
+    EXPECT_EQ(position_on_segment(Segment{p, q}, *point), expected) << t;
   }
 }
 
@@ -113,23 +112,23 @@ TEST(Relations, OfLinesAndPlanesDoNotDependOnTheOrder) {
   Random random(7);
   for (int i = 0; i < rounds; ++i) {
     const auto p = random.list(4, [&] { return random.point3(); });
-    const LineRelation forward = relate_lines(p[0], p[1], p[2], p[3]);
+    const LineRelation forward = relate_lines({p[0], p[1]}, {p[2], p[3]});
     // Of two parallel lines 4 units apart neither may be found on the other.
     const Vec3 aside = cross(p[1] - p[0], {0.3f, 0.5f, 0.7f});
     if (length(aside) > 4) {
-      EXPECT_EQ(relate_lines(p[0], p[1], p[1] + aside, p[0] + aside),
+      EXPECT_EQ(relate_lines({p[0], p[1]}, {p[1] + aside, p[0] + aside}),
                 LineRelation::parallel_opposite);
-      EXPECT_EQ(relate_lines(p[0], p[1], p[0] + aside, p[1] + aside), LineRelation::parallel_same);
+      EXPECT_EQ(relate_lines({p[0], p[1]}, {p[0] + aside, p[1] + aside}),
+                LineRelation::parallel_same);
     }
     if (forward == LineRelation::skew || forward == LineRelation::undefined) {
-      EXPECT_EQ(relate_lines(p[2], p[3], p[0], p[1]), forward);
+      EXPECT_EQ(relate_lines({p[2], p[3]}, {p[0], p[1]}), forward);
     }
     const Plane plane = plane_spanned(p[0], p[1] - p[0], p[2] - p[0]);
     const Plane twice = {2 * plane.a, 2 * plane.b, 2 * plane.c, 2 * plane.d};
-    const Plane back = {-plane.a, -plane.b, -plane.c, -plane.d};
     if (length(plane.normal()) < 0.1f) continue;
     EXPECT_EQ(relate_planes(plane, twice), PlaneRelation::same_plane_same);
-    EXPECT_EQ(relate_planes(plane, back), PlaneRelation::same_plane_opposite);
+    EXPECT_EQ(relate_planes(plane, -plane), PlaneRelation::same_plane_opposite);
   }
 }
 
@@ -174,25 +173,25 @@ TEST(Sampling, PointsOfADivisionAreOneStepApart) {
     const auto n = static_cast<std::size_t>(division.points);
     std::vector<float> xs(n), ys(n), zs(n);
     Vec3 interior{};
-    sample_segment(p, q, division.step, xs, ys, zs, interior);
+    const SpacePoints points = {xs.data(), ys.data(), zs.data(), n};
+    sample_segment({p, q}, division.step, points, interior);
     for (std::size_t k = 1; k < n; ++k) {
-      const float gap = distance(Vec3{xs[k - 1], ys[k - 1], zs[k - 1]}, Vec3{xs[k], ys[k], zs[k]});
-      EXPECT_NEAR(gap, division.step, 1e-4f);
+      EXPECT_NEAR(distance(points[k - 1], points[k]), division.step, 1e-4f);
     }
   }
 }
 
-TEST(Space, LinesMeetOnBoth) {
+TEST(Lines, MeetOnBoth) {
   Random random(10);
   for (int i = 0; i < rounds; ++i) {
     const Line p = line_through(random.point2(), random.point2());
     const Line q = line_through(random.point2(), random.point2());
-    const LineMeeting meeting = intersect(p, q);
+    const LineMeeting meeting = intersect_lines(p, q);
     const float scale = std::hypot(p.a, p.b) * std::hypot(q.a, q.b);
     if (std::fabs(p.a * q.b - q.a * p.b) < 0.1f * scale || scale < 0.1f) continue;
     ASSERT_EQ(meeting.status, Meeting::one_point);
-    EXPECT_NEAR(signed_distance(meeting.point, p), 0, 1e-3f);
-    EXPECT_NEAR(signed_distance(meeting.point, q), 0, 1e-3f);
+    EXPECT_NEAR(signed_distance(*meeting.point, p), 0, 1e-3f);
+    EXPECT_NEAR(signed_distance(*meeting.point, q), 0, 1e-3f);
   }
 }
 

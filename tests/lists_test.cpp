@@ -266,19 +266,20 @@ TEST(Lists, WithoutMemoryOutputsAreEmpty) {
   std::iota(c.begin(), c.end(), -300.0f);
   Integers order(300, -1), identity(300);
   std::iota(identity.begin(), identity.end(), 1);
-  EXPECT_EQ(order_parallel_lines({zeros, ones, c}, order.data()), LineOrder::ordered);
+  const ConstSpacePoints lines = {zeros.data(), ones.data(), c.data(), c.size()};
+  EXPECT_EQ(order_parallel_lines(lines, order.data()), LineOrder::ordered);
   EXPECT_EQ(order, Integers(identity.rbegin(), identity.rend()));
 
   const OutOfMemory memory;
   const Integers before = order;
   EXPECT_FALSE(order_ascending(huge, order.data()));
   EXPECT_EQ(order, before);
-  EXPECT_EQ(order_parallel_lines({zeros, ones, c}, order.data()), LineOrder::not_ordered);
+  EXPECT_EQ(order_parallel_lines(lines, order.data()), LineOrder::not_ordered);
   EXPECT_EQ(order, identity);
 
   Reals xs(301), ys(301), x1(600), y1(600), x2(600), y2(600);
-  PolygonPart upper(x1, y1), lower(x2, y2);
-  EXPECT_EQ(cut_polygon({xs, ys}, {0, 1, 0}, upper, lower), 0);
+  PolygonPart upper({x1.data(), y1.data(), 600}), lower({x2.data(), y2.data(), 600});
+  EXPECT_EQ(cut_polygon({xs.data(), ys.data(), 301}, {0, 1, 0}, upper, lower), 0);
   EXPECT_EQ(upper.count() + lower.count(), 0);
 }
 
@@ -299,6 +300,7 @@ TEST(PrincipalAxes, HaveNoProductMoment) {
 struct Star {
   Reals xs, ys;
   std::size_t n() const { return xs.size() - 1; }
+  PlanePoints points() { return {xs.data(), ys.data(), xs.size()}; }
 };
 
 Star any_star(Random& random) {
@@ -343,7 +345,7 @@ TEST(Polygons, PointIsInsideWhereTheOutlineWindsRoundIt) {
     if (!clear) continue;
     const bool is_inside = std::fabs(winding) > 3;
     ++(is_inside ? inside : outside);
-    EXPECT_EQ(locate_in_polygon({star.xs, star.ys}, p),
+    EXPECT_EQ(locate_in_polygon(star.points(), p),
               is_inside ? PolygonPosition::inside : PolygonPosition::outside);
   }
   EXPECT_GT(std::min(inside, outside), 1000);
@@ -357,8 +359,8 @@ TEST(Polygons, AreasOfBothPartsAddUp) {
     for (float& y : star.ys) y += shift;
     const std::size_t n = star.n();
     Reals x1(2 * n), y1(2 * n), x2(2 * n), y2(2 * n);
-    PolygonPart upper(x1, y1), lower(x2, y2);
-    const float length = cut_polygon({star.xs, star.ys}, {0, 1, 0}, upper, lower);
+    PolygonPart upper({x1.data(), y1.data(), 2 * n}), lower({x2.data(), y2.data(), 2 * n});
+    const float length = cut_polygon(star.points(), {0, 1, 0}, upper, lower);
     const auto n1 = static_cast<std::size_t>(upper.count());
     const auto n2 = static_cast<std::size_t>(lower.count());
     const double parts =
@@ -376,7 +378,7 @@ TEST(Slabs, BoxHoldsWhatItsListsSay) {
     const int n = random.integer(0, 60);
     const auto draw = [&] { return random.coordinate(); };
     const Reals xs = random.list(n, draw), ys = random.list(n, draw), zs = random.list(n, draw);
-    const SpacePoints points = {xs, ys, zs};
+    const ConstSpacePoints points = {xs.data(), ys.data(), zs.data(), xs.size()};
     std::vector<Integers> codes(3, Integers(xs.size()));
     Integers faces, inside;
     for (std::size_t s = 0; s < 3; ++s) {
@@ -384,7 +386,7 @@ TEST(Slabs, BoxHoldsWhatItsListsSay) {
       const float ex = s == 0 ? 1.0f : 0.0f, ey = s == 1 ? -2.0f : 1.0f, ez = s == 2 ? 2.0f : 0.0f;
       const float k = random.integer(0, 1) ? 1.0f : -2.0f;
       const Slab slab = {{ex, ey, ez, 2}, {k * ex, k * ey, k * ez, k * -2}};
-      EXPECT_EQ(classify(slab, points, codes[s].data()).has_value(), k > 0);
+      EXPECT_EQ(locate_in_slab(slab, points, codes[s].data()).has_value(), k > 0);
       for (std::size_t i = 0; i < xs.size(); ++i) {
         const double d =
             double(ex) * double(xs[i]) + double(ey) * double(ys[i]) + double(ez) * double(zs[i]);
@@ -406,7 +408,7 @@ TEST(Slabs, BoxHoldsWhatItsListsSay) {
     both.insert(both.end(), inside.begin(), inside.end());
     const BoxPositions box = {codes[0], codes[1], codes[2]};
     const auto selected = [&](BoxSelection selection) {
-      return Integers(out.begin(), out.begin() + select_points(box, selection, out.data()));
+      return Integers(out.begin(), out.begin() + *select_points(box, selection, out.data()));
     };
     EXPECT_EQ(selected(BoxSelection::on_faces), faces);
     EXPECT_EQ(selected(BoxSelection::inside), inside);

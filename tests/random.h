@@ -14,11 +14,6 @@ inline Vec2 polar(float radius, float angle) {
   return {radius * std::cos(angle), radius * std::sin(angle)};
 }
 
-// Positive where w lies counter-clockwise of u.
-inline float turn(Vec2 u, Vec2 w) {
-  return u.x * w.y - u.y * w.x;
-}
-
 class Random {
  public:
   explicit Random(std::uint32_t seed) : engine_(seed) {}

@@ -9,7 +9,7 @@
 #include "frame/rotation.h"
 #include "random.h"
 #include "space/axis_systems.h"
-#include "space/line_intersections.h"
+#include "space/lines_in_space.h"
 #include "space/placement.h"
 #include "space/planes.h"
 #include "space/quadrilateral.h"
@@ -58,8 +58,8 @@ TEST(Planes, ContainWhatTheyAreMadeOf) {
     const auto [p, q, r] = triangle(random);
     const Vec3 beside = random.point3();
     for (const Plane plane :
-         {plane_through(p, q, r).plane, plane_through_lines(p, q - p, r, p - r).plane,
-          plane_parallel_to(p, beside, beside + q - p, p, r).plane}) {
+         {plane_through(p, q, r).plane, plane_through_lines({p, q - p}, {r, p - r}).plane,
+          plane_parallel_to(p, {beside, beside + q - p}, {p, r}).plane}) {
       for (const Vec3 point : {p, q, r}) EXPECT_NEAR(signed_distance(point, plane), 0, 1e-4f);
       const float d = random.real(-5, 5);
       const Vec3 n = (1 / length(plane.normal())) * plane.normal();
@@ -67,7 +67,7 @@ TEST(Planes, ContainWhatTheyAreMadeOf) {
       EXPECT_EQ(in_plane_by_distance(q + d * n, plane, std::fabs(d) + 1e-3f), Membership::inside);
       EXPECT_EQ(in_plane_by_distance(q + d * n, plane, std::fabs(d) - 1e-3f), Membership::outside);
     }
-    EXPECT_NEAR(signed_distance(p, *plane_perpendicular(p, q, r)), 0, 1e-4f);
+    EXPECT_NEAR(signed_distance(p, *plane_perpendicular(p, {q, r})), 0, 1e-4f);
     const float s = random.real(1, 9);
     const Plane cut = *plane_of_intercepts({s, -s, 2 * s});
     EXPECT_NEAR(signed_distance({s, 0, 0}, cut), 0, 1e-5f);
@@ -84,26 +84,26 @@ TEST(Planes, MeetLinesOnBoth) {
     if (length(direction) < 0.5f || std::fabs(cosine(direction, plane.normal())) < 0.1f) {
       continue;
     }
-    const LinePlaneMeeting meeting = intersect(from, direction, plane);
+    const LinePlaneMeeting meeting = intersect_line_plane({from, direction}, plane);
     ASSERT_EQ(meeting.status, LinePlaneMeeting::Status::one_point);
-    EXPECT_NEAR(signed_distance(meeting.point, plane), 0, 1e-3f);
-    EXPECT_NEAR(length(cross(meeting.point - from, direction)) / length(direction), 0, 1e-3f);
+    EXPECT_NEAR(signed_distance(*meeting.point, plane), 0, 1e-3f);
+    EXPECT_NEAR(length(cross(*meeting.point - from, direction)) / length(direction), 0, 1e-3f);
   }
 }
 
-TEST(Planes, TurnedMakeTheAngleAboutTheirLine) {
+TEST(Planes, RotatedMakeTheAngleAboutTheirLine) {
   Random random(4);
   for (int i = 0; i < rounds; ++i) {
     const auto [p, q, r] = triangle(random);
     const float angle = random.real(-3, 3);
-    const auto [status, turned] = plane_turned(p, q, r, angle);
+    const auto [status, rotated] = rotated_plane(p, q, r, angle);
     ASSERT_EQ(status, Position::off_line);
-    const Vec3 z = axes_through(p, q, r).axes.z, n = turned.normal();
+    const Vec3 z = axes_through(p, q, r).axes.z, n = rotated.normal();
     EXPECT_NEAR(length(n), 1, 1e-4f);
     EXPECT_NEAR(dot(n, z), std::cos(angle), 1e-4f);
     EXPECT_NEAR(dot(cross(z, n), q - p) / distance(p, q), std::sin(angle), 1e-4f);
-    EXPECT_NEAR(signed_distance(p, turned), 0, 1e-4f);
-    EXPECT_NEAR(signed_distance(q, turned), 0, 1e-4f);
+    EXPECT_NEAR(signed_distance(p, rotated), 0, 1e-4f);
+    EXPECT_NEAR(signed_distance(q, rotated), 0, 1e-4f);
   }
 }
 
@@ -114,12 +114,12 @@ TEST(SpaceLines, MeetWhereTheyCross) {
     const auto [p, q, r] = triangle(random);
     const Vec3 d1 = 0.25f * (q - p), d2 = 0.25f * (r - p);
     const Vec3 p1 = p - random.real(0.5f, 3) * d1, p2 = p - random.real(1.5f, 3) * d2;
-    const SpaceMeeting meeting = intersect(p1, d1, p2, d2, {});
+    const SpaceMeeting meeting = intersect_lines_in_space({p1, d1}, {p2, d2}, {});
     if (meeting.obstacle == Obstacle::skew) continue;  // by rounding
     ASSERT_EQ(meeting.obstacle, Obstacle::none);
     ++crossings;
-    expect_near(meeting.point, p, 5e-3f);
-    expect_near(meeting.second, p2 - p1, 0);
+    expect_near(meeting.found->point, p, 5e-3f);
+    expect_near(meeting.found->second, p2 - p1, 0);
   }
   EXPECT_GT(crossings, rounds / 2);
 }
@@ -150,7 +150,7 @@ TEST(SpaceLines, OfTwoPlanesLieInBoth) {
     if (is_exactly_zero(direction)) continue;
     Vec3 kept = {random.coordinate(), 0, random.coordinate()};  // at y = 0 all branches are true
     const auto found = test_on_meeting_line(a, b, direction.z, {}, 0, kept);
-    EXPECT_EQ(found.direction, classify(direction));
+    EXPECT_EQ(found.direction, classify_direction(direction));
     EXPECT_NEAR(signed_distance(kept, a), 0, 1e-4f);
     EXPECT_NEAR(signed_distance(kept, b), 0, 1e-4f);
     Vec3 again = kept;
@@ -163,10 +163,10 @@ TEST(Distances, InThePlaneAndByCrossAreTheSameLength) {
   for (int i = 0; i < rounds; ++i) {
     auto [p, q, r] = triangle(random);
     const float d = length(cross(q - p, r - p)) / distance(p, q);
-    EXPECT_NEAR(std::fabs(distance_in_plane(p, q, r)), d, 1e-3f);
+    EXPECT_NEAR(std::fabs(distance_in_plane({p, q}, r)), d, 1e-3f);
     p.z = p.y;
     if (distance(p, q) < 1) continue;
-    EXPECT_NEAR(distance_by_cross(p, q, r), length(cross(q - p, r - p)) / distance(p, q), 1e-3f);
+    EXPECT_NEAR(distance_by_cross({p, q}, r), length(cross(q - p, r - p)) / distance(p, q), 1e-3f);
   }
 }
 
@@ -177,7 +177,7 @@ struct List {
       : xs(random.list(n, [&] { return random.coordinate(); })),
         ys(random.list(n, [&] { return random.coordinate(); })),
         zs(random.list(n, [&] { return random.coordinate(); })) {}
-  PointList points() { return {xs, ys, zs}; }
+  SpacePoints points() { return {xs.data(), ys.data(), zs.data(), xs.size()}; }
   std::size_t size() const { return xs.size(); }
   Vec3 at(std::size_t i) const { return {xs[i], ys[i], zs[i]}; }
 };
@@ -189,7 +189,8 @@ TEST(Distances, AskForEachHeightOnceAndInOrder) {
     asked.push_back(position);
     return static_cast<float>(position);
   };
-  EXPECT_EQ(points_near_line({0, 0, 0}, {1, 0, 0}, xs, ys, z_of, 2, near.data()), 2);
+  EXPECT_EQ(
+      points_near_line({{0, 0, 0}, {1, 0, 0}}, {xs.data(), ys.data(), 5}, z_of, 2, near.data()), 2);
   EXPECT_EQ(asked, (std::vector<std::int32_t>{1, 2, 3, 4, 5}));
 }
 
@@ -205,9 +206,7 @@ TEST(Placements, OfAListAreThoseOfItsPoints) {
     for (std::size_t k = 0; k < before.size(); ++k) {
       expect_near(placed.at(k), local.at(k), 1e-3f);
       List one = before;
-      place({std::span(one.xs).subspan(k, 1), std::span(one.ys).subspan(k, 1),
-             std::span(one.zs).subspan(k, 1)},
-            placement);
+      place({&one.xs[k], &one.ys[k], &one.zs[k], 1}, placement);
       EXPECT_EQ(one.xs[k], placed.xs[k]);
       EXPECT_EQ(one.ys[k], placed.ys[k]);
       EXPECT_EQ(one.zs[k], placed.zs[k]);
@@ -226,10 +225,12 @@ TEST(Placements, AreRigidAndUndoneByTheInverse) {
       EXPECT_NEAR(distance(list.at(0), list.at(k)), distance(before.at(0), before.at(k)), 1e-3f);
     }
     const Rotation r = rotation_by(random.real(-9, 9));
-    List turned = before;
-    turn(r, turned.ys, turned.zs);
-    turn(inverse(r), turned.ys, turned.zs);
-    for (std::size_t k = 0; k < turned.size(); ++k) expect_near(turned.at(k), before.at(k), 1e-4f);
+    List rotated = before;
+    rotate_each(r, rotated.points().yz());
+    rotate_each(inverse(r), rotated.points().yz());
+    for (std::size_t k = 0; k < before.size(); ++k) {
+      expect_near(rotated.at(k), before.at(k), 1e-4f);
+    }
   }
 }
 

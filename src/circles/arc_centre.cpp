@@ -59,7 +59,7 @@ std::optional<Vec2> choose(Line chord, Vec2 first, Vec2 second, float sense) noe
 
 std::optional<ArcCentres> arc_centres(Vec2 p, Vec2 q, std::int32_t sense, float radius) noexcept {
   const Vec2 chord = q - p;
-  if (is_exactly_zero(in_plane(chord)) || radius <= tolerance) return std::nullopt;
+  if (is_exactly_zero(chord) || radius <= tolerance) return std::nullopt;
   const Bisector bisector = {chord.x, chord.y, -(p.x * p.x + p.y * p.y) + q.x * q.x + q.y * q.y};
   auto centres = std::fabs(chord.y) < tolerance ? centres_over_level_chord(p, bisector, radius)
                                                 : centres_over_chord(p, bisector, radius);

@@ -8,7 +8,7 @@
 
 namespace kez {
 
-// A nearly level chord keeps 0 although it has its two centres: hosts know it by that.
+// Deliberate: a nearly level chord has 0 although it has its two centres (kezcer2).
 enum class CentreStatus : std::int32_t { none_or_level_chord = 0, one = 1, two = 2 };
 
 struct ArcCentres {

@@ -31,7 +31,7 @@ Roots solve(Quadratic equation) noexcept {
 
 }  // namespace
 
-Crossings intersect(Line line, Circle circle) noexcept {
+Crossings intersect_line_circle(Line line, Circle circle) noexcept {
   const float a = line.a, b = line.b, c = line.c;
   const float d = circle.d, e = circle.e, f = circle.f;
 
@@ -42,17 +42,17 @@ Crossings intersect(Line line, Circle circle) noexcept {
     const auto point_at = [=](float y) { return Vec2{(b * y + c) / -a, y}; };
     return {roots.count, point_at(roots.first), point_at(roots.second)};
   }
-  // The horizontal line b y + c = 0, whatever is left of a: hosts rely on it.
+  // Deliberate: the horizontal line b y + c = 0, whatever is left of a (kezlci).
   const float b2 = b * b;
   const Roots roots = solve({b2, d * b2, (c - e * b) * c + f * b2});
   const float y = -c / b;
   return {roots.count, {roots.first, y}, {roots.second, y}};
 }
 
-Crossings intersect(Circle p, Circle q) noexcept {
+Crossings intersect_circles(Circle p, Circle q) noexcept {
   const Line radical = {q.d - p.d, q.e - p.e, q.f - p.f};
   if (std::fabs(radical.a) + std::fabs(radical.b) <= tolerance) return {};
-  return intersect(radical, p);
+  return intersect_line_circle(radical, p);
 }
 
 }  // namespace kez

@@ -15,7 +15,7 @@ struct Crossings {
   Vec2 first, second;
 };
 
-Crossings intersect(Line line, Circle circle) noexcept;
-Crossings intersect(Circle p, Circle q) noexcept;
+Crossings intersect_line_circle(Line line, Circle circle) noexcept;
+Crossings intersect_circles(Circle p, Circle q) noexcept;
 
 }  // namespace kez

@@ -4,7 +4,6 @@
 
 #include "../frame/angles.h"
 #include "../frame/lines.h"
-#include "../frame/outline.h"
 #include "../frame/points.h"
 #include "../frame/tolerance.h"
 
@@ -17,14 +16,12 @@ float direction_angle(Vec2 v) noexcept {
 
 // The angle at a vertex never exceeds pi, so that the sum falls short of (n - 2) pi where a vertex
 // is reflex. The tolerance does not grow with the number of vertices.
-Convexity judge_convexity(std::span<float> xs, std::span<float> ys) noexcept {
-  close_outline(xs, ys);
-  if (xs.size() < 2) return Convexity::not_convex;
-  const std::size_t n = xs.size() - 1;
-  const auto vertex = [&](std::size_t i) { return Vec2{xs[i], ys[i]}; };
-  float sum = vertex_angle(vertex(0), vertex(n - 1), vertex(1));
+Convexity judge_convexity(const PlanePoints& outline) noexcept {
+  const std::size_t n = close_outline(outline);
+  if (n == 0) return Convexity::not_convex;
+  float sum = vertex_angle(outline[0], outline[n - 1], outline[1]);
   for (std::size_t i = 1; i < n; ++i) {
-    sum += vertex_angle(vertex(i), vertex(i - 1), vertex(i + 1));
+    sum += vertex_angle(outline[i], outline[i - 1], outline[i + 1]);
   }
   const float expected = static_cast<float>(static_cast<std::int32_t>(n) - 2) * pi;
   return equal(sum, expected) ? Convexity::convex : Convexity::not_convex;

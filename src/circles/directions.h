@@ -2,8 +2,7 @@
 #pragma once
 
 #include <cstdint>
-#include <span>
-
+#include "../frame/point_lists.h"
 #include "../frame/types.h"
 
 namespace kez {
@@ -14,8 +13,8 @@ float direction_angle(Vec2 v) noexcept;
 
 enum class Convexity : std::int32_t { convex = 0, not_convex = -1 };
 
-// The last point of the lists is the place for the closing vertex.
-Convexity judge_convexity(std::span<float> xs, std::span<float> ys) noexcept;
+// Closes the outline first.
+Convexity judge_convexity(const PlanePoints& outline) noexcept;
 
 // Two perpendiculars on the line from `first` to `second`. Heights are measured from the line's
 // projection on the x-y plane, positions along the line in space.

@@ -4,9 +4,9 @@
 #include "directions.h"
 #include "figures.h"
 #include "guided_points.h"
+#include "local_frame.h"
 #include "region_report.h"
 #include "sagitta_point.h"
-#include "transform.h"
 #include "vertex_angle.h"
 
 using namespace kez;
@@ -30,8 +30,8 @@ void store(const Guide& guide, float* x0, float* y0, float* x1, float* y1, float
 }
 
 void store(const std::optional<ArcCentres>& centres, float* cx, float* cy, int32_t* status) {
-  if (centres && centres->chosen) store(*centres->chosen, cx, cy);
-  *status = centres ? number(centres->status) : 0;
+  if (centres) store(centres->chosen, cx, cy);
+  *status = centres ? code_of(centres->status) : 0;
 }
 
 void store(FirstMoments moments, float* Sx, float* Sy) {
@@ -66,13 +66,13 @@ void KEZ_CALL kezcer(const float* xc, const float* yc, const float* r, float* D,
 
 void KEZ_CALL kezlci(const float* a, const float* b, const float* c, const float* D, const float* E,
                      const float* F, int32_t* n, float* x1, float* y1, float* x2, float* y2) {
-  store(intersect(load_line(a, b, c), load_circle(D, E, F)), n, x1, y1, x2, y2);
+  store(intersect_line_circle(load_line(a, b, c), load_circle(D, E, F)), n, x1, y1, x2, y2);
 }
 
 void KEZ_CALL kezc12(const float* D1, const float* E1, const float* F1, const float* D2,
                      const float* E2, const float* F2, int32_t* n, float* x1, float* y1, float* x2,
                      float* y2) {
-  store(intersect(load_circle(D1, E1, F1), load_circle(D2, E2, F2)), n, x1, y1, x2, y2);
+  store(intersect_circles(load_circle(D1, E1, F1), load_circle(D2, E2, F2)), n, x1, y1, x2, y2);
 }
 
 // The region of a circle
@@ -81,7 +81,7 @@ void KEZ_CALL kezcin(const float X[], const float Y[], const float* a, const flo
                      const float* c, int32_t* k, float* x2, float* y2, float* x3, float* y3) {
   const RegionFinding finding = find_region({X[0], Y[0]}, {X[1], Y[1]}, load_line(a, b, c));
   store(finding.crossings, x2, y2, x3, y3);
-  *k = number(finding.region);
+  *k = code_of(finding.region);
   region_report().add(finding);
 }
 
@@ -93,7 +93,7 @@ void KEZ_CALL kezcer6(const float* x0, const float* y0, const float* x1, const f
   static KeptCrossings kept{};
   const Guide guide = {load(x0, y0), load(x1, y1), load(x2, y2)};
   const auto point = carry_along_ray(guide, *sense, *L, kept);
-  if (point) store(*point, x, y);
+  store(point, x, y);
   *status = point.has_value();
 }
 
@@ -103,7 +103,7 @@ void KEZ_CALL kezcer8(const float* x0, const float* y0, const float* x1, const f
   static KeptCrossings kept{};
   const Guide guide = {load(x0, y0), load(x1, y1), load(x2, y2)};
   const auto point = carry_across(guide, *sense, *L, kept);
-  if (point) store(*point, x, y);
+  store(point, x, y);
   *status = point.has_value();
 }
 
@@ -141,7 +141,7 @@ void KEZ_CALL kezcer10(float* x0, float* y0, float* x1, float* y1, float* x2, fl
     store(meeting->result.point, x, y);
     store(meeting->result.guide, x0, y0, x1, y1, x2, y2);
   }
-  *status = meeting ? number(meeting->status) : 0;
+  *status = meeting ? code_of(meeting->status) : 0;
 }
 
 void KEZ_CALL kezcer5(float* x0, float* y0, float* x1, float* y1, float* x2, float* y2,
@@ -178,24 +178,24 @@ void KEZ_CALL kezcer1(const float* x1, const float* y1, const float* x2, const f
   store(arc ? arc->centres : std::nullopt, cx, cy, status);
 }
 
-// Moving and turning
+// Moving and rotating
 
 void KEZ_CALL keztra(float X[], float Y[], const int32_t* n, const float* tx, const float* ty) {
   const Vec2 origin = load(tx, ty);
-  translate(table(X, *n), table(Y, *n), origin);
+  translate(points(X, Y, *n), origin);
 }
 
 void KEZ_CALL kezrot(const int32_t* mode, float X[], float Y[], const int32_t* n,
                      const float* angle) {
-  turn(rotation_by(*angle, sense_of(*mode)), table(X, *n), table(Y, *n));
+  rotate_each(rotation_by(*angle, from_code<Sense>(*mode)), points(X, Y, *n));
 }
 
 void KEZ_CALL kezcer3(const float* x0, const float* y0, float* x, float* y, const float* dphi,
                       float* xo, float* yo, int32_t* status) {
-  const TurnedPoint turned = turn_about(load(x0, y0), load(x, y), *dphi);
-  if (turned.point) store(*turned.point, xo, yo);
-  store(turned.given, x, y);
-  *status = turned.point.has_value();
+  const RotatedPoint rotated = rotate_about(load(x0, y0), load(x, y), *dphi);
+  store(rotated.point, xo, yo);
+  store(rotated.given, x, y);
+  *status = rotated.point.has_value();
 }
 
 // Figures
@@ -211,38 +211,37 @@ void KEZ_CALL kezarc1(const float* x0, const float* y0, const float* x1, const f
 }
 
 void KEZ_CALL kezapl(float X[], float Y[], const int32_t* n, float* area) {
-  *area = polygon_area(table_and_place(X, *n), table_and_place(Y, *n));
+  *area = polygon_area(outline(X, Y, *n));
 }
 
 void KEZ_CALL kezair(float X[], float Y[], const int32_t* n, const int32_t* kind, const float* A0,
                      const float* factor, float* area) {
-  const Figure figure{*kind};
-  const std::size_t size = points_used(figure, *n);
-  *area = figure_area(figure, {X, size}, {Y, size}, *A0, *factor, *area);
+  const auto figure = from_code<Figure>(*kind);
+  *area = figure_area(figure, {X, Y, points_used(figure, *n)}, *A0, *factor, *area);
 }
 
 void KEZ_CALL kezspl(float X[], float Y[], const int32_t* n, float* Sx, float* Sy) {
-  store(polygon_first_moments(table_and_place(X, *n), table_and_place(Y, *n)), Sx, Sy);
+  store(polygon_first_moments(outline(X, Y, *n)), Sx, Sy);
 }
 
 void KEZ_CALL kezstm(float X[], float Y[], const int32_t* n, const int32_t* kind, const float* A0,
                      const float* factor, float* Sx, float* Sy) {
-  const Figure figure{*kind};
-  const std::size_t size = points_used(figure, *n);
-  store(figure_first_moments(figure, {X, size}, {Y, size}, *A0, *factor, {*Sx, *Sy}), Sx, Sy);
+  const auto figure = from_code<Figure>(*kind);
+  const PlanePoints used = {X, Y, points_used(figure, *n)};
+  store(figure_first_moments(figure, used, *A0, *factor, {*Sx, *Sy}), Sx, Sy);
 }
 
 void KEZ_CALL kezacp(const float* x0, const float* y0, const float* x1, const float* y1,
                      const float* x2, const float* y2, const int32_t* kind, float* area, float* xs,
                      float* ys) {
-  const Segment segment = circular_segment(load(x0, y0), load(x1, y1), load(x2, y2), Figure{*kind});
+  const PlacedArea segment =
+      circular_segment(load(x0, y0), load(x1, y1), load(x2, y2), from_code<Figure>(*kind));
   *area = segment.area;
   store(segment.centroid, xs, ys);
 }
 
 void KEZ_CALL kezipl(float X[], float Y[], const int32_t* n, float* Ix, float* Iy, float* Ixy) {
-  const SecondMoments moments =
-      polygon_second_moments(table_and_place(X, *n), table_and_place(Y, *n));
+  const SecondMoments moments = polygon_second_moments(outline(X, Y, *n));
   *Ix = moments.x;
   *Iy = moments.y;
   *Ixy = moments.product;
@@ -255,7 +254,7 @@ void KEZ_CALL kezaxph(const float* x, const float* y, float* phi) {
 }
 
 void KEZ_CALL kezcnv(float X[], float Y[], const int32_t* n, int32_t* flag) {
-  *flag = number(judge_convexity(table_and_place(X, *n), table_and_place(Y, *n)));
+  *flag = code_of(judge_convexity(outline(X, Y, *n)));
 }
 
 void KEZ_CALL kezhin(const float* x0, const float* y0, const float* z0, const float* x1,
@@ -274,8 +273,7 @@ void KEZ_CALL kezhin(const float* x0, const float* y0, const float* z0, const fl
 void KEZ_CALL kezapp(const float* x0, const float* y0, const float* x1, const float* y1,
                      const float* x2, const float* y2, const int32_t* n, const float X[],
                      const float Y[], int32_t flag[]) {
-  classify_points(load(x0, y0), load(x1, y1), load(x2, y2), table(X, *n), table(Y, *n),
-                  table(flag, *n));
+  locate_in_angle(load(x0, y0), load(x1, y1), load(x2, y2), points(X, Y, *n), entries(flag, *n));
 }
 
 }  // extern "C"

@@ -5,7 +5,6 @@
 #include "../frame/angles.h"
 #include "../frame/lines.h"
 #include "../frame/numbers.h"
-#include "../frame/outline.h"
 #include "../frame/points.h"
 #include "../frame/tolerance.h"
 
@@ -23,31 +22,29 @@ namespace {
 // The sum of term(p, q) over the edges from p to q, as Green's theorem makes it of an area
 // integral.
 template <typename Term>
-float sum_over_edges(std::span<const float> xs, std::span<const float> ys, Term term) noexcept {
-  if (xs.empty()) return 0;
-  const float* const x = xs.data();
-  const float* const y = ys.data();
-  return sum(xs.size() - 1, [=](std::size_t i) {
-    return term(Vec2{x[i], y[i]}, Vec2{x[i + 1], y[i + 1]});
-  });
+float sum_over_edges(const ConstPlanePoints& outline, Term term) noexcept {
+  if (outline.size() == 0) return 0;
+  // A copy of the view stays in registers: seen through a reference, it is loaded in every step.
+  return sum(outline.size() - 1,
+             [=, points = outline](std::size_t i) { return term(points[i], points[i + 1]); });
 }
 
 }  // namespace
 
-float polygon_area(std::span<float> xs, std::span<float> ys) noexcept {
-  close_outline(xs, ys);
-  return 0.5f * sum_over_edges(xs, ys, [](Vec2 p, Vec2 q) { return (q.y - p.y) * (q.x + p.x); });
+float polygon_area(const PlanePoints& outline) noexcept {
+  close_outline(outline);
+  return 0.5f * sum_over_edges(outline, [](Vec2 p, Vec2 q) { return (q.y - p.y) * (q.x + p.x); });
 }
 
-FirstMoments polygon_first_moments(std::span<float> xs, std::span<float> ys) noexcept {
-  close_outline(xs, ys);
+FirstMoments polygon_first_moments(const PlanePoints& outline) noexcept {
+  close_outline(outline);
   const auto about_x = [](Vec2 p, Vec2 q) { return (p.x - q.x) * ((q.y + p.y) * q.y + p.y * p.y); };
   const auto about_y = [](Vec2 p, Vec2 q) { return (q.y - p.y) * ((q.x + p.x) * q.x + p.x * p.x); };
-  return {sum_over_edges(xs, ys, about_x) / 6, sum_over_edges(xs, ys, about_y) / 6};
+  return {sum_over_edges(outline, about_x) / 6, sum_over_edges(outline, about_y) / 6};
 }
 
-SecondMoments polygon_second_moments(std::span<float> xs, std::span<float> ys) noexcept {
-  close_outline(xs, ys);
+SecondMoments polygon_second_moments(const PlanePoints& outline) noexcept {
+  close_outline(outline);
   const auto about_x = [](Vec2 p, Vec2 q) {
     return (p.y * p.y + q.y * q.y) * (p.y + q.y) * (p.x - q.x);
   };
@@ -58,11 +55,11 @@ SecondMoments polygon_second_moments(std::span<float> xs, std::span<float> ys) n
     const float sx = p.x + q.x;
     return (q.y - p.y) * (sx * sx * (p.y + q.y) + 2 * (p.y * (p.x * p.x) + q.y * (q.x * q.x)));
   };
-  return {sum_over_edges(xs, ys, about_x) / 12, sum_over_edges(xs, ys, about_y) / 12,
-          sum_over_edges(xs, ys, product) / 24};
+  return {sum_over_edges(outline, about_x) / 12, sum_over_edges(outline, about_y) / 12,
+          sum_over_edges(outline, product) / 24};
 }
 
-Segment circular_segment(Vec2 centre, Vec2 p, Vec2 q, Figure figure) noexcept {
+PlacedArea circular_segment(Vec2 centre, Vec2 p, Vec2 q, Figure figure) noexcept {
   const bool is_complement = figure == Figure::complement;
   const float r = distance(centre, p);
   const float angle_at_centre = vertex_angle(centre, p, q);
@@ -99,60 +96,51 @@ std::size_t points_used(Figure figure, std::int32_t n) noexcept {
 
 namespace {
 
-struct PlacedArea {
-  float area;
-  Vec2 centroid;
-};
-
 // All figures but the polygon, whose moments come without its centroid.
-std::optional<PlacedArea> place_area(Figure figure, std::span<const float> xs,
-                                     std::span<const float> ys, float stated) noexcept {
-  const auto point = [&](std::size_t i) { return Vec2{xs[i], ys[i]}; };
+std::optional<PlacedArea> place_area(Figure figure, const ConstPlanePoints& points,
+                                     float stated) noexcept {
   switch (figure) {
     case Figure::area_at_point:
-      return PlacedArea{stated, point(0)};
+      return PlacedArea{stated, points[0]};
     case Figure::circle: {
-      const float r = distance(point(0), point(1));
-      return PlacedArea{pi * r * r, point(0)};
+      const float r = distance(points[0], points[1]);
+      return PlacedArea{pi * r * r, points[0]};
     }
     case Figure::segment:
-    case Figure::complement: {
-      const Segment segment = circular_segment(point(0), point(1), point(2), figure);
-      return PlacedArea{segment.area, segment.centroid};
-    }
+    case Figure::complement:
+      return circular_segment(points[0], points[1], points[2], figure);
     case Figure::polygon:
       break;
   }
   return std::nullopt;
 }
 
-float area_of(Figure figure, std::span<float> xs, std::span<float> ys, float stated,
-              float otherwise) noexcept {
-  // A stated area needs no point, and the lists may be empty.
+float area_of(Figure figure, const PlanePoints& points, float stated, float otherwise) noexcept {
+  // A stated area needs no point: a host may pass lists that have none.
   if (figure == Figure::area_at_point) return stated;
-  if (figure == Figure::polygon) return polygon_area(xs, ys);
-  const auto placed = place_area(figure, xs, ys, stated);
+  if (figure == Figure::polygon) return polygon_area(points);
+  const auto placed = place_area(figure, points, stated);
   return placed ? placed->area : otherwise;
 }
 
-FirstMoments first_moments_of(Figure figure, std::span<float> xs, std::span<float> ys, float stated,
+FirstMoments first_moments_of(Figure figure, const PlanePoints& points, float stated,
                               FirstMoments otherwise) noexcept {
-  if (figure == Figure::polygon) return polygon_first_moments(xs, ys);
-  const auto placed = place_area(figure, xs, ys, stated);
+  if (figure == Figure::polygon) return polygon_first_moments(points);
+  const auto placed = place_area(figure, points, stated);
   if (!placed) return otherwise;
   return {placed->centroid.y * placed->area, placed->area * placed->centroid.x};
 }
 
 }  // namespace
 
-float figure_area(Figure figure, std::span<float> xs, std::span<float> ys, float stated,
-                  float factor, float otherwise) noexcept {
-  return area_of(figure, xs, ys, stated, otherwise) * factor;
+float figure_area(Figure figure, const PlanePoints& points, float stated, float factor,
+                  float otherwise) noexcept {
+  return area_of(figure, points, stated, otherwise) * factor;
 }
 
-FirstMoments figure_first_moments(Figure figure, std::span<float> xs, std::span<float> ys,
-                                  float stated, float factor, FirstMoments otherwise) noexcept {
-  const FirstMoments moments = first_moments_of(figure, xs, ys, stated, otherwise);
+FirstMoments figure_first_moments(Figure figure, const PlanePoints& points, float stated,
+                                  float factor, FirstMoments otherwise) noexcept {
+  const FirstMoments moments = first_moments_of(figure, points, stated, otherwise);
   return {moments.x * factor, factor * moments.y};
 }
 

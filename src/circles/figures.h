@@ -4,9 +4,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
-#include <span>
 
-#include "../frame/outline.h"
+#include "../frame/figure.h"
+#include "../frame/point_lists.h"
 #include "../frame/types.h"
 
 namespace kez {
@@ -26,28 +26,29 @@ struct SecondMoments {
   float x, y, product;
 };
 
-// Polygons: the lists end with the place for the closing vertex, which is written first. Positive
-// for counter-clockwise outlines, so that holes given clockwise subtract.
-float polygon_area(std::span<float> xs, std::span<float> ys) noexcept;
-FirstMoments polygon_first_moments(std::span<float> xs, std::span<float> ys) noexcept;
-SecondMoments polygon_second_moments(std::span<float> xs, std::span<float> ys) noexcept;
+// Of an outline, which is closed first. Positive for counter-clockwise ones, so that holes given
+// clockwise subtract.
+float polygon_area(const PlanePoints& outline) noexcept;
+FirstMoments polygon_first_moments(const PlanePoints& outline) noexcept;
+SecondMoments polygon_second_moments(const PlanePoints& outline) noexcept;
 
-struct Segment {
+struct PlacedArea {
   float area;
-  Vec2 centroid;  // not a number, or on either side, where the chord is a diameter
+  Vec2 centroid;
 };
 
 // What the chord from p to q cuts from the circle about `centre` through p: the complement, or for
-// any other figure the segment of the smaller angle.
-Segment circular_segment(Vec2 centre, Vec2 p, Vec2 q, Figure figure) noexcept;
+// any other figure the segment of the smaller angle. Where the chord is a diameter, the centroid is
+// not a number, or on either side.
+PlacedArea circular_segment(Vec2 centre, Vec2 p, Vec2 q, Figure figure) noexcept;
 
-// Entries that a figure takes of its lists: a polygon of n vertices one more than n.
+// Points that a figure takes of its list: a polygon of n vertices one more than n.
 std::size_t points_used(Figure figure, std::int32_t n) noexcept;
 
-// The lists hold points_used() entries. What is no figure gives `otherwise`, times the factor too.
-float figure_area(Figure figure, std::span<float> xs, std::span<float> ys, float stated,
-                  float factor, float otherwise) noexcept;
-FirstMoments figure_first_moments(Figure figure, std::span<float> xs, std::span<float> ys,
-                                  float stated, float factor, FirstMoments otherwise) noexcept;
+// The list holds points_used() points. What is no figure gives `otherwise`, times the factor too.
+float figure_area(Figure figure, const PlanePoints& points, float stated, float factor,
+                  float otherwise) noexcept;
+FirstMoments figure_first_moments(Figure figure, const PlanePoints& points, float stated,
+                                  float factor, FirstMoments otherwise) noexcept;
 
 }  // namespace kez

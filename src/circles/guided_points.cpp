@@ -17,8 +17,7 @@ constexpr float clearance = 0.001f;
 
 Vec2 measured_point(const Guide& guide, float t) noexcept {
   // A guide longer than the clearance has no coinciding ends.
-  const Vec3 point = point_along(in_plane(guide.start), in_plane(guide.end), t).value_or(Vec3{});
-  return {point.x, point.y};
+  return point_along(guide.start, guide.end, t).value_or(Vec2{});
 }
 
 Line across_guide(const Guide& guide, Vec2 p) noexcept {
@@ -31,13 +30,12 @@ void refresh(KeptCrossings& kept, const Crossings& found) noexcept {
   if (found.count == 2) kept.second = found.second;
 }
 
-// The number of crossings is not looked at: hosts know what the kept ones give.
+// Deliberate: the number of crossings is not looked at, and kept ones serve (kezcer6).
 Vec2 cross_circle(const Guide& guide, float radius, Line line, std::int32_t sense,
                   KeptCrossings& kept) noexcept {
-  refresh(kept, intersect(line, circle_about(guide.centre, radius)));
-  const Vec3 to_start = in_plane(guide.start - guide.centre);
-  const Vec3 to_first = in_plane(kept.first - guide.centre);
-  return static_cast<float>(sense) * cross(to_start, to_first).z < 0 ? kept.first : kept.second;
+  refresh(kept, intersect_line_circle(line, circle_about(guide.centre, radius)));
+  const float side = cross(guide.start - guide.centre, kept.first - guide.centre);
+  return static_cast<float>(sense) * side < 0 ? kept.first : kept.second;
 }
 
 // Written as what is refused: a value that is not a number passes.
@@ -50,7 +48,7 @@ bool can_measure(float radius, float d, float l) noexcept {
 std::optional<Vec2> carry_along_ray(const Guide& guide, std::int32_t sense, float l,
                                     KeptCrossings& kept) noexcept {
   const float radius = distance(guide.start, guide.centre), d = distance(guide.end, guide.start);
-  // A length equal to the diameter is refused whatever the guide's direction: hosts rely on it.
+  // Deliberate: a length equal to the diameter is refused whatever the guide's direction (kezcer6).
   if (!can_measure(radius, d, l) || std::fabs(l - radius - radius) < clearance) return std::nullopt;
   const Line ray = line_through(guide.centre, measured_point(guide, l / d));
   return cross_circle(guide, radius, ray, sense, kept);
@@ -104,15 +102,14 @@ Guide to_global(const LocalFrame& frame, const Guide& guide) noexcept {
 std::optional<GuidedPoint> carry_at_angle(const Guide& guide, float l, float theta,
                                           Vec2& kept_result) noexcept {
   if (!has_frame(guide)) return std::nullopt;
-  const auto measured =
-      point_along(in_plane(guide.start), in_plane(guide.end), l / distance(guide.end, guide.start));
+  const auto measured = point_along(guide.start, guide.end, l / distance(guide.end, guide.start));
   if (!measured) return std::nullopt;
 
   const LocalFrame frame = frame_of(guide);
   const Guide local = to_local(frame, guide);
-  const Line line = line_at_angle(frame.to_local({measured->x, measured->y}), theta);
+  const Line line = line_at_angle(frame.to_local(*measured), theta);
   const float radius = distance(guide.start, guide.centre);
-  const Crossings found = intersect(line, circle_about(local.centre, radius));
+  const Crossings found = intersect_line_circle(line, circle_about(local.centre, radius));
   if (found.count == 1) return std::nullopt;
 
   Vec2 result = kept_result;
@@ -129,20 +126,21 @@ std::optional<GuidedPoint> carry_at_angle(const Guide& guide, float l, float the
 std::optional<GuideMeeting> meet_guide(const Guide& guide, float dphi, float theta,
                                        Vec2& kept_meeting) noexcept {
   if (!has_frame(guide)) return std::nullopt;
-  // The turned point is there wherever the radius is longer than the tolerance.
-  const Vec2 turned = turn_about(guide.centre, guide.start, dphi).point.value_or(guide.start);
+  // The rotated point is there wherever the radius is longer than the tolerance.
+  const Vec2 rotated = rotate_about(guide.centre, guide.start, dphi).point.value_or(guide.start);
 
   const LocalFrame frame = frame_of(guide);
   const Guide local = to_local(frame, guide);
-  const Line line = line_at_angle(frame.to_local(turned), theta);
-  const LineMeeting meeting = intersect(line, line_through(local.start, local.end));
-  if (meeting.status == Meeting::one_point) kept_meeting = meeting.point;
+  const Line line = line_at_angle(frame.to_local(rotated), theta);
+  const LineMeeting meeting = intersect_lines(line, line_through(local.start, local.end));
+  kept_meeting = meeting.point.value_or(kept_meeting);
 
-  // A point on the guide's line but at none of its ends makes the status 0 whatever the lines are.
-  const Position position =
-      position_on_segment(in_plane(local.start), in_plane(local.end), in_plane(kept_meeting));
-  const bool at_end_or_off = position <= Position::at_second;
-  return GuideMeeting{at_end_or_off ? meeting.status : Meeting::one_point,
+  // Deliberate: a point on the guide's line but at none of its ends makes the status 0 whatever the
+  // lines are (kezcer10).
+  const Position position = position_on_segment(Segment{local.start, local.end}, kept_meeting);
+  const bool on_line = position == Position::between || position == Position::before_first ||
+                       position == Position::beyond_second;
+  return GuideMeeting{on_line ? Meeting::one_point : meeting.status,
                       {frame.to_global(kept_meeting), to_global(frame, local)}};
 }
 

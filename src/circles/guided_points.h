@@ -4,9 +4,9 @@
 #include <cstdint>
 #include <optional>
 
+#include "../frame/lines.h"
 #include "../frame/types.h"
-#include "../space/line_intersections.h"
-#include "transform.h"
+#include "local_frame.h"
 
 namespace kez {
 
@@ -61,7 +61,7 @@ struct GuideMeeting {
   GuidedPoint result;
 };
 
-// The start turned about the centre by dphi, and carried at the angle theta to the guide's line.
+// The start rotated about the centre by dphi, and carried at the angle theta to the guide's line.
 // Parallel and coinciding lines leave the meeting point kept, in the frame of the guide where it
 // was found, and it is taken for this guide's.
 std::optional<GuideMeeting> meet_guide(const Guide& guide, float dphi, float theta,

@@ -13,18 +13,15 @@ namespace {
 
 // Between ends that coincide, the first.
 Vec2 point_between(Vec2 p, Vec2 q, float t) noexcept {
-  const Vec3 first = in_plane(p);
-  const Vec3 point = point_along(first, in_plane(q), t).value_or(first);
-  return {point.x, point.y};
+  return point_along(p, q, t).value_or(p);
 }
 
 // The point at the height h over the chord's midpoint, towards the middle of the arc.
 Vec2 raised_point(const Guide& chord, std::int32_t sense, float h) noexcept {
-  const Vec3 middle = midpoint(in_plane(chord.start), in_plane(chord.end));
-  const Vec2 foot = {middle.x, middle.y};
+  const Vec2 foot = midpoint(chord.start, chord.end);
   const float phi = vertex_angle(chord.centre, chord.start, chord.end);
-  const Vec2 crown = turn_about(chord.centre, chord.start, static_cast<float>(sense) * phi * -0.5f)
-                         .point.value_or(chord.start);
+  const float half_arc = static_cast<float>(sense) * phi * -0.5f;
+  const Vec2 crown = rotate_about(chord.centre, chord.start, half_arc).point.value_or(chord.start);
   return point_between(foot, crown, h / distance(foot, crown));
 }
 
@@ -41,7 +38,7 @@ std::optional<GuidedPoint> point_over_sagitta(const Guide& chord, float l, std::
   const Vec2 measured = frame.to_local(point_between(chord.start, chord.end, l / d));
   const Vec2 raised = frame.to_local(raised_point(chord, sense, h));
   const Crossings found =
-      intersect(line_through(measured, raised), circle_about(local.centre, radius));
+      intersect_line_circle(line_through(measured, raised), circle_about(local.centre, radius));
   if (found.count == 1) return std::nullopt;
 
   Vec2 result = kept_result;

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <span>
 
+#include "../frame/point_lists.h"
 #include "../frame/types.h"
 
 namespace kez {
@@ -13,7 +14,7 @@ enum class AngleClass : std::int32_t { none = -1, first = 1, second = 2 };
 // Writes one class a point: `first` for a point on the same side of both rays' lines whose foot on
 // the first line does not lie behind the vertex, else `second`; `none` for all where the rays
 // coincide or one has no length.
-void classify_points(Vec2 vertex, Vec2 p, Vec2 q, std::span<const float> xs,
-                     std::span<const float> ys, std::span<std::int32_t> flags) noexcept;
+void locate_in_angle(Vec2 vertex, Vec2 p, Vec2 q, const ConstPlanePoints& points,
+                     std::span<std::int32_t> flags) noexcept;
 
 }  // namespace kez

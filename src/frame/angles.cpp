@@ -8,74 +8,49 @@
 
 namespace kez {
 
-namespace {
-
-bool both_long(Vec3 u, Vec3 w) noexcept {
-  return length(u) > tolerance && length(w) > tolerance;
-}
-
-}  // namespace
-
-std::optional<float> angle_if_long(Vec3 u, Vec3 w) noexcept {
-  if (!both_long(u, w)) return std::nullopt;
-  return std::acos(cosine(u, w));
-}
-
-float angle(Vec3 u, Vec3 w) noexcept {
-  return angle_if_long(u, w).value_or(0.0f);
-}
-
-float vertex_angle(Vec2 vertex, Vec2 p, Vec2 q) noexcept {
-  return angle(in_plane(p - vertex), in_plane(q - vertex));
-}
-
-float vertex_angle(Vec3 vertex, Vec3 p, Vec3 q) noexcept {
-  return angle(p - vertex, q - vertex);
-}
-
 std::optional<float> line_angle(Vec3 u, Vec3 w) noexcept {
   if (!both_long(u, w)) return std::nullopt;
   return std::acos(std::fabs(dot(u, w)) / length(u) / length(w));
 }
 
 Vec3 projected_angles(Vec3 u, Vec3 w) noexcept {
-  return {angle({0, u.y, u.z}, {0, w.y, w.z}), angle({u.x, 0, u.z}, {w.x, 0, w.z}),
-          angle({u.x, u.y, 0}, {w.x, w.y, 0})};
+  return {angle(Vec2{u.y, u.z}, Vec2{w.y, w.z}), angle(Vec2{u.x, u.z}, Vec2{w.x, w.z}),
+          angle(Vec2{u.x, u.y}, Vec2{w.x, w.y})};
 }
 
 DirectionRelation relate_directions(Vec3 u, Vec3 w) noexcept {
-  const auto between = angle_between(u, w);
-  if (!between) return DirectionRelation::null;
-  if (equal(between->cosine, 1)) return DirectionRelation::same;
-  if (equal(between->cosine, -1)) return DirectionRelation::opposite;
-  if (equal(between->cosine, 0)) return DirectionRelation::perpendicular;
+  const auto cosine = cosine_between(u, w);
+  if (!cosine) return DirectionRelation::null;
+  if (equal(*cosine, 1)) return DirectionRelation::same;
+  if (equal(*cosine, -1)) return DirectionRelation::opposite;
+  if (equal(*cosine, 0)) return DirectionRelation::perpendicular;
   return DirectionRelation::oblique;
 }
 
-LineRelation relate_lines(Vec3 p1, Vec3 p2, Vec3 p3, Vec3 p4) noexcept {
-  const Vec3 u = p2 - p1, w = p4 - p3;
-  const auto between = angle_between(u, w);
-  if (!between) return LineRelation::undefined;
-
-  const auto on_first = [&](Vec3 p) {
-    return position_on_segment(p1, p2, p) != Position::off_line;
+LineRelation relate_lines(Segment<Vec3> first, Segment<Vec3> second) noexcept {
+  const Vec3 u = first.vector(), w = second.vector();
+  const auto on_first = [first](Vec3 p) {
+    return position_on_segment(first, p) != Position::off_line;
   };
-  if (equal(between->cosine, 1)) {
-    return on_first(p3) || on_first(p4) ? LineRelation::same_line_same
-                                        : LineRelation::parallel_same;
+  const auto on_one_line = [&] { return on_first(second.first) || on_first(second.second); };
+  switch (const DirectionRelation directions = relate_directions(u, w)) {
+    case DirectionRelation::null:
+      return LineRelation::undefined;
+    case DirectionRelation::same:
+      return on_one_line() ? LineRelation::same_line_same : LineRelation::parallel_same;
+    case DirectionRelation::opposite:
+      return on_one_line() ? LineRelation::same_line_opposite : LineRelation::parallel_opposite;
+    default:
+      if (span_space(u, w, second.first - first.first)) return LineRelation::skew;
+      return directions == DirectionRelation::perpendicular ? LineRelation::perpendicular
+                                                            : LineRelation::oblique;
   }
-  if (equal(between->cosine, -1)) {
-    return on_first(p3) || on_first(p4) ? LineRelation::same_line_opposite
-                                        : LineRelation::parallel_opposite;
-  }
-  if (span_space(u, w, p3 - p1)) return LineRelation::skew;
-  return equal(between->cosine, 0) ? LineRelation::perpendicular : LineRelation::oblique;
 }
 
 namespace {
 
-// p = k q for the normals of parallel planes. The last component that can be divided by decides,
-// which hosts rely on where the components disagree by rounding.
+// p = k q for the normals of parallel planes. Deliberate: the last component that can be divided by
+// decides, also where the components disagree by rounding (kezdirp).
 float normal_ratio(Vec3 p, Vec3 q) noexcept {
   if (non_zero(q.z)) return p.z / q.z;
   if (non_zero(q.y)) return p.y / q.y;

@@ -1,25 +1,35 @@
 // Unsigned angles, and how directions, lines and planes stand to one another.
 #pragma once
 
+#include <cmath>
 #include <cstdint>
 #include <optional>
 
+#include "points.h"
+#include "tolerance.h"
 #include "types.h"
 
 namespace kez {
 
-// The angle between two vectors that are both longer than the tolerance. The cosine is not clamped:
-// exactly parallel vectors may round past 1, and the angle is then not a number.
-std::optional<float> angle_if_long(Vec3 u, Vec3 w) noexcept;
+template <typename Vector>
+bool both_long(Vector u, Vector w) noexcept {
+  return length(u) > tolerance && length(w) > tolerance;
+}
 
-// The same, 0 where a vector is too short.
-float angle(Vec3 u, Vec3 w) noexcept;
+// 0 where a vector is no longer than the tolerance. The cosine is not clamped: exactly parallel
+// vectors may round past 1, and the angle is then not a number.
+template <typename Vector>
+float angle(Vector u, Vector w) noexcept {
+  return both_long(u, w) ? std::acos(cosine(u, w)) : 0.0f;
+}
 
 // At a vertex, between the rays to p and q.
-float vertex_angle(Vec2 vertex, Vec2 p, Vec2 q) noexcept;
-float vertex_angle(Vec3 vertex, Vec3 p, Vec3 q) noexcept;
+template <typename Point>
+float vertex_angle(Point vertex, Point p, Point q) noexcept {
+  return angle(p - vertex, q - vertex);
+}
 
-// Between two lines whatever their orientation, 0 to pi/2.
+// Between two lines whatever their orientation, 0 to pi/2; none where a vector is too short.
 std::optional<float> line_angle(Vec3 u, Vec3 w) noexcept;
 
 // Between the projections of two vectors on the y-z, x-z and x-y planes.
@@ -46,8 +56,7 @@ enum class LineRelation : std::int32_t {
   undefined = 7,
 };
 
-// The line through p1 and p2 against the line through p3 and p4.
-LineRelation relate_lines(Vec3 p1, Vec3 p2, Vec3 p3, Vec3 p4) noexcept;
+LineRelation relate_lines(Segment<Vec3> first, Segment<Vec3> second) noexcept;
 
 enum class PlaneRelation : std::int32_t {
   intersecting = 0,

@@ -12,10 +12,11 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 
 #include "numbers.h"
-#include "outline.h"
+#include "point_lists.h"
 #include "types.h"
 
 namespace kez {
@@ -28,10 +29,15 @@ inline Vec3 load(const float* x, const float* y, const float* z) noexcept {
   return {*x, *y, *z};
 }
 
-// The vector of a segment from its first end to its second.
+inline Segment<Vec3> load_segment(const float* x1, const float* y1, const float* z1,
+                                  const float* x2, const float* y2, const float* z2) noexcept {
+  return {load(x1, y1, z1), load(x2, y2, z2)};
+}
+
+// From the first end of a segment to its second.
 inline Vec3 load_vector(const float* x1, const float* y1, const float* z1, const float* x2,
                         const float* y2, const float* z2) noexcept {
-  return load(x2, y2, z2) - load(x1, y1, z1);
+  return load_segment(x1, y1, z1, x2, y2, z2).vector();
 }
 
 inline Line load_line(const float* a, const float* b, const float* c) noexcept {
@@ -44,6 +50,10 @@ inline Plane load_plane(const float* a, const float* b, const float* c, const fl
 
 inline Circle load_circle(const float* d, const float* e, const float* f) noexcept {
   return {*d, *e, *f};
+}
+
+inline void store(std::int32_t value, std::int32_t* to) noexcept {
+  *to = value;
 }
 
 inline void store(Vec2 p, float* x, float* y) noexcept {
@@ -70,16 +80,36 @@ inline void store(Plane p, float* a, float* b, float* c, float* d) noexcept {
   *d = p.d;
 }
 
-// The caller's table of n entries; a count below 1 means an empty table.
-template <typename T>
-std::span<T> table(T* first, std::int32_t n) noexcept {
-  return {first, n > 0 ? static_cast<std::size_t>(n) : 0};
+// A result that there may be none of: then the caller's variables stay as they are.
+template <typename Result, typename... Variable>
+void store(const std::optional<Result>& result, Variable*... to) noexcept {
+  if (result) store(*result, to...);
 }
 
-// The caller's table of n entries with the place for one more, such as an outline's closing vertex.
+// A count below 1 means an empty list.
+inline std::size_t size_of(std::int32_t n) noexcept {
+  return n > 0 ? static_cast<std::size_t>(n) : 0;
+}
+
+// The caller's list of n entries.
 template <typename T>
-std::span<T> table_and_place(T* first, std::int32_t n) noexcept {
-  return {first, outline_size(n)};
+std::span<T> entries(T* first, std::int32_t n) noexcept {
+  return {first, size_of(n)};
+}
+
+// The caller's n points.
+template <typename Real>
+PlaneList<Real> points(Real* xs, Real* ys, std::int32_t n) noexcept {
+  return {xs, ys, size_of(n)};
+}
+template <typename Real>
+SpaceList<Real> points(Real* xs, Real* ys, Real* zs, std::int32_t n) noexcept {
+  return {xs, ys, zs, size_of(n)};
+}
+
+// The caller's n vertices with the place for the closing one.
+inline PlanePoints outline(float* xs, float* ys, std::int32_t n) noexcept {
+  return {xs, ys, outline_size(n)};
 }
 
 }  // namespace kez

@@ -32,7 +32,7 @@ void KEZ_CALL kez123(const float* x1, const float* y1, const float* z1, const fl
                      const float* y2, const float* z2, const float* t, float* x, float* y, float* z,
                      int32_t* same) {
   const auto point = point_along(load(x1, y1, z1), load(x2, y2, z2), *t);
-  if (point) store(*point, x, y, z);
+  store(point, x, y, z);
   *same = !point;
 }
 
@@ -95,7 +95,7 @@ void KEZ_CALL kezint(const float* x1, const float* x2, const float* y1, const fl
 
 void KEZ_CALL kezvin(const float*, const float* b, const float*, const float*, const float*,
                      int32_t* side) {
-  *side = number(side_of(*b));
+  *side = code_of(side_of(*b));
 }
 
 // Lines in the plane, points against segments
@@ -133,7 +133,7 @@ void KEZ_CALL kezln5(const float* x0, const float* y0, const float* x1, const fl
 void KEZ_CALL kezpsl(const float* x1, const float* y1, const float* z1, const float* x2,
                      const float* y2, const float* z2, const float* x, const float* y,
                      const float* z, int32_t* pos) {
-  *pos = number(position_on_segment(load(x1, y1, z1), load(x2, y2, z2), load(x, y, z)));
+  *pos = code_of(position_on_segment(load_segment(x1, y1, z1, x2, y2, z2), load(x, y, z)));
 }
 
 void KEZ_CALL kezplg(const float* x0, const float* y0, const float* z0, const float* p1,
@@ -186,51 +186,51 @@ void KEZ_CALL kezmov(const float* x1, const float* y1, const float* z1, const fl
 
 void KEZ_CALL kezdir(const float* ux, const float* uy, const float* uz, const float* wx,
                      const float* wy, const float* wz, int32_t* rel) {
-  *rel = number(relate_directions(load(ux, uy, uz), load(wx, wy, wz)));
+  *rel = code_of(relate_directions(load(ux, uy, uz), load(wx, wy, wz)));
 }
 
 void KEZ_CALL kezdirl(const float* x1, const float* y1, const float* z1, const float* x2,
                       const float* y2, const float* z2, const float* x3, const float* y3,
                       const float* z3, const float* x4, const float* y4, const float* z4,
                       int32_t* rel) {
-  *rel =
-      number(relate_lines(load(x1, y1, z1), load(x2, y2, z2), load(x3, y3, z3), load(x4, y4, z4)));
+  *rel = code_of(
+      relate_lines(load_segment(x1, y1, z1, x2, y2, z2), load_segment(x3, y3, z3, x4, y4, z4)));
 }
 
 void KEZ_CALL kezdirp(const float* A1, const float* B1, const float* C1, const float* D1,
                       const float* A2, const float* B2, const float* C2, const float* D2,
                       int32_t* rel) {
-  *rel = number(relate_planes(load_plane(A1, B1, C1, D1), load_plane(A2, B2, C2, D2)));
+  *rel = code_of(relate_planes(load_plane(A1, B1, C1, D1), load_plane(A2, B2, C2, D2)));
 }
 
 // Tables
 
 void KEZ_CALL kezpos(const int32_t* n, const float x[], const float* v, int32_t* i) {
-  *i = find_interval(table(x, *n), *v);
+  *i = find_interval(entries(x, *n), *v);
 }
 
 void KEZ_CALL kezpos1(const int32_t* n, const float x[], const float* v, int32_t* code,
                       int32_t* i) {
-  const Place place = find_place(table(x, *n), *v);
-  *code = number(place.match);
+  const Place place = find_place(entries(x, *n), *v);
+  *code = code_of(place.match);
   *i = place.position;
 }
 
 void KEZ_CALL kezord(float x[], const int32_t* n) {
-  sort_ascending(table(x, *n));
+  sort_ascending(entries(x, *n));
 }
 
 void KEZ_CALL kezord1(int32_t ia[], const int32_t* n) {
-  sort_ascending(table(ia, *n));
+  sort_ascending(entries(ia, *n));
 }
 
 void KEZ_CALL kezinv(const int32_t* n, void* x) {
-  reverse(table(static_cast<Word*>(x), *n));
+  reverse(entries(static_cast<RawWord*>(x), *n));
 }
 
 void KEZ_CALL kezsel1(const int32_t* n, const int32_t ia[], const int32_t* v, int32_t* count,
                       int32_t idx[]) {
-  *count = select(table(ia, *n), *v, idx);
+  *count = select(entries(ia, *n), *v, idx);
 }
 
 // Sampling, integration and index runs
@@ -248,12 +248,11 @@ void KEZ_CALL keznst(const float* x1, const float* y1, const float* z1, const fl
                      const float* y2, const float* z2, const float* step, const int32_t* n,
                      float xs[], float ys[], float zs[]) {
   static Vec3 interior{};
-  sample_segment(load(x1, y1, z1), load(x2, y2, z2), *step, table(xs, *n), table(ys, *n),
-                 table(zs, *n), interior);
+  sample_segment(load_segment(x1, y1, z1, x2, y2, z2), *step, points(xs, ys, zs, *n), interior);
 }
 
 void KEZ_CALL kezinr(const int32_t* n, const float y[], const float* a, const float* b, float* s) {
-  *s = integrate(table(y, *n), *a, *b);
+  *s = integrate(entries(y, *n), *a, *b);
 }
 
 void KEZ_CALL kezpar(const int32_t* i1, const int32_t* i2, const int32_t* nmax, int32_t* count1,

@@ -68,21 +68,15 @@ Plane plane_spanned(Vec3 p, Vec3 u, Vec3 w) noexcept {
   return {a, b, c, -(a * p.x + b * p.y + c * p.z)};
 }
 
-Position position_on_segment(Vec3 first, Vec3 second, Vec3 p) noexcept {
-  const Vec3 u = p - first, w = p - second;
-  const float d1 = length(u), d2 = length(w);
-  if (d1 <= tolerance) return Position::at_first;
-  if (d2 <= tolerance) return Position::at_second;
-
-  // Within the coincidence box of an end there is no cosine, and the point counts as off the line.
-  const auto angle = angle_between(u, w);
-  if (!angle) return Position::off_line;
-  if (equal(angle->cosine, -1)) return Position::between;
-  if (equal(angle->cosine, 1)) {
-    if (d2 > d1) return Position::before_first;
-    if (d1 > d2) return Position::beyond_second;
-  }
-  return Position::off_line;
+// Cramer's rule. The tests are on the determinants as they are: normalising the coefficients would
+// change which lines of a host count as parallel.
+LineMeeting intersect_lines(Line p, Line q) noexcept {
+  const float det = p.a * q.b - q.a * p.b;
+  const float dx = p.b * q.c - q.b * p.c;
+  const float dy = q.a * p.c - p.a * q.c;
+  if (non_zero(det)) return {Meeting::one_point, Vec2{dx / det, dy / det}};
+  if (non_zero(dx) || non_zero(dy)) return {Meeting::parallel, std::nullopt};
+  return {Meeting::coincident, std::nullopt};
 }
 
 Quotients guarded_quotients(float a, float b, float c) noexcept {

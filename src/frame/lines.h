@@ -2,7 +2,10 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 
+#include "points.h"
+#include "tolerance.h"
 #include "types.h"
 
 namespace kez {
@@ -31,7 +34,33 @@ enum class Position : std::int32_t {
   beyond_second = 5,
 };
 
-Position position_on_segment(Vec3 first, Vec3 second, Vec3 p) noexcept;
+// Within the coincidence box of an end, but not at it, there is no cosine, and the point counts as
+// off the line.
+template <typename Point>
+Position position_on_segment(Segment<Point> segment, Point p) noexcept {
+  const Point u = p - segment.first, w = p - segment.second;
+  const float d1 = length(u), d2 = length(w);
+  if (d1 <= tolerance) return Position::at_first;
+  if (d2 <= tolerance) return Position::at_second;
+
+  const auto cosine = cosine_between(u, w);
+  if (!cosine) return Position::off_line;
+  if (equal(*cosine, -1)) return Position::between;
+  if (equal(*cosine, 1)) {
+    if (d2 > d1) return Position::before_first;
+    if (d1 > d2) return Position::beyond_second;
+  }
+  return Position::off_line;
+}
+
+enum class Meeting : std::int32_t { one_point = 0, coincident = 1, parallel = 2 };
+
+struct LineMeeting {
+  Meeting status;
+  std::optional<Vec2> point;
+};
+
+LineMeeting intersect_lines(Line p, Line q) noexcept;
 
 struct Quotients {
   float c_over_a, b_over_a;

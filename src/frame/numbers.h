@@ -1,5 +1,5 @@
-// Conversions to the interface's integers, none of which an input may make undefined, and sums over
-// long lists.
+// Conversions from and to the interface's integers, none of which an input may make undefined, and
+// sums over long lists.
 #pragma once
 
 #include <array>
@@ -12,9 +12,17 @@ namespace kez {
 
 // The number that the interface publishes for a relation, position or status.
 template <typename Code>
-constexpr std::int32_t number(Code code) noexcept {
+constexpr std::int32_t code_of(Code value) noexcept {
   static_assert(std::is_enum_v<Code>);
-  return static_cast<std::int32_t>(code);
+  return static_cast<std::int32_t>(value);
+}
+
+// What a host's number asks for. Any number is a value of the enumeration, and what takes the value
+// says what one without a name means.
+template <typename Code>
+constexpr Code from_code(std::int32_t number) noexcept {
+  static_assert(std::is_same_v<std::underlying_type_t<Code>, std::int32_t>);
+  return static_cast<Code>(number);
 }
 
 // The interface counts entries from 1.

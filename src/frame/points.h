@@ -31,27 +31,39 @@ inline float distance(Vec3 p, Vec3 q) noexcept {
   return length(q - p);
 }
 
+// In the plane the z of the product: positive where w lies counter-clockwise of u.
+inline float cross(Vec2 u, Vec2 w) noexcept {
+  return u.x * w.y - u.y * w.x;
+}
 inline Vec3 cross(Vec3 u, Vec3 w) noexcept {
   return {u.y * w.z - u.z * w.y, u.z * w.x - u.x * w.z, u.x * w.y - u.y * w.x};
 }
 
 // Every component within the tolerance: the vector of a segment whose ends coincide.
+inline bool is_null(Vec2 v) noexcept {
+  return equal(v.x, 0) && equal(v.y, 0);
+}
 inline bool is_null(Vec3 v) noexcept {
   return equal(v.x, 0) && equal(v.y, 0) && equal(v.z, 0);
 }
 
-// Exact on purpose: hosts ask whether a value was ever set.
+// Deliberate: exact, as hosts ask whether a value was ever set (kezcnt1).
+inline bool is_exactly_zero(Vec2 v) noexcept {
+  return v.x == 0 && v.y == 0;
+}
 inline bool is_exactly_zero(Vec3 v) noexcept {
   return v.x == 0 && v.y == 0 && v.z == 0;
 }
 
-inline Vec3 midpoint(Vec3 p, Vec3 q) noexcept {
+template <typename Point>
+Point midpoint(Point p, Point q) noexcept {
   return 0.5f * (p + q);
 }
 
 // The point p + t (q - p), where the ends do not coincide.
-inline std::optional<Vec3> point_along(Vec3 p, Vec3 q, float t) noexcept {
-  const Vec3 v = q - p;
+template <typename Point>
+std::optional<Point> point_along(Point p, Point q, float t) noexcept {
+  const Point v = q - p;
   if (is_null(v)) return std::nullopt;
   return p + t * v;
 }
@@ -70,15 +82,23 @@ inline bool span_space(Vec3 u, Vec3 v, Vec3 w) noexcept {
   return non_zero(determinant(u, v, w));
 }
 
-inline float cosine(Vec3 u, Vec3 w) noexcept {
+template <typename Vector>
+float cosine(Vector u, Vector w) noexcept {
   return dot(u, w) / length(u) / length(w);
+}
+
+// Of the unsigned angle between two vectors, where neither is null.
+template <typename Vector>
+std::optional<float> cosine_between(Vector u, Vector w) noexcept {
+  if (is_null(u) || is_null(w)) return std::nullopt;
+  return cosine(u, w);
 }
 
 struct CosineSine {
   float cosine, sine;
 };
 
-// Of the unsigned angle between two vectors, where neither is null.
+// The same, with the sine.
 inline std::optional<CosineSine> angle_between(Vec3 u, Vec3 w) noexcept {
   if (is_null(u) || is_null(w)) return std::nullopt;
   return CosineSine{cosine(u, w), length(cross(u, w)) / length(u) / length(w)};

@@ -16,23 +16,19 @@ Division divide(float length, float wanted_step) noexcept {
   return {length / static_cast<float>(segments), segments, successor(segments)};
 }
 
-void sample_segment(Vec3 first, Vec3 last, float step, std::span<float> xs, std::span<float> ys,
-                    std::span<float> zs, Vec3& interior) noexcept {
-  const std::size_t n = xs.size();
+void sample_segment(Segment<Vec3> segment, float step, const SpacePoints& points,
+                    Vec3& interior) noexcept {
+  const auto [first, last] = segment;
+  const std::size_t n = points.size();
   if (n == 0) return;
-  const auto put = [&](std::size_t i, Vec3 p) {
-    xs[i] = p.x;
-    ys[i] = p.y;
-    zs[i] = p.z;
-  };
-  put(0, first);
-  put(n - 1, last);
+  points.put(0, first);
+  points.put(n - 1, last);
 
   const float length = distance(first, last);
   for (std::size_t i = 1; i + 1 < n; ++i) {
     const float t = static_cast<float>(i) * step / length;
     interior = point_along(first, last, t).value_or(interior);
-    put(i, interior);
+    points.put(i, interior);
   }
 }
 

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <span>
 
+#include "point_lists.h"
 #include "types.h"
 
 namespace kez {
@@ -19,10 +20,10 @@ Division divide(float length, float wanted_step) noexcept;
 
 // Points of a segment at multiples of the step, between its two ends. `interior` is the last point
 // written between the ends of a segment; where the ends coincide it stands for all of them.
-void sample_segment(Vec3 first, Vec3 last, float step, std::span<float> xs, std::span<float> ys,
-                    std::span<float> zs, Vec3& interior) noexcept;
+void sample_segment(Segment<Vec3> segment, float step, const SpacePoints& points,
+                    Vec3& interior) noexcept;
 
-// The trapezoid rule without the last interior sample: kept, hosts rely on it.
+// The trapezoid rule. Deliberate: the last interior sample is left out (kezinr).
 float integrate(std::span<const float> samples, float a, float b) noexcept;
 
 struct Run {

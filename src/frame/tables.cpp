@@ -64,7 +64,7 @@ void sort_ascending(std::span<std::int32_t> x) noexcept {
   std::sort(x.begin(), x.end());
 }
 
-void reverse(std::span<Word> x) noexcept {
+void reverse(std::span<RawWord> x) noexcept {
   std::reverse(x.begin(), x.end());
 }
 

@@ -27,11 +27,11 @@ void sort_ascending(std::span<std::int32_t> x) noexcept;
 
 // An entry of a list of either kind, moved without being looked at. Bytes may alias the caller's
 // reals as well as integers.
-struct Word {
+struct RawWord {
   std::byte bytes[4];
 };
 
-void reverse(std::span<Word> x) noexcept;
+void reverse(std::span<RawWord> x) noexcept;
 
 // Writes the positions of v, ascending, and returns their number.
 std::int32_t select(std::span<const std::int32_t> table, std::int32_t v,

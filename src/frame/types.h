@@ -31,13 +31,27 @@ inline Vec2 operator+(Vec2 p, Vec2 q) noexcept {
 inline Vec3 operator+(Vec3 p, Vec3 q) noexcept {
   return {p.x + q.x, p.y + q.y, p.z + q.z};
 }
+inline Vec2 operator*(float t, Vec2 v) noexcept {
+  return {t * v.x, t * v.y};
+}
 inline Vec3 operator*(float t, Vec3 v) noexcept {
   return {t * v.x, t * v.y, t * v.z};
 }
 
+// As a point of the x-y plane in space.
 inline Vec3 in_plane(Vec2 p) noexcept {
   return {p.x, p.y, 0};
 }
+
+// Two points that belong together, in the plane or in space.
+template <typename Point>
+struct Segment {
+  Point first, second;
+
+  Point vector() const noexcept { return second - first; }
+};
+template <typename Point>
+Segment(Point, Point) -> Segment<Point>;
 
 // a x + b y + c = 0, not normalised.
 struct Line {
@@ -50,6 +64,11 @@ struct Plane {
 
   Vec3 normal() const noexcept { return {a, b, c}; }
 };
+
+// The same plane with its normal to the other side.
+inline Plane operator-(Plane p) noexcept {
+  return {-p.a, -p.b, -p.c, -p.d};
+}
 
 // x^2 + y^2 + d x + e y + f = 0.
 struct Circle {

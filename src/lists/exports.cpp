@@ -10,18 +10,13 @@ using namespace kez;
 
 namespace {
 
-std::span<const Word> words(const void* list, std::int32_t n) {
-  return table(static_cast<const Word*>(list), n);
+std::span<const RawWord> words(const void* list, int32_t n) {
+  return entries(static_cast<const RawWord*>(list), n);
 }
 
-// The room of both coordinates of a part of a polygon with n vertices.
-PolygonPart part(float X[], float Y[], std::int32_t n) {
-  const std::size_t room = 2 * table(X, n).size();
-  return {{X, room}, {Y, room}};
-}
-
-void store(const std::optional<Plane>& turned, float* A, float* B, float* C, float* D) {
-  if (turned) store(*turned, A, B, C, D);
+// A part of a polygon with n vertices may have two for each of them.
+PolygonPart part(float X[], float Y[], int32_t n) {
+  return PolygonPart({X, Y, 2 * size_of(n)});
 }
 
 }  // namespace
@@ -30,76 +25,76 @@ extern "C" {
 
 void KEZ_CALL kezmer1(const int32_t* n1, const void* a, const int32_t* n2, const void* b,
                       int32_t* nout, void* out) {
-  *nout = join(words(a, *n1), words(b, *n2), static_cast<Word*>(out));
+  *nout = join(words(a, *n1), words(b, *n2), static_cast<RawWord*>(out));
 }
 
 void KEZ_CALL kezmer2(int32_t* n, int32_t a[]) {
-  *n = keep_distinct(table(a, *n));
+  *n = keep_distinct(entries(a, *n));
 }
 
 void KEZ_CALL kezmer3(int32_t* n, int32_t a[]) {
-  *n = keep_repeated(table(a, *n));
+  *n = keep_repeated(entries(a, *n));
 }
 
 void KEZ_CALL kezmer4(const int32_t* n1, const int32_t a[], const int32_t* n2, const int32_t b[],
                       int32_t* ncom, int32_t com[], int32_t* ndif, int32_t dif[]) {
-  const Comparison result = compare(table(a, *n1), table(b, *n2), com, dif);
+  const Comparison result = compare(entries(a, *n1), entries(b, *n2), com, dif);
   *ncom = result.common;
   *ndif = result.differing;
 }
 
 void KEZ_CALL kezmer11(const int32_t* n1, const void* a, const int32_t* n2, const void* b,
                        int32_t* nout, void* out) {
-  *nout = join(words(a, *n1), words(b, *n2), static_cast<Word*>(out));
+  *nout = join(words(a, *n1), words(b, *n2), static_cast<RawWord*>(out));
 }
 
 void KEZ_CALL kezmer12(int32_t* n, float a[], const float* tol) {
-  *n = keep_distinct(table(a, *n), *tol);
+  *n = keep_distinct(entries(a, *n), *tol);
 }
 
 void KEZ_CALL kezmer13(const int32_t* n1, const float a[], const int32_t* n2, const float b[],
                        int32_t* nm, int32_t ia[], int32_t ib[], const float* tol) {
   // Of the counts as they are: one below 0 shortens what is cleared.
   const std::int64_t cleared = std::int64_t{*n1} + *n2;
-  *nm = pair_near(table(a, *n1), table(b, *n2), *tol, cleared, ia, ib);
+  *nm = pair_near(entries(a, *n1), entries(b, *n2), *tol, cleared, ia, ib);
 }
 
 void KEZ_CALL kezmer14(const int32_t* n, float a[], int32_t* nd, int32_t idx[], float* big,
                        const float* tol) {
-  const NearDuplicates marked = mark_near_duplicates(table(a, *n), *tol, idx);
+  const NearDuplicates marked = mark_near_duplicates(entries(a, *n), *tol, idx);
   *nd = marked.count;
   *big = marked.marker;
 }
 
 void KEZ_CALL kezmer15(const int32_t* n, float a[], const float* value, int32_t* nout,
                        const float* tol) {
-  *nout = remove_near(table(a, *n), *value, *tol);
+  *nout = remove_near(entries(a, *n), *value, *tol);
 }
 
 void KEZ_CALL kezmer16(const int32_t* n, void* a, const int32_t* pos, const void* value) {
-  insert(table_and_place(static_cast<Word*>(a), *n), *pos, *static_cast<const Word*>(value));
+  insert({static_cast<RawWord*>(a), outline_size(*n)}, *pos, *static_cast<const RawWord*>(value));
 }
 
 void KEZ_CALL kezmer17(const int32_t* n, void* a) {
-  reverse(table(static_cast<Word*>(a), *n));
+  reverse(entries(static_cast<RawWord*>(a), *n));
 }
 
 void KEZ_CALL kezmer18(const int32_t* n, void* a) {
-  reverse(table(static_cast<Word*>(a), *n));
+  reverse(entries(static_cast<RawWord*>(a), *n));
 }
 
 void KEZ_CALL kezmer19(const int32_t* n, const float a[], float out[], const float* value,
                        int32_t* nout, int32_t idx[], const float* tol) {
-  *nout = map_distinct(table(a, *n), *value, *tol, out, table(idx, *n));
+  *nout = map_distinct(entries(a, *n), *value, *tol, out, entries(idx, *n));
 }
 
 void KEZ_CALL kezordi(const float v[], const int32_t* n, int32_t iord[]) {
-  order_ascending(table(v, *n), iord);
+  order_ascending(entries(v, *n), iord);
 }
 
 void KEZ_CALL kezpor(const int32_t* n, const float a[], const float b[], const float c[],
                      int32_t iord[], int32_t* status) {
-  *status = number(order_parallel_lines({table(a, *n), table(b, *n), table(c, *n)}, iord));
+  *status = code_of(order_parallel_lines(points(a, b, c, *n), iord));
 }
 
 void KEZ_CALL kezinp(const float* p, const float* q, const float* r, float* u, float* v,
@@ -112,16 +107,14 @@ void KEZ_CALL kezinp(const float* p, const float* q, const float* r, float* u, f
 
 void KEZ_CALL kezppp(const int32_t* n, float X[], float Y[], const float* px, const float* py,
                      int32_t* status) {
-  const Polygon polygon = {table_and_place(X, *n), table_and_place(Y, *n)};
-  *status = number(locate_in_polygon(polygon, load(px, py)));
+  *status = code_of(locate_in_polygon(outline(X, Y, *n), load(px, py)));
 }
 
 void KEZ_CALL kezpin(const int32_t* n, float X[], float Y[], const float* a, const float* b,
                      const float* c, int32_t* n1, float X1[], float Y1[], int32_t* n2, float X2[],
                      float Y2[], float* length) {
-  const Polygon polygon = {table_and_place(X, *n), table_and_place(Y, *n)};
   PolygonPart upper = part(X1, Y1, *n), lower = part(X2, Y2, *n);
-  const float inside = cut_polygon(polygon, load_line(a, b, c), upper, lower);
+  const float inside = cut_polygon(outline(X, Y, *n), load_line(a, b, c), upper, lower);
   *n1 = upper.count();
   *n2 = lower.count();
   *length = inside;
@@ -131,7 +124,7 @@ void KEZ_CALL kezptp1(const float* A1, const float* B1, const float* C1, const f
                       float* B2, float* C2, float* D2, const int32_t* n, const float X[],
                       const float Y[], const float Z[], int32_t code[]) {
   const Slab slab = {load_plane(A1, B1, C1, D1), load_plane(A2, B2, C2, D2)};
-  store(classify(slab, {table(X, *n), table(Y, *n), table(Z, *n)}, code), A2, B2, C2, D2);
+  store(locate_in_slab(slab, points(X, Y, Z, *n), code), A2, B2, C2, D2);
 }
 
 void KEZ_CALL kezptp2(const float* A1, const float* B1, const float* C1, const float* D1, float* A2,
@@ -144,19 +137,14 @@ void KEZ_CALL kezptp2(const float* A1, const float* B1, const float* C1, const f
   const Slab slab1 = {load_plane(A1, B1, C1, D1), load_plane(A2, B2, C2, D2)};
   const Slab slab2 = {load_plane(A3, B3, C3, D3), load_plane(A4, B4, C4, D4)};
   const Slab slab3 = {load_plane(A5, B5, C5, D5), load_plane(A6, B6, C6, D6)};
-  const SpacePoints points = {table(X, *n), table(Y, *n), table(Z, *n)};
-  const BoxPositions box = {table(code1, *n), table(code2, *n), table(code3, *n)};
-  const BoxSelection selection{*mode};
+  const ConstSpacePoints given = points(X, Y, Z, *n);
+  const BoxPositions box = {entries(code1, *n), entries(code2, *n), entries(code3, *n)};
+  const auto selection = from_code<BoxSelection>(*mode);
 
-  store(classify(slab1, points, code1), A2, B2, C2, D2);
-  store(classify(slab2, points, code2), A4, B4, C4, D4);
-  store(classify(slab3, points, code3), A6, B6, C6, D6);
-  switch (selection) {
-    case BoxSelection::on_faces:
-    case BoxSelection::inside:
-    case BoxSelection::both:
-      *nout = select_points(box, selection, out);
-  }
+  store(locate_in_slab(slab1, given, code1), A2, B2, C2, D2);
+  store(locate_in_slab(slab2, given, code2), A4, B4, C4, D4);
+  store(locate_in_slab(slab3, given, code3), A6, B6, C6, D6);
+  store(select_points(box, selection, out), nout);
 }
 
 }  // extern "C"

@@ -23,12 +23,13 @@ std::int32_t mark_behind(std::span<std::int32_t> list, std::size_t kept,
 
 }  // namespace
 
-std::int32_t join(std::span<const Word> a, std::span<const Word> b, Word joined[]) noexcept {
-  Word* const end = std::copy(b.begin(), b.end(), std::copy(a.begin(), a.end(), joined));
+std::int32_t join(std::span<const RawWord> a, std::span<const RawWord> b,
+                  RawWord joined[]) noexcept {
+  RawWord* const end = std::copy(b.begin(), b.end(), std::copy(a.begin(), a.end(), joined));
   return static_cast<std::int32_t>(end - joined);
 }
 
-void insert(std::span<Word> list, std::int32_t position, Word value) noexcept {
+void insert(std::span<RawWord> list, std::int32_t position, RawWord value) noexcept {
   if (position < 1 || static_cast<std::size_t>(position) > list.size()) return;
   const auto place = list.begin() + (position - 1);
   std::copy_backward(place, list.end() - 1, list.end());

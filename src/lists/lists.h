@@ -9,11 +9,12 @@
 namespace kez {
 
 // Writes the entries of a, then those of b, and returns their number.
-std::int32_t join(std::span<const Word> a, std::span<const Word> b, Word joined[]) noexcept;
+std::int32_t join(std::span<const RawWord> a, std::span<const RawWord> b,
+                  RawWord joined[]) noexcept;
 
 // The last entry of the list is the room for the new one. A position outside 1 .. size changes
 // nothing.
-void insert(std::span<Word> list, std::int32_t position, Word value) noexcept;
+void insert(std::span<RawWord> list, std::int32_t position, RawWord value) noexcept;
 
 // These sort the list, leave the distinct values or those that occur at least twice in front, write
 // the marker over all others, and return the number of entries below the marker.

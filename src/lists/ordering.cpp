@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <numeric>
 
-#include "../space/line_intersections.h"
+#include "../frame/lines.h"
 #include "extremes.h"
 #include "work_list.h"
 
@@ -56,22 +56,29 @@ bool order_ascending(std::span<const float> list, std::int32_t order[]) noexcept
   return true;
 }
 
-LineOrder order_parallel_lines(LineFamily lines, std::int32_t order[]) noexcept {
-  const std::size_t n = lines.a.size();
+LineOrder order_parallel_lines(const ConstSpacePoints& coefficients,
+                               std::int32_t order[]) noexcept {
+  const std::size_t n = coefficients.size();
   if (n == 0) return LineOrder::not_ordered;
-  const auto line = [&](std::size_t i) { return Line{lines.a[i], lines.b[i], lines.c[i]}; };
+  const auto line = [&](std::size_t i) {
+    const auto [a, b, c] = coefficients[i];
+    return Line{a, b, c};
+  };
   const auto parallel_to_first = [&](Line other) {
-    return intersect(line(0), other).status == Meeting::parallel;
+    return intersect_lines(line(0), other).status == Meeting::parallel;
   };
 
   bool ordered = true;
   for (std::size_t i = 1; i < n && ordered; ++i) ordered = parallel_to_first(line(i));
   WorkList<float> memory(n);
   if (ordered && memory) {
-    // A first line that is the y axis itself is none of the vertical ones: kept.
-    const auto divisors = parallel_to_first({1, 0, 0}) ? lines.a : lines.b;
+    // Deliberate: a first line that is the y axis itself is none of the vertical ones (kezpor).
+    const bool vertical = parallel_to_first({1, 0, 0});
     const auto intercepts = memory.entries();
-    for (std::size_t i = 0; i < n; ++i) intercepts[i] = -lines.c[i] / divisors[i];
+    for (std::size_t i = 0; i < n; ++i) {
+      const auto [a, b, c] = line(i);
+      intercepts[i] = -c / (vertical ? a : b);
+    }
     if (order_ascending(intercepts, order)) return LineOrder::ordered;
   }
   std::iota(order, order + n, 1);

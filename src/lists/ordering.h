@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <span>
 
+#include "../frame/point_lists.h"
+
 namespace kez {
 
 // Writes the positions of the entries by ascending value, of equal entries the last first. Where
@@ -11,15 +13,10 @@ namespace kez {
 // needs memory, and without it nothing is written and the result is false.
 bool order_ascending(std::span<const float> list, std::int32_t order[]) noexcept;
 
-// Lines a x + b y + c = 0; the three lists have one length.
-struct LineFamily {
-  std::span<const float> a, b, c;
-};
-
 enum class LineOrder : std::int32_t { ordered = 0, not_ordered = -1 };
 
 // Writes the positions of parallel and distinct lines by ascending intercept; of others, and when
-// there is no memory, 1, 2, ..., n.
-LineOrder order_parallel_lines(LineFamily lines, std::int32_t order[]) noexcept;
+// there is no memory, 1, 2, ..., n. The lines are given by their coefficients a, b and c.
+LineOrder order_parallel_lines(const ConstSpacePoints& coefficients, std::int32_t order[]) noexcept;
 
 }  // namespace kez

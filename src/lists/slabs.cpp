@@ -13,67 +13,70 @@ namespace kez {
 namespace {
 
 // In this order, which decides on which side of the tolerance a value rounds.
-float value_at(Plane p, float x, float y, float z) noexcept {
-  return p.a * x + p.d + p.b * y + p.c * z;
+float value_at(Plane plane, Vec3 p) noexcept {
+  return plane.a * p.x + plane.d + plane.b * p.y + plane.c * p.z;
 }
 
 // Both planes have the slab on the same side. The values are no distances unless the normals are of
 // unit length, and strictly below the tolerance counts as on the plane.
-std::int32_t position(Slab slab, float x, float y, float z) noexcept {
-  const float s1 = value_at(slab.first, x, y, z), s2 = value_at(slab.second, x, y, z);
-  std::int32_t code = number(s1 * s2 > 0 ? SlabPosition::between : SlabPosition::outside);
-  code = std::fabs(s1) < tolerance ? number(SlabPosition::on_first) : code;
-  return std::fabs(s2) < tolerance ? number(SlabPosition::on_second) : code;
+std::int32_t position(Slab slab, Vec3 p) noexcept {
+  const float s1 = value_at(slab.first, p), s2 = value_at(slab.second, p);
+  std::int32_t code = code_of(s1 * s2 > 0 ? SlabPosition::between : SlabPosition::outside);
+  code = std::fabs(s1) < tolerance ? code_of(SlabPosition::on_first) : code;
+  return std::fabs(s2) < tolerance ? code_of(SlabPosition::on_second) : code;
 }
 
 }  // namespace
 
-std::optional<Plane> classify(Slab slab, SpacePoints points, std::int32_t positions[]) noexcept {
-  const std::size_t n = points.xs.size();
-  std::optional<Plane> turned;
+std::optional<Plane> locate_in_slab(Slab slab, const ConstSpacePoints& points,
+                                    std::int32_t positions[]) noexcept {
+  const std::size_t n = points.size();
+  std::optional<Plane> negated;
   switch (relate_planes(slab.first, slab.second)) {
     case PlaneRelation::parallel_same:
-      turned = {-slab.second.a, -slab.second.b, -slab.second.c, -slab.second.d};
-      slab.second = *turned;
+      negated = -slab.second;
+      slab.second = *negated;
       break;
     case PlaneRelation::parallel_opposite:
       break;
     default:
-      std::fill_n(positions, n, number(SlabPosition::unknown));
+      std::fill_n(positions, n, code_of(SlabPosition::unknown));
       return std::nullopt;
   }
-  for (std::size_t i = 0; i < n; ++i) {
-    positions[i] = position(slab, points.xs[i], points.ys[i], points.zs[i]);
-  }
-  return turned;
+  for (std::size_t i = 0; i < n; ++i) positions[i] = position(slab, points[i]);
+  return negated;
 }
 
 namespace {
 
 bool on_face(std::int32_t code) noexcept {
-  return code == number(SlabPosition::on_first) || code == number(SlabPosition::on_second);
+  return code == code_of(SlabPosition::on_first) || code == code_of(SlabPosition::on_second);
 }
 
 bool between(std::int32_t code) noexcept {
-  return code == number(SlabPosition::between);
+  return code == code_of(SlabPosition::between);
 }
 
 }  // namespace
 
-std::int32_t select_points(const BoxPositions& box, BoxSelection selection,
-                           std::int32_t points[]) noexcept {
+std::optional<std::int32_t> select_points(const BoxPositions& box, BoxSelection selection,
+                                          std::int32_t points[]) noexcept {
+  const bool both = selection == BoxSelection::both;
+  const bool faces = both || selection == BoxSelection::on_faces;
+  const bool inside = both || selection == BoxSelection::inside;
+  if (!faces && !inside) return std::nullopt;
   std::int32_t count = 0;
   const auto take_where = [&](auto selected) {
     for (std::size_t i = 0; i < box[0].size(); ++i) {
       if (selected(i)) points[count++] = position_of(i);
     }
   };
-  if (selection != BoxSelection::inside) {
+  if (faces) {
     take_where([&](std::size_t i) {
       return std::any_of(box.begin(), box.end(), [i](auto slab) { return on_face(slab[i]); });
     });
   }
-  if (selection != BoxSelection::on_faces) {
+  if (inside) {
     take_where([&](std::size_t i) {
       return std::all_of(box.begin(), box.end(), [i](auto slab) { return between(slab[i]); });
     });

@@ -39,7 +39,7 @@ float shear_centre_offset(Channel channel) noexcept {
   return centroid + b * t * shear_sum(h, b, c) / ix / 12;
 }
 
-// Grouping and order of the steps fix the rounding that hosts rely on.
+// Grouping and order of the steps fix the rounding.
 float warping_constant(Channel channel) noexcept {
   const auto [h, b, c, t, lipped] = centre_lines(channel);
   if (!lipped) return h * h * t * (b * b * b) * (3 * b + 2 * h) / (6 * b + h) / 12;

@@ -4,37 +4,37 @@
 #include "../frame/tables.h"
 #include "channel.h"
 #include "contours.h"
-#include "outlines.h"
 #include "plate_buckling.h"
 #include "range_lookup.h"
+#include "shapes.h"
 
 using namespace kez;
 
 namespace {
 
-// Where the caller wants an outline: variables for a shape of one contour, arrays for the others.
-struct OutlineArguments {
+// Where the caller wants a section: variables for a shape of one contour, arrays for the others.
+struct SectionArguments {
   int32_t *nc, *nv;
   float *x, *y;
   int32_t* kind;
   float *sign, *v1, *v2, *v3, *v4, *v5, *v6, *v7;
 };
 
-void store(const Contour& contour, float value, std::size_t i, const OutlineArguments& to) {
+void store(const Contour& contour, float value, std::size_t i, const SectionArguments& to) {
   to.nv[i] = contour.vertex_count;
-  to.kind[i] = number(contour.kind);
+  to.kind[i] = code_of(contour.kind);
   to.sign[i] = contour.sign;
   for (float* const zero : {to.v1, to.v2, to.v3, to.v4, to.v5}) zero[i] = 0;
   to.v6[i] = to.v7[i] = value * contour.sign;
 }
 
-void store(const Outline& outline, float value, const OutlineArguments& to) {
-  *to.nc = static_cast<int32_t>(outline.contours().size());
-  for (std::size_t i = 0; i < outline.vertices().size(); ++i) {
-    store(outline.vertices()[i], &to.x[i], &to.y[i]);
+void store(const Section& section, float value, const SectionArguments& to) {
+  *to.nc = static_cast<int32_t>(section.contours().size());
+  for (std::size_t i = 0; i < section.vertices().size(); ++i) {
+    store(section.vertices()[i], &to.x[i], &to.y[i]);
   }
-  for (std::size_t i = 0; i < outline.contours().size(); ++i) {
-    store(outline.contours()[i], value, i, to);
+  for (std::size_t i = 0; i < section.contours().size(); ++i) {
+    store(section.contours()[i], value, i, to);
   }
 }
 
@@ -179,20 +179,20 @@ void KEZ_CALL kezwar_c(const float* B, const float* H, const float* C, const flo
 
 void KEZ_CALL kezlul(const int32_t* n, const float x[], const float* lo, const float* hi,
                      int32_t* count, int32_t idx[], float* d1, float* d2) {
-  const RangeEntries entries = find_range(table(x, *n), *lo, *hi, idx);
-  if (entries.count > 0) {
-    *d1 = entries.below;
-    *d2 = entries.above;
+  const auto found = find_range(entries(x, *n), *lo, *hi, idx);
+  if (found) {
+    *d1 = found->below;
+    *d2 = found->above;
   }
-  *count = entries.count;
+  *count = found ? found->count : 0;
 }
 
 void KEZ_CALL kezadr(const int32_t*, const int32_t counts[], const int32_t* n, const void* source,
                      void* target) {
-  const auto block = last_block(table(counts, *n));
+  const auto block = last_block(entries(counts, *n));
   if (!block) return;
-  std::copy_n(static_cast<const Word*>(source) + block->offset, block->count,
-              static_cast<Word*>(target));
+  std::copy_n(static_cast<const RawWord*>(source) + block->offset, block->count,
+              static_cast<RawWord*>(target));
 }
 
 }  // extern "C"

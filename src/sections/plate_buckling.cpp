@@ -38,7 +38,7 @@ std::optional<StressCase> stress_case(float s1, float s2) noexcept {
     } else if (magnitude2 > s1 && s1 > magnitude2 / 3) {
       found = {psi, 5.98f * ((1 - psi) * (1 - psi)), Share::bending};
     }
-    // Strict, unlike the other tests: kept.
+    // Deliberate: strict, unlike the other tests (kezef2).
     if (std::fabs(s1 - magnitude2) < tolerance) found = {-1, 23.9f, Share::bending};
   }
   return found;

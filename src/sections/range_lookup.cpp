@@ -7,8 +7,8 @@
 
 namespace kez {
 
-RangeEntries find_range(std::span<const float> x, float low, float high,
-                        std::int32_t positions[]) noexcept {
+std::optional<RangeEntries> find_range(std::span<const float> x, float low, float high,
+                                       std::int32_t positions[]) noexcept {
   std::size_t count = 0, first = 0, last = 0;
   for (std::size_t i = 0; i < x.size(); ++i) {
     if (!(low <= x[i] && x[i] <= high)) continue;
@@ -17,15 +17,16 @@ RangeEntries find_range(std::span<const float> x, float low, float high,
     positions[count++] = position_of(i);
   }
   if (count > 0) {
-    return {static_cast<std::int32_t>(count), std::fabs(x[first] - low), std::fabs(high - x[last])};
+    return RangeEntries{static_cast<std::int32_t>(count), std::fabs(x[first] - low),
+                        std::fabs(high - x[last])};
   }
 
-  RangeEntries enclosing{0, 0, 0};
+  std::optional<RangeEntries> enclosing;
   for (std::size_t i = 0; i + 1 < x.size(); ++i) {
     if (!(low > x[i] && x[i + 1] > low && x[i + 1] > high)) continue;
     positions[0] = position_of(i);
     positions[1] = positions[0] + 1;
-    enclosing.count = 2;
+    enclosing = {2, 0, 0};
   }
   return enclosing;
 }

@@ -2,17 +2,18 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <span>
 
 namespace kez {
 
 struct RangeEntries {
   std::int32_t count;
-  float below, above;  // from the range's ends to its first and last entry; only where count > 0
+  float below, above;  // from the range's ends to its first and last entry
 };
 
 // The entries inside; without any, the two that enclose the range, with distances of 0.
-RangeEntries find_range(std::span<const float> x, float low, float high,
-                        std::int32_t positions[]) noexcept;
+std::optional<RangeEntries> find_range(std::span<const float> x, float low, float high,
+                                       std::int32_t positions[]) noexcept;
 
 }  // namespace kez

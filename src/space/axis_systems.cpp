@@ -22,7 +22,7 @@ Vec3 unit_or_zero(Vec3 v) noexcept {
 }  // namespace
 
 PlacedAxes axes_through(Vec3 origin, Vec3 on_x, Vec3 in_xy) noexcept {
-  if (position_on_segment(origin, on_x, in_xy) != Position::off_line) {
+  if (position_on_segment(Segment{origin, on_x}, in_xy) != Position::off_line) {
     return {PlacedAxes::Status::collinear, {}};
   }
   const Vec3 x = on_x - origin;
@@ -31,14 +31,8 @@ PlacedAxes axes_through(Vec3 origin, Vec3 on_x, Vec3 in_xy) noexcept {
   return {PlacedAxes::Status::placed, {unit_or_zero(x), unit_or_zero(y), unit_or_zero(z)}};
 }
 
-void translate(std::span<float> xs, std::span<float> ys, std::span<float> zs,
-               Vec3 origin) noexcept {
-  for (float& x : xs) x -= origin.x;
-  for (float& y : ys) y -= origin.y;
-  for (float& z : zs) z -= origin.z;
-}
-
-float distance_in_plane(Vec3 p1, Vec3 p2, Vec3 p) noexcept {
+float distance_in_plane(Segment<Vec3> line, Vec3 p) noexcept {
+  const auto [p1, p2] = line;
   if (is_null(p2 - p1)) return distance(p1, p);
   const auto [status, axes] = axes_through(p1, p2, p);
   if (status != PlacedAxes::Status::placed) return 0;
@@ -47,10 +41,10 @@ float distance_in_plane(Vec3 p1, Vec3 p2, Vec3 p) noexcept {
                          line_through(to_local_plane(axes, p1), to_local_plane(axes, p2)));
 }
 
-float distance_by_cross(Vec3 p1, Vec3 p2, Vec3 p) noexcept {
-  const Vec3 u = p2 - p1;
+float distance_by_cross(Segment<Vec3> line, Vec3 p) noexcept {
+  const Vec3 p1 = line.first, u = line.vector();
   if (is_null(u)) return distance(p1, p);
-  const Vec3 w = {p1.x - p.x, p1.y - p.y, p1.y - p.z};  // y1 twice: hosts rely on it
+  const Vec3 w = {p1.x - p.x, p1.y - p.y, p1.y - p.z};
   return length(cross(w, u)) / length(u);
 }
 

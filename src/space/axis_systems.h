@@ -1,12 +1,11 @@
 // Axis systems in the plane of three points, and distances from a line in space.
 #pragma once
 
-#include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <span>
 
 #include "../frame/numbers.h"
+#include "../frame/point_lists.h"
 #include "../frame/points.h"
 #include "../frame/types.h"
 
@@ -38,30 +37,32 @@ inline Vec2 to_local_plane(const AxisSystem& axes, Vec3 p) noexcept {
   return {dot(axes.x, p), dot(axes.y, p)};
 }
 
-// The origin moves to `origin`; to move back, translate by its negative.
-void translate(std::span<float> xs, std::span<float> ys, std::span<float> zs, Vec3 origin) noexcept;
+// Deliberate: every other number means to_local too (keztrn).
+enum class AxisChange : std::int32_t { to_global = 1, to_local = 2 };
 
-// Of p from the line through p1 and p2; negative where p is on the side to which the y axis through
-// p1, p2 and p points.
-float distance_in_plane(Vec3 p1, Vec3 p2, Vec3 p) noexcept;
+inline Vec3 carry(const AxisSystem& axes, Vec3 p, AxisChange change) noexcept {
+  return change == AxisChange::to_global ? to_global(axes, p) : to_local(axes, p);
+}
 
-// By the cross product of p1 - p and p2 - p1, but with p1's y for its z: the distance where both
-// are the same.
-float distance_by_cross(Vec3 p1, Vec3 p2, Vec3 p) noexcept;
+// Of p from the line; negative where p is on the side to which the y axis of the axes through the
+// line's two points and p points.
+float distance_in_plane(Segment<Vec3> line, Vec3 p) noexcept;
+
+// By the cross product of the vectors from p to the line's first point and along the line.
+// Deliberate: with that point's y for its z, so that it is the distance where both are the same
+// (kez3ldb).
+float distance_by_cross(Segment<Vec3> line, Vec3 p) noexcept;
 
 // Writes the positions of the points for which distance_by_cross is within tol, ascending, and
 // returns their number. z_of(position) gives the z of a point.
 template <typename Height>
-std::int32_t points_near_line(Vec3 p1, Vec3 p2, std::span<const float> xs,
-                              std::span<const float> ys, Height z_of, float tol,
-                              std::int32_t positions[]) {
+std::int32_t points_near_line(Segment<Vec3> line, const ConstPlanePoints& points, Height z_of,
+                              float tol, std::int32_t positions[]) {
   std::int32_t count = 0;
-  for (std::size_t i = 0; i < xs.size(); ++i) {
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    const auto [x, y] = points[i];
     const std::int32_t position = position_of(i);
-    const float z = z_of(position);
-    if (tol >= distance_by_cross(p1, p2, {xs[i], ys[i], z})) {
-      positions[count++] = position;
-    }
+    if (tol >= distance_by_cross(line, {x, y, z_of(position)})) positions[count++] = position;
   }
   return count;
 }

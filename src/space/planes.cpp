@@ -9,7 +9,7 @@
 namespace kez {
 
 PlaneOfPoints plane_through(Vec3 p1, Vec3 p2, Vec3 p3) noexcept {
-  const Position third = position_on_segment(p1, p2, p3);
+  const Position third = position_on_segment(Segment{p1, p2}, p3);
   if (third != Position::off_line) return {third, {}};
   return {third, plane_spanned(p1, p2 - p1, p3 - p1)};
 }
@@ -33,21 +33,22 @@ Obstacle obstacle(LineRelation relation) noexcept {
 
 }  // namespace
 
-PlaneOfLines plane_parallel_to(Vec3 p, Vec3 p1, Vec3 p2, Vec3 p3, Vec3 p4) noexcept {
-  const Obstacle found = obstacle(relate_lines(p1, p2, p3, p4));
+PlaneOfLines plane_parallel_to(Vec3 p, Segment<Vec3> first, Segment<Vec3> second) noexcept {
+  const Obstacle found = obstacle(relate_lines(first, second));
   if (found != Obstacle::none && found != Obstacle::skew) return {found, {}};
-  return {Obstacle::none, plane_spanned(p, p2 - p1, p4 - p3)};
+  return {Obstacle::none, plane_spanned(p, first.vector(), second.vector())};
 }
 
-PlaneOfLines plane_through_lines(Vec3 p1, Vec3 d1, Vec3 p2, Vec3 d2) noexcept {
-  const Vec3 q1 = p1 + d1, q2 = p2 + d2;
-  const Obstacle found = obstacle(relate_lines(p1, q1, p2, q2));
+PlaneOfLines plane_through_lines(Ray first, Ray second) noexcept {
+  // Not the directions themselves: what counts is how they show between two points of each line.
+  const Segment<Vec3> s1 = first.segment(), s2 = second.segment();
+  const Obstacle found = obstacle(relate_lines(s1, s2));
   if (found != Obstacle::none) return {found, {}};
-  return {Obstacle::none, plane_spanned(p1, q1 - p1, q2 - p2)};
+  return {Obstacle::none, plane_spanned(s1.first, s1.vector(), s2.vector())};
 }
 
-std::optional<Plane> plane_perpendicular(Vec3 p, Vec3 from, Vec3 to) noexcept {
-  const Vec3 n = to - from;
+std::optional<Plane> plane_perpendicular(Vec3 p, Segment<Vec3> segment) noexcept {
+  const Vec3 n = segment.vector();
   if (is_null(n)) return std::nullopt;
   return Plane{n.x, n.y, n.z, -n.x * p.x - n.y * p.y - n.z * p.z};
 }
@@ -60,7 +61,7 @@ std::optional<Plane> plane_of_intercepts(Vec3 intercepts) noexcept {
 
 std::optional<LineRelation> relate_through_origin(Vec3 u, Vec3 w) noexcept {
   if (is_exactly_zero(u)) return std::nullopt;
-  return relate_lines({}, u, {}, w);
+  return relate_lines({{}, u}, {{}, w});
 }
 
 float signed_distance(Vec3 p, Plane plane) noexcept {
@@ -68,7 +69,7 @@ float signed_distance(Vec3 p, Plane plane) noexcept {
   return (dot(n, p) + plane.d) * reciprocal_sqrt(dot(n, n));
 }
 
-PlaneClass classify(Plane plane) noexcept {
+PlaneClass classify_plane(Plane plane) noexcept {
   const bool a = !equal(plane.a, 0), b = !equal(plane.b, 0), c = !equal(plane.c, 0);
   if (a && b && c) return PlaneClass::general;
   if (b && c) return PlaneClass::along_x;
@@ -77,17 +78,19 @@ PlaneClass classify(Plane plane) noexcept {
   const bool through_origin = equal(plane.d, 0);
   if (c) return through_origin ? PlaneClass::is_xy : PlaneClass::along_xy;
   if (a) return through_origin ? PlaneClass::is_yz : PlaneClass::along_yz;
-  // Also without a normal: hosts rely on it.
+  // Deliberate: also without a normal (kezplp).
   return through_origin ? PlaneClass::is_xz : PlaneClass::along_xz;
 }
 
-LinePlaneMeeting intersect(Vec3 p, Vec3 direction, Plane plane) noexcept {
+LinePlaneMeeting intersect_line_plane(Ray line, Plane plane) noexcept {
+  using enum LinePlaneMeeting::Status;
+  const auto [p, direction] = line;
   const Vec3 n = plane.normal();
   const DirectionRelation relation = relate_directions(direction, n);
-  if (relation == DirectionRelation::perpendicular) return {LinePlaneMeeting::Status::parallel, {}};
-  if (relation == DirectionRelation::null) return {LinePlaneMeeting::Status::null_direction, {}};
+  if (relation == DirectionRelation::perpendicular) return {parallel, std::nullopt};
+  if (relation == DirectionRelation::null) return {null_direction, std::nullopt};
   const float t = -(dot(n, p) + plane.d) / dot(n, direction);
-  return {LinePlaneMeeting::Status::one_point, p + t * direction};
+  return {one_point, p + t * direction};
 }
 
 namespace {
@@ -125,13 +128,12 @@ Membership in_plane_by_distance(Vec3 p, Plane plane, float tol) noexcept {
   return tol >= std::fabs(signed_distance(p, plane)) ? Membership::inside : Membership::outside;
 }
 
-PlaneScan scan(std::span<const float> xs, std::span<const float> ys, std::span<const float> zs,
-               Plane plane, std::int32_t positions[]) noexcept {
+PlaneScan scan(const ConstSpacePoints& points, Plane plane, std::int32_t positions[]) noexcept {
   const Vec3 n = plane.normal();
   PlaneScan result{0, plane.d};
-  for (std::size_t i = 0; i < xs.size(); ++i) {
-    // Only the first point meets the plane as given; the sum runs on, and hosts rely on it.
-    result.sum += dot(n, {xs[i], ys[i], zs[i]});
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    // Deliberate: only the first point meets the plane as given, and the sum runs on (kezpnp).
+    result.sum += dot(n, points[i]);
     if (result.sum == 0) positions[result.count++] = position_of(i);
   }
   return result;

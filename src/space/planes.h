@@ -3,10 +3,10 @@
 
 #include <cstdint>
 #include <optional>
-#include <span>
 
 #include "../frame/angles.h"
 #include "../frame/lines.h"
+#include "../frame/point_lists.h"
 #include "../frame/types.h"
 
 namespace kez {
@@ -33,15 +33,21 @@ struct PlaneOfLines {
   Plane plane;  // zero where there is an obstacle
 };
 
-// Through p, parallel to the line through p1 and p2 and to the line through p3 and p4. Skew lines
-// are no obstacle; parallel ones are none either, and leave the plane without a normal.
-PlaneOfLines plane_parallel_to(Vec3 p, Vec3 p1, Vec3 p2, Vec3 p3, Vec3 p4) noexcept;
+// Through p, parallel to both lines. Skew lines are no obstacle; parallel ones are none either, and
+// leave the plane without a normal.
+PlaneOfLines plane_parallel_to(Vec3 p, Segment<Vec3> first, Segment<Vec3> second) noexcept;
 
-// Through two lines given by point and direction.
-PlaneOfLines plane_through_lines(Vec3 p1, Vec3 d1, Vec3 p2, Vec3 d2) noexcept;
+// A line as a point and a direction.
+struct Ray {
+  Vec3 point, direction;
 
-// Perpendicular to the direction from `from` to `to`, where these do not coincide.
-std::optional<Plane> plane_perpendicular(Vec3 p, Vec3 from, Vec3 to) noexcept;
+  Segment<Vec3> segment() const noexcept { return {point, point + direction}; }
+};
+
+PlaneOfLines plane_through_lines(Ray first, Ray second) noexcept;
+
+// Perpendicular to a segment, where its ends do not coincide.
+std::optional<Plane> plane_perpendicular(Vec3 p, Segment<Vec3> segment) noexcept;
 
 // From its intercepts on the axes, where all are non-zero.
 std::optional<Plane> plane_of_intercepts(Vec3 intercepts) noexcept;
@@ -66,15 +72,15 @@ enum class PlaneClass : std::int32_t {
   is_xz = 10,
 };
 
-PlaneClass classify(Plane plane) noexcept;
+PlaneClass classify_plane(Plane plane) noexcept;
 
 struct LinePlaneMeeting {
   enum class Status : std::int32_t { one_point = 0, parallel = 3, null_direction = 4 };
   Status status;
-  Vec3 point;  // only where there is one
+  std::optional<Vec3> point;
 };
 
-LinePlaneMeeting intersect(Vec3 p, Vec3 direction, Plane plane) noexcept;
+LinePlaneMeeting intersect_line_plane(Ray line, Plane plane) noexcept;
 
 enum class Membership : std::int32_t { outside = -1, inside = 0, no_normal = 1 };
 
@@ -90,7 +96,6 @@ struct PlaneScan {
 
 // Adds a x + b y + c z of one point after the other to plane.d and writes the positions at which
 // the sum is exactly zero.
-PlaneScan scan(std::span<const float> xs, std::span<const float> ys, std::span<const float> zs,
-               Plane plane, std::int32_t positions[]) noexcept;
+PlaneScan scan(const ConstSpacePoints& points, Plane plane, std::int32_t positions[]) noexcept;
 
 }  // namespace kez

@@ -1,4 +1,4 @@
-#include "line_intersections.h"
+#include "lines_in_space.h"
 
 #include <cmath>
 
@@ -9,18 +9,7 @@
 
 namespace kez {
 
-// Cramer's rule. The tests are on the determinants as they are: normalising the coefficients would
-// change which lines of a host count as parallel.
-LineMeeting intersect(Line p, Line q) noexcept {
-  const float det = p.a * q.b - q.a * p.b;
-  const float dx = p.b * q.c - q.b * p.c;
-  const float dy = q.a * p.c - p.a * q.c;
-  if (non_zero(det)) return {Meeting::one_point, {dx / det, dy / det}};
-  if (non_zero(dx) || non_zero(dy)) return {Meeting::parallel, {}};
-  return {Meeting::coincident, {}};
-}
-
-DirectionClass classify(Vec3 direction) noexcept {
+DirectionClass classify_direction(Vec3 direction) noexcept {
   const bool x = non_zero(direction.x), x0 = equal(direction.x, 0);
   const bool y = non_zero(direction.y), y0 = equal(direction.y, 0);
   const bool z = non_zero(direction.z), z0 = equal(direction.z, 0);
@@ -37,7 +26,7 @@ DirectionClass classify(Vec3 direction) noexcept {
 PointOnLine test_on_line(Vec3 p0, Vec3 direction, Vec3 p, float tol) noexcept {
   const float u = direction.x, v = direction.y, w = direction.z;
   // The class is that of the direction as it shows between two points of the line.
-  const DirectionClass found = classify((p0 + direction) - p0);
+  const DirectionClass found = classify_direction((p0 + direction) - p0);
   const auto close = [tol](float a, float b) { return tol >= std::fabs(a - b); };
   const auto y_at_px = [&] { return p0.y - v / u * (p0.x - p.x); };
   const auto z_at_px = [&] { return p0.z - w / u * (p0.x - p.x); };
@@ -75,7 +64,7 @@ PointOnMeetingLine test_on_meeting_line(Plane p, Plane q, float n, Vec3 point, f
     kept.z = ((a1 * b2 - b1 * a2) * kept.x + (d1 * b2 - b1 * d2)) / l;
     on_line = close(point.y, kept.y) && close(point.z, kept.z);
   } else if (non_zero(m)) {
-    // The slope of z has the sign opposite to the solution's: hosts rely on it.
+    // Deliberate: the slope of z has the sign opposite to the solution's (kezln7).
     kept.x = ((c1 * b2 - b1 * c2) * kept.y + (c1 * d2 - d1 * c2)) / m;
     kept.z = ((a1 * b2 - b1 * a2) * kept.y + (d1 * a2 - a1 * d2)) / m;
     on_line = close(point.z, kept.z) && close(point.x, kept.x);
@@ -84,23 +73,25 @@ PointOnMeetingLine test_on_meeting_line(Plane p, Plane q, float n, Vec3 point, f
     kept.y = ((c1 * a2 - a1 * c2) * kept.z + (d1 * a2 - a1 * d2)) / n;
     on_line = close(point.x, kept.x) && close(point.y, kept.y);
   }
-  return {l, m, classify(Vec3{l, m, n}), on_line};
+  return {l, m, classify_direction({l, m, n}), on_line};
 }
 
 // In the plane of the lines, in axes whose x axis is the first line.
-SpaceMeeting intersect(Vec3 p1, Vec3 d1, Vec3 p2, Vec3 d2, Vec2 fallback) noexcept {
-  const Obstacle obstacle = plane_through_lines(p1, d1, p2, d2).obstacle;
-  if (obstacle != Obstacle::none) return {obstacle, {}, {}, {}};
+SpaceMeeting intersect_lines_in_space(Ray first, Ray second, Vec2 fallback) noexcept {
+  const Obstacle obstacle = plane_through_lines(first, second).obstacle;
+  if (obstacle != Obstacle::none) return {obstacle, std::nullopt};
 
-  const Vec3 q1 = p1 + d1, q2 = p2 + d2;
+  // p1 is moved like the others, so that one that is not finite does not become the origin.
+  const auto [p1, q1] = first.segment();
+  const auto [p2, q2] = second.segment();
   const Vec3 from = p1 - p1, to = q1 - p1, second_from = p2 - p1, second_to = q2 - p1;
   // Without axes, where q2 lies on the first line, all local coordinates are 0.
   const AxisSystem axes = axes_through(from, to, second_to).axes;
   const auto local = [&axes](Vec3 p) { return to_local_plane(axes, p); };
-  const LineMeeting meeting = intersect(line_through(local(from), local(to)),
-                                        line_through(local(second_from), local(second_to)));
-  const Vec2 point = meeting.status == Meeting::one_point ? meeting.point : fallback;
-  return {obstacle, from, second_from, to_global(axes, in_plane(point)) + p1};
+  const LineMeeting meeting = intersect_lines(line_through(local(from), local(to)),
+                                              line_through(local(second_from), local(second_to)));
+  const Vec2 point = meeting.point.value_or(fallback);
+  return {obstacle, MeetingPoint{to_global(axes, in_plane(point)) + p1, from, second_from}};
 }
 
 }  // namespace kez

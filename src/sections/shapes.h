@@ -1,4 +1,4 @@
-// The outlines of steel sections: contours of vertices about the middle of the section.
+// The shapes of steel sections: contours of vertices about the middle of the section.
 #pragma once
 
 #include <array>
@@ -7,7 +7,7 @@
 #include <initializer_list>
 #include <span>
 
-#include "../frame/outline.h"
+#include "../frame/figure.h"
 #include "../frame/types.h"
 
 namespace kez {
@@ -18,7 +18,7 @@ struct Contour {
   float sign;  // 1 for material, -1 for what is cut out of it
 };
 
-class Outline {
+class Section {
  public:
   static constexpr std::size_t max_vertices = 48, max_contours = 11;
 
@@ -68,17 +68,17 @@ struct RolledDetails {
   float tw, r, hole, gauge;
 };
 
-Outline flat_bar(std::int32_t b, float h) noexcept;
-Outline tee(float b, float h, float tf, float tw) noexcept;
-Outline lying_i(Flanges flanges, float tw) noexcept;
-Outline standing_i(Flanges flanges, float tw) noexcept;
-Outline one_cell(Flanges flanges, float tw, float s) noexcept;
-Outline two_cells(Flanges flanges, float tw, float s) noexcept;
-Outline box_girder(BoxPlates plates) noexcept;
-Outline tabbed_box(TabbedBox box) noexcept;
-Outline hollow_rectangle(float b, float h, float t) noexcept;
-Outline double_angle(float a, float h, float s, float th, float tv) noexcept;
-Outline folded_channel(const FoldedChannel& channel) noexcept;
-Outline rolled_i(Flanges flanges, RolledDetails details) noexcept;
+Section flat_bar(std::int32_t b, float h) noexcept;
+Section tee(float b, float h, float tf, float tw) noexcept;
+Section lying_i(Flanges flanges, float tw) noexcept;
+Section standing_i(Flanges flanges, float tw) noexcept;
+Section one_cell(Flanges flanges, float tw, float s) noexcept;
+Section two_cells(Flanges flanges, float tw, float s) noexcept;
+Section box_girder(BoxPlates plates) noexcept;
+Section tabbed_box(TabbedBox box) noexcept;
+Section hollow_rectangle(float b, float h, float t) noexcept;
+Section double_angle(float a, float h, float s, float th, float tv) noexcept;
+Section folded_channel(const FoldedChannel& channel) noexcept;
+Section rolled_i(Flanges flanges, RolledDetails details) noexcept;
 
 }  // namespace kez

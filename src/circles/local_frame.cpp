@@ -1,4 +1,4 @@
-#include "transform.h"
+#include "local_frame.h"
 
 #include <cmath>
 
@@ -6,11 +6,6 @@
 #include "../frame/tolerance.h"
 
 namespace kez {
-
-void translate(std::span<float> xs, std::span<float> ys, Vec2 origin) noexcept {
-  for (float& x : xs) x -= origin.x;
-  for (float& y : ys) y -= origin.y;
-}
 
 namespace {
 
@@ -25,7 +20,7 @@ float polar_angle(Vec2 v) noexcept {
 
 }  // namespace
 
-TurnedPoint turn_about(Vec2 centre, Vec2 p, float angle) noexcept {
+RotatedPoint rotate_about(Vec2 centre, Vec2 p, float angle) noexcept {
   const Vec2 v = p - centre;
   const float r = length(v);
   if (r <= tolerance) return {std::nullopt, v};

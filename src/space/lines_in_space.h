@@ -1,21 +1,13 @@
-// Lines against lines, and points against lines in space.
+// Lines in space: their directions, points against them, and where two of them meet.
 #pragma once
 
 #include <cstdint>
+#include <optional>
 
 #include "../frame/types.h"
 #include "planes.h"
 
 namespace kez {
-
-enum class Meeting : std::int32_t { one_point = 0, coincident = 1, parallel = 2 };
-
-struct LineMeeting {
-  Meeting status;
-  Vec2 point;  // only where there is one
-};
-
-LineMeeting intersect(Line p, Line q) noexcept;
 
 // The axis or plane of coordinates that a direction is parallel to.
 enum class DirectionClass : std::int32_t {
@@ -29,7 +21,7 @@ enum class DirectionClass : std::int32_t {
   in_xz = 7,
 };
 
-DirectionClass classify(Vec3 direction) noexcept;
+DirectionClass classify_direction(Vec3 direction) noexcept;
 
 struct PointOnLine {
   DirectionClass direction;
@@ -51,15 +43,18 @@ struct PointOnMeetingLine {
 PointOnMeetingLine test_on_meeting_line(Plane p, Plane q, float n, Vec3 point, float tol,
                                         Vec3& kept) noexcept;
 
-struct SpaceMeeting {
-  Obstacle obstacle;
-  // Only where there is no obstacle:
-  Vec3 first, second;  // the points of the lines, relative to the first
+struct MeetingPoint {
   Vec3 point;
+  Vec3 first, second;  // the points of the lines, relative to the first
 };
 
-// Of two lines in one plane, each given by point and direction. Where they turn out to have no one
-// point in common, `fallback` is taken for it, in the axes of their plane.
-SpaceMeeting intersect(Vec3 p1, Vec3 d1, Vec3 p2, Vec3 d2, Vec2 fallback) noexcept;
+struct SpaceMeeting {
+  Obstacle obstacle;
+  std::optional<MeetingPoint> found;  // where there is no obstacle
+};
+
+// Of two lines in one plane. Where they turn out to have no one point in common, `fallback` is
+// taken for it, in the axes of their plane.
+SpaceMeeting intersect_lines_in_space(Ray first, Ray second, Vec2 fallback) noexcept;
 
 }  // namespace kez

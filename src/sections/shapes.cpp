@@ -1,4 +1,4 @@
-#include "outlines.h"
+#include "shapes.h"
 
 #include <algorithm>
 #include <cmath>
@@ -7,34 +7,35 @@
 
 namespace kez {
 
-void Outline::add(Figure kind, float sign, std::initializer_list<Vec2> vertices) noexcept {
+void Section::add(Figure kind, float sign, std::initializer_list<Vec2> vertices) noexcept {
   std::copy(vertices.begin(), vertices.end(), vertices_.begin() + vertex_count_);
   vertex_count_ += vertices.size();
   contours_[contour_count_++] = {static_cast<std::int32_t>(vertices.size()), kind, sign};
 }
 
-void Outline::add_material(std::initializer_list<Vec2> vertices) noexcept {
+void Section::add_material(std::initializer_list<Vec2> vertices) noexcept {
   add(Figure::polygon, 1, vertices);
 }
 
-void Outline::add_hole(std::initializer_list<Vec2> vertices) noexcept {
+void Section::add_hole(std::initializer_list<Vec2> vertices) noexcept {
   add(Figure::polygon, -1, vertices);
 }
 
-void Outline::show_vertex_count(std::int32_t count) noexcept {
+void Section::show_vertex_count(std::int32_t count) noexcept {
   contours_[contour_count_ - 1].vertex_count = count;
 }
 
 namespace {
 
-void add_rectangular_hole(Outline& outline, float left, float bottom, float right, float top) {
-  outline.add_hole({{left, top}, {left, bottom}, {right, bottom}, {right, top}});
+void add_rectangular_hole(Section& section, float left, float bottom, float right,
+                          float top) noexcept {
+  section.add_hole({{left, top}, {left, bottom}, {right, bottom}, {right, top}});
 }
 
 // Two flanges and whatever lies between them out to y = +-e.
-void add_lying(Outline& outline, Flanges f, float e) {
+void add_lying(Section& section, Flanges f, float e) noexcept {
   const float a = f.d / 2;
-  outline.add_material({{-a, f.b1 / 2},
+  section.add_material({{-a, f.b1 / 2},
                         {-a, -f.b1 / 2},
                         {f.t1 - a, -f.b1 / 2},
                         {f.t1 - a, -e},
@@ -49,9 +50,9 @@ void add_lying(Outline& outline, Flanges f, float e) {
 }
 
 // The same upright, out to x = +-e.
-void add_standing(Outline& outline, Flanges f, float e) {
+void add_standing(Section& section, Flanges f, float e) noexcept {
   const float a = f.d / 2;
-  outline.add_material({{-f.b1 / 2, a},
+  section.add_material({{-f.b1 / 2, a},
                         {-f.b1 / 2, a - f.t1},
                         {-e, a - f.t1},
                         {-e, f.t2 - a},
@@ -65,9 +66,9 @@ void add_standing(Outline& outline, Flanges f, float e) {
                         {f.b1 / 2, a}});
 }
 
-void add_cell(Outline& outline, Flanges f, float bottom, float top) {
+void add_cell(Section& section, Flanges f, float bottom, float top) noexcept {
   const float a = f.d / 2;
-  add_rectangular_hole(outline, f.t1 - a, bottom, a - f.t2, top);
+  add_rectangular_hole(section, f.t1 - a, bottom, a - f.t2, top);
 }
 
 // A fillet between two legs at right angles is their triangle without the segment that the circle
@@ -75,12 +76,12 @@ void add_cell(Outline& outline, Flanges f, float bottom, float top) {
 struct Fillet {
   Vec2 corner, leg1, leg2;  // counter-clockwise
 
-  Vec2 end1() const { return {corner.x + leg1.x, corner.y + leg1.y}; }
-  Vec2 end2() const { return {corner.x + leg2.x, corner.y + leg2.y}; }
-  Vec2 centre() const { return {end1().x + leg2.x, end1().y + leg2.y}; }
+  Vec2 end1() const noexcept { return corner + leg1; }
+  Vec2 end2() const noexcept { return corner + leg2; }
+  Vec2 centre() const noexcept { return end1() + leg2; }
 };
 
-std::array<Fillet, 4> root_fillets(Flanges f, float tw, float r) {
+std::array<Fillet, 4> root_fillets(Flanges f, float tw, float r) noexcept {
   const float x = tw / 2, a = f.d / 2;
   return {{{{-x, a - f.t1}, {-r, 0}, {0, -r}},
            {{-x, f.t2 - a}, {0, r}, {-r, 0}},
@@ -92,17 +93,17 @@ std::array<Fillet, 4> root_fillets(Flanges f, float tw, float r) {
 // web and side the wall turns by phi, and its inner corner lies t tan(phi / 2) farther along the
 // web than the outer one. With the side's depth and its extent along the web,
 // tan(phi / 2) = depth / (side + along).
-float groove_mitre(Groove g, float t) {
+float groove_mitre(Groove g, float t) noexcept {
   if (g.depth == 0) return 0;
   const float along = (g.width - g.bottom) / 2;
   return t * (g.depth / (std::sqrt(g.depth * g.depth + along * along) + along));
 }
 
-void add_lipped(Outline& outline, const FoldedChannel& channel) {
+void add_lipped(Section& section, const FoldedChannel& channel) noexcept {
   const auto [depth, width, bottom] = channel.groove;
   const float x = channel.b / 2, y = channel.h / 2, c = channel.c, t = channel.t, r = channel.r;
   const float mitre = groove_mitre(channel.groove, t);
-  outline.add_material({{-x, y},
+  section.add_material({{-x, y},
                         {-x, width / 2},
                         {depth - x, bottom / 2},
                         {depth - x, -bottom / 2},
@@ -128,50 +129,50 @@ void add_lipped(Outline& outline, const FoldedChannel& channel) {
                         {x, y}});
 }
 
-void add_plain(Outline& outline, float b, float h, float t) {
+void add_plain(Section& section, float b, float h, float t) noexcept {
   const float x = b / 2, y = h / 2;
-  outline.add_material(
+  section.add_material(
       {{-x, y}, {-x, -y}, {x, -y}, {x, t - y}, {t - x, t - y}, {t - x, y - t}, {x, y - t}, {x, y}});
 }
 
 // To the nearest of 0, 1 and 2, whatever the real.
-std::size_t slot_count(float count) {
+std::size_t slot_count(float count) noexcept {
   if (count >= 1.5f) return 2;
   return count >= 0.5f ? 1 : 0;
 }
 
-void add_web_slots(Outline& outline, const FoldedChannel& channel) {
+void add_web_slots(Section& section, const FoldedChannel& channel) noexcept {
   const auto [width, place, count] = channel.web;
   const float x = channel.b / 2, centres[] = {-place, place};
   for (std::size_t i = 0; i < slot_count(count); ++i) {
-    add_rectangular_hole(outline, -x, centres[i] - width / 2, channel.t - x,
+    add_rectangular_hole(section, -x, centres[i] - width / 2, channel.t - x,
                          centres[i] + width / 2);
   }
 }
 
-void add_flange_slots(Outline& outline, const FoldedChannel& channel) {
+void add_flange_slots(Section& section, const FoldedChannel& channel) noexcept {
   const auto [width, place, count] = channel.flange;
   const float x = channel.b / 2, y = channel.h / 2, centres[] = {place - x, x - place};
   for (std::size_t i = 0; i < slot_count(count); ++i) {
     const float left = centres[i] - width / 2, right = centres[i] + width / 2;
-    add_rectangular_hole(outline, left, y - channel.t, right, y);
-    add_rectangular_hole(outline, left, -y, right, channel.t - y);
+    add_rectangular_hole(section, left, y - channel.t, right, y);
+    add_rectangular_hole(section, left, -y, right, channel.t - y);
   }
 }
 
 }  // namespace
 
-Outline flat_bar(std::int32_t b, float h) noexcept {
+Section flat_bar(std::int32_t b, float h) noexcept {
   const float x = static_cast<float>(b) / 2, y = h / 2;
-  Outline outline;
-  outline.add_material({{-x, y}, {-x, -y}, {x, -y}, {x, y}});
-  outline.show_vertex_count(12);  // kept: hosts rely on it
-  return outline;
+  Section section;
+  section.add_material({{-x, y}, {-x, -y}, {x, -y}, {x, y}});
+  section.show_vertex_count(12);  // Deliberate: not 4 (kezsec_b).
+  return section;
 }
 
-Outline tee(float b, float h, float tf, float tw) noexcept {
-  Outline outline;
-  outline.add_material({{-b / 2, h / 2},
+Section tee(float b, float h, float tf, float tw) noexcept {
+  Section section;
+  section.add_material({{-b / 2, h / 2},
                         {-b / 2, h / 2 - tf},
                         {-tw / 2, h / 2 - tf},
                         {-tw / 2, -h / 2},
@@ -179,48 +180,48 @@ Outline tee(float b, float h, float tf, float tw) noexcept {
                         {tw / 2, h / 2 - tf},
                         {b / 2, h / 2 - tf},
                         {b / 2, h / 2}});
-  return outline;
+  return section;
 }
 
-Outline lying_i(Flanges flanges, float tw) noexcept {
-  Outline outline;
-  add_lying(outline, flanges, tw / 2);
-  return outline;
+Section lying_i(Flanges flanges, float tw) noexcept {
+  Section section;
+  add_lying(section, flanges, tw / 2);
+  return section;
 }
 
-Outline standing_i(Flanges flanges, float tw) noexcept {
-  Outline outline;
-  add_standing(outline, flanges, tw / 2);
-  return outline;
+Section standing_i(Flanges flanges, float tw) noexcept {
+  Section section;
+  add_standing(section, flanges, tw / 2);
+  return section;
 }
 
-Outline one_cell(Flanges flanges, float tw, float s) noexcept {
-  Outline outline;
-  add_lying(outline, flanges, s / 2 + tw);
-  add_cell(outline, flanges, -s / 2, s / 2);
-  return outline;
+Section one_cell(Flanges flanges, float tw, float s) noexcept {
+  Section section;
+  add_lying(section, flanges, s / 2 + tw);
+  add_cell(section, flanges, -s / 2, s / 2);
+  return section;
 }
 
-Outline two_cells(Flanges flanges, float tw, float s) noexcept {
-  Outline outline;
-  add_lying(outline, flanges, tw / 2 + s + tw);
-  add_cell(outline, flanges, tw / 2, tw / 2 + s);
-  add_cell(outline, flanges, -tw / 2 - s, -tw / 2);
-  return outline;
+Section two_cells(Flanges flanges, float tw, float s) noexcept {
+  Section section;
+  add_lying(section, flanges, tw / 2 + s + tw);
+  add_cell(section, flanges, tw / 2, tw / 2 + s);
+  add_cell(section, flanges, -tw / 2 - s, -tw / 2);
+  return section;
 }
 
-Outline box_girder(BoxPlates p) noexcept {
-  Outline outline;
-  add_standing(outline, {p.h, p.bt, p.bb, p.tt, p.tb}, p.s / 2 + p.tw);
-  add_rectangular_hole(outline, -p.s / 2, p.tb - p.h / 2, p.s / 2, p.h / 2 - p.tt);
-  return outline;
+Section box_girder(BoxPlates p) noexcept {
+  Section section;
+  add_standing(section, {p.h, p.bt, p.bb, p.tt, p.tb}, p.s / 2 + p.tw);
+  add_rectangular_hole(section, -p.s / 2, p.tb - p.h / 2, p.s / 2, p.h / 2 - p.tt);
+  return section;
 }
 
-Outline tabbed_box(TabbedBox box) noexcept {
+Section tabbed_box(TabbedBox box) noexcept {
   const float x = box.b / 2, y = box.h / 2;
   const float over = box.y + box.tt / 2, under = box.y - box.tt / 2;
-  Outline outline;
-  outline.add_material({{-x, y},
+  Section section;
+  section.add_material({{-x, y},
                         {-x, over},
                         {-x - box.w, over},
                         {-x - box.w, under},
@@ -232,53 +233,53 @@ Outline tabbed_box(TabbedBox box) noexcept {
                         {x + box.w, over},
                         {x, over},
                         {x, y}});
-  add_rectangular_hole(outline, box.tw - x, box.tf - y, x - box.tw, y - box.tf);
-  return outline;
+  add_rectangular_hole(section, box.tw - x, box.tf - y, x - box.tw, y - box.tf);
+  return section;
 }
 
-Outline hollow_rectangle(float b, float h, float t) noexcept {
+Section hollow_rectangle(float b, float h, float t) noexcept {
   const float x = b / 2, y = h / 2, inner_x = (b - 2 * t) / 2, inner_y = (h - 2 * t) / 2;
-  Outline outline;
-  outline.add_material({{-x, y}, {-x, -y}, {x, -y}, {x, y}});
-  add_rectangular_hole(outline, -inner_x, -inner_y, inner_x, inner_y);
-  return outline;
+  Section section;
+  section.add_material({{-x, y}, {-x, -y}, {x, -y}, {x, y}});
+  add_rectangular_hole(section, -inner_x, -inner_y, inner_x, inner_y);
+  return section;
 }
 
-Outline double_angle(float a, float h, float s, float th, float tv) noexcept {
+Section double_angle(float a, float h, float s, float th, float tv) noexcept {
   const float w = a + s / 2, face = tv + s / 2, y = h / 2;
-  Outline outline;
-  outline.add_material(
+  Section section;
+  section.add_material(
       {{-w, y}, {-w, y - th}, {-face, y - th}, {-face, -y}, {-s / 2, -y}, {-s / 2, y}});
-  outline.add_material({{s / 2, y}, {s / 2, -y}, {face, -y}, {face, y - th}, {w, y - th}, {w, y}});
-  return outline;
+  section.add_material({{s / 2, y}, {s / 2, -y}, {face, -y}, {face, y - th}, {w, y - th}, {w, y}});
+  return section;
 }
 
-Outline folded_channel(const FoldedChannel& channel) noexcept {
-  Outline outline;
+Section folded_channel(const FoldedChannel& channel) noexcept {
+  Section section;
   if (channel.c > tolerance) {
-    add_lipped(outline, channel);
+    add_lipped(section, channel);
   } else {
-    add_plain(outline, channel.b, channel.h, channel.t);
+    add_plain(section, channel.b, channel.h, channel.t);
   }
-  add_web_slots(outline, channel);
-  add_flange_slots(outline, channel);
-  return outline;
+  add_web_slots(section, channel);
+  add_flange_slots(section, channel);
+  return section;
 }
 
-Outline rolled_i(Flanges flanges, RolledDetails details) noexcept {
-  Outline outline;
-  add_standing(outline, flanges, details.tw / 2);
+Section rolled_i(Flanges flanges, RolledDetails details) noexcept {
+  Section section;
+  add_standing(section, flanges, details.tw / 2);
   const auto fillets = root_fillets(flanges, details.tw, details.r);
   for (const Fillet& fillet : fillets) {
-    outline.add_material({fillet.corner, fillet.end1(), fillet.end2()});
+    section.add_material({fillet.corner, fillet.end1(), fillet.end2()});
   }
   for (const Fillet& fillet : fillets) {
-    outline.add(Figure::segment, -1, {fillet.centre(), fillet.end1(), fillet.end2()});
+    section.add(Figure::segment, -1, {fillet.centre(), fillet.end1(), fillet.end2()});
   }
   const float a = flanges.d / 2, g = details.gauge / 2, half_hole = details.hole / 2;
-  add_rectangular_hole(outline, -g - half_hole, -a, -g + half_hole, flanges.t2 - a);
-  add_rectangular_hole(outline, g - half_hole, -a, g + half_hole, flanges.t2 - a);
-  return outline;
+  add_rectangular_hole(section, -g - half_hole, -a, -g + half_hole, flanges.t2 - a);
+  add_rectangular_hole(section, g - half_hole, -a, g + half_hole, flanges.t2 - a);
+  return section;
 }
 
 }  // namespace kez

@@ -1,0 +1,83 @@
+// Points given as lists of their coordinates, as hosts pass them, and outlines made of them. The
+// lists are views: pass them by const reference, for by value they cost more than a small polygon.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+#include "types.h"
+
+namespace kez {
+
+template <typename Real>
+class PlaneList {
+ public:
+  PlaneList(Real* xs, Real* ys, std::size_t size) noexcept : xs_(xs), ys_(ys), size_(size) {}
+
+  std::size_t size() const noexcept { return size_; }
+  Vec2 operator[](std::size_t i) const noexcept { return {xs_[i], ys_[i]}; }
+  void put(std::size_t i, Vec2 p) const noexcept {
+    xs_[i] = p.x;
+    ys_[i] = p.y;
+  }
+
+  std::span<Real> xs() const noexcept { return {xs_, size_}; }
+  std::span<Real> ys() const noexcept { return {ys_, size_}; }
+  operator PlaneList<const Real>() const noexcept { return {xs_, ys_, size_}; }
+
+ private:
+  Real *xs_, *ys_;
+  std::size_t size_;
+};
+
+template <typename Real>
+class SpaceList {
+ public:
+  SpaceList(Real* xs, Real* ys, Real* zs, std::size_t size) noexcept
+      : xs_(xs), ys_(ys), zs_(zs), size_(size) {}
+
+  std::size_t size() const noexcept { return size_; }
+  Vec3 operator[](std::size_t i) const noexcept { return {xs_[i], ys_[i], zs_[i]}; }
+  void put(std::size_t i, Vec3 p) const noexcept {
+    xs_[i] = p.x;
+    ys_[i] = p.y;
+    zs_[i] = p.z;
+  }
+
+  // Seen along the x, the y and the z axis.
+  PlaneList<Real> yz() const noexcept { return {ys_, zs_, size_}; }
+  PlaneList<Real> xz() const noexcept { return {xs_, zs_, size_}; }
+  PlaneList<Real> xy() const noexcept { return {xs_, ys_, size_}; }
+
+ private:
+  Real *xs_, *ys_, *zs_;
+  std::size_t size_;
+};
+
+using PlanePoints = PlaneList<float>;
+using ConstPlanePoints = PlaneList<const float>;
+using SpacePoints = SpaceList<float>;
+using ConstSpacePoints = SpaceList<const float>;
+
+// The origin moves to `origin`; to move back, translate by its negative.
+template <typename Points, typename Point>
+void translate(const Points& points, Point origin) noexcept {
+  for (std::size_t i = 0; i < points.size(); ++i) points.put(i, points[i] - origin);
+}
+
+// Entries of an outline's lists: n vertices and the place for the closing one. Below 0 vertices
+// that place would lie before the lists, and there is none.
+inline std::size_t outline_size(std::int32_t n) noexcept {
+  return n >= 0 ? static_cast<std::size_t>(n) + 1 : 0;
+}
+
+// Writes the closing vertex of an outline, and returns the number of the others.
+inline std::size_t close_outline(const PlanePoints& outline) noexcept {
+  if (outline.size() == 0) return 0;
+  const std::size_t n = outline.size() - 1;
+  outline.put(n, outline[0]);
+  return n;
+}
+
+}  // namespace kez
