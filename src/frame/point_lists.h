@@ -4,7 +4,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <span>
 
 #include "types.h"
 
@@ -22,8 +21,6 @@ class PlaneList {
     ys_[i] = p.y;
   }
 
-  std::span<Real> xs() const noexcept { return {xs_, size_}; }
-  std::span<Real> ys() const noexcept { return {ys_, size_}; }
   operator PlaneList<const Real>() const noexcept { return {xs_, ys_, size_}; }
 
  private:
