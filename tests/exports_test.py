@@ -13,7 +13,7 @@ sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "tools")
 import interface  # noqa: E402
 
 OBJDUMP, LIBRARY = sys.argv[1:3]
-ROUTINES = interface.parse_header(interface.HEADER.read_text())
+ROUTINES = interface.read().routines
 
 
 def objdump(option):

@@ -8,8 +8,9 @@ import unittest
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "tools"))
 import interface  # noqa: E402
+from interface.writers import call_table, module_definition  # noqa: E402
 
-HEADER = interface.parse_header(interface.HEADER.read_text())
+HEADER = interface.read().routines
 CASES = pathlib.Path(__file__).parent / "cases"
 
 GROUP = "/** @defgroup g Group\n * @{\n */\n"
@@ -33,9 +34,13 @@ def parse(text):
     return interface.parse_header(GROUP + text)
 
 
+def table(text):
+    return call_table.write(parse(text))
+
+
 class Form(unittest.TestCase):
     def test_good_routine(self):
-        (routine,) = parse(GOOD)
+        (routine,) = parse(GOOD).routines
         self.assertEqual((routine.name, routine.group, routine.summary, routine.details,
                           routine.kept),
                          ("kezsum", "Group", "Sums a table.", "Details follow.", "The last sum."))
@@ -43,23 +48,23 @@ class Form(unittest.TestCase):
                          [("n", "integer", "in", ""), ("x", "real", "in", "2 * n + 1"),
                           ("a", "real", "in,out", ""), ("b", "real", "in,out", ""),
                           ("w", "word", "out", "n")])
-        self.assertIn("_kezsum@20 = kezsum@20", interface.module_definition([routine]))
-        self.assertIn("return 2 * v[0] + 1;", interface.call_table([routine]))
+        self.assertIn("_kezsum@20 = kezsum@20", module_definition.write(parse(GOOD)))
+        self.assertIn("return 2 * v[0] + 1;", table(GOOD))
 
     def test_sketch_keeps_its_indentation(self):
-        (routine,) = parse(GOOD.replace(" Details follow.", "\n *\n *       1--2\n *     3"))
+        sketch = GOOD.replace(" Details follow.", "\n *\n *       1--2\n *     3")
+        (routine,) = parse(sketch).routines
         self.assertEqual(routine.details, "      1--2\n    3")
 
     def test_extent_with_the_larger_of_two(self):
-        (routine,) = parse(GOOD.replace("[2 * n + 1]", "[max(n, 0) * max(2, n)]"))
+        text = GOOD.replace("[2 * n + 1]", "[max(n, 0) * max(2, n)]")
         self.assertIn("return std::max<std::int64_t>(v[0], 0) * std::max<std::int64_t>(2, v[0]);",
-                      interface.call_table([routine]))
+                      table(text))
 
     def test_extent_from_an_integer_array(self):
-        (routine,) = parse(GOOD.replace("float x[]", "int32_t x[]").replace(
-            "[n] words", "[sum(x, n) - x(n)] words"))
-        self.assertIn("return sum(v.array(1), v[0]) - v.array(1)(v[0]);",
-                      interface.call_table([routine]))
+        text = GOOD.replace("float x[]", "int32_t x[]").replace(
+            "[n] words", "[sum(x, n) - x(n)] words")
+        self.assertIn("return sum(v.array(1), v[0]) - v.array(1)(v[0]);", table(text))
 
     def test_what_breaks_the_form(self):
         for reason, old, new in (
@@ -98,7 +103,7 @@ class Form(unittest.TestCase):
         good = ("typedef float(KEZ_CALL *kez_f)(const int32_t *i);\n"
                 "/**\n * Calls.\n *\n * @param[in] n calls\n * @param[in] f [n] values\n */\n"
                 "KEZ_API void KEZ_CALL kezcal(const int32_t *n, kez_f f);\n")
-        (routine,) = parse(good)
+        (routine,) = parse(good).routines
         self.assertEqual([(a.kind, a.direction, a.extent) for a in routine.arguments],
                          [("integer", "in", ""), ("callback", "in", "n")])
         for old, new in ((" [n]", ""), ("[in] f", "[out] f"), ("typedef ", "extern ")):
@@ -129,7 +134,8 @@ class Form(unittest.TestCase):
         self.assertEqual(re.findall(r"`(kez\w+)`", kept), [r.name for r in HEADER if r.kept])
 
     def test_generated_files_are_fresh(self):
-        subprocess.run([sys.executable, interface.__file__, "--check"], check=True)
+        subprocess.run([sys.executable, "-B", pathlib.Path(interface.__file__).parent, "--check"],
+                       check=True)
 
 
 if __name__ == "__main__":

@@ -1,5 +1,5 @@
 // The interface of the library as data: what include/kezlib.h says of every routine.
-// interface.cpp is generated from it by tools/interface.py.
+// The data themselves are generated from it at build time by tools/interface.
 #pragma once
 
 #include <algorithm>
