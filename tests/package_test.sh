@@ -31,7 +31,8 @@ CMAKE_GENERATOR=$(cached CMAKE_GENERATOR)
 export CMAKE_GENERATOR
 config=$(cached CMAKE_BUILD_TYPE | tr '[:upper:]' '[:lower:]')
 [ "${CFLAGS+set}" ] ||
-    CFLAGS=$(cached CMAKE_C_FLAGS | tr ' ' '\n' | grep -E '^-(m32|m64|fsanitize=.*)$' | tr '\n' ' ')
+    CFLAGS=$({ cached CMAKE_C_FLAGS; echo "-fsanitize=$(cached KEZLIB_SANITIZERS)"; } |
+        tr ' ' '\n' | grep -E '^-(m32|m64|fsanitize=.+)$' | tr '\n' ' ')
 export CFLAGS
 
 quietly cmake --install "$build" --prefix "$work/installed"
