@@ -9,37 +9,26 @@
 namespace kezcall {
 namespace {
 
-constexpr std::size_t max_arguments = 48;
+// A callback gets nothing but an index, so what it returns waits here. The call table has at most
+// one callback a routine.
+thread_local std::span<const Word> callback_values;
 
-// A callback gets nothing but an index; which values are its own it can only know by being one
-// function per place in the argument list.
-thread_local std::array<std::span<const Word>, max_arguments> callback_values;
-
-template <std::size_t place>
 #ifdef __i386__
 __attribute__((force_align_arg_pointer))  // the routine's stack may be off by our own doing
 #endif
 float KEZ_CALL
 callback(const std::int32_t* index) {
-  const std::span<const Word> values = callback_values[place];
-  if (*index < 1 || static_cast<std::size_t>(*index) > values.size())
+  if (*index < 1 || static_cast<std::size_t>(*index) > callback_values.size())
     return std::numeric_limits<float>::quiet_NaN();
-  return std::bit_cast<float>(values[static_cast<std::size_t>(*index) - 1]);
+  return std::bit_cast<float>(callback_values[static_cast<std::size_t>(*index) - 1]);
 }
-
-template <std::size_t... place>
-constexpr auto callback_table(std::index_sequence<place...>) {
-  return std::array{&callback<place>...};
-}
-
-constexpr auto callbacks = callback_table(std::make_index_sequence<max_arguments>{});
 
 std::vector<void*> addresses(const Arguments& arguments) {
   std::vector<void*> result;
   for (std::size_t i = 0; i < arguments.routine().arguments.size(); ++i) {
     if (arguments.routine().arguments[i].kind == Kind::callback) {
-      callback_values.at(i) = arguments.given(i);
-      result.push_back(reinterpret_cast<void*>(callbacks.at(i)));
+      callback_values = arguments.given(i);
+      result.push_back(reinterpret_cast<void*>(&callback));
     } else {
       result.push_back(arguments.values(i).data());
     }
@@ -85,6 +74,8 @@ __attribute__((noinline)) std::size_t call(Entry entry, const std::vector<void*>
 }
 
 #else
+
+constexpr std::size_t max_arguments = 48;
 
 template <std::size_t>
 using Pointer = void*;
