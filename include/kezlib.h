@@ -686,8 +686,15 @@ KEZ_API void KEZ_CALL kezc12(const float *D1, const float *E1, const float *F1, 
  *
  * Each call adds three records in Greek (code page Windows-1253) to the report, each with a blank
  * first: that it is of a circle; "KC; " and k; the meaning of k, for 3 and 4 followed by
- * "x2; ... ;y2; ... ;x3; ... ;y3; ..." with numbers that read back to the same values. A file that
- * cannot be opened or written changes nothing in the results; a later call tries again.
+ * "x2; ... ;y2; ... ;x3; ... ;y3; ..." with numbers that read back to the same values. These are
+ * 43 bytes for k = 1, 46 for 2 and at most 137 for 3 and 4, and three more on Windows, where lines
+ * end in a carriage return and a line feed; elsewhere in a line feed.
+ *
+ * Links are followed, but only a regular file is opened. Nothing about the file changes a result:
+ * the records of a call at which it cannot be opened are lost, and the next call tries again; of
+ * records for which there is no room the end or all is lost, and those of later calls follow. A
+ * host with a limit on the size of files ignores SIGXFSZ, or ends by it as with any other write.
+ * Processes that report at the same time need a directory each.
  *
  * @param[in] X,Y [2] centre, and a point on the circle (length)
  * @param[in] a,b,c the line a x + b y + c = 0
@@ -696,9 +703,11 @@ KEZ_API void KEZ_CALL kezc12(const float *D1, const float *E1, const float *F1, 
  * @param[out] x3,y3 second cut point (length); kept when the line misses or touches
  *
  * @par Kept value
- * The report, which is a file in the directory that is current at the first call. That call
- * replaces what a process before has left there. The file stays open until the process ends or the
- * library is unloaded; the records of every call are in it when the call returns.
+ * The report, which is a file in the directory that is current at the first call that can open it.
+ * That call replaces what a process before has left there. The file stays open, and no child
+ * process inherits it, until the process ends or the library is unloaded; the records of every call
+ * are in it when the call returns. Calls that are not serialised may mix their records, and lose
+ * some of the first ones, but do no other harm.
  */
 KEZ_API void KEZ_CALL kezcin(const float X[], const float Y[], const float *a, const float *b,
                              const float *c, int32_t *k, float *x2, float *y2, float *x3,

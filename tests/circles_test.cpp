@@ -3,11 +3,13 @@
 
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
 
 #include "circles/arc_centre.h"
 #include "circles/circle.h"
 #include "circles/guided_points.h"
 #include "circles/local_frame.h"
+#include "circles/region_report.h"
 #include "circles/sagitta_point.h"
 #include "frame/lines.h"
 #include "frame/points.h"
@@ -242,6 +244,18 @@ TEST(Rotation, KeepsTheDistanceAndAddsTheAngle) {
     EXPECT_EQ(frame.to_local(p).x, xs[0]);
     EXPECT_EQ(frame.to_local(p).y, ys[0]);
   }
+}
+
+// A host's last calls may come when the process has ended the library already.
+TEST(RegionReport, ClosedGoesOnWhereItEnded) {
+  RegionReport report;
+  const RegionFinding finding = find_region({0, 0}, {0, 1}, {0, 1, -5});
+  report.add(finding);
+  const auto size = std::filesystem::file_size("OUTPUT.TXT");
+  report.close();
+  report.add(finding);
+  report.close();
+  EXPECT_EQ(std::filesystem::file_size("OUTPUT.TXT"), 2 * size);
 }
 
 }  // namespace

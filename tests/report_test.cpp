@@ -1,14 +1,18 @@
 // The region report as a host finds it, byte for byte. Runs in a directory without a report.
 #include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
-#if defined(__unix__)
+#if defined(__linux__)
+#include <fcntl.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
+#include <atomic>
 #include <csignal>
+#include <thread>
 #endif
 
 #include "kezlib.h"
@@ -17,122 +21,133 @@ namespace {
 
 namespace fs = std::filesystem;
 
-int failures = 0;
+const fs::path report = fs::absolute("OUTPUT.TXT");
+const std::u16string line_end = fs::path::preferred_separator == '/' ? u"\n" : u"\r\n";
+std::string expected;  // in the report by now
+std::atomic<int> failures = 0;
 
 void expect(bool holds, const char* what) {
-  if (holds) return;
-  std::fprintf(stderr, "failed: %s\n", what);
-  ++failures;
+  if (!holds && ++failures) std::fprintf(stderr, "failed: %s\n", what);
 }
 
-// Greek capitals stand in Windows-1253 in the order of Unicode.
-std::string windows_1253(const std::u16string& text) {
-  std::string bytes;
-  for (const char16_t c : text) bytes += static_cast<char>(c < 0x80 ? c : c - 0x2d0);
-  return bytes;
+void expect_report(const char* what) {
+  std::ifstream stream(report, std::ios::binary);
+  expect(std::string(std::istreambuf_iterator<char>(stream), {}) == expected, what);
 }
 
-#if defined(_WIN32)
-constexpr const char* line_end = "\r\n";
-#else
-constexpr const char* line_end = "\n";
-#endif
+// A circle about (x, y), the line b y + c = 0 and what comes of them.
+struct Case {
+  float x, y, radius, b, c;
+  char16_t k;
+  std::u16string third;
 
-std::string records(char16_t k, const std::u16string& third) {
-  std::string bytes;
-  for (const std::u16string& text :
-       {std::u16string(u"ΚΥΚΛΟΣ;"), u"KC; " + std::u16string(1, k), third})
-    bytes.append(" ").append(windows_1253(text)).append(line_end);
-  return bytes;
-}
+  // Greek capitals stand in Windows-1253 in the order of Unicode.
+  std::string records() const {
+    std::string bytes;
+    for (const char16_t letter :
+         u" ΚΥΚΛΟΣ;" + line_end + u" KC; " + k + line_end + u" " + third + line_end)
+      bytes += static_cast<char>(letter < 0x80 ? letter : letter - 0x2d0);
+    return bytes;
+  }
 
-std::string bytes_of(const fs::path& file) {
-  std::ifstream stream(file, std::ios::binary);
-  return {std::istreambuf_iterator<char>(stream), {}};
-}
-
-struct Cut {
-  std::int32_t k;
-  float x2, y2, x3, y3;
+  std::string call() const {
+    const float X[] = {x, x}, Y[] = {y, y + radius}, a = 0;
+    float x2, y2, x3, y3;
+    std::int32_t found = 0;
+    kezcin(X, Y, &a, &b, &c, &found, &x2, &y2, &x3, &y3);
+    expect(found == k - u'0', "a result, whatever becomes of the report");
+    return records();
+  }
 };
 
-Cut cut(float x, float y, float radius, float a, float b, float c) {
-  const float X[] = {x, x}, Y[] = {y, y + radius};
-  Cut result = {-7, -7, -7, -7, -7};
-  kezcin(X, Y, &a, &b, &c, &result.k, &result.x2, &result.y2, &result.x3, &result.y3);
-  return result;
-}
+const Case missed_above{0, 1, 1, 1, -5, u'1', u"ΚΥΚΛΟΣ ΣΤΗ ΘΕΤΙΚΗ ΠΕΡΙΟΧΗ"};
+const Case missed_below{0, -1, 1, 1, -5, u'2', u"ΚΥΚΛΟΣ ΣΤΗΝ ΑΡΝΗΤΙΚΗ ΠΕΡΙΟΧΗ"};
+// Where it cuts at y = 1/3, x is sqrt(288) / 18; the digits are those of the nearest reals.
+const std::u16string segment = u"ΤΜΗΜΑ ΚΥΚΛΟΥ Φ ΣΤΗ ΘΕΤΙΚΗ ΠΕΡΙΟΧΗ;";
+const std::u16string complement = u"ΤΜΗΜΑ ΚΥΚΛΟΥ 2Π-Φ ΣΤΗ ΘΕΤΙΚΗ ΠΕΡΙΟΧΗ;";
+const std::u16string halves = u"x2; 1.5 ;y2; -1.5 ;x3; -2.5 ;y3; -1.5";
+const std::u16string thirds =
+    u"x2; 0.942808986 ;y2; 0.333333343 ;x3; -0.942808986 ;y3; 0.333333343";
+const Case cut_below{-0.5f, -1.5f, 2, 2, 3, u'3', segment + halves};
+const Case cut_on_axis{0, 0, 1, 3, -1, u'4', complement + thirds};
 
-const fs::path report = fs::absolute("OUTPUT.TXT");
-const std::string missed_above = records(u'1', u"ΚΥΚΛΟΣ ΣΤΗ ΘΕΤΙΚΗ ΠΕΡΙΟΧΗ");
-const std::string missed_below = records(u'2', u"ΚΥΚΛΟΣ ΣΤΗΝ ΑΡΝΗΤΙΚΗ ΠΕΡΙΟΧΗ");
-const std::string cut_below =
-    records(u'3', u"ΤΜΗΜΑ ΚΥΚΛΟΥ Φ ΣΤΗ ΘΕΤΙΚΗ ΠΕΡΙΟΧΗ;x2; 1.5 ;y2; -1.5 ;x3; -2.5 ;y3; -1.5");
+#if defined(__linux__)
 
-void a_directory_in_its_place_changes_nothing() {
-  expect(!fs::exists(report), "loading the library leaves the file system alone");
-  fs::create_directory(report);
-  const Cut missed = cut(0, 1, 1, 0, 1, -5);
-  expect(missed.k == 1 && missed.x2 == -7 && missed.y3 == -7, "results without a report");
+void a_fifo_is_left_alone() {
+  mkfifo(report.c_str(), 0666);
+  missed_above.call();  // must not wait for a reader
+  const int reader = open(report.c_str(), O_RDONLY | O_NONBLOCK);
+  missed_above.call();
+  char byte;
+  expect(read(reader, &byte, 1) == 0, "nothing in a FIFO");
+  close(reader);
   fs::remove(report);
 }
 
-void the_first_call_that_can_write_replaces_the_file() {
+void call_from_threads() {
+  const auto often = [] {
+    for (int i = 0; i < 250; ++i) missed_above.call();
+  };
+  std::thread first(often), second(often), third(often), fourth(often);
+  for (std::thread* thread : {&first, &second, &third, &fourth}) thread->join();
+}
+
+// Threads that race for the first call may lose records, but tear none.
+void threads_mix_whole_records() {
+  fs::create_symlink("elsewhere/linked.txt", report);
   std::ofstream(report) << std::string(1000, '?');
-  cut(0, 1, 1, 0, 1, -5);
-  expect(bytes_of(report) == missed_above, "a report of one call");
+  call_from_threads();
+  while (expected.empty() || expected.size() < fs::file_size(report))
+    expected += missed_above.records();
+  for (int i = 0; i < 1000; ++i) expected += missed_above.records();
+  call_from_threads();
+  expect_report("whole records, and all but those of the race");
+  expect(fs::is_symlink(report), "a link is followed");
+  expect(std::system("test $(ls -l /proc/$PPID/fd | grep -c linked.txt) = 1") == 0, "one is open");
+  expect(std::system("! ls -l /proc/self/fd | grep linked.txt") == 0, "none in a child process");
 }
 
-void the_file_stays_open_and_complete() {
-  fs::current_path("elsewhere");
-  cut(-0.5f, -1.5f, 2, 0, 2, 3);
-  expect(bytes_of(report) == missed_above + cut_below, "a report of two calls");
-  expect(!fs::exists("OUTPUT.TXT"), "one report, where the first call was made");
-}
-
-void a_full_disk_tears_no_record() {
-#if defined(__unix__)
-  const std::string before = bytes_of(report);
+void a_full_disk_changes_no_result() {
   std::signal(SIGXFSZ, SIG_IGN);
   rlimit limit{};
   getrlimit(RLIMIT_FSIZE, &limit);
-  const rlimit full = {before.size() + 60, limit.rlim_max};
+  const rlimit full = {expected.size() + 10, limit.rlim_max};
   setrlimit(RLIMIT_FSIZE, &full);
-  expect(cut(-0.5f, -1.5f, 2, 0, 2, 3).k == 3, "a result on a full disk");
-  expect(cut(0, 1, 1, 0, 1, -5).k == 1, "a result while records wait");
-  expect(bytes_of(report).size() == before.size() + 60, "a report that ends within a record");
+  expected += missed_above.call().substr(0, 10);
+  cut_below.call();
   setrlimit(RLIMIT_FSIZE, &limit);
-  cut(0, -1, 1, 0, 1, -5);
-  expect(bytes_of(report) == before + cut_below + missed_below,
-         "a report that goes on where it was torn");
+  expected += missed_below.call();
+  expect_report("what had room, and the records of later calls");
+  fs::resize_file(report, 5'000'000'000);
+  missed_above.call();
+  expect(fs::file_size(report) > 5'000'000'000, "records behind 5 GB");
+}
+
 #endif
-}
-
-void numbers_read_back_to_the_same_values() {
-  const std::size_t before = bytes_of(report).size();
-  const Cut found = cut(0.1f, 1e-7f, 1e4f / 3, 0.7f, -0.3f, 1e3f / 7);
-  const std::string added = bytes_of(report).substr(before);
-  const std::string text = windows_1253(u" ΤΜΗΜΑ ΚΥΚΛΟΥ 2Π-Φ ΣΤΗ ΘΕΤΙΚΗ ΠΕΡΙΟΧΗ;x2; ");
-  const std::size_t place = added.find(text);
-  expect(found.k == 4 && place != std::string::npos, "the record of a cut circle");
-  if (place == std::string::npos) return;
-
-  Cut read{};
-  const char* const numbers = added.c_str() + place + text.size();
-  const int count =
-      std::sscanf(numbers, "%f ;y2; %f ;x3; %f ;y3; %f", &read.x2, &read.y2, &read.x3, &read.y3);
-  expect(count == 4 && read.x2 == found.x2 && read.y2 == found.y2 && read.x3 == found.x3 &&
-             read.y3 == found.y3,
-         "numbers that read back");
-}
 
 }  // namespace
 
 int main() {
-  a_directory_in_its_place_changes_nothing();
-  the_first_call_that_can_write_replaces_the_file();
-  the_file_stays_open_and_complete();
-  a_full_disk_tears_no_record();
-  numbers_read_back_to_the_same_values();
-  return failures == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
+  expect(!fs::exists(report), "loading the library leaves the file system alone");
+  fs::create_directory(report);
+  missed_above.call();
+  fs::remove(report);
+
+#if defined(__linux__)
+  a_fifo_is_left_alone();
+  threads_mix_whole_records();
+#else
+  std::ofstream(report) << std::string(1000, '?');
+  expected = missed_above.call();
+#endif
+
+  fs::current_path("elsewhere");
+  for (const Case& one : {cut_below, missed_below, cut_on_axis}) expected += one.call();
+  expect_report("the records of each case");
+  expect(!fs::exists("OUTPUT.TXT"), "one report, where the first call was made");
+
+#if defined(__linux__)
+  a_full_disk_changes_no_result();
+#endif
+  return failures == 0 ? 0 : 1;
 }

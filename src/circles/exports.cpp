@@ -5,6 +5,7 @@
 #include "figures.h"
 #include "guided_points.h"
 #include "local_frame.h"
+#include "region.h"
 #include "region_report.h"
 #include "sagitta_point.h"
 #include "vertex_angle.h"
@@ -39,18 +40,12 @@ void store(FirstMoments moments, float* Sx, float* Sy) {
   *Sy = moments.y;
 }
 
-// Closes the report when the library is unloaded. It is an object apart, so that a report which is
-// needed still later, while the process ends, is there.
-struct Closer {
-  RegionReport& report;
-  ~Closer() { report.close(); }
-};
-
-RegionReport& region_report() {
-  static constinit RegionReport report;
-  static const Closer closer{report};
-  return report;
-}
+// Closed when the library is unloaded. That is an object apart, so that a report which is needed
+// still later, while the process ends, is there.
+constinit RegionReport region_report;
+const struct Closer {
+  ~Closer() { region_report.close(); }
+} closer;
 
 }  // namespace
 
@@ -82,7 +77,7 @@ void KEZ_CALL kezcin(const float X[], const float Y[], const float* a, const flo
   const RegionFinding finding = find_region({X[0], Y[0]}, {X[1], Y[1]}, load_line(a, b, c));
   store(finding.crossings, x2, y2, x3, y3);
   *k = code_of(finding.region);
-  region_report().add(finding);
+  region_report.add(finding);
 }
 
 // Points measured along a guide
