@@ -12,6 +12,7 @@
 
 #include <atomic>
 #include <csignal>
+#include <latch>
 #include <thread>
 #endif
 
@@ -85,7 +86,9 @@ void a_fifo_is_left_alone() {
 }
 
 void call_from_threads() {
-  const auto often = [] {
+  std::latch start(4);
+  const auto often = [&] {
+    start.arrive_and_wait();
     for (int i = 0; i < 250; ++i) missed_above.call();
   };
   std::thread first(often), second(often), third(often), fourth(often);
