@@ -30,11 +30,12 @@ using Results = std::vector<std::vector<Word>>;  // of each call
 
 bool trace = false;
 
-Arguments called(const Library& library, const Call& call, bool shared = false) {
+Arguments called(const Library& library, const Call& call, bool shared = false,
+                 Memory memory = Memory::ordinary) {
   if (trace) std::cout << row_text(*call.routine, call.values) << std::endl;
   Arguments arguments(*call.routine, call.values);
   if (shared) arguments.share(call.pair->output, call.pair->input);
-  invoke(entry_of(library, *call.routine), arguments);
+  invoke(entry_of(library, *call.routine), arguments, 0, memory);
   return arguments;
 }
 
@@ -74,17 +75,25 @@ class Check {
 
 // Nothing outside the arguments is written, no input changes, every output is written unless the
 // header says that it may be kept, and every call returns.
-bool check_hostile(const std::string& path) {
-  Check check("hostile");
+bool check_hostile_in(const char* name, const std::string& path, Memory memory, std::size_t each) {
+  Check check(name);
   const Library library(path);
-  for (std::size_t number = 0; number < 3000; ++number)
+  for (std::size_t number = 0; number < each; ++number)
     for (const Routine& routine : routines) {
       Choices choices = choices_for(routine, number);
       const Call call{&routine, draw_values(routine, choices, Mood::hostile)};
-      const std::vector<std::string> found = faults(called(library, call));
+      const std::vector<std::string> found = faults(called(library, call, false, memory));
       check.expect(found.empty(), call, found.empty() ? "" : found.front());
     }
   return check.close();
+}
+
+bool check_hostile(const std::string& path) {
+  return check_hostile_in("hostile", path, Memory::ordinary, 3000);
+}
+
+bool check_unaligned(const std::string& path) {
+  return check_hostile_in("unaligned", path, Memory::unaligned, 1000);
 }
 
 // Of one kind, since a variable has one.
@@ -161,7 +170,11 @@ bool check_order(const std::string& path) {
   return check.close();
 }
 
-#ifndef _WIN32  // where this compiler has no threads
+#ifndef _WIN32  // where this compiler has no threads, and mmap is not
+
+bool check_page_end(const std::string& path) {
+  return check_hostile_in("page-end", path, Memory::page_end, 200);
+}
 
 std::vector<Call> only(bool keeping, std::vector<Call> calls) {
   std::erase_if(calls, [&](const Call& c) { return (c.routine->kept != nullptr) != keeping; });
@@ -213,9 +226,10 @@ struct NamedCheck {
 };
 
 const std::vector<NamedCheck> checks = {
-    {"hostile", check_hostile}, {"overlap", check_overlap}, {"order", check_order},
+    {"hostile", check_hostile},   {"unaligned", check_unaligned}, {"overlap", check_overlap},
+    {"order", check_order},
 #ifndef _WIN32
-    {"threads", check_threads}, {"relay", check_relay},
+    {"page-end", check_page_end}, {"threads", check_threads},     {"relay", check_relay},
 #endif
 };
 

@@ -155,11 +155,31 @@ class Kezcall(unittest.TestCase):
         self.assertEqual(run.returncode, 2)
         self.assertIn("cannot load", run.stderr)
 
-    def test_routines_that_misbehave(self):
+    def misbehaving_library(self):
         library = self.folder.name + "/libmisbehaving.so"
         compiler = shlex.split(os.environ.get("CC", "cc"))
         subprocess.run([*compiler, "-shared", "-fPIC", f"-I{TESTS.parent}/include", "-o", library,
                         str(TESTS / "misbehaving.c")], check=True)
+        return library
+
+    def test_memory_that_kills(self):
+        library = self.misbehaving_library()
+        behind, read_only = "kezpos 2 [1 2] 1", "kezcnt1 1 2 3"
+        for memory, row, status in (("ordinary", behind + " -> 0", 0), ("page-end", behind, None),
+                                    ("unaligned", behind + " -> 1", 0),
+                                    ("ordinary", read_only, 1), ("page-end", read_only, None)):
+            with self.subTest(memory=memory, row=row):
+                run = kezcall("--memory", memory, self.file(row), library=library)
+                # Killed by a signal, or by a sanitizer's handler of it.
+                self.assertTrue(run.returncode == status
+                                or status is None and run.returncode not in (0, 1, 2)
+                                or status is None and "SEGV" in run.stderr, run)
+        run = kezcall("--memory", "far", self.file(behind), library=library)
+        self.assertEqual(run.returncode, 2)
+        self.assertIn("--memory wants", run.stderr)
+
+    def test_routines_that_misbehave(self):
+        library = self.misbehaving_library()
         for row, trouble in [("kezpds 0 0 0 3 4 0 -> 5", "memory behind d written"),
                              ("kezmed 0 0 0 1 1 1", "memory in front of ym written"),
                              ("kezcnt1 1 2 3 -> 0", "b changed, although it is only read"),

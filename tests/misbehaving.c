@@ -23,3 +23,9 @@ void kezcnt1(const float* a, const float* b, const float* c, int32_t* zero) {
 void kezord(float x[], const int32_t* n) {
   x[*n] = 5;
 }
+
+void kezpos(const int32_t* n, const float x[], const float* v, int32_t* i) {
+  volatile float behind = x[*n];
+  (void)behind, (void)v;
+  *i = (uintptr_t)x % sizeof(float) != 0;
+}

@@ -89,9 +89,17 @@ struct StackBytes {
   std::size_t removed;
 };
 
+// Where the arguments of a call lie while the routine runs.
+enum class Memory {
+  ordinary,
+  page_end,   // each ends at memory that must not be touched, and what is only read is read-only
+  unaligned,  // one byte behind an address that is right for its type
+};
+
 // Calls the routine at `entry`. Where the routine removes its arguments the stack pointer is
 // `stack_offset` (0, 4, 8 or 12) bytes above a multiple of 16 at the call; elsewhere the offset is
 // the compiler's business and both counts are 0. Threads may call at the same time.
-StackBytes invoke(Entry entry, const Arguments& arguments, unsigned stack_offset = 0);
+StackBytes invoke(Entry entry, const Arguments& arguments, unsigned stack_offset = 0,
+                  Memory memory = Memory::ordinary);
 
 }  // namespace kezcall

@@ -5,6 +5,7 @@
 
 #include "call.h"
 #include "kezlib.h"
+#include "memory.h"
 
 namespace kezcall {
 namespace {
@@ -23,14 +24,14 @@ callback(const std::int32_t* index) {
   return std::bit_cast<float>(callback_values[static_cast<std::size_t>(*index) - 1]);
 }
 
-std::vector<void*> addresses(const Arguments& arguments) {
+std::vector<void*> addresses(const Arguments& arguments, const Placed& placed) {
   std::vector<void*> result;
   for (std::size_t i = 0; i < arguments.routine().arguments.size(); ++i) {
     if (arguments.routine().arguments[i].kind == Kind::callback) {
       callback_values = arguments.given(i);
       result.push_back(reinterpret_cast<void*>(&callback));
     } else {
-      result.push_back(arguments.values(i).data());
+      result.push_back(placed.address(i));
     }
   }
   return result;
@@ -104,8 +105,10 @@ constexpr auto callers = caller_table(std::make_index_sequence<max_arguments + 1
 
 }  // namespace
 
-StackBytes invoke(Entry entry, const Arguments& arguments, [[maybe_unused]] unsigned stack_offset) {
-  const std::vector<void*> words = addresses(arguments);
+StackBytes invoke(Entry entry, const Arguments& arguments, [[maybe_unused]] unsigned stack_offset,
+                  Memory memory) {
+  const Placed placed(arguments, memory);
+  const std::vector<void*> words = addresses(arguments, placed);
 #if defined(_WIN32) && defined(__i386__)
   return {words.size() * sizeof(Word), call(entry, words, stack_offset)};
 #else

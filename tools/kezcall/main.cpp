@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "library.h"
+#include "memory.h"
 #include "print.h"
 #include "rows.h"
 #include "run.h"
@@ -18,7 +19,8 @@ using namespace kezcall;
 
 constexpr const char* usage =
     R"(usage: kezcall [--library PATH] ROW                call a routine, show what it wrote
-       kezcall [--library PATH] [--trace] FILE...  run files of rows
+       kezcall [--library PATH] [--memory WHERE] [--trace] FILE...
+                                                   run files of rows
        kezcall --list                              all routines
        kezcall --help [ROUTINE...]                 this text, or what a routine does
 
@@ -41,12 +43,16 @@ written stands on both sides; [1 2 3] is an array; # begins a comment.
 
 Files hold a row a line; a row without an arrow is just called. Before each call
 the outputs are filled with a pattern, and a routine that writes outside of its
-arguments, or to one that it may only read, fails. --trace prints each row before
-its call. Exit status: 0 all well, 1 a row failed, 2 bad input.
+arguments, or to one that it may only read, fails. With --memory page-end the
+arguments end at memory that kills who touches it, and those that are only read
+cannot be written; with --memory unaligned they begin at odd addresses. --trace
+prints each row before its call, so that one which kills is known. Exit status:
+0 all well, 1 a row failed, 2 bad input.
 )";
 
 struct Options {
   std::string library = Library::default_path;
+  Memory memory = Memory::ordinary;
   bool trace = false;
   std::vector<std::string> operands;
 };
@@ -71,6 +77,11 @@ Options parse_options(std::span<char*> arguments) {
     } else if (option == "--library") {
       if (++i == arguments.size()) throw UsageError("--library wants a path");
       options.library = library_path(arguments[i]);
+    } else if (option == "--memory") {
+      const auto memory = ++i < arguments.size() ? memory_called(arguments[i]) : std::nullopt;
+      if (!memory)
+        throw UsageError("--memory wants ordinary, unaligned or (not on Windows) page-end");
+      options.memory = *memory;
     } else {
       throw UsageError("unknown option " + option);
     }
@@ -114,7 +125,7 @@ int run(std::span<char*> arguments) {
   const Options options = parse_options(arguments);
   if (options.operands.empty()) throw UsageError("neither a row nor a file is given");
   if (names_files(options.operands))
-    return run_files(options.library, options.operands, options.trace);
+    return run_files(options.library, options.operands, options.memory, options.trace);
   return run_row(options.library, joined(options.operands));
 }
 

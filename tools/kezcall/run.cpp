@@ -18,13 +18,14 @@ namespace {
 struct Pass {
   bool decorated = false;
   unsigned stack_offset = 0;
+  Memory memory = Memory::ordinary;
 };
 
-std::vector<Pass> passes() {
-  if (!callee_removes_arguments) return {Pass{}};
+std::vector<Pass> passes(Memory memory) {
+  if (!callee_removes_arguments) return {{false, 0, memory}};
   std::vector<Pass> result;
   for (const bool decorated : {false, true})
-    for (const unsigned offset : {0u, 4u, 8u, 12u}) result.push_back({decorated, offset});
+    for (const unsigned offset : {0u, 4u, 8u, 12u}) result.push_back({decorated, offset, memory});
   return result;
 }
 
@@ -64,7 +65,7 @@ std::vector<std::string> call_row(const Library& library, const Row& row, const 
   const std::string name = exported_name(*row.routine, pass);
   const Entry entry = library.find(name);
   if (!entry) throw InputError(1, "the library has no routine '" + name + "'");
-  const StackBytes bytes = invoke(entry, arguments, pass.stack_offset);
+  const StackBytes bytes = invoke(entry, arguments, pass.stack_offset, pass.memory);
   std::vector<std::string> troubles = arguments.damage();
   if (bytes.removed != bytes.due)
     troubles.push_back("removed " + std::to_string(static_cast<std::ptrdiff_t>(bytes.removed)) +
@@ -139,11 +140,11 @@ ExitStatus run_row(const std::string& library_path, const std::string& text) {
 }
 
 ExitStatus run_files(const std::string& library_path, const std::vector<std::string>& files,
-                     bool trace) {
+                     Memory memory, bool trace) {
   Totals totals;
   for (const std::string& file : files) {
     const std::vector<PlacedRow> rows = read_rows(file, totals);
-    for (const Pass& pass : passes()) {
+    for (const Pass& pass : passes(memory)) {
       const Library library(library_path);
       for (const PlacedRow& placed : rows) run_placed(library, placed, pass, trace, totals);
     }

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "call.h"
+
 namespace kezcall {
 
 enum ExitStatus : int { all_well = 0, some_failed = 1, bad_input = 2 };
@@ -17,6 +19,6 @@ ExitStatus run_row(const std::string& library_path, const std::string& text);
 // Files of rows, each file with a freshly loaded library; ends with the counts. With `trace` every
 // row is printed before its call, so that one which crashes is known.
 ExitStatus run_files(const std::string& library_path, const std::vector<std::string>& files,
-                     bool trace);
+                     Memory memory, bool trace);
 
 }  // namespace kezcall
