@@ -13,7 +13,9 @@
  *   many entries (none when the extent is below 1), never more. Positions are 1-based; a result
  *   position of 0 means "none".
  * - "kept when ..." names the cases in which an output is not written and the caller's variable
- *   holds what it held before. All other outputs are always written.
+ *   holds what it held before; for an `in,out` argument it reads "unchanged when ...". Of an array
+ *   that is "kept when behind count" the first count entries are written and further ones are not;
+ *   sum(nv, nc) is the sum of the first nc entries of nv. All other outputs are always written.
  * - A scalar input may be the same variable as a scalar output: every input is read before an
  *   output is written. Two outputs must be different variables, and an array that is written must
  *   not overlap any other argument, unless the comment says so; nothing outside the arguments is
@@ -524,7 +526,7 @@ KEZ_API void KEZ_CALL kezinv(const int32_t *n, void *x);
  * @param[in] ia [n] the table
  * @param[in] v value sought
  * @param[out] count number of positions
- * @param[out] idx [n] the positions; entries behind count are kept
+ * @param[out] idx [n] the positions; kept when behind count
  */
 KEZ_API void KEZ_CALL kezsel1(const int32_t *n, const int32_t ia[], const int32_t *v,
                               int32_t *count, int32_t idx[]);
@@ -590,9 +592,9 @@ KEZ_API void KEZ_CALL kezinr(const int32_t *n, const float y[], const float *a, 
  * @param[in] i1,i2 ends of the run, 1-based
  * @param[in] nmax largest index; both counts are 0 when an end lies outside 1..nmax
  * @param[out] count1 entries of list1
- * @param[out] list1 [(nmax + 1) / 2] first, third, ... index; entries behind count1 are kept
+ * @param[out] list1 [(nmax + 1) / 2] first, third, ... index; kept when behind count1
  * @param[out] count2 entries of list2
- * @param[out] list2 [nmax / 2] second, fourth, ... index; entries behind count2 are kept
+ * @param[out] list2 [nmax / 2] second, fourth, ... index; kept when behind count2
  */
 KEZ_API void KEZ_CALL kezpar(const int32_t *i1, const int32_t *i2, const int32_t *nmax,
                              int32_t *count1, int32_t list1[], int32_t *count2, int32_t list2[]);
@@ -799,9 +801,10 @@ KEZ_API void KEZ_CALL kezcer9(const float *x0, const float *y0, const float *x1,
  * touches the circle. L may lie before P1 or beyond P2.
  *
  * @param[in,out] x0,y0 centre P0 (length); after success carried into the guide's frame and back,
- *   with the rounding of that; kept when status is 0
- * @param[in,out] x1,y1 P1, point of the circle and start of the guide (length); likewise
- * @param[in,out] x2,y2 P2, end of the guide (length); likewise
+ *   with the rounding of that; unchanged when status is 0
+ * @param[in,out] x1,y1 P1, point of the circle and start of the guide (length); carried likewise;
+ *   unchanged when status is 0
+ * @param[in,out] x2,y2 P2, end of the guide (length); carried likewise; unchanged when status is 0
  * @param[in] L distance from P1 along the guide (length)
  * @param[in] theta angle from the guide to the line, counter-clockwise (rad)
  * @param[out] x,y the point (length); kept when status is 0
@@ -824,9 +827,11 @@ KEZ_API void KEZ_CALL kezcer4(float *x0, float *y0, float *x1, float *y1, float 
  * Success and rejection both give status 0: callers check R and the guide's length themselves.
  *
  * @param[in,out] x0,y0 centre P0 (length); carried into the guide's frame and back, with the
- *   rounding of that; kept when the input is rejected
- * @param[in,out] x1,y1 P1, point of the circle and start of the guide (length); likewise
- * @param[in,out] x2,y2 P2, end of the guide (length); likewise
+ *   rounding of that; unchanged when the input is rejected
+ * @param[in,out] x1,y1 P1, point of the circle and start of the guide (length); carried likewise;
+ *   unchanged when the input is rejected
+ * @param[in,out] x2,y2 P2, end of the guide (length); carried likewise; unchanged when the input
+ *   is rejected
  * @param[in] dphi angle of the turn about P0, counter-clockwise (rad)
  * @param[in] theta angle from the guide to the line, counter-clockwise (rad)
  * @param[out] x,y the meeting point (length); kept when the input is rejected
@@ -855,9 +860,11 @@ KEZ_API void KEZ_CALL kezcer10(float *x0, float *y0, float *x1, float *y1, float
  * d - L <= 1.0e-5 and a line that touches the circle.
  *
  * @param[in,out] x0,y0 centre P0 (length); after success carried into the chord's frame and back,
- *   with the rounding of that; kept when status is 0
- * @param[in,out] x1,y1 P1, point of the circle and start of the chord (length); likewise
- * @param[in,out] x2,y2 P2, end of the chord, need not lie on the circle (length); likewise
+ *   with the rounding of that; unchanged when status is 0
+ * @param[in,out] x1,y1 P1, point of the circle and start of the chord (length); carried likewise;
+ *   unchanged when status is 0
+ * @param[in,out] x2,y2 P2, end of the chord, need not lie on the circle (length); carried
+ *   likewise; unchanged when status is 0
  * @param[in] L distance from P1 along the chord (length)
  * @param[in] sense factor of the turn: 1 or -1
  * @param[in] h height over the chord's midpoint (length)
@@ -979,7 +986,7 @@ KEZ_API void KEZ_CALL kezapl(float X[], float Y[], const int32_t *n, float *area
  * Area of a figure of a given kind, times a factor.
  *
  * @param[in,out] X,Y [max(n + 1, 3)] points as the kind needs them, no others are read (length);
- *   for kind 2 entry n + 1 becomes the first, for other kinds nothing changes
+ *   for kind 2 entry n + 1 becomes the first; unchanged when kind is not 2
  * @param[in] n number of vertices, for kind 2
  * @param[in] kind kind of the figure, as the group's table says
  * @param[in] A0 area, for kind 1 (length^2)
@@ -1003,7 +1010,7 @@ KEZ_API void KEZ_CALL kezspl(float X[], float Y[], const int32_t *n, float *Sx, 
  * First moments of a figure of a given kind, times a factor.
  *
  * @param[in,out] X,Y [max(n + 1, 3)] points as the kind needs them, no others are read (length);
- *   for kind 2 entry n + 1 becomes the first, for other kinds nothing changes
+ *   for kind 2 entry n + 1 becomes the first; unchanged when kind is not 2
  * @param[in] n number of vertices, for kind 2
  * @param[in] kind kind of the figure, as the group's table says
  * @param[in] A0 area, for kind 1 (length^2)
@@ -1219,16 +1226,16 @@ KEZ_API void KEZ_CALL kezln7(const float *a1, const float *b1, const float *c1, 
  * no axes and the result is P1, if xi and yi were finite. Axes that `kezaxe` finds too short are
  * zero.
  *
- * @param[in,out] x1,y1,z1 P1, a point of the first line; becomes (0, 0, 0), kept when status is not
- *   0 (length)
+ * @param[in,out] x1,y1,z1 P1, a point of the first line; becomes (0, 0, 0) (length); unchanged when
+ *   status is not 0
  * @param[in] dx1,dy1,dz1 d1, direction of the first line (length)
- * @param[in,out] x2,y2,z2 P2, a point of the second line; becomes P2 - P1, kept when status is not
- *   0 (length)
+ * @param[in,out] x2,y2,z2 P2, a point of the second line; becomes P2 - P1 (length); unchanged when
+ *   status is not 0
  * @param[in] dx2,dy2,dz2 d2, direction of the second line (length)
  * @param[out] status 0, or the `kezdirl` relation for which there is no plane: 3, 4 the same line,
  *   6 skew, 7 a direction that is null between P and P + d
- * @param[in,out] xi,yi the intersection; kept when status is not 0 (length)
- * @param[out] zi its z; kept when status is not 0 (length)
+ * @param[in,out] xi,yi the intersection (length); unchanged when status is not 0
+ * @param[out] zi its z (length); kept when status is not 0
  */
 KEZ_API void KEZ_CALL kez3lni(float *x1, float *y1, float *z1, const float *dx1, const float *dy1,
                               const float *dz1, float *x2, float *y2, float *z2, const float *dx2,
@@ -1409,7 +1416,7 @@ KEZ_API void KEZ_CALL kezpspg(const float *x, const float *y, const float *z, co
  * @param[in,out] D constant of the plane; becomes the sum over all points
  * @param[in] n number of points
  * @param[out] count number of points found, 0 when n is below 1
- * @param[out] idx [n] their positions, ascending; entries behind count are kept
+ * @param[out] idx [n] their positions, ascending; kept when behind count
  */
 KEZ_API void KEZ_CALL kezpnp(const float x[], const float y[], const float z[], const float *A,
                              const float *B, const float *C, float *D, const int32_t *n,
@@ -1514,7 +1521,7 @@ KEZ_API void KEZ_CALL kez3ldb(const float *x1, const float *y1, const float *z1,
  * @param[in] tol largest distance of a point that is near (length)
  * @param[out] status 0; kept when n is below 1
  * @param[out] count number of points found
- * @param[out] idx [n] their positions, ascending; entries behind count are kept
+ * @param[out] idx [n] their positions, ascending; kept when behind count
  */
 KEZ_API void KEZ_CALL kezpnl(const float *x1, const float *y1, const float *z1, const float *x2,
                              const float *y2, const float *z2, const float x[], const float y[],
@@ -1581,7 +1588,7 @@ KEZ_API void KEZ_CALL kezptr(float x[], float y[], float z[], const int32_t *n, 
  * @param[in] x0,y0,z0 O, the origin (length)
  * @param[in] xa,ya,za A, on the local x axis (length)
  * @param[in] xb,yb,zb B, in the local xy plane (length)
- * @param[in,out] x,y,z [n] the points; kept when status is -2 (length)
+ * @param[in,out] x,y,z [n] the points (length); unchanged when status is -2
  * @param[in] n number of points
  * @param[in] tx,ty,tz translation along the local axes (length)
  * @param[in] ax,ay,az angles about the local axes (rad)
@@ -1966,12 +1973,12 @@ KEZ_API void KEZ_CALL kezsec_l2(const float *a, const float *h, const float *s, 
  * @param[in] nf number of slots in each flange, rounded to 0, 1 or 2
  * @param[in] value the shape's value, passed through
  * @param[out] nc number of contours: 1 and one for each slot
- * @param[out] nv [7] 24 or 8, then 4 for each slot; entries behind nc are kept
- * @param[out] x,y [48] vertices (length); entries behind the last contour are kept
- * @param[out] kind [7] 2; entries behind nc are kept
- * @param[out] sign [7] 1.0, then -1.0 for each slot; entries behind nc are kept
- * @param[out] v1,v2,v3,v4,v5 [7] 0.0; entries behind nc are kept
- * @param[out] v6,v7 [7] value times sign; entries behind nc are kept
+ * @param[out] nv [7] 24 or 8, then 4 for each slot; kept when behind nc
+ * @param[out] x,y [48] vertices (length); kept when behind sum(nv, nc)
+ * @param[out] kind [7] 2; kept when behind nc
+ * @param[out] sign [7] 1.0, then -1.0 for each slot; kept when behind nc
+ * @param[out] v1,v2,v3,v4,v5 [7] 0.0; kept when behind nc
+ * @param[out] v6,v7 [7] value times sign; kept when behind nc
  */
 KEZ_API void KEZ_CALL kezsec_c(const float *b, const float *h, const float *c, const float *t,
                                const float *r, const float *gd, const float *gw, const float *gb,
@@ -2156,7 +2163,7 @@ KEZ_API void KEZ_CALL kezwar_c(const float *B, const float *H, const float *C, c
  * @param[in] x [n] the table
  * @param[in] lo,hi ends of the range
  * @param[out] count number of positions, 0 when the range lies nowhere or n is below 1
- * @param[out] idx [n] the positions, ascending; entries behind count are kept
+ * @param[out] idx [n] the positions, ascending; kept when behind count
  * @param[out] d1 distance from lo to the first entry inside; kept when count is 0
  * @param[out] d2 distance from the last entry inside to hi; kept when count is 0
  */
@@ -2242,10 +2249,10 @@ KEZ_API void KEZ_CALL kezmer3(int32_t *n, int32_t a[]);
  * @param[in] b [n2] second list
  * @param[out] ncom entries of com
  * @param[out] com [max(n1, 0) * max(n2, 0)] in the order of a, each entry as often as it stands
- *     in b; entries behind ncom are kept
+ *     in b; kept when behind ncom
  * @param[out] ndif entries of dif
  * @param[out] dif [max(n1, 0) + max(n2, 0)] entries of a that are not in b, then entries of b that
- *     are not in a; entries behind ndif are kept
+ *     are not in a; kept when behind ndif
  */
 KEZ_API void KEZ_CALL kezmer4(const int32_t *n1, const int32_t a[], const int32_t *n2,
                               const int32_t b[], int32_t *ncom, int32_t com[], int32_t *ndif,
@@ -2286,8 +2293,8 @@ KEZ_API void KEZ_CALL kezmer12(int32_t *n, float a[], const float *tol);
  * @param[in] n2 entries of b
  * @param[in] b [n2] second list
  * @param[out] nm number of pairs
- * @param[out] ia,ib [max(n1 + n2, max(n1, 0) * max(n2, 0))] positions in a and in b, pair by pair;
- *     behind nm entries up to n1 + n2 become 0, further ones are kept
+ * @param[out] ia,ib [max(n1 + n2, max(n1, 0) * max(n2, 0))] positions in a and in b, pair by pair,
+ *     and behind nm 0 up to entry n1 + n2; kept when behind max(nm, n1 + n2)
  * @param[in] tol tolerance
  */
 KEZ_API void KEZ_CALL kezmer13(const int32_t *n1, const float a[], const int32_t *n2,
@@ -2302,8 +2309,8 @@ KEZ_API void KEZ_CALL kezmer13(const int32_t *n1, const float a[], const int32_t
  * @param[in] n entries of a
  * @param[in,out] a [n] the list; on return with markers
  * @param[out] nd number of entries marked
- * @param[out] idx [n - 1] positions of the marked entries, in the order they were marked; entries
- *     behind nd are kept
+ * @param[out] idx [n - 1] positions of the marked entries, in the order they were marked; kept when
+ *     behind nd
  * @param[out] big the marker, the largest entry + 1; -3.4028235e38 for an empty list
  * @param[in] tol tolerance
  */
@@ -2315,7 +2322,7 @@ KEZ_API void KEZ_CALL kezmer14(const int32_t *n, float a[], int32_t *nd, int32_t
  * their order. Not-a-number is removed.
  *
  * @param[in] n entries of a
- * @param[in,out] a [n] the list; on return the remaining entries, those behind nout are kept
+ * @param[in,out] a [n] the list; on return the remaining entries; unchanged when behind nout
  * @param[in] value the value
  * @param[out] nout number of remaining entries; n itself does not change
  * @param[in] tol tolerance
@@ -2358,7 +2365,7 @@ KEZ_API void KEZ_CALL kezmer18(const int32_t *n, void *a);
  *
  * @param[in] n entries of a
  * @param[in] a [n] the list
- * @param[out] out [n] the distinct values; entries behind nout are kept
+ * @param[out] out [n] the distinct values; kept when behind nout
  * @param[in] value the value to leave out
  * @param[out] nout number of distinct values
  * @param[out] idx [n] for each entry of a the last position in out within tol of it, or 0
@@ -2378,8 +2385,7 @@ KEZ_API void KEZ_CALL kezmer19(const int32_t *n, const float a[], float out[], c
  *
  * @param[in] v [n] the list
  * @param[in] n entries of v
- * @param[out] iord [n] positions in v by ascending value; an entry is kept when its pass chooses
- *     none
+ * @param[out] iord [n] positions in v by ascending value; kept when the entry's pass chooses none
  */
 KEZ_API void KEZ_CALL kezordi(const float v[], const int32_t *n, int32_t iord[]);
 
@@ -2390,8 +2396,8 @@ KEZ_API void KEZ_CALL kezordi(const float v[], const int32_t *n, int32_t iord[])
  *
  * @param[in] n number of lines
  * @param[in] a,b,c [n] the lines
- * @param[out] iord [n] the lines by ascending intercept, as `kezordi` orders them, kept where it
- *     keeps an entry; 1, 2, ..., n when status is -1
+ * @param[out] iord [n] 1, 2, ..., n when status is -1, else the lines by ascending intercept, as
+ *     `kezordi` orders them; kept when `kezordi` keeps the entry
  * @param[out] status 0 ordered; -1 when there is no line, when `kezlni` does not find each other
  *     line parallel to the first and distinct from it, or when memory ran out
  */
@@ -2441,9 +2447,9 @@ KEZ_API void KEZ_CALL kezppp(const int32_t *n, float X[], float Y[], const float
  *     behind the last (length)
  * @param[in] a,b,c the line a x + b y + c = 0
  * @param[out] n1 vertices of part 1
- * @param[out] X1,Y1 [2 * n] part 1, y >= -1.0e-5; entries behind n1 are kept (length)
+ * @param[out] X1,Y1 [2 * n] part 1, y >= -1.0e-5 (length); kept when behind n1
  * @param[out] n2 vertices of part 2
- * @param[out] X2,Y2 [2 * n] part 2, y <= 1.0e-5; entries behind n2 are kept (length)
+ * @param[out] X2,Y2 [2 * n] part 2, y <= 1.0e-5 (length); kept when behind n2
  * @param[out] length sum of the gaps between the first and second, third and fourth, ... inserted
  *     point of part 1 by ascending x: the length of the x axis inside the polygon, where it passes
  *     through no vertex (length)
@@ -2491,9 +2497,9 @@ KEZ_API void KEZ_CALL kezptp1(const float *A1, const float *B1, const float *C1,
  * @param[in] X,Y,Z [n] the points (length)
  * @param[in] mode 1 points on the faces, 2 points inside, 3 both
  * @param[out] code1,code2,code3 [n] positions against slab 1, 2 and 3
- * @param[out] nout entries of out; kept when mode is none of 1, 2 and 3
+ * @param[out] nout entries of out; kept when mode is not 1, 2 or 3
  * @param[out] out [n] positions of the points in X, Y and Z: ascending those on the faces, then
- *     ascending those inside; entries behind nout are kept
+ *     ascending those inside; kept when behind nout
  */
 KEZ_API void KEZ_CALL kezptp2(const float *A1, const float *B1, const float *C1, const float *D1,
                               float *A2, float *B2, float *C2, float *D2, const float *A3,

@@ -157,6 +157,28 @@ class Drawing {
   std::size_t next_seen_ = 0;
 };
 
+// The integers of a call as it leaves them. What it does not write counts as 0.
+Values values_after(const Arguments& arguments) {
+  Values after;
+  for (std::size_t i = 0; i < arguments.routine().arguments.size(); ++i) {
+    const std::span<const Word> values = arguments.values(i);
+    std::ranges::replace(after.emplace_back(values.begin(), values.end()), poison, Word{0});
+  }
+  return after;
+}
+
+// First entries of an output.
+struct Written {
+  std::int64_t at_least, at_most;
+};
+
+Written entries_written(const Argument& argument, const Values& after) {
+  if (!argument.kept_when) return {every_entry, every_entry};
+  if (!argument.written) return {0, every_entry};
+  const std::int64_t first = argument.written(Integers(after));
+  return {first, first};
+}
+
 }  // namespace
 
 Word Choices::word() {
@@ -211,12 +233,20 @@ std::vector<Word> results(const Arguments& arguments) {
 
 std::vector<std::string> faults(const Arguments& arguments) {
   std::vector<std::string> found = arguments.damage();
+  const Values after = values_after(arguments);
   for (std::size_t i = 0; i < arguments.routine().arguments.size(); ++i) {
     const Argument& argument = arguments.routine().arguments[i];
-    if (argument.direction != Direction::out) continue;
-    if (std::string_view(argument.text).find("kept") != std::string_view::npos) continue;
-    if (std::ranges::find(arguments.values(i), poison) != arguments.values(i).end())
-      found.push_back(std::string(argument.name) + " is not written");
+    if (argument.direction == Direction::in) continue;
+    const std::string name = argument.name;
+    const Written written = entries_written(argument, after);
+    const std::span<const Word> values = arguments.values(i);
+    for (std::size_t k = 0; k < values.size(); ++k) {
+      const auto entry = static_cast<std::int64_t>(k);
+      if (entry < written.at_least && values[k] == poison)
+        found.push_back(name + " is not written");
+      if (entry >= written.at_most && values[k] != arguments.before(i, k))
+        found.push_back(name + " is written, although kept when " + argument.kept_when);
+    }
   }
   return found;
 }

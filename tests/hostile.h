@@ -45,8 +45,8 @@ Word comparable(Word word, Kind kind);
 // What a call left in the arguments that it may write, comparable.
 std::vector<Word> results(const Arguments& arguments);
 
-// What a call did wrong, a sentence each: damage, and outputs unwritten although the header does
-// not say that they may be kept.
+// What a call did wrong, a sentence each: damage, entries unwritten although the header does not
+// say that they are kept, and entries written although it says so.
 std::vector<std::string> faults(const Arguments& arguments);
 
 // Throws LibraryError when the library has no such routine.

@@ -99,16 +99,71 @@ class Form(unittest.TestCase):
         with self.assertRaises(interface.FormError):
             parse(GOOD + GOOD)
 
+    def test_what_is_kept(self):
+        for condition, written in (
+                ("n is not 0", "return v[0] != 0 ? 0 : every_entry;"),
+                ("n is 0, -2 or 3",
+                 "return v[0] == 0 || v[0] == -2 || v[0] == 3 ? 0 : every_entry;"),
+                ("n is below 1", "return v[0] < 1 ? 0 : every_entry;"),
+                ("behind max(n, 2)", "return std::max<std::int64_t>(v[0], 2);"),
+                ("a sum is below 1.5", '"a sum is below 1.5", nullptr}')):
+            text = GOOD.replace("[n] words", f"[n] words;\n *   kept when {condition}")
+            with self.subTest(condition):
+                last = parse(text).routines[0].arguments[-1]
+                self.assertEqual((last.text, last.kept_when), ("words", condition))
+                self.assertIn(written, table(text))
+        text = GOOD.replace("a,b sums", "a,b sums; unchanged when n is 0")
+        self.assertEqual([a.kept_when for a in parse(text).routines[0].arguments],
+                         ["", "", "n is 0", "n is 0", ""])
+
+    def test_what_is_said_of_kept_elsewhere(self):
+        for old, new in (
+                ("[n] words", "[n] words, all bits kept"),
+                ("[n] words", "[n] words, kept when n is 0"),
+                ("[n] words", "[n] words; unchanged when n is 0"),
+                ("[n] words", "[n] words; kept when"),
+                ("[n] words", "[n] ; kept when n is 0"),
+                ("[n] words", "[n] words; kept when n is 0; more words"),
+                ("[n] words", "[n] words; kept when n is 0; kept when behind n"),
+                ("[n] words", "[n] words; kept when m is 0"),
+                ("[n] words", "[n] words; kept when x is 0"),
+                ("[n] words", "[n] words; kept when behind m"),
+                ("[n] words", "[n] words; kept when behind a"),
+                ("[n] words", "[n] words; kept when behind the last"),
+                ("a,b sums", "a,b sums; kept when n is 0"),
+                ("a,b sums", "a,b sums, else unchanged"),
+                ("a,b sums", "a,b sums; unchanged when behind n")):
+            with self.subTest(new), self.assertRaises(interface.FormError):
+                parse(GOOD.replace(old, new))
+
     def test_callback(self):
-        good = ("typedef float(KEZ_CALL *kez_f)(const int32_t *i);\n"
+        good = ("/** A host's function. */\n"
+                "typedef float(KEZ_CALL *kez_f)(const int32_t *i);\n"
                 "/**\n * Calls.\n *\n * @param[in] n calls\n * @param[in] f [n] values\n */\n"
                 "KEZ_API void KEZ_CALL kezcal(const int32_t *n, kez_f f);\n")
         (routine,) = parse(good).routines
         self.assertEqual([(a.kind, a.direction, a.extent) for a in routine.arguments],
                          [("integer", "in", ""), ("callback", "in", "n")])
-        for old, new in ((" [n]", ""), ("[in] f", "[out] f"), ("typedef ", "extern ")):
-            with self.subTest(new), self.assertRaises(interface.FormError):
-                parse(good.replace(old, new))
+        self.assertEqual(routine.arguments[1].callback, interface.Callback(
+            "kez_f", "A host's function.", "real",
+            [interface.CallbackArgument("i", "integer", True, True)]))
+        self.assertIn('"f", callback', table(good))
+        for old, new in ((" [n]", ""), ("[in] f", "[out] f"), ("typedef ", "extern "),
+                         ("/** A host's function. */\n", ""), ("function.", "function.\n@return z"),
+                         ("typedef float", "typedef double"), ("KEZ_CALL *kez_f", "*kez_f"),
+                         ("int32_t *i", "char *i"), ("const int32_t *i", "void i"),
+                         ("const int32_t *n, kez_f", "const int32_t *n, kez_g"),
+                         ("/** A", good[:good.index("/**\n")] + "/** A")):
+            with self.subTest(new):
+                self.assertIn(old, good)
+                with self.assertRaises(interface.FormError):
+                    parse(good.replace(old, new))
+        two = good.replace("] f [n]", "] f,g [n]").replace("kez_f f)", "kez_f f, kez_f g)")
+        for text in (two, good.replace("const int32_t *i", "int32_t i"),
+                     good.replace("typedef float", "typedef void")):
+            parse(text)
+            with self.subTest(text), self.assertRaisesRegex(interface.FormError, "kezcall knows"):
+                table(text)
 
     def test_error_names_the_line(self):
         with self.assertRaisesRegex(interface.FormError, "line 17: kezsum: .*by reference"):

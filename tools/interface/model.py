@@ -13,7 +13,31 @@ class Argument:
     kind: str  # real, integer, word or callback
     direction: str  # in, out or in,out
     extent: str = ""
-    text: str = ""
+    text: str = ""  # without the clause "; kept when ..." or "; unchanged when ..."
+    kept_when: str = ""  # condition of that clause: the cases in which it is not written
+    callback: "Callback | None" = None  # of that kind, its type
+
+    def whole_text(self):
+        word = "unchanged" if self.direction == "in,out" else "kept"
+        return self.text + (f"; {word} when {self.kept_when}" if self.kept_when else "")
+
+
+@dataclass
+class CallbackArgument:
+    name: str
+    kind: str  # real, integer or word
+    constant: bool
+    by_pointer: bool
+
+
+@dataclass
+class Callback:
+    """The type of a routine of the host."""
+
+    name: str
+    text: str
+    result: str  # real, integer or nothing
+    arguments: list
 
 
 @dataclass
@@ -22,10 +46,11 @@ class Routine:
     group: str
     summary: str
     details: str
-    kept: str
+    kept: str  # what it keeps from call to call
     arguments: list = field(default_factory=list)
 
 
 @dataclass
 class Interface:
-    routines: list
+    routines: list = field(default_factory=list)
+    callbacks: list = field(default_factory=list)

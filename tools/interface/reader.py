@@ -8,15 +8,17 @@ its extent. What breaks the form is refused with its line.
 import pathlib
 import re
 
-from . import arithmetic
-from .model import Argument, FormError, Interface, Routine
+from . import arithmetic, conditions
+from .model import Argument, Callback, CallbackArgument, FormError, Interface, Routine
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
 HEADER = ROOT / "include/kezlib.h"
 
 ITEM = re.compile(
     r"/\*\*(?P<comment>.*?)\*/"
-    r"(?:\s*KEZ_API\s+void\s+KEZ_CALL\s+(?P<name>\w+)\((?P<parameters>[^()]*)\);)?",
+    r"(?:\s*KEZ_API\s+void\s+KEZ_CALL\s+(?P<name>\w+)\((?P<parameters>[^()]*)\);"
+    r"|\s*typedef\s+(?P<result>\w+)\(KEZ_CALL \*(?P<callback>kez_\w+)\)"
+    r"\((?P<passed>[^()]*)\);)?",
     re.DOTALL,
 )
 PARAMETER = re.compile(
@@ -24,10 +26,15 @@ PARAMETER = re.compile(
     r"(?:\*(?P<pointer>\w+)|(?P<array>\w+)\[\])"
     r"|(?P<callback>kez_\w+) (?P<routine>\w+)"
 )
+PASSED = re.compile(
+    r"(?P<const>const )?(?P<type>float|int32_t|void) "
+    r"(?:\*(?P<pointer>\w+)|(?P<array>\w+)\[\]|(?<!void )(?P<value>\w+))"
+)
 TAG = re.compile(
     r"@param\[(in|out|in,out)\] ((?:\w+)(?:,\w+)*) (?:\[([^\]]+)\] )?(.+)", re.DOTALL
 )
 KINDS = {"float": "real", "int32_t": "integer", "void": "word"}
+RESULTS = KINDS | {"void": "nothing"}
 
 
 def plain(text):
@@ -43,12 +50,33 @@ def parse_comment(comment):
     return chunks[0].strip(), tags, others
 
 
-def parse_parameter(text):
+def parse_passed(text):
+    match = PASSED.fullmatch(plain(text))
+    if not match:
+        raise FormError(f"'{plain(text)}' is not an argument of a known type")
+    return CallbackArgument(match["pointer"] or match["array"] or match["value"],
+                            KINDS[match["type"]], bool(match["const"]), not match["value"])
+
+
+def parse_callback(match):
+    text, tags, paragraphs = parse_comment(match["comment"])
+    if not text or tags or paragraphs:
+        raise FormError("the comment of a callback's type is a description and nothing else")
+    if match["result"] not in RESULTS:
+        raise FormError(f"'{match['result']}' is not a result of a known type")
+    return Callback(match["callback"], plain(text), RESULTS[match["result"]],
+                    [parse_passed(p) for p in match["passed"].split(",")])
+
+
+def parse_parameter(text, callbacks):
     match = PARAMETER.fullmatch(plain(text))
     if not match:
         raise FormError(f"'{plain(text)}' is not an argument by reference of a known type")
     if match["callback"]:
-        return Argument(match["routine"], "callback", "in"), True
+        types = [c for c in callbacks if c.name == match["callback"]]
+        if not types:
+            raise FormError(f"{match['callback']} is not declared above")
+        return Argument(match["routine"], "callback", "in", callback=types[0]), True
     is_array = bool(match["array"]) or match["type"] == "void"
     direction = "in" if match["const"] else "written"
     return Argument(match["pointer"] or match["array"], KINDS[match["type"]], direction), is_array
@@ -58,6 +86,17 @@ def check_extent(argument, arguments):
     integers = [a for a in arguments if a.kind == "integer" and a.direction != "out"]
     arithmetic.check(argument.extent, integers, f"extent [{argument.extent}] of {argument.name}",
                      "an integer input")
+
+
+def split_clause(text, direction):
+    """The text of an argument without its closing clause, and the condition in that."""
+    if direction == "in":
+        return text, ""
+    clause = f"; {'kept' if direction == 'out' else 'unchanged'} when "
+    says, _, condition = text.partition(clause)
+    if not says or re.search(r"\b(kept|unchanged)\b", says + condition) or ";" in condition:
+        raise FormError(f"'{text}': what is kept stands in one clause '{clause}...' at the end")
+    return says, condition
 
 
 def document(tag, by_name, arrays):
@@ -74,12 +113,13 @@ def document(tag, by_name, arrays):
             raise FormError(f"@param[{direction}] {name} contradicts the prototype's const")
         if bool(extent) != (name in arrays or argument.kind == "callback"):
             raise FormError(f"{name}: an array has an extent, a scalar has none")
-        argument.direction, argument.extent, argument.text = direction, extent or "", plain(text)
+        argument.direction, argument.extent = direction, extent or ""
+        argument.text, argument.kept_when = split_clause(plain(text), direction)
     return names.split(",")
 
 
-def parse_arguments(parameters, tags):
-    parsed = [parse_parameter(p) for p in parameters.split(",")]
+def parse_arguments(parameters, tags, callbacks):
+    parsed = [parse_parameter(p, callbacks) for p in parameters.split(",")]
     arguments = [argument for argument, _ in parsed]
     arrays = {argument.name for argument, is_array in parsed if is_array}
     by_name = {argument.name: argument for argument in arguments}
@@ -92,6 +132,8 @@ def parse_arguments(parameters, tags):
     for argument in arguments:
         if argument.extent:
             check_extent(argument, arguments)
+        if argument.kept_when:
+            conditions.check(argument, arguments)
     return arguments
 
 
@@ -105,9 +147,9 @@ def kept_value(paragraphs):
     return kept
 
 
-def parse_routine(match, group):
+def parse_routine(match, group, callbacks):
     description, tags, paragraphs = parse_comment(match["comment"])
-    arguments = parse_arguments(match["parameters"], tags)
+    arguments = parse_arguments(match["parameters"], tags, callbacks)
     summary, _, details = plain_description(description).partition("\n")
     if not summary:
         raise FormError("no description")
@@ -118,40 +160,49 @@ def parse_routine(match, group):
 def plain_description(description):
     """The first sentence on a line of its own, then the rest with its lines as they stand: they are
     indented in a sketch."""
-    first = re.match(r"(.+?[.:])(?:\s*\n(?= )|\s+|$)", description, re.DOTALL)
+    first = re.match(r"(.+?(?<!\.\.)[.:])(?:\s*\n(?= )|\s+|$)", description, re.DOTALL)
     return plain(first[1]) + "\n" + description[first.end():] if first else ""
 
 
-def parse_header(text):
-    routines, group, end = [], None, 0
-    for match in ITEM.finditer(text):
-        line = text.count("\n", 0, match.start()) + 1
-        try:
-            check_between(text[end:match.start()])
-            comment = match["comment"]
-            if match["name"]:
-                if group is None:
-                    raise FormError(f"{match['name']} stands outside a group")
-                routines.append(parse_routine(match, group))
-            elif title := re.search(r"@defgroup \w+ (.+)", comment):
-                group = title[1]
-            elif "@}" in comment:
-                group = None
-        except FormError as error:
-            raise FormError(f"line {line}: {match['name'] or ''}: {error}") from None
-        end = match.end()
-    check_between(text[end:])
-    names = [routine.name for routine in routines]
-    if len(set(names)) != len(names):
-        raise FormError("a routine is declared twice")
-    return Interface(routines)
+def parse_item(match, group, interface):
+    """Enters what a comment and the declaration behind it say; returns the group that is open."""
+    if match["callback"]:
+        interface.callbacks.append(parse_callback(match))
+    elif match["name"]:
+        if group is None:
+            raise FormError(f"{match['name']} stands outside a group")
+        interface.routines.append(parse_routine(match, group, interface.callbacks))
+    elif title := re.search(r"@defgroup \w+ (.+)", match["comment"]):
+        return title[1]
+    elif "@}" in match["comment"]:
+        return None
+    return group
 
 
 def check_between(text):
     code = re.sub(r"(?m)^#.*$", "", text)
-    if "KEZ_API" in code or "kez" in re.sub(r"typedef[^;]*;", "", code):
-        raise FormError("a prototype without a comment, or not of the form "
-                        "'KEZ_API void KEZ_CALL name(arguments);'")
+    if re.search("KEZ_|kez|typedef", code):
+        raise FormError("a declaration without a comment, or not of the form "
+                        "'KEZ_API void KEZ_CALL name(arguments);' or "
+                        "'typedef result(KEZ_CALL *name)(arguments);'")
+
+
+def parse_header(text):
+    interface, group, end = Interface(), None, 0
+    for match in ITEM.finditer(text):
+        line = text.count("\n", 0, match.start()) + 1
+        try:
+            check_between(text[end:match.start()])
+            group = parse_item(match, group, interface)
+        except FormError as error:
+            place = match["name"] or match["callback"] or ""
+            raise FormError(f"line {line}: {place}: {error}") from None
+        end = match.end()
+    check_between(text[end:])
+    names = [declared.name for declared in interface.routines + interface.callbacks]
+    if len(set(names)) != len(names):
+        raise FormError("a name is declared twice")
+    return interface
 
 
 def read():

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <iterator>
+#include <limits>
 #include <span>
 #include <vector>
 
@@ -57,6 +58,9 @@ class Integers {
   std::span<const std::vector<std::uint32_t>> arguments_;
 };
 
+// Of an array and of a scalar, which is one entry.
+inline constexpr std::int64_t every_entry = std::numeric_limits<std::int64_t>::max();
+
 struct Argument {
   const char* name;
   Kind kind;
@@ -64,6 +68,9 @@ struct Argument {
   std::int64_t (*extent)(Integers);  // entries of the array; null for a scalar
   const char* extent_text;           // as the header writes it; null for a scalar
   const char* text;                  // what the header says of the argument
+  const char* kept_when;             // the cases in which it is not written; null for none
+  // How many first entries are written and no others; null where the integers do not tell.
+  std::int64_t (*written)(Integers);
 };
 
 struct Routine {

@@ -2,7 +2,9 @@
 
 import re
 
+from .. import conditions
 from ..arithmetic import substituted
+from ..model import FormError
 from . import NOTICE
 
 
@@ -22,12 +24,38 @@ def terms(routine):
     return places | {"max": "std::max<std::int64_t>", "sum": "sum"}
 
 
+RELATIONS = {"is": ("==", " || "), "not": ("!=", " && "), "below": ("<", "")}
+
+
+def written(argument, routine):
+    """How many first entries are written."""
+    if expression := conditions.behind(argument.kept_when):
+        return function(substituted(expression, terms(routine)))
+    if found := conditions.comparison(argument.kept_when):
+        operator, joint = RELATIONS[found.relation]
+        holds = joint.join(f"{terms(routine)[found.name]} {operator} {v}" for v in found.values)
+        return function(f"{holds} ? 0 : every_entry")
+    return "nullptr"
+
+
 def argument_fields(argument, routine):
     extent = ("nullptr", "nullptr")
     if argument.extent:
         extent = (function(substituted(argument.extent, terms(routine))), quoted(argument.extent))
+    kept_when = quoted(argument.kept_when) if argument.kept_when else "nullptr"
     return [quoted(argument.name), argument.kind, argument.direction.replace(",", "_"), *extent,
-            quoted(argument.text)]
+            quoted(argument.whole_text()), kept_when, written(argument, routine)]
+
+
+def check_callbacks(routine):
+    """kezcall has one routine to be called back, and one place for the values that it returns."""
+    callbacks = [a.callback for a in routine.arguments if a.callback]
+    known = [("integer", True, True)]
+    for callback in callbacks:
+        signature = [(a.kind, a.constant, a.by_pointer) for a in callback.arguments]
+        if len(callbacks) > 1 or callback.result != "real" or signature != known:
+            raise FormError(f"{routine.name}: kezcall knows one callback a routine, which takes an "
+                            "index by reference and returns a real")
 
 
 def write(interface):
@@ -35,6 +63,7 @@ def write(interface):
            "namespace kezcall {", "namespace {", "",
            "using enum Kind;", "using enum Direction;", ""]
     for routine in interface.routines:
+        check_callbacks(routine)
         out.append(f"constexpr Argument {routine.name}_arguments[] = {{")
         out += [f"    {{{', '.join(argument_fields(a, routine))}}}," for a in routine.arguments]
         out += ["};", ""]
