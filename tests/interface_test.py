@@ -8,10 +8,11 @@ import unittest
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "tools"))
 import interface  # noqa: E402
-from interface.writers import call_table, module_definition  # noqa: E402
+from interface.writers import call_table, module_definition, routine_list  # noqa: E402
 
 HEADER = interface.read().routines
-CASES = pathlib.Path(__file__).parent / "cases"
+TESTS = pathlib.Path(__file__).parent
+NUMBERS = "No One Two Three Four Five Six Seven Eight Nine Ten Eleven Twelve".split()
 
 GROUP = "/** @defgroup g Group\n * @{\n */\n"
 GOOD = """/**
@@ -36,6 +37,18 @@ def parse(text):
 
 def table(text):
     return call_table.write(parse(text))
+
+
+def entries(file):
+    return [line for line in (TESTS / file).read_text().splitlines() if line[0] != "#"]
+
+
+def prose(file):
+    return " ".join((interface.ROOT / file).read_text().split())
+
+
+def names_in(text):
+    return set(re.findall(r"`(kez\w+)`", text))
 
 
 class Form(unittest.TestCase):
@@ -170,27 +183,62 @@ class Form(unittest.TestCase):
             parse(GOOD.replace("kezsum", "kezone") + GOOD.replace("float *a", "float a"))
 
     def test_header_has_every_routine_with_its_count(self):
-        lines = (pathlib.Path(__file__).parent / "routines.txt").read_text().splitlines()
-        names = [line for line in lines if not line.startswith("#")]
-        self.assertEqual(len(names), 152)
-        self.assertEqual(sorted(name for name in names if not name.startswith("-")),
+        self.assertEqual(sorted(line for line in entries("routines.txt") if line[0] != "-"),
                          sorted(f"{r.name} {len(r.arguments)}" for r in HEADER))
 
     def test_every_routine_has_rows(self):
-        rows = "".join(path.read_text() for path in CASES.glob("*.txt"))
+        rows = "".join(path.read_text() for path in (TESTS / "cases").glob("*.txt"))
         called = set(re.findall(r"^(kez\w+) .*->", rows, re.MULTILINE))
         self.assertEqual(sorted({r.name for r in HEADER} - called), [])
-
-    def test_readme_lists_every_routine_and_what_is_kept(self):
-        readme = (interface.ROOT / "README.md").read_text()
-        families = readme[readme.index("## The routines"):readme.index("### Values kept")]
-        kept = readme[readme.index("### Values kept"):readme.index("### What is not")]
-        self.assertEqual(re.findall(r"`(kez\w+)`", families), [r.name for r in HEADER])
-        self.assertEqual(re.findall(r"`(kez\w+)`", kept), [r.name for r in HEADER if r.kept])
 
     def test_generated_files_are_fresh(self):
         subprocess.run([sys.executable, "-B", pathlib.Path(interface.__file__).parent, "--check"],
                        check=True)
+
+    def test_list_in_a_text(self):
+        marked = f"a\n{routine_list.BEGIN}old\n{routine_list.END}b\n"
+        self.assertEqual(
+            routine_list.renewed(marked, parse(GOOD)),
+            marked.replace("old\n", "\n**Group**\n\n- `kezsum`: Sums a table.\n\n"))
+        for mark in (routine_list.BEGIN, routine_list.END):
+            with self.assertRaises(interface.FormError):
+                routine_list.renewed(marked.replace(mark, ""), parse(GOOD))
+
+
+class Prose(unittest.TestCase):
+    """What the README and the change log say of the routines as a whole."""
+
+    def assert_says(self, sentence, file="README.md"):
+        self.assertIn(sentence, prose(file))
+
+    def test_how_many_there_are(self):
+        names = entries("routines.txt")
+        left_out = [name[1:].split()[0] for name in names if name[0] == "-"]
+        self.assert_says(f"holds the {len(names)} names")
+        self.assert_says(f"{len(HEADER)} are built, and {len(left_out)} are not: ")
+        self.assert_says(f"The {len(HEADER)} are complete.")
+        self.assert_says(f"- {len(HEADER)} routines: ", "CHANGELOG.md")
+        named = names_in(re.search(r"are not: (.+?)\.", prose("README.md"))[1])
+        self.assertEqual(sorted(named), sorted(left_out))
+
+    def test_how_many_keep_a_value(self):
+        keeping = [r.name for r in HEADER if r.kept]
+        said = re.search(r"### Values kept between calls (\w+) routines .+? All other",
+                         prose("README.md"))
+        self.assertEqual(said[1], NUMBERS[len(keeping)])
+        self.assertEqual(names_in(said[0]), set(keeping))
+
+    def test_how_many_give_the_same_bits(self):
+        same = {line.split()[0] for line in entries("reference.txt")}
+        others = {r.name for r in HEADER} - same
+        readme = prose("README.md")
+        roots = names_in(re.search(r"square root \(\d+: ([^)]+)\)", readme)[1])
+        elementary = names_in(re.search(r"\| routines .+?## The routines", readme)[0])
+        self.assertEqual(roots | elementary, others)
+        self.assert_says(f"{len(same)} of the routines give the same bits")
+        self.assert_says(f"The other {len(others)} use")
+        self.assert_says(f"arc tangent ({len(elementary)}), or")
+        self.assert_says(f"square root ({len(roots)}: ")
 
 
 if __name__ == "__main__":

@@ -1,0 +1,35 @@
+"""README's list of the routines, one sentence each by family."""
+
+import itertools
+import textwrap
+
+from ..model import FormError
+from ..reader import ROOT
+
+COMMITTED = "README.md"
+BEGIN = "<!-- Written by ./dev interface from include/kezlib.h. -->\n"
+END = "<!-- End of the list. -->\n"
+
+
+def item(routine):
+    sentence = routine.summary.rstrip(":.") + "."  # a colon leads up to a formula
+    return textwrap.fill(f"- `{routine.name}`: {sentence}", 100, subsequent_indent="  ",
+                         break_long_words=False, break_on_hyphens=False)
+
+
+def families(routines):
+    for group, members in itertools.groupby(routines, lambda routine: routine.group):
+        yield f"**{group}**\n\n" + "\n".join(item(routine) for routine in members) + "\n"
+
+
+def renewed(text, interface):
+    """The text with what stands between the two marks written again."""
+    before, begin, rest = text.partition(BEGIN)
+    _, end, behind = rest.partition(END)
+    if not begin or not end:
+        raise FormError(f"{COMMITTED} has lost a mark around the list of routines")
+    return "\n".join([before + begin, *families(interface.routines), end + behind])
+
+
+def write(interface):
+    return renewed((ROOT / COMMITTED).read_text(), interface)
