@@ -185,7 +185,7 @@ KEZ_API void KEZ_CALL kez3sp(const float *x1, const float *y1, const float *z1, 
 
 /**
  * Linear interpolation between (x1, y1) and (x2, y2), extrapolating outside. Both abscissae come
- * before both ordinates. Equal abscissae divide by zero.
+ * before both ordinates. Only abscissae that are exactly the same divide by zero.
  *
  * @param[in] x1,x2 abscissae
  * @param[in] y1,y2 ordinates
@@ -218,7 +218,11 @@ KEZ_API void KEZ_CALL kezvin(const float *a, const float *b, const float *c, con
 
 /**
  * Line through two points. Its (a, b) points to the right, seen from the first towards the second.
- * Equal points give (0, 0, 0).
+ * The same point twice gives (0, 0, 0).
+ *
+ * Far from the origin c loses digits with the square of the coordinates: where they are 100 times
+ * the distance of the points, the line lies about 1/10000 of that distance off, where they are 1000
+ * times it, 1/100. Work from a point near the line.
  *
  * @param[in] x1,y1 first point (length)
  * @param[in] x2,y2 second point (length)
@@ -276,8 +280,8 @@ KEZ_API void KEZ_CALL kezln2(const float *a, const float *b, const float *c, con
                              float *a2, float *b2, float *c2);
 
 /**
- * Inner bisector of the angle between two rays; its (a, b) points towards the first ray. Rays to
- * the same point, or of no length, give (0, 0, 0).
+ * Inner bisector of the angle between two rays; its (a, b) points towards the first ray. Rays in
+ * one direction, or one of no length, give (0, 0, 0) but for rounding.
  *
  * @param[in] x0,y0 vertex (length)
  * @param[in] x1,y1 point on the first ray (length)
@@ -289,8 +293,9 @@ KEZ_API void KEZ_CALL kezln5(const float *x0, const float *y0, const float *x1, 
 
 /**
  * Position of a point P against the segment P1 P2 in space. A point is on the line when the cosine
- * of the angle between P - P1 and P - P2 is 1 or -1 within the tolerance; very near an end the
- * rounding of the coordinates alone can carry the cosine out of it.
+ * of the angle between P - P1 and P - P2 is 1 or -1 within the tolerance. Over the middle of the
+ * segment that is up to about 1/900 of its length away from it; very near an end the rounding of
+ * the coordinates alone can carry the cosine out of the tolerance.
  *
  * | pos | meaning                                                                       |
  * |-----|-------------------------------------------------------------------------------|
@@ -302,8 +307,8 @@ KEZ_API void KEZ_CALL kezln5(const float *x0, const float *y0, const float *x1, 
  * | 5   | on the line beyond P2                                                         |
  *
  * It is also 0 where P is more than 1.0e-5 from an end but coincides with it coordinate by
- * coordinate, where P is equally far from the two ends of a segment of no length, and where a
- * coordinate is not a number.
+ * coordinate, where the two ends are so near each other that their distances from P round alike,
+ * and where a coordinate is not a number, unless P is at the other end.
  *
  * @param[in] x1,y1,z1 P1 (length)
  * @param[in] x2,y2,z2 P2 (length)
@@ -343,8 +348,10 @@ KEZ_API void KEZ_CALL kezgrc(const float *a, const float *b, const float *c, flo
  * @defgroup angles Angles and relations
  *
  * An angle is the arc cosine of (dot product / first length) / second length: unsigned, from 0 to
- * pi. The cosine is not clamped, so directions that are exactly parallel may round past 1 and give
- * not-a-number; a safe way to the angle is `keztrg`, whose sine and cosine belong together.
+ * pi. Near 0 and pi it goes in steps of 0.0003, and an angle below that may come out as 0 or as up
+ * to 0.0006. The cosine is not clamped, so directions that are as nearly parallel may round past 1
+ * and give not-a-number. A safe way to the angle is `keztrg`, whose sine and cosine belong
+ * together.
  *
  * Directions are the same, opposite or perpendicular where that cosine is 1, -1 or 0 within the
  * tolerance: up to about 0.26 degrees from parallel, and 0.0006 degrees from perpendicular.
@@ -539,8 +546,9 @@ KEZ_API void KEZ_CALL kezsel1(const int32_t *n, const int32_t ia[], const int32_
  */
 
 /**
- * Division of a segment into equal steps close to a wanted one. A length of up to 0.1 per cent over
- * a multiple of the step does not get another segment.
+ * Division of a segment into equal steps close to a wanted one. Their number is the smallest with
+ * steps at most 0.1 per cent longer than wanted: a length that little over a multiple of the step
+ * does not get another segment, and one of more than 1000 steps gets fewer.
  *
  * @param[in] x1,y1,z1 first end (length)
  * @param[in] x2,y2,z2 second end (length)
@@ -555,8 +563,9 @@ KEZ_API void KEZ_CALL kezpas(const float *x1, const float *y1, const float *z1, 
                              int32_t *nseg, int32_t *npts);
 
 /**
- * Points along a segment: both ends, and between them points at multiples of a step from the first;
- * `kezpas` chooses step and number. With n = 1 the point is P2.
+ * Points along a segment: both ends, and in the list between them points at multiples of a step
+ * from the first, which may go beyond P2; `kezpas` chooses step and number. With n = 1 the point is
+ * P2.
  *
  * @param[in] x1,y1,z1 P1, the first point (length)
  * @param[in] x2,y2,z2 P2, the last point (length)
@@ -606,6 +615,12 @@ KEZ_API void KEZ_CALL kezpar(const int32_t *i1, const int32_t *i2, const int32_t
  *
  * A circle is the triple (D, E, F) of x^2 + y^2 + D x + E y + F = 0.
  *
+ * Coordinates that are large against the radius take its digits out of F, and so those of the
+ * results of all routines that cross lines with a circle: `kezlci`, `kezc12`, `kezcin`, `kezcer6`,
+ * `kezcer8` and `kezcer9`. The loss grows with the square: with coordinates of 100 R points are
+ * about R / 1000 off the circle, with 1000 R about R / 10. `kezcer1` and `kezcer2` solve an
+ * equation of the same kind. Work from a point near the circle, as `kezcer4` and `kezcer5` do.
+ *
  * A guide is the segment from P1 to P2, where P1 lies on the circle about P0 and so fixes its
  * radius R; P2 need not lie on it. "sense" chooses between two solutions by its sign. The lines
  * that carry points to the circle meet it as by `kezlci`, which counts a line as touching also when
@@ -614,8 +629,9 @@ KEZ_API void KEZ_CALL kezpar(const int32_t *i1, const int32_t *i2, const int32_t
  *
  * An outline is a polygon of n vertices in order. Its lists have one entry more than vertices: the
  * routines copy the first vertex to position n + 1 before anything else, also when n is 0; below 0
- * they write no vertex. Areas and moments are positive for a counter-clockwise outline and negative
- * for a clockwise one, so that holes given clockwise subtract.
+ * they write no vertex. An array without that entry is overrun in silence. Areas and moments are
+ * those of the region for a counter-clockwise outline, and have the opposite sign for a clockwise
+ * one, so that holes given clockwise subtract.
  *
  * | kind | figure of `kezair` and `kezstm`               | points used                  |
  * |------|-----------------------------------------------|------------------------------|
@@ -648,7 +664,8 @@ KEZ_API void KEZ_CALL kezcer(const float *xc, const float *yc, const float *r, f
  * a^2 + b^2 is about 1, or a small line through the centre counts as touching, and one with
  * coefficients in the hundreds touches only when it is exactly tangent. Where b is much larger than
  * a, x = -(b y + c) / a loses digits; to avoid it pass b, a, c, E, D, F and read the points as (y,
- * x). A line with a = b = 0, or a horizontal one with b = 0, gives no finite point.
+ * x). A line with a = b = 0, or a horizontal one with b = 0, gives no finite point. Of a circle far
+ * from the origin F has lost digits: see `kezcer`.
  *
  * @param[in] a,b,c the line a x + b y + c = 0
  * @param[in] D,E,F the circle
@@ -662,7 +679,9 @@ KEZ_API void KEZ_CALL kezlci(const float *a, const float *b, const float *c, con
 
 /**
  * Intersection of two circles: `kezlci` of their radical line with the first circle. Circles about
- * the same centre (|D2 - D1| + |E2 - E1| <= 1.0e-5) give n = 0.
+ * the same centre (|D2 - D1| + |E2 - E1| <= 1.0e-5) give n = 0. The line's coefficients are twice
+ * the distance of the centres, so that circles of about one radius R count as touching when their
+ * centres are less than 0.02 / sqrt(R) apart. Far from the origin F has lost digits: see `kezcer`.
  *
  * @param[in] D1,E1,F1 first circle
  * @param[in] D2,E2,F2 second circle
@@ -716,9 +735,12 @@ KEZ_API void KEZ_CALL kezcin(const float X[], const float Y[], const float *a, c
                              float *y3);
 
 /**
- * Point of a circle on the ray from its centre through the point that is measured along a guide.
- * The first crossing of ray and circle (as of `kezlci`) is returned when sense times the z
- * component of (P1 - P0) x (first crossing - P0) is below 0, else the second.
+ * Point of a circle on the line from its centre through the point that is measured along a guide.
+ * The first crossing of line and circle (as of `kezlci`) is returned when sense times the z
+ * component of (P1 - P0) x (first crossing - P0) is below 0, else the second: seen from the centre,
+ * a positive sense gives the one clockwise of P1 and a negative sense the other, be it on the side
+ * of the measured point or opposite to it. Coordinates that are large against R cost digits, as at
+ * `kezcer`.
  *
  * Rejected are R <= 0.001, a guide of d <= 0.001, L <= 0.001, d - L <= 0.001 and, whatever the
  * guide's direction, |L - 2 R| < 0.001.
@@ -732,9 +754,9 @@ KEZ_API void KEZ_CALL kezcin(const float X[], const float Y[], const float *a, c
  * @param[out] status 1, or 0 when the input is rejected
  *
  * @par Kept value
- * The last two crossings, (0, 0) before there are any. A ray that `kezlci` does not find to cut the
- * circle in two points (the measured point is near the centre, the ray nearly level, or the circle
- * tiny) is not detected: the crossings that are missing are the kept ones, and status is 1.
+ * The last two crossings, (0, 0) before there are any. A line that `kezlci` does not find to cut
+ * the circle in two points (the measured point is near the centre, the line nearly level, or the
+ * circle tiny) is not detected: the crossings that are missing are the kept ones, and status is 1.
  * Rejected calls keep them.
  */
 KEZ_API void KEZ_CALL kezcer6(const float *x0, const float *y0, const float *x1, const float *y1,
@@ -742,8 +764,9 @@ KEZ_API void KEZ_CALL kezcer6(const float *x0, const float *y0, const float *x1,
                               const float *L, float *x, float *y, int32_t *status);
 
 /**
- * Point of a circle square across a guide from the point that is measured along it. The crossing
- * is chosen as by `kezcer6`.
+ * Point of a circle square across a guide from the point that is measured along it. The crossing is
+ * the first or the second by the rule of `kezcer6`, and may lie on either side of the guide.
+ * Coordinates that are large against R cost digits, as at `kezcer`.
  *
  * Rejected are R <= 0.001, a guide of d <= 0.001, L <= 0.001 and d - L <= 0.001.
  *
@@ -766,8 +789,8 @@ KEZ_API void KEZ_CALL kezcer8(const float *x0, const float *y0, const float *x1,
 
 /**
  * Edges of an opening in a circle: the points square across a guide from L - w/2 (point a) and from
- * L + w/2 (point b). The crossing is chosen as by `kezcer6`, for either point by its own first
- * crossing.
+ * L + w/2 (point b). The crossing is chosen as by `kezcer8`, for either point by its own first
+ * crossing. Coordinates that are large against R cost digits, as at `kezcer`.
  *
  * Rejected are R <= 0.001, a guide of d <= 0.001, L <= 0.001, w <= 0.001, d - L <= 0.001, and
  * L - w/2 < 0.001 and (d - L) - w/2 < 0.001, where exactly 0.001 is enough.
@@ -795,7 +818,8 @@ KEZ_API void KEZ_CALL kezcer9(const float *x0, const float *y0, const float *x1,
  * Point of a circle on the line at an angle to a guide through the point that is measured along it.
  * It is the first crossing (as of `kezlci`, in a frame with its origin at P1 and the guide along
  * its x axis) unless that lies on the centre's side of the guide, then the second: the product of
- * the first's and the centre's signed distance from the guide is then above 1.0e-5.
+ * the first's and the centre's signed distance from the guide is then above 1.0e-5. The guide's
+ * direction is that of `kezaxph`: near the x axis the line stands up to 0.0003 off theta.
  *
  * Rejected are R <= 1.0e-5, a guide of at most 1.0e-5 or with coinciding ends, and a line that
  * touches the circle. L may lie before P1 or beyond P2.
@@ -821,8 +845,8 @@ KEZ_API void KEZ_CALL kezcer4(float *x0, float *y0, float *x1, float *y1, float 
 
 /**
  * Meeting point of a guide's line and a line at an angle to it, drawn from P1 after turning it
- * about the centre. For the point only the direction of P2 matters. Rejected are R <= 1.0e-5 and a
- * guide of at most 1.0e-5.
+ * about the centre. For the point only the direction of P2 matters, taken as by `kezcer4`. Rejected
+ * are R <= 1.0e-5 and a guide of at most 1.0e-5.
  *
  * Success and rejection both give status 0: callers check R and the guide's length themselves.
  *
@@ -887,12 +911,18 @@ KEZ_API void KEZ_CALL kezcer5(float *x0, float *y0, float *x1, float *y1, float 
  *
  * | status | meaning                                                                           |
  * |--------|-----------------------------------------------------------------------------------|
- * | 0      | no centre (equal points, R <= 1.0e-5 or too short for the chord), or level chord  |
- * | 1      | one centre, written as both (the chord is a diameter)                             |
+ * | 0      | no centre (one point twice, R <= 1.0e-5 or short for the chord), or a level chord |
+ * | 1      | one centre, written as both: a chord that is a diameter, or would have centres    |
+ * |        | less than 0.0032 apart                                                            |
  * | 2      | two centres; the first has the larger x                                           |
  *
  * Level is a chord with |y2 - y1| < 1.0e-5. Its centres are written and chosen from all the same,
  * the first with the smaller y; a radius too short for it makes them not-a-number.
+ *
+ * Coordinates that are large against R take the digits of the centres and spoil the status, the
+ * more the more level the chord: with coordinates of 100 R and a chord that rises 1 in 10 the
+ * centres are about R / 50 off, and likewise with 10 R and 1 in 100. Move the origin to the middle
+ * of the chord first: no digits are then lost.
  *
  * @param[in] x1,y1 first point (length)
  * @param[in] x2,y2 second point (length)
@@ -909,8 +939,10 @@ KEZ_API void KEZ_CALL kezcer2(const float *x1, const float *y1, const float *x2,
 
 /**
  * Radius and centre of the arc through two points that rises to a given height over the middle of
- * their chord; radius (f^2 + c^2 / 4) / (2 f) over a chord of length c. The centre is chosen as by
- * `kezcer2`.
+ * their chord; radius (f^2 + c^2 / 4) / (2 f) over a chord of length c. It is computed through an
+ * angle, with a relative error of up to 2.0e-7 times the larger of c / f and f / c. The centre is
+ * computed and chosen as by `kezcer2`, and loses digits as there: move the origin to the middle of
+ * the chord first.
  *
  * @param[in] x1,y1 first point (length)
  * @param[in] x2,y2 second point (length)
@@ -1023,8 +1055,9 @@ KEZ_API void KEZ_CALL kezstm(float X[], float Y[], const int32_t *n, const int32
 
 /**
  * Area and centroid of a circular segment. The centroid of a chord through the centre may be on
- * either side or not a number, and is not a number for equal ends; where rounding carries the
- * cosine of such an angle past 1, the area is not a number either.
+ * either side or not a number, and is not a number for two ends that are the same; where rounding
+ * carries the cosine of such an angle past 1, the area is not a number either. Small angles leave
+ * few digits: at 0.03 rad the area is up to 0.05 per cent off, at 0.01 rad 0.6 per cent.
  *
  * @param[in] x0,y0 centre (length)
  * @param[in] x1,y1 end of the chord on the circle (length)
@@ -1050,7 +1083,8 @@ KEZ_API void KEZ_CALL kezipl(float X[], float Y[], const int32_t *n, float *Ix, 
 
 /**
  * Angle from the positive x axis to a vector, negative below the axis. A vector with |y| <= 1.0e-5
- * has no sign, and one of at most 1.0e-5 the angle 0.
+ * has no sign, and one of at most 1.0e-5 the angle 0. Near the axis the angle has the steps of
+ * `kezphi`.
  *
  * @param[in] x,y the vector
  * @param[out] phi the angle, -pi to pi (rad)
@@ -1059,8 +1093,9 @@ KEZ_API void KEZ_CALL kezaxph(const float *x, const float *y, float *phi);
 
 /**
  * Whether an outline is convex: its vertex angles, each the smaller one between the edges, add up
- * to (n - 2) pi. The tolerance of 1.0e-5 rad is for the whole sum: with many vertices, or with one
- * on a straight edge, rounding alone can exceed it.
+ * to (n - 2) pi. The tolerance of 1.0e-5 rad is for the whole sum: with some 20 vertices, or with
+ * one on a straight edge, rounding alone can exceed it. A vertex that is repeated has the angle 0,
+ * and the outline is not convex.
  *
  * @param[in,out] X,Y [n + 1] the vertices (length); entry n + 1 becomes the first
  * @param[in] n number of vertices
@@ -1071,7 +1106,8 @@ KEZ_API void KEZ_CALL kezcnv(float X[], float Y[], const int32_t *n, int32_t *fl
 /**
  * Feet of the perpendiculars from two points on the line P1 P2. Heights are distances from the line
  * in the x-y plane, all other distances are in space: with different z the positions include the
- * height differences. Coinciding P1 and P2 give not-a-number.
+ * height differences. The same P1 and P2 give not-a-number. A foot of P0 at P1 gives an a0 of up to
+ * 0.001 h0 or not-a-number, and a foot of P3 at P2 an a3 as far off L. The line is that of `kezln3`.
  *
  * @param[in] x0,y0,z0 P0 (length)
  * @param[in] x1,y1,z1 P1, first point of the line (length)
@@ -1097,6 +1133,9 @@ KEZ_API void KEZ_CALL kezhin(const float *x0, const float *y0, const float *z0, 
  * | 1    | the signed distances from the lines P0 P1 and P0 P2 (`kezln3`) agree in sign or one |
  * |      | is 0, and the foot on P0 P1 does not lie beyond P0 (position 4 of `kezpsl`)         |
  * | 2    | any other point                                                                     |
+ *
+ * The angle is that of `kezphi`. Where it is not a number, the rays' directions being the same or
+ * opposite, points are classified all the same.
  *
  * @param[in] x0,y0 P0, the vertex (length)
  * @param[in] x1,y1 P1, a point on the first ray (length)
@@ -1152,7 +1191,8 @@ typedef float(KEZ_CALL *kez_z_callback)(const int32_t *i);
 
 /**
  * Intersection of two lines in the plane. The tests are on the determinants of the coefficients as
- * they are: lines with very small coefficients can count as parallel although they cross.
+ * they are: lines with very small coefficients can count as parallel although they cross. The point
+ * is as accurate as the lines' c allow, see `kezln3`.
  *
  * @param[in] a1,b1,c1 first line a x + b y + c = 0
  * @param[in] a2,b2,c2 second line
@@ -1223,8 +1263,8 @@ KEZ_API void KEZ_CALL kezln7(const float *a1, const float *b1, const float *c1, 
  * one point in common there: parallel lines take (xi, yi) as passed in for the local coordinates,
  * relative to P1, of the point. So do lines whose determinant is within 1.0e-5 of zero there. When
  * `kezpsl` finds P2 + d2 on the line P1, P1 + d1, which far away from P1 it does early, there are
- * no axes and the result is P1, if xi and yi were finite. Axes that `kezaxe` finds too short are
- * zero.
+ * no axes and the result is P1, if xi and yi were finite. So it is also where P2 + d2 is the
+ * meeting point itself: pass d2 at another length. Axes that `kezaxe` finds too short are zero.
  *
  * @param[in,out] x1,y1,z1 P1, a point of the first line; becomes (0, 0, 0) (length); unchanged when
  *   status is not 0
@@ -1469,7 +1509,8 @@ KEZ_API void KEZ_CALL kez3tra(float x[], float y[], float z[], const int32_t *n,
 /**
  * Signed distance of a point P from the line P1 P2: minus the local y of P, seen from the line, in
  * the axis system that `kezaxe` gives for P1, P2 and P. Coincident P1 and P2 give the distance from
- * P1, without a sign.
+ * P1, without a sign. Coordinates that are large against the distance of P1 and P2 cost digits as
+ * at `kezln3`: the axes turn them but do not move them.
  *
  * @param[in] x1,y1,z1 P1 (length)
  * @param[in] x2,y2,z2 P2 (length)
@@ -1488,7 +1529,8 @@ KEZ_API void KEZ_CALL kez3lda(const float *x1, const float *y1, const float *z1,
  * @param[in] x1,y1,z1 P1 (length)
  * @param[in] x2,y2,z2 P2 (length)
  * @param[in] px,py,pz P (length)
- * @param[out] dist the distance, 0 when `kezpsl` finds P on the line (length)
+ * @param[out] dist the distance, 0 when `kezpsl` finds P on the line or `kezaxe` a y axis too short
+ *     (length)
  */
 KEZ_API void KEZ_CALL kez3lds(const float *x1, const float *y1, const float *z1, const float *x2,
                               const float *y2, const float *z2, const float *px, const float *py,
@@ -1511,12 +1553,12 @@ KEZ_API void KEZ_CALL kez3ldb(const float *x1, const float *y1, const float *z1,
 
 /**
  * Points of a list near the line P1 P2, measured by `kez3ldb`. The z coordinates come from a
- * routine of the host, which is called once for each point, in the order of the list.
+ * routine of the host, which is called n times: once for each point, in the order of the list.
  *
  * @param[in] x1,y1,z1 P1 (length)
  * @param[in] x2,y2,z2 P2 (length)
  * @param[in] x,y [n] x and y of the points (length)
- * @param[in] zof [n] gives z of the point whose position it is passed (length)
+ * @param[in] zof [n] routine called with each position from 1 to n for the z of that point (length)
  * @param[in] n number of points
  * @param[in] tol largest distance of a point that is near (length)
  * @param[out] status 0; kept when n is below 1
@@ -1637,8 +1679,9 @@ KEZ_API void KEZ_CALL kezorv(float X[], float Y[], float Z[], int32_t order[]);
  *
  * An outline is a set of closed contours, their vertices one contour after another (`kezadr` takes
  * one out). x = 0 is the middle of the width and y = 0 mid-height. The contours run
- * counter-clockwise, holes too, from their top left corner; the sketches number the vertices. Every
- * builder writes the same record, with one entry per contour in the arrays:
+ * counter-clockwise, holes too, from their top left corner, but for the fillets of `kezsec_i`; the
+ * sketches number the vertices. Every builder writes the same record, with one entry per contour in
+ * the arrays:
  *
  * | argument | meaning                                                                |
  * |----------|------------------------------------------------------------------------|
@@ -1651,12 +1694,19 @@ KEZ_API void KEZ_CALL kezorv(float X[], float Y[], float Z[], int32_t order[]);
  * | v6, v7   | the shape's value, an argument that is passed through, times the sign  |
  *
  * No dimension is checked: what does not fit together gives contours that cross themselves.
+ *
+ * `kezapl`, `kezair`, `kezspl`, `kezstm`, `kezipl`, `kezcnv`, `kezppp` and `kezpin` write a
+ * polygon's first vertex behind its last. x and y have no room for that: the write would fall on
+ * the next contour, or on what the host keeps behind the array, and give a wrong area without a
+ * word. Take each contour out with `kezadr` into arrays of one entry more than it has vertices, and
+ * pass that number of vertices: it is nv, but for `kezsec_b`.
  * @{
  */
 
 /**
  * Outline of a flat bar, a rectangle b by h. The vertex count is 12, although there are 4 vertices:
- * hosts rely on it. Pass 4 to the routines that take a contour, and mind that b is an integer.
+ * hosts rely on it. Pass 4 to `kezadr` and to the routines that take a contour, and mind that b is
+ * an integer.
  *
  *     1------4
  *     |      |
@@ -1942,8 +1992,10 @@ KEZ_API void KEZ_CALL kezsec_l2(const float *a, const float *h, const float *s, 
 /**
  * Outline of a cold-formed channel with sharp corners, web at the left: with lips, which may return
  * towards the web, and with a groove pressed into the web; or, when c is at most 1.0e-5, plain.
- * Edges of no length are kept where r or a dimension of the groove is 0. A c, nw or nf that is not
- * a number counts as 0.
+ * Edges of no length are kept where r or a dimension of the groove is 0; a groove with a depth but
+ * no width (gw = gb = 0) is a solid rib 2 t wide. A c, nw or nf that is not a number counts as 0.
+ * Behind the channel come the slots: those in the web, -yw first, then at each place along the
+ * flanges, from the web on, the one at the top and the one at the bottom.
  *
  *     1-----------------------24     1----------8
  *     |  18----------------19  |     |  6-------7
@@ -1991,9 +2043,11 @@ KEZ_API void KEZ_CALL kezsec_c(const float *b, const float *h, const float *c, c
 /**
  * Outline of an upright rolled I section with root fillets and two bolt holes, as 11 contours. 1 is
  * the shape without fillets, as `kezsec_ia` has it. 2 to 5 are triangles in the corners between web
- * and flange, 13 to 24, which begin at the corners 3, 4, 9 and 10. 6 to 9 are what the fillets lack
- * of the triangles: circular segments of kind 4, given by the centre of the fillet's arc (25, 28,
- * 31, 34) and the two ends of the arc (14 and 15, ...). 10 and 11 are the holes in flange 2.
+ * and flange, 13 to 24, which begin at the corners 3, 4, 9 and 10 and not at their top left. 6 to 9
+ * are what the fillets lack of the triangles: circular segments of kind 4, given by the centre of
+ * the fillet's arc (25, 28, 31, 34) and the two ends of the arc (14 and 15, ...). As polygons these
+ * three points run clockwise: pass them by their kind. With r = 0 they have no area, and `kezstm`
+ * gives not-a-number for them. 10 and 11 are the holes in flange 2.
  *
  *     1-------------------------12
  *     2------14-13   22-24------11
@@ -2065,17 +2119,21 @@ KEZ_API void KEZ_CALL kezro2(const float *b, const float *t, const float *e1, co
  * | below -3        | not reduced                  | 0.5 bbar           | 0.5 bbar   |
  *
  * psi counts as 1 also when s2 is greater than s1 by at most 1.0e-5, and as -1 when s1 and |s2|
- * differ by less than 1.0e-5. Nothing else is checked.
+ * differ by less than 1.0e-5, unless |s2| / 3 > s1. Nothing else is checked.
  *
- * @param[in] b width of the panel for the slenderness (length)
- * @param[in] bbar width that is reduced (length)
+ * bbar is the part of the panel in compression: b, and where psi < 0 the shorter b / (1 - psi). To
+ * pass b there is unsafe: it makes the result 1 - psi times too large, at psi = -1 twice.
+ *
+ * @param[in] b width of the whole panel, for the slenderness (length)
+ * @param[in] bbar width in compression, which is reduced: b, or b / (1 - psi) where psi < 0
+ *   (length)
  * @param[in] t thickness (length)
  * @param[in] e1,e2 two numbers with e2 / e1 = sqrt(235 N/mm2 / fy), as in `kezro2`
  * @param[in] s1,s2 stresses at the edges (stress)
  * @param[out] be1,be2 effective parts at the edges of s1 and of s2 (length); kept when no row
- *   applies: both stresses are within the tolerance of 0, s1 is not positive, s2 is greater than
- *   s1, |s2| / 3 is exactly s1 (and the last row does not apply), a stress is not a number, or both
- *   are infinite
+ *   applies: both stresses are within the tolerance of 0, s1 is not positive, s2 is greater than s1
+ *   by more than 1.0e-5, |s2| / 3 is exactly s1 (and psi does not count as -1), a stress is not a
+ *   number, or both are infinite
  */
 KEZ_API void KEZ_CALL kezef2(const float *b, const float *bbar, const float *t, const float *e1,
                              const float *e2, const float *s1, const float *s2, float *be1,
@@ -2103,20 +2161,26 @@ KEZ_API void KEZ_CALL kezefr(const float *b, const float *d, const float *t, con
 /**
  * Reduction factor of an angle-shaped stiffener or flange outstand that buckles torsionally, held
  * by the bending stiffness of the plate to which it is attached: EN 1993-1-3, 5.5.3.1 (5.12) and
- * 5.5.3.2 (5.15), with the spring stiffness of 5.5.3.1 (5.10b). The slenderness is iterated,
- * sqrt(chi) times that of the full stiffener, until chi changes by at most 0.001. Nothing is
- * checked.
+ * 5.5.3.2 (5.15), with the spring stiffness of 5.5.3.1 (5.10b), in which the lever arm stands for
+ * both b1 and b2, s for hw and n for kf. Nothing is checked.
+ *
+ * The slenderness is iterated, sqrt(chi) times that of the full stiffener, until chi changes by at
+ * most 0.001. EN 1993-1-3 has sqrt(chi) on the plates' slenderness only (5.16): this chi is larger,
+ * and less safe, than that of one application of (5.12) wherever that is below 1: at a slenderness
+ * of 1.1 it is 0.771 against 0.675. Where the slenderness of the full stiffener lies between about
+ * 1.88 and 2.0 it mostly does not settle, and chi is 0.
  *
  * @param[in] t thickness (length)
  * @param[in] b leg towards the plate, between centre-lines (length)
  * @param[in] z distance of the other leg from the plate; z - b^2 / (2 (a + b)) is the spring's
  *   lever arm (length)
  * @param[in] a other leg, between centre-lines (length)
- * @param[in] s width of the restraining plate (length)
+ * @param[in] s depth hw of the restraining plate, the web (length)
  * @param[in] fy yield strength (stress)
  * @param[in] E modulus of elasticity (stress)
  * @param[in] nu Poisson's ratio
- * @param[in] n multiplies s in the spring's length s + arm + 0.5 n s
+ * @param[in] n the ratio kf in whole numbers: 0 where the other flange is in tension, 1 where it is
+ *   compressed alike; the spring's length is s + arm + 0.5 n s
  * @param[out] chi reduction factor, 0 when 100 iterations do not settle it
  * @param[out] tred reduced thickness chi t, 0 when 100 iterations do not settle it (length)
  */
@@ -2155,9 +2219,10 @@ KEZ_API void KEZ_CALL kezwar_c(const float *B, const float *H, const float *C, c
 
 /**
  * Entries of an ascending table that lie in a range, both ends included and without tolerance. When
- * there is none, the two neighbouring entries between which the range lies. These cannot be told
- * from two entries that are exactly lo and hi: compare the first with lo. Whether the table ascends
- * is not checked.
+ * there is none, the two neighbouring entries between which the range lies, with d1 and d2 both 0.
+ * These cannot be told from two entries that are exactly lo and hi: compare the first with lo.
+ * Whether the table ascends is not checked, nor whether the range does: with hi below lo it holds
+ * no entry, and lies where lo does.
  *
  * @param[in] n entries of the table
  * @param[in] x [n] the table
@@ -2202,9 +2267,11 @@ KEZ_API void KEZ_CALL kezadr(const int32_t *a, const int32_t counts[], const int
  * entry, and every comparison with it is false. Where no entry of a real list is above
  * -3.4028235e38, that stands for the largest.
  *
- * There is no limit on counts. For long lists some routines take memory from the heap while they
- * run; where there is none, the comment says what comes out, or else the result is the same and
- * just takes longer.
+ * Counts that are passed have no limit. One that comes out above 2147483647 wraps at 32 bits, as
+ * only `kezmer1`, `kezmer4`, `kezmer11` and `kezmer13` can make it: 4294967296 less, or a multiple
+ * of that; the entries are all written. For long lists some routines take memory from the heap
+ * while they run; where there is none, the comment says what comes out, or else the result is the
+ * same and just takes longer.
  * @{
  */
 
@@ -2375,8 +2442,8 @@ KEZ_API void KEZ_CALL kezmer19(const int32_t *n, const float a[], float out[], c
                                int32_t *nout, int32_t idx[], const float *tol);
 
 /**
- * Order of a real list without moving its entries. Of equal entries the one at the highest position
- * comes first. The list comes before its count.
+ * Order of a real list without moving its entries. Of entries of one value the one at the highest
+ * position comes first. The list comes before its count.
  *
  * Pass by pass the smallest entry is chosen and a marker put in its place, the largest entry + 1: a
  * list with entries so large that the marker is no larger may have positions chosen again. A
@@ -2414,8 +2481,8 @@ KEZ_API void KEZ_CALL kezpor(const int32_t *n, const float a[], const float b[],
  * @param[in] r product moment (length^4)
  * @param[out] u moment about the first principal axis (length^4)
  * @param[out] v moment about the second principal axis (length^4)
- * @param[out] theta angle from the x axis to the first principal axis, counter-clockwise, between
- *     -pi/4 and pi/4 (rad)
+ * @param[out] theta angle from the x axis to the first principal axis, counter-clockwise, from
+ *     -pi/4 to pi/4 (rad)
  */
 KEZ_API void KEZ_CALL kezinp(const float *p, const float *q, const float *r, float *u, float *v,
                              float *theta);
@@ -2423,13 +2490,17 @@ KEZ_API void KEZ_CALL kezinp(const float *p, const float *q, const float *r, flo
 /**
  * Position of a point against a polygon of either sense. The polygon comes back closed and moved,
  * with the point as its origin. The point is inside when the outline crosses the horizontal line
- * through it an odd number of times on either side; a crossing at a vertex counts for both edges.
+ * through it an odd number of times on either side; a crossing within 1.0e-5 of a vertex counts for
+ * both edges. A point level with a vertex can so be reported on the wrong side, either way: the
+ * centre of a diamond is outside. To be sure, turn polygon and point a little before the call
+ * (`kezrot`), so that no vertex is level with the point.
  *
  * @param[in] n number of vertices; below 1 the point is outside, below 0 nothing is moved
  * @param[in,out] X,Y [n + 1] the vertices, of which n, and at least the first, are read; on return
  *     moved by (-px, -py), with the first repeated behind the last (length)
  * @param[in] px,py the point (length)
- * @param[out] status 0 inside, -1 outside, 100 on an edge or a vertex, as `kezpsl` finds it
+ * @param[out] status 0 inside, -1 outside, 100 on an edge or a vertex, as `kezpsl` finds it: up to
+ *     about 1/900 of its length beside an edge's middle
  */
 KEZ_API void KEZ_CALL kezppp(const int32_t *n, float X[], float Y[], const float *px,
                              const float *py, int32_t *status);
