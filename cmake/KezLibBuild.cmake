@@ -36,23 +36,7 @@ set_target_properties(KezLib PROPERTIES
   SOVERSION ${PROJECT_VERSION_MAJOR})
 
 if(WIN32)
-  # Hosts keep the stack aligned to 4 bytes only, SSE code expects 16: every entry realigns.
-  target_compile_options(kezlib_objects PRIVATE -mstackrealign)
-  # The DLL needs nothing but the system's own, and exports what the module definition names.
-  target_link_options(KezLib PRIVATE -static)
-  target_sources(KezLib PRIVATE src/kezlib.def)
-
-  # Compilers refer to a standard-call routine as name@bytes, the exports are called name and
-  # _name@bytes. This import library serves hosts that link to name@bytes or to name.
-  file(STRINGS src/kezlib.def definitions REGEX "^    kez")
-  list(TRANSFORM definitions REPLACE "^ *([^ ]+) = (.+)$" "    \\2\n    \\1")
-  list(JOIN definitions "\n" imports)
-  file(CONFIGURE OUTPUT imports.def CONTENT "LIBRARY KezLib.dll\nEXPORTS\n@imports@\n" @ONLY)
-  set_target_properties(KezLib PROPERTIES PREFIX "" IMPORT_PREFIX "lib")
-  add_custom_command(TARGET KezLib POST_BUILD
-    COMMAND ${CMAKE_DLLTOOL} --kill-at --input-def ${PROJECT_BINARY_DIR}/imports.def
-            --output-lib $<TARGET_LINKER_FILE:KezLib>
-    VERBATIM)
+  include(cmake/KezLibWindows.cmake)
 elseif(NOT APPLE)
   # Hidden visibility does not reach what the standard library instantiates here.
   target_link_options(KezLib PRIVATE

@@ -1,6 +1,6 @@
 """The built library exports the header's routines and nothing else, and needs only the system.
 
-    exports_test.py OBJDUMP LIBRARY
+    exports_test.py OBJDUMP LIBRARY [IMPORT_LIBRARY]
 """
 
 import pathlib
@@ -12,20 +12,24 @@ import unittest
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "tools"))
 import interface  # noqa: E402
 
-OBJDUMP, LIBRARY = sys.argv[1:3]
+OBJDUMP, LIBRARY, *IMPORT_LIBRARY = sys.argv[1:]
 ROUTINES = interface.read().routines
 
 
-def objdump(option):
-    return subprocess.run([OBJDUMP, option, LIBRARY], check=True, capture_output=True,
+def objdump(option, file=LIBRARY):
+    return subprocess.run([OBJDUMP, option, file], check=True, capture_output=True,
                           text=True).stdout
+
+
+def decorated(routine):
+    return f"{routine.name}@{4 * len(routine.arguments)}"
 
 
 @unittest.skipIf(LIBRARY.endswith(".dll"), "ELF")
 class SharedObject(unittest.TestCase):
     def test_exports_the_routines_only(self):
-        symbols = [line for line in objdump("-T").splitlines() if re.match(r"[0-9a-f]{8}", line)]
-        defined = [line.split()[-1] for line in symbols if "*UND*" not in line]
+        globals_ = re.findall(r"^[0-9a-f]{8,16} [^l].*$", objdump("-T"), re.MULTILINE)
+        defined = [line.split()[-1] for line in globals_ if "*UND*" not in line]
         self.assertEqual(sorted(defined), sorted(r.name for r in ROUTINES))
 
     def test_name_and_dependencies(self):
@@ -37,21 +41,30 @@ class SharedObject(unittest.TestCase):
 
 @unittest.skipUnless(LIBRARY.endswith(".dll"), "DLL")
 class WindowsLibrary(unittest.TestCase):
-    def test_both_names_lead_to_one_entry(self):
-        headers = objdump("-p")
-        entry = dict(re.findall(r"\[\s*(\d+)\] \+base\[\s*\d+\] (\w+) Export RVA", headers))
+    def setUp(self):
+        self.headers = objdump("-p")
+        self.standard_call = "pei-i386" in self.headers
+
+    def test_exports_lead_to_one_entry_a_routine(self):
+        entry = dict(re.findall(r"\[\s*(\d+)\] \+base\[\s*\d+\] (\w+) Export RVA", self.headers))
         names = {name: entry[number] for number, name in
-                 re.findall(r"\[\s*(\d+)\] (_?kez\S+)$", headers, re.MULTILINE)}
-        expected = {}
-        for routine in ROUTINES:
-            rva = names.get(routine.name)
-            expected |= {routine.name: rva, f"_{routine.name}@{4 * len(routine.arguments)}": rva}
+                 re.findall(r"\[\s*(\d+)\] (_?kez\S+)$", self.headers, re.MULTILINE)}
+        expected = {r.name: names.get(r.name) for r in ROUTINES}
+        if self.standard_call:
+            expected |= {"_" + decorated(r): names.get(r.name) for r in ROUTINES}
         self.assertEqual(names, expected)
         self.assertEqual(len(entry), len(names))
         self.assertEqual(len(set(names.values())), len(ROUTINES))
 
+    def test_import_library_has_the_names_that_compilers_refer_to(self):
+        names = re.findall(r"\b__imp_(\S+)$", objdump("-t", *IMPORT_LIBRARY), re.MULTILINE)
+        expected = [r.name for r in ROUTINES]
+        if self.standard_call:
+            expected = ["_" + name for name in expected + [decorated(r) for r in ROUTINES]]
+        self.assertEqual(sorted(names), sorted(expected))
+
     def test_needs_only_the_system(self):
-        needed = set(re.findall(r"DLL Name: (\S+)", objdump("-p")))
+        needed = set(re.findall(r"DLL Name: (\S+)", self.headers))
         self.assertLessEqual(needed, {"KERNEL32.dll", "msvcrt.dll"})
 
 

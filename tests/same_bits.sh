@@ -26,7 +26,8 @@ build() { # NAME COMPILER CXXFLAGS
     cmp gcc-O3.dump "$1.dump"
 }
 
-compare() { # PRESET
+compare() { # PRESET LIBRARY PROGRAM...
+    dump "$@"
     echo "Largest differences from gcc-O3 to $1"
     python3 "$source/tests/compare_dumps.py" gcc-O3.dump "$1.dump"
 }
@@ -44,8 +45,11 @@ else
 fi
 
 presets=$source/build
-dump x86 "$presets/x86/libKezLib.so" "$presets/x86/tests/reference"
-compare x86
-dump windows-x86 "$presets/windows-x86/KezLib.dll" "$source/tools/wine-i386" \
-    "$presets/windows-x86/tests/reference.exe"
-compare windows-x86
+compare x86 "$presets/x86/libKezLib.so" "$presets/x86/tests/reference"
+compare aarch64 "$presets/aarch64/libKezLib.so" qemu-aarch64 -L /usr/aarch64-linux-gnu \
+    "$presets/aarch64/tests/reference"
+for machine in x86 x64; do
+    windows=$presets/windows-$machine
+    compare windows-$machine "$windows/KezLib.dll" "$source/tools/wine-$machine" \
+        "$windows/tests/reference.exe"
+done

@@ -1,0 +1,28 @@
+# The DLL, its exports and its import library.
+
+# Hosts keep the stack aligned to 4 bytes only, SSE code expects 16: every entry realigns.
+target_compile_options(kezlib_objects PRIVATE -mstackrealign)
+# The DLL needs nothing but the system's own, and exports what the module definition names.
+target_link_options(KezLib PRIVATE -static)
+set_target_properties(KezLib PROPERTIES PREFIX "" IMPORT_PREFIX "lib")
+
+file(STRINGS src/kezlib.def definitions REGEX "^    kez")
+if(CMAKE_SIZEOF_VOID_P EQUAL 8)
+  # Only standard call decorates names.
+  list(TRANSFORM definitions REPLACE "^ *([^ ]+) = .+$" "    \\1")
+  list(JOIN definitions "\n" names)
+  set(module_definition ${PROJECT_BINARY_DIR}/kezlib.def)
+  file(CONFIGURE OUTPUT ${module_definition} CONTENT "LIBRARY KezLib.dll\nEXPORTS\n@names@\n" @ONLY)
+else()
+  set(module_definition src/kezlib.def)
+  # Compilers refer to a standard-call routine as name@bytes, the exports are called name and
+  # _name@bytes. This import library serves hosts that link to name@bytes or to name.
+  list(TRANSFORM definitions REPLACE "^ *([^ ]+) = (.+)$" "    \\2\n    \\1")
+  list(JOIN definitions "\n" imports)
+  file(CONFIGURE OUTPUT imports.def CONTENT "LIBRARY KezLib.dll\nEXPORTS\n@imports@\n" @ONLY)
+  add_custom_command(TARGET KezLib POST_BUILD
+    COMMAND ${CMAKE_DLLTOOL} --kill-at --input-def ${PROJECT_BINARY_DIR}/imports.def
+            --output-lib $<TARGET_LINKER_FILE:KezLib>
+    VERBATIM)
+endif()
+target_sources(KezLib PRIVATE ${module_definition})
