@@ -321,7 +321,7 @@ KEZ_API void KEZ_CALL kezpsl(const float *x1, const float *y1, const float *z1, 
 
 /**
  * Plane through a point spanned by two directions; its normal is their cross product. Parallel
- * directions give A = B = C = 0.
+ * directions give A = B = C = 0 but for rounding.
  *
  * @param[in] x0,y0,z0 the point (length)
  * @param[in] p1,q1,r1 first direction
@@ -1107,7 +1107,8 @@ KEZ_API void KEZ_CALL kezcnv(float X[], float Y[], const int32_t *n, int32_t *fl
  * Feet of the perpendiculars from two points on the line P1 P2. Heights are distances from the line
  * in the x-y plane, all other distances are in space: with different z the positions include the
  * height differences. The same P1 and P2 give not-a-number. A foot of P0 at P1 gives an a0 of up to
- * 0.001 h0 or not-a-number, and a foot of P3 at P2 an a3 as far off L. The line is that of `kezln3`.
+ * 0.001 h0 or not-a-number, and a foot of P3 at P2 an a3 as far off L. The line is that of
+ * `kezln3`.
  *
  * @param[in] x0,y0,z0 P0 (length)
  * @param[in] x1,y1,z1 P1, first point of the line (length)
@@ -1299,7 +1300,7 @@ KEZ_API void KEZ_CALL kezpl1(const float *x1, const float *y1, const float *z1, 
 
 /**
  * Plane through a point, parallel to two lines: to P1 P2 and to P3 P4. Parallel lines give a plane
- * without a normal, with status 0.
+ * without a normal but for rounding, with status 0.
  *
  * @param[in] x0,y0,z0 the point (length)
  * @param[in] x1,y1,z1,x2,y2,z2 P1 and P2, points of the first line (length)
@@ -1354,7 +1355,7 @@ KEZ_API void KEZ_CALL kezpl5(const float *p, const float *q, const float *r, flo
 
 /**
  * Plane through two lines, each given by a point and a direction. Parallel lines give a plane
- * without a normal, with status 0.
+ * without a normal but for rounding, with status 0.
  *
  * @param[in] x1,y1,z1,dx1,dy1,dz1 point and direction of the first line (length)
  * @param[in] x2,y2,z2,dx2,dy2,dz2 point and direction of the second line (length)
@@ -2256,16 +2257,17 @@ KEZ_API void KEZ_CALL kezadr(const int32_t *a, const int32_t counts[], const int
 /**
  * @defgroup lists Lists and polygons
  *
- * A list is an array of 32-bit entries and a count; a count below 1 is an empty list and nowhere
- * an error. A list "of either kind" holds reals or integers, whose bits are moved unchanged.
+ * A list is an array of 32-bit entries and a count; a count below 1 is an empty list and, but for
+ * `kezpor`, no error. A list "of either kind" holds reals or integers, whose bits are moved
+ * unchanged.
  *
  * Some routines strike entries out by writing a marker over them: the largest entry plus 1, in
  * 32-bit integers or in single precision. Callers can see markers where a comment says so. The
  * marker of a real list can equal the largest entry from 16777216 on, and does beyond 33554432, on
- * either side of 0; the comments' comparisons then take that entry for a marker. The largest
- * integer has no marker above it, and then no entry counts. Not-a-number is never the largest
- * entry, and every comparison with it is false. Where no entry of a real list is above
- * -3.4028235e38, that stands for the largest.
+ * either side of 0; the comments' comparisons then take that entry for a marker. Above the largest
+ * integer the marker wraps to the smallest: then the markers stand in front and no entry counts.
+ * Not-a-number is never the largest entry, and every comparison with it is false. Where no entry of
+ * a real list is above -3.4028235e38, that stands for the largest.
  *
  * Counts that are passed have no limit. One that comes out above 2147483647 wraps at 32 bits, as
  * only `kezmer1`, `kezmer4`, `kezmer11` and `kezmer13` can make it: 4294967296 less, or a multiple
