@@ -765,7 +765,8 @@ KEZ_API void KEZ_CALL kezcer6(const float *x0, const float *y0, const float *x1,
 
 /**
  * Point of a circle square across a guide from the point that is measured along it. The crossing is
- * the first or the second by the rule of `kezcer6`, and may lie on either side of the guide.
+ * chosen as by `kezcer6`: where the measured point is inside the circle, a positive sense gives the
+ * one on the left of the guide, seen from P1 towards P2, and a negative sense the one on the right.
  * Coordinates that are large against R cost digits, as at `kezcer`.
  *
  * Rejected are R <= 0.001, a guide of d <= 0.001, L <= 0.001 and d - L <= 0.001.
