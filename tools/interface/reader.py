@@ -2,7 +2,8 @@
 
 The header must keep a strict form: groups of routines, each routine one Doxygen comment followed by
 one prototype, each argument named by a @param whose direction agrees with its type, each array with
-its extent. What breaks the form is refused with its line.
+its extent, what is kept in one clause at the end. A callback's type stands above the routines that
+take it, behind a comment of its own. What breaks the form is refused with its line.
 """
 
 import pathlib
