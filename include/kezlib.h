@@ -28,6 +28,16 @@
  * There is no error code common to all routines: a degenerate case is reported through the
  * routine's own status. Not-a-number and infinities travel through the arithmetic as IEEE 754
  * says and are rejected nowhere else than by the tests that the comments name.
+ *
+ * What a host provides:
+ * - Floating-point exceptions masked, if its input may be degenerate. A call with ordinary input
+ *   and finite results raises none of invalid, divide-by-zero and overflow, unless its comment says
+ *   that it divides by zero; underflow and inexact are always to be masked.
+ * - Rounding to nearest and denormal numbers, as a process starts with. On 32-bit Linux, where
+ *   results of the C library pass through the x87, its control word as a process starts with.
+ * - No null pointer, not even for an array without entries. On x86 any address is good for an
+ *   argument; elsewhere it is a multiple of 4.
+ * - A callback that returns: it neither jumps nor throws past the routine.
  */
 #ifndef KEZLIB_H
 #define KEZLIB_H
@@ -2462,7 +2472,8 @@ KEZ_API void KEZ_CALL kezordi(const float v[], const int32_t *n, int32_t iord[])
 /**
  * Order of parallel lines a(i) x + b(i) y + c(i) = 0 across their direction, by ascending
  * intercept: -c / a on the x axis when `kezlni` says that the first line is parallel to the y axis
- * and distinct from it, else -c / b on the y axis. Other lines are compared with the first only.
+ * and distinct from it, else -c / b on the y axis, which divides by zero for a first line that is
+ * the y axis itself. Other lines are compared with the first only.
  *
  * @param[in] n number of lines
  * @param[in] a,b,c [n] the lines

@@ -4,6 +4,7 @@
 
 #include "../frame/lines.h"
 #include "../frame/points.h"
+#include "../frame/quiet.h"
 #include "../frame/tolerance.h"
 #include "quadratic.h"
 
@@ -20,7 +21,7 @@ struct Bisector {
 
 ArcCentres centres_over_level_chord(Vec2 p, Bisector bisector, float radius) noexcept {
   const float x = bisector.k / bisector.dx * 0.5f;
-  const float h = std::sqrt(radius * radius - (p.x - x) * (p.x - x));
+  const float h = square_root(radius * radius - (p.x - x) * (p.x - x));
   return {CentreStatus::none_or_level_chord, {x, p.y - h}, {x, p.y + h}, std::nullopt};
 }
 
@@ -50,8 +51,8 @@ std::optional<ArcCentres> centres_over_chord(Vec2 p, Bisector bisector, float ra
 // The second test overrides the first, and with centres that are not numbers neither holds.
 std::optional<Vec2> choose(Line chord, Vec2 first, Vec2 second, float sense) noexcept {
   std::optional<Vec2> chosen;
-  if (signed_distance(first, chord) * sense >= 0) chosen = first;
-  if (signed_distance(second, chord) * sense > 0) chosen = second;
+  if (std::isgreaterequal(signed_distance(first, chord) * sense, 0.0f)) chosen = first;
+  if (std::isgreater(signed_distance(second, chord) * sense, 0.0f)) chosen = second;
   return chosen;
 }
 

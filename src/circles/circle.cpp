@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "../frame/quiet.h"
 #include "../frame/tolerance.h"
 #include "quadratic.h"
 
@@ -45,7 +46,7 @@ Crossings intersect_line_circle(Line line, Circle circle) noexcept {
   // Deliberate: the horizontal line b y + c = 0, whatever is left of a (kezlci).
   const float b2 = b * b;
   const Roots roots = solve({b2, d * b2, (c - e * b) * c + f * b2});
-  const float y = -c / b;
+  const float y = quotient(-c, b);
   return {roots.count, {roots.first, y}, {roots.second, y}};
 }
 

@@ -59,24 +59,37 @@ SecondMoments polygon_second_moments(const PlanePoints& outline) noexcept {
           sum_over_edges(outline, product) / 24};
 }
 
+namespace {
+
+// What a circular segment or its complement takes of the circle.
+struct Sector {
+  float r, phi;
+
+  // Of a circle of radius 1.
+  float twice_unit_area() const noexcept { return phi - std::sin(phi); }
+  float area() const noexcept { return r * r * twice_unit_area() * 0.5f; }
+};
+
+Sector sector(Vec2 centre, Vec2 p, Vec2 q, Figure figure) noexcept {
+  const float phi = vertex_angle(centre, p, q);
+  return {distance(centre, p), figure == Figure::complement ? 2 * pi - phi : phi};
+}
+
+}  // namespace
+
 PlacedArea circular_segment(Vec2 centre, Vec2 p, Vec2 q, Figure figure) noexcept {
-  const bool is_complement = figure == Figure::complement;
-  const float r = distance(centre, p);
-  const float angle_at_centre = vertex_angle(centre, p, q);
-  const float phi = is_complement ? 2 * pi - angle_at_centre : angle_at_centre;
-  const float half_sine = std::sin(phi / 2);
-  const float twice_unit_area = phi - std::sin(phi);
+  const Sector part = sector(centre, p, q, figure);
+  const float half_sine = std::sin(part.phi / 2);
 
   // The centroid's distance from the centre, 4 r sin^3(phi/2) / (3 (phi - sin phi)), signed against
   // the side of the chord on which the centre lies.
-  const float e = 4 * r * (half_sine * half_sine * half_sine) / twice_unit_area / -3.0f;
-  const float outward = is_complement ? -e : e;
+  const float e = 4 * part.r * (half_sine * half_sine * half_sine) / part.twice_unit_area() / -3.0f;
+  const float outward = figure == Figure::complement ? -e : e;
   const Line chord = line_through(p, q);
   const float norm = std::sqrt(chord.a * chord.a + chord.b * chord.b);
   const float to_chord = signed_distance(centre, chord);
   const float offset = outward * to_chord / std::fabs(to_chord);
-  return {r * r * twice_unit_area * 0.5f,
-          Vec2{chord.a / norm * offset, chord.b / norm * offset} + centre};
+  return {part.area(), Vec2{chord.a / norm * offset, chord.b / norm * offset} + centre};
 }
 
 std::size_t points_used(Figure figure, std::int32_t n) noexcept {
@@ -119,6 +132,10 @@ float area_of(Figure figure, const PlanePoints& points, float stated, float othe
   // A stated area needs no point: a host may pass lists that have none.
   if (figure == Figure::area_at_point) return stated;
   if (figure == Figure::polygon) return polygon_area(points);
+  // Without the centroid: a segment of no area has none, and dividing for it would raise.
+  if (figure == Figure::segment || figure == Figure::complement) {
+    return sector(points[0], points[1], points[2], figure).area();
+  }
   const auto placed = place_area(figure, points, stated);
   return placed ? placed->area : otherwise;
 }

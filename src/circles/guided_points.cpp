@@ -35,7 +35,7 @@ Vec2 cross_circle(const Guide& guide, float radius, Line line, std::int32_t sens
                   KeptCrossings& kept) noexcept {
   refresh(kept, intersect_line_circle(line, circle_about(guide.centre, radius)));
   const float side = cross(guide.start - guide.centre, kept.first - guide.centre);
-  return static_cast<float>(sense) * side < 0 ? kept.first : kept.second;
+  return std::isless(static_cast<float>(sense) * side, 0.0f) ? kept.first : kept.second;
 }
 
 // Written as what is refused: a value that is not a number passes.

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "../frame/points.h"
+#include "../frame/quiet.h"
 #include "../frame/tolerance.h"
 
 namespace kez {
@@ -13,7 +14,7 @@ namespace {
 float polar_angle(Vec2 v) noexcept {
   // A negative zero would turn the quotient's sign, and the point to the other side.
   const float x = v.x + 0.0f;
-  const float phi = std::atan(v.y / x);
+  const float phi = std::atan(quotient(v.y, x));
   if (x < 0) return phi + pi;
   return v.y < 0 ? phi + 2 * pi : phi;
 }

@@ -2,6 +2,8 @@
 // for each of them to judge by the discriminant.
 #pragma once
 
+#include "../frame/quiet.h"
+
 namespace kez {
 
 struct Quadratic {
@@ -10,7 +12,7 @@ struct Quadratic {
   float discriminant() const noexcept { return k1 * k1 - k2 * 4 * k0; }
 
   // Where the discriminant counts as zero.
-  float double_root() const noexcept { return -(k1 / k2) * 0.5f; }
+  float double_root() const noexcept { return -quotient(k1, k2) * 0.5f; }
 
   // s is the square root of the discriminant.
   float first_root(float s) const noexcept { return (s - k1) / k2 * 0.5f; }

@@ -3,6 +3,7 @@
 #include "../frame/angles.h"
 #include "../frame/lines.h"
 #include "../frame/points.h"
+#include "../frame/quiet.h"
 #include "../frame/tolerance.h"
 #include "circle.h"
 #include "directions.h"
@@ -22,7 +23,7 @@ Vec2 raised_point(const Guide& chord, std::int32_t sense, float h) noexcept {
   const float phi = vertex_angle(chord.centre, chord.start, chord.end);
   const float half_arc = static_cast<float>(sense) * phi * -0.5f;
   const Vec2 crown = rotate_about(chord.centre, chord.start, half_arc).point.value_or(chord.start);
-  return point_between(foot, crown, h / distance(foot, crown));
+  return point_between(foot, crown, quotient(h, distance(foot, crown)));
 }
 
 }  // namespace

@@ -4,13 +4,14 @@
 
 #include "lines.h"
 #include "points.h"
+#include "quiet.h"
 #include "tolerance.h"
 
 namespace kez {
 
 std::optional<float> line_angle(Vec3 u, Vec3 w) noexcept {
   if (!both_long(u, w)) return std::nullopt;
-  return std::acos(std::fabs(dot(u, w)) / length(u) / length(w));
+  return arc_cosine(std::fabs(dot(u, w)) / length(u) / length(w));
 }
 
 Vec3 projected_angles(Vec3 u, Vec3 w) noexcept {

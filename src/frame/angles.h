@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "points.h"
+#include "quiet.h"
 #include "tolerance.h"
 #include "types.h"
 
@@ -20,7 +21,7 @@ bool both_long(Vector u, Vector w) noexcept {
 // vectors may round past 1, and the angle is then not a number.
 template <typename Vector>
 float angle(Vector u, Vector w) noexcept {
-  return both_long(u, w) ? std::acos(cosine(u, w)) : 0.0f;
+  return both_long(u, w) ? arc_cosine(cosine(u, w)) : 0.0f;
 }
 
 // At a vertex, between the rays to p and q.

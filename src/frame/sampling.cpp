@@ -4,6 +4,7 @@
 
 #include "numbers.h"
 #include "points.h"
+#include "quiet.h"
 
 namespace kez {
 
@@ -26,7 +27,7 @@ void sample_segment(Segment<Vec3> segment, float step, const SpacePoints& points
 
   const float length = distance(first, last);
   for (std::size_t i = 1; i + 1 < n; ++i) {
-    const float t = static_cast<float>(i) * step / length;
+    const float t = quotient(static_cast<float>(i) * step, length);
     interior = point_along(first, last, t).value_or(interior);
     points.put(i, interior);
   }
@@ -35,7 +36,7 @@ void sample_segment(Segment<Vec3> segment, float step, const SpacePoints& points
 float integrate(std::span<const float> samples, float a, float b) noexcept {
   if (samples.empty()) return 0;
   const std::size_t n = samples.size();
-  const float h = (b - a) / static_cast<float>(n - 1);
+  const float h = quotient(b - a, static_cast<float>(n - 1));
   float total = (samples.front() + samples.back()) * 0.5f;
   if (n >= 4) total += sum(n - 3, [&](std::size_t i) { return samples[i + 1]; });
   return h * total;

@@ -2,13 +2,15 @@
 
 #include <cmath>
 
+#include "../frame/quiet.h"
 #include "../frame/tolerance.h"
 
 namespace kez {
 
 float reduction_factor(PlatePanel panel, float psi, float k) noexcept {
-  const float lambda_p = panel.b / ((panel.e2 / panel.e1) * 28.4f * std::sqrt(k) * panel.t);
-  if (lambda_p <= 0.5f + std::sqrt(0.085f - 0.055f * psi)) return 1;
+  const float lambda_p =
+      quotient(panel.b, quotient(panel.e2, panel.e1) * 28.4f * square_root(k) * panel.t);
+  if (std::islessequal(lambda_p, 0.5f + square_root(0.085f - 0.055f * psi))) return 1;
   const float rho = (1 - 0.055f * (3 + psi) / lambda_p) / lambda_p;
   return rho > 1 ? 1 : rho;
 }
@@ -72,10 +74,10 @@ std::optional<EffectiveParts> effective_parts(PlatePanel panel, float b_bar, flo
 }
 
 float effective_width(PlatePanel panel, float d, float& coefficient) noexcept {
-  const float ratio = panel.b / d, beyond = ratio - 0.35f;
-  if (ratio <= 0.35f) {
+  const float ratio = quotient(panel.b, d), beyond = ratio - 0.35f;
+  if (std::islessequal(ratio, 0.35f)) {
     coefficient = 0.5f;
-  } else if (ratio <= 0.6f) {
+  } else if (std::islessequal(ratio, 0.6f)) {
     coefficient = beyond * beyond / 3 + 0.5f;
   }
   return reduction_factor(panel, 1, coefficient) * panel.b;
@@ -83,7 +85,7 @@ float effective_width(PlatePanel panel, float d, float& coefficient) noexcept {
 
 namespace {
 
-// EN 1993-1-3, 5.5.3.1 (5.12); the last formula also for a slenderness that is not a number.
+// EN 1993-1-3, 5.5.3.1 (5.12).
 float distortional_reduction(float lambda) noexcept {
   if (lambda <= 0.65f) return 1;
   if (lambda <= 1.38f) return 1.47f - 0.723f * lambda;
@@ -94,17 +96,19 @@ float distortional_reduction(float lambda) noexcept {
 // with the spring stiffness of 5.5.3.1 (5.10b).
 float stiffener_slenderness(const Stiffener& stiffener) noexcept {
   const float a = stiffener.a, b = stiffener.b, t = stiffener.t, s = stiffener.s;
+  if (a + b == 0) return not_a_number;  // no area, and so no centroid
   const float area = (a + b) * t;
   const float ca = a * a / (2 * (a + b)), cb = b * b / (2 * (a + b));
   const float from_middle = a / 2 - ca;
   const float second_moment =
       (a * a * a / 12 + from_middle * from_middle * a + ca * ca * b + b * (t * t) / 12) * t;
   const float arm = stiffener.z - cb, nu = stiffener.nu;
-  const float spring =
-      stiffener.e * (t * t * t) /
-      ((1 - nu * nu) * 4 * (s + arm + 0.5f * static_cast<float>(stiffener.n) * s) * (arm * arm));
-  const float critical_stress = 2 * std::sqrt(stiffener.e * second_moment * spring) / area;
-  return std::sqrt(stiffener.fy / critical_stress);
+  const float spring = quotient(
+      stiffener.e * (t * t * t),
+      (1 - nu * nu) * 4 * (s + arm + 0.5f * static_cast<float>(stiffener.n) * s) * (arm * arm));
+  const float critical_stress =
+      quotient(2 * square_root(stiffener.e * second_moment * spring), area);
+  return square_root(quotient(stiffener.fy, critical_stress));
 }
 
 }  // namespace
@@ -113,6 +117,7 @@ float stiffener_slenderness(const Stiffener& stiffener) noexcept {
 StiffenerReduction reduce_stiffener(const Stiffener& stiffener) noexcept {
   constexpr int most_iterations = 100;
   const float lambda = stiffener_slenderness(stiffener);
+  if (!std::isfinite(lambda)) return {0, 0};  // what the iteration does not settle
   float previous = distortional_reduction(lambda);
   for (int k = 1; k <= most_iterations; ++k) {
     const float chi = distortional_reduction(std::sqrt(previous) * lambda);
