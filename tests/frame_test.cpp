@@ -132,38 +132,6 @@ TEST(Relations, OfLinesAndPlanesDoNotDependOnTheOrder) {
   }
 }
 
-// The order that the interface promises, written down as the passes that define it.
-void sort_by_passes(std::vector<float>& x) {
-  for (std::size_t i = 0; i + 1 < x.size(); ++i) {
-    float least = x[i];
-    std::size_t taken = i;
-    for (std::size_t j = i + 1; j < x.size(); ++j) {
-      if (x[j] <= least) {
-        least = x[j];
-        taken = j;
-      }
-    }
-    x[taken] = x[i];
-    x[i] = least;
-  }
-}
-
-TEST(Tables, SortLeavesTheSameBitsAsItsPasses) {
-  Random random(8);
-  for (int i = 0; i < rounds; ++i) {
-    const float odd[] = {0.0f, -0.0f, std::nanf(""), -1.0f, 1.0f};
-    const int kinds = random.integer(1, 5);
-    auto x = random.list(random.integer(0, 40), [&] {
-      return random.integer(0, 1) ? odd[random.integer(0, kinds - 1)] : random.coordinate();
-    });
-    auto expected = x;
-    sort_by_passes(expected);
-    sort_ascending(std::span(x));
-    EXPECT_TRUE(std::ranges::equal(x, expected, {}, std::bit_cast<std::uint32_t, float>,
-                                   std::bit_cast<std::uint32_t, float>));
-  }
-}
-
 TEST(Sampling, PointsOfADivisionAreOneStepApart) {
   Random random(9);
   for (int i = 0; i < rounds; ++i) {

@@ -1,4 +1,4 @@
-// The largest and the smallest entry of a real list, to compare with: zeros of either sign are one.
+// The largest entry of a real list, to compare with: zeros of either sign are one.
 #pragma once
 
 #include <array>
@@ -8,30 +8,24 @@
 
 namespace kez {
 
-// In several lanes, as sum() goes (frame/numbers.h). Not-a-number never replaces, nor is replaced.
-template <typename Replaces>
-float extreme(std::span<const float> list, float start, Replaces replaces) noexcept {
-  std::array<float, 8> best;
-  best.fill(start);
+// Of entry(0) .. entry(count - 1), in several lanes, as sum() goes (frame/numbers.h). Not-a-number
+// is never the largest; of no entries it is the most negative finite value.
+template <typename Entry>
+float largest(std::size_t count, Entry entry) noexcept {
+  std::array<float, 8> tops;
+  tops.fill(std::numeric_limits<float>::lowest());
+  const auto raise = [](float& top, float x) { top = x > top ? x : top; };
   std::size_t i = 0;
-  for (; i + best.size() <= list.size(); i += best.size()) {
-    for (std::size_t lane = 0; lane < best.size(); ++lane) {
-      best[lane] = replaces(list[i + lane], best[lane]) ? list[i + lane] : best[lane];
-    }
+  for (; i + tops.size() <= count; i += tops.size()) {
+    for (std::size_t lane = 0; lane < tops.size(); ++lane) raise(tops[lane], entry(i + lane));
   }
-  for (; i < list.size(); ++i) best[0] = replaces(list[i], best[0]) ? list[i] : best[0];
-  for (const float lane : best) best[0] = replaces(lane, best[0]) ? lane : best[0];
-  return best[0];
+  for (; i < count; ++i) raise(tops[0], entry(i));
+  for (const float top : tops) raise(tops[0], top);
+  return tops[0];
 }
 
-// Of an empty list the most negative finite value.
 inline float largest(std::span<const float> list) noexcept {
-  return extreme(list, std::numeric_limits<float>::lowest(),
-                 [](float a, float b) { return a > b; });
-}
-
-inline float smallest(std::span<const float> list, float start) noexcept {
-  return extreme(list, start, [](float a, float b) { return a < b; });
+  return largest(list.size(), [list](std::size_t i) { return list[i]; });
 }
 
 }  // namespace kez

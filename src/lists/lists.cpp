@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <optional>
 
-#include "work_list.h"
+#include "../frame/keys.h"
+#include "../frame/work_list.h"
 
 namespace kez {
 
@@ -59,48 +61,78 @@ std::int32_t keep_repeated(std::span<std::int32_t> list) noexcept {
 
 namespace {
 
-// How often a value stands in a list: for a long list by a sorted copy, where there is memory.
-class Occurrences {
+// From this length on, as measured, sorting first is faster than looking at every pair.
+constexpr std::size_t fewest_to_sort = 80;
+
+class Comparing {
  public:
-  explicit Occurrences(std::span<const std::int32_t> list) noexcept
-      : list_(list),
-        copy_(list.size() < long_list ? 0 : list.size()),
-        sorted_(list.size() >= long_list && copy_) {
-    if (!sorted_) return;
-    std::copy(list.begin(), list.end(), copy_.entries().begin());
-    sort_ascending(copy_.entries());
+  Comparing(std::span<const std::int32_t> a, std::span<const std::int32_t> b, std::int32_t common[],
+            std::int32_t differing[]) noexcept
+      : a_(a), b_(b), common_(common), differing_(differing) {}
+
+  // The two functions say how often the entry of one list at an index stands in the other list.
+  template <typename InB, typename InA>
+  Comparison write(InB in_b, InA in_a) const noexcept {
+    std::int32_t* common_end = common_;
+    std::int32_t* differing_end = differing_;
+    for (std::size_t i = 0; i < a_.size(); ++i) {
+      const auto times = in_b(i);
+      if (times == 0) *differing_end++ = a_[i];
+      common_end = std::fill_n(common_end, times, a_[i]);
+    }
+    for (std::size_t j = 0; j < b_.size(); ++j) {
+      if (in_a(j) == 0) *differing_end++ = b_[j];
+    }
+    return {static_cast<std::int32_t>(common_end - common_),
+            static_cast<std::int32_t>(differing_end - differing_)};
   }
 
-  std::ptrdiff_t of(std::int32_t value) const noexcept {
-    if (!sorted_) return std::count(list_.begin(), list_.end(), value);
-    const auto sorted = copy_.entries();
-    const auto [begin, end] = std::equal_range(sorted.begin(), sorted.end(), value);
-    return end - begin;
+  Comparison by_pairs() const noexcept {
+    return write([this](std::size_t i) { return std::count(b_.begin(), b_.end(), a_[i]); },
+                 [this](std::size_t j) { return std::count(a_.begin(), a_.end(), b_[j]); });
+  }
+
+  // Nothing where there is no memory.
+  std::optional<Comparison> by_sorting() const noexcept {
+    const std::size_t n = a_.size() + b_.size();
+    WorkList<Keyed> memory(2 * n);
+    if (!memory) return std::nullopt;
+    const auto entries = memory.entries().first(n);
+    for (std::size_t i = 0; i < a_.size(); ++i) entries[i] = keyed(key_of(a_[i]), i);
+    for (std::size_t i = a_.size(); i < n; ++i) entries[i] = keyed(key_of(b_[i - a_.size()]), i);
+    const auto [sorted, times] = sort_keys(entries, memory.entries().last(n));
+    count(sorted, times);
+    return write([&](std::size_t i) { return times[i]; },
+                 [&](std::size_t j) { return times[a_.size() + j]; });
   }
 
  private:
-  std::span<const std::int32_t> list_;
-  WorkList<std::int32_t> copy_;
-  bool sorted_;
+  // Among equal entries of the lists in one those of a come first.
+  void count(std::span<const Keyed> sorted, std::span<Keyed> times) const noexcept {
+    for (std::size_t begin = 0, middle = 0, end = 0; begin < sorted.size(); begin = end) {
+      const Key key = key_of(sorted[begin]);
+      const auto equal = [&](std::size_t k) {
+        return k < sorted.size() && key_of(sorted[k]) == key;
+      };
+      for (middle = begin; equal(middle) && index_of(sorted[middle]) < a_.size();) ++middle;
+      for (end = middle; equal(end);) ++end;
+      for (std::size_t k = begin; k < middle; ++k) times[index_of(sorted[k])] = end - middle;
+      for (std::size_t k = middle; k < end; ++k) times[index_of(sorted[k])] = middle - begin;
+    }
+  }
+
+  std::span<const std::int32_t> a_, b_;
+  std::int32_t *common_, *differing_;
 };
 
 }  // namespace
 
 Comparison compare(std::span<const std::int32_t> a, std::span<const std::int32_t> b,
                    std::int32_t common[], std::int32_t differing[]) noexcept {
-  const Occurrences in_a(a), in_b(b);
-  std::int32_t* common_end = common;
-  std::int32_t* differing_end = differing;
-  for (const std::int32_t value : a) {
-    const std::ptrdiff_t times = in_b.of(value);
-    if (times == 0) *differing_end++ = value;
-    common_end = std::fill_n(common_end, times, value);
-  }
-  for (const std::int32_t value : b) {
-    if (in_a.of(value) == 0) *differing_end++ = value;
-  }
-  return {static_cast<std::int32_t>(common_end - common),
-          static_cast<std::int32_t>(differing_end - differing)};
+  const Comparing comparing(a, b, common, differing);
+  if (std::min(a.size(), b.size()) < fewest_to_sort) return comparing.by_pairs();
+  const auto result = comparing.by_sorting();
+  return result ? *result : comparing.by_pairs();
 }
 
 }  // namespace kez

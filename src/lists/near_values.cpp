@@ -4,10 +4,11 @@
 #include <cmath>
 #include <cstddef>
 
+#include "../frame/keys.h"
 #include "../frame/numbers.h"
-#include "../frame/tables.h"
+#include "../frame/work_list.h"
 #include "extremes.h"
-#include "work_list.h"
+#include "near_search.h"
 
 namespace kez {
 
@@ -22,133 +23,155 @@ bool apart(float a, float b, float tol) noexcept {
   return std::fabs(a - b) > tol;
 }
 
-// The entries of a list by value. Rounding keeps differences in order, so that what is near a
-// finite value, by whatever tolerance, is one run of them. Not-a-number is near nothing and left
-// out.
-class SortedEntries {
- public:
-  explicit SortedEntries(std::span<const float> list) noexcept : memory_(list.size()) {
-    if (!memory_) return;
-    std::size_t count = 0;
-    for (std::size_t i = 0; i < list.size(); ++i) {
-      if (!std::isnan(list[i]))
-        memory_.entries()[count++] = {list[i], static_cast<std::uint32_t>(i)};
-    }
-    entries_ = memory_.entries().first(count);
-    std::sort(entries_.begin(), entries_.end(),
-              [](const Entry& p, const Entry& q) { return p.value < q.value; });
-  }
-
-  // False where there was no memory.
-  explicit operator bool() const noexcept { return static_cast<bool>(memory_); }
-
-  template <typename Near, typename Visit>
-  void visit_near(float x, Near is_near, Visit visit) const noexcept {
-    const auto below = [&](const Entry& e) { return e.value < x && !is_near(x, e.value); };
-    auto e = std::partition_point(entries_.begin(), entries_.end(), below);
-    for (; e != entries_.end() && is_near(x, e->value); ++e) visit(e->index);
-  }
-
- private:
-  struct Entry {
-    float value;
-    std::uint32_t index;
-  };
-
-  WorkList<Entry> memory_;
-  std::span<Entry> entries_;
-};
-
-// The entries of a list near a value: a short list is looked through, a long one is sorted first,
-// where that finds the same and there is memory. With an infinite tolerance it does not: an
-// infinite value is then near the finite ones but not near its equals, which is no run of sorted
-// entries.
-template <typename Near>
-class NearSearch {
- public:
-  NearSearch(std::span<const float> list, Near near, bool sortable) noexcept
-      : list_(list),
-        near_(near),
-        sorts_(sortable && list.size() >= long_list),
-        sorted_(sorts_ ? list : std::span<const float>()) {}
-
-  template <typename Visit>
-  void visit(float x, std::size_t first, Visit visit) const noexcept {
-    if (sorts_ && sorted_) {
-      sorted_.visit_near(x, near_, [&](std::size_t index) {
-        if (index >= first) visit(index, true);
-      });
-    } else {
-      for (std::size_t i = first; i < list_.size(); ++i) visit(i, near_(x, list_[i]));
-    }
-  }
-
- private:
-  std::span<const float> list_;
-  Near near_;
-  bool sorts_;
-  SortedEntries sorted_;
-};
-
 auto at_most(float tol) noexcept {
   return [tol](float a, float b) { return near(a, b, tol); };
+}
+
+// From these lengths on, as measured, sorting first is faster than looking at every pair.
+constexpr std::size_t sorted_to_keep = 80, sorted_to_pair = 80, sorted_to_mark = 72,
+                      sorted_to_map = 112;
+
+// Of the entries struck out, which have become markers, the first strikes out what is near the
+// marker. What it leaves is near none of the others.
+template <typename Search, typename Near>
+void strike_out_near(std::span<float> list, float marker, const Search& search,
+                     Near near) noexcept {
+  bool by_marker = false;
+  for (std::size_t i = 0; i < list.size(); ++i) {
+    const auto strike_out = [&](std::size_t j, bool is_near) {
+      list[j] = is_near ? marker : list[j];
+    };
+    if (list[i] != marker) {
+      search.visit(i, i + 1, strike_out);
+    } else if (!by_marker) {
+      PairSearch(list, near).visit(i, i + 1, strike_out);
+      by_marker = true;
+    }
+  }
 }
 
 }  // namespace
 
 std::int32_t keep_distinct(std::span<float> list, float tol) noexcept {
-  const float top = largest(list), marker = top + 1.0f + tol;
-  const auto less_than_tol_apart = [tol](float a, float b) { return std::fabs(a - b) < tol; };
-  // A marker less than tol away from entries strikes out more, which the sorted ones do not know.
-  const NearSearch search(list, less_than_tol_apart, !less_than_tol_apart(marker, top));
-  for (std::size_t i = 0; i < list.size(); ++i) {
-    search.visit(list[i], i + 1,
-                 [&](std::size_t j, bool is_near) { list[j] = is_near ? marker : list[j]; });
-  }
-
+  const float marker = largest(list) + 1.0f + tol;
+  const auto near = [tol](float a, float b) { return std::fabs(a - b) < tol; };
+  const auto stands = [marker](float x) { return x < marker; };
   std::size_t kept = 0;
-  for (const float x : list) {
-    if (x < marker) list[kept++] = x;
+  if (tol > 0) {
+    search_near(list, sorted_to_keep, near, [&](auto& search) {
+      strike_out_near(list, marker, search, near);
+      kept = search.keep_ascending(list, stands);
+    });
+  } else {  // nothing is near
+    kept = PairSearch(list, near).keep_ascending(list, stands);
   }
-  sort_ascending(list.first(kept));
   return static_cast<std::int32_t>(kept);
 }
+
+namespace {
+
+class NearPairs {
+ public:
+  NearPairs(std::span<const float> a, std::span<const float> b, float tol, std::int32_t in_a[],
+            std::int32_t in_b[]) noexcept
+      : a_(a), b_(b), tol_(tol), in_a_(in_a), in_b_(in_b) {}
+
+  void by_pairs() noexcept {
+    for (std::size_t i = 0; i < a_.size(); ++i) look_through(i);
+  }
+
+  // False where there is no memory.
+  bool by_sorting() noexcept {
+    const std::size_t n = std::max(a_.size(), b_.size());
+    WorkList<Keyed> memory(3 * n);
+    if (!memory) return false;
+    const auto part = [&](std::size_t k) { return memory.entries().subspan(k * n, n); };
+    const auto sorted_b = sort_by_value(b_, part(0), part(1));
+    const auto free = sorted_b.entries.data() == part(0).data() ? part(1) : part(0);
+    const auto [sorted_a, starts] = sort_by_value(a_, free, part(2));
+    find_starts(sorted_a, sorted_b.entries, starts);
+    for (std::size_t i = 0; i < a_.size(); ++i) write_run(i, sorted_b.entries.subspan(starts[i]));
+    return true;
+  }
+
+  std::int32_t count() const noexcept { return static_cast<std::int32_t>(count_); }
+
+ private:
+  void add(std::size_t i, std::size_t j) noexcept {
+    in_a_[count_] = position_of(i);
+    in_b_[count_++] = position_of(j);
+  }
+
+  void look_through(std::size_t i) noexcept {
+    for (std::size_t j = 0; j < b_.size(); ++j) {
+      if (near(a_[i], b_[j], tol_)) add(i, j);
+    }
+  }
+
+  // What is near an entry begins behind, or where, what is near a smaller one begins.
+  void find_starts(std::span<const Keyed> sorted_a, std::span<const Keyed> sorted_b,
+                   std::span<Keyed> starts) const noexcept {
+    std::size_t start = 0;
+    for (const Keyed entry : sorted_a) {
+      const float x = value_of(entry);
+      const auto below = [&](float y) { return y < x && !near(x, y, tol_); };
+      while (start < sorted_b.size() && below(value_of(sorted_b[start]))) ++start;
+      starts[index_of(entry)] = start;
+    }
+  }
+
+  // A run is put in the order of the list, a long one by looking through that.
+  void write_run(std::size_t i, std::span<const Keyed> run) noexcept {
+    const std::size_t first = count_;
+    for (std::size_t k = 0; k < run.size() && near(a_[i], value_of(run[k]), tol_); ++k) {
+      add(i, index_of(run[k]));
+    }
+    if (count_ - first > b_.size() / 16) {
+      count_ = first;
+      look_through(i);
+    } else if (count_ - first > 1) {
+      std::sort(in_b_ + first, in_b_ + count_);
+    }
+  }
+
+  std::span<const float> a_, b_;
+  float tol_;
+  std::int32_t *in_a_, *in_b_;
+  std::size_t count_ = 0;
+};
+
+}  // namespace
 
 std::int32_t pair_near(std::span<const float> a, std::span<const float> b, float tol,
                        std::int64_t cleared, std::int32_t in_a[], std::int32_t in_b[]) noexcept {
   std::fill_n(in_a, cleared, 0);
   std::fill_n(in_b, cleared, 0);
-  const NearSearch search(b, at_most(tol), std::isfinite(tol));
-  std::size_t count = 0;
-  for (std::size_t i = 0; i < a.size(); ++i) {
-    const std::size_t first = count;
-    search.visit(a[i], 0, [&](std::size_t j, bool is_near) {
-      if (!is_near) return;
-      in_a[count] = position_of(i);
-      in_b[count++] = position_of(j);
-    });
-    std::sort(in_b + first, in_b + count);
-  }
-  return static_cast<std::int32_t>(count);
+  if (!(tol >= 0)) return 0;
+  NearPairs pairs(a, b, tol, in_a, in_b);
+  // An infinite tolerance makes no runs: an infinite value is near the finite ones, but not near
+  // its equals.
+  const bool sorts = std::min(a.size(), b.size()) >= sorted_to_pair && !std::isinf(tol);
+  if (!sorts || !pairs.by_sorting()) pairs.by_pairs();
+  return pairs.count();
 }
 
 NearDuplicates mark_near_duplicates(std::span<float> list, float tol,
                                     std::int32_t positions[]) noexcept {
   const float marker = largest(list) + 1.0f;
-  const NearSearch search(list, at_most(tol), std::isfinite(tol));
   std::size_t count = 0;
-  for (std::size_t i = 0; i < list.size(); ++i) {
-    const float x = list[i];
-    if (!apart(x, marker, tol)) continue;
-    const std::size_t first = count;
-    search.visit(x, i + 1, [&](std::size_t j, bool is_near) {
-      // The search may still know a marked entry by its old value.
-      if (!is_near || list[j] == marker) return;
-      list[j] = marker;
-      positions[count++] = position_of(j);
-    });
-    std::sort(positions + first, positions + count);
-  }
+  search_near(list, sorted_to_mark, at_most(tol), [&](const auto& search) {
+    for (std::size_t i = 0; i < list.size(); ++i) {
+      if (!apart(list[i], marker, tol)) continue;
+      const std::size_t first = count;
+      search.visit(i, i + 1, [&](std::size_t j, bool is_near) {
+        // The room ends the count where the host let the positions overlap the list.
+        if (!is_near || list[j] == marker || count + 1 >= list.size()) return;
+        list[j] = marker;
+        positions[count++] = position_of(j);
+      });
+      std::sort(positions + first, positions + count);
+    }
+  });
   return {static_cast<std::int32_t>(count), marker};
 }
 
@@ -163,25 +186,17 @@ std::int32_t remove_near(std::span<float> list, float value, float tol) noexcept
 std::int32_t map_distinct(std::span<const float> list, float value, float tol, float distinct[],
                           std::span<std::int32_t> map) noexcept {
   const float marker = largest(list) + 1.0f;
-  const NearSearch search(list, at_most(tol), std::isfinite(tol));
-  // Until the map is made it tells which entries stand; the marker stands in place of the others.
-  const std::span<std::int32_t> stands = map;
-  for (std::size_t i = 0; i < list.size(); ++i) stands[i] = apart(list[i], value, tol);
-  for (std::size_t i = 0; i < list.size(); ++i) {
-    if (!stands[i] || !apart(list[i], marker, tol)) continue;
-    search.visit(list[i], i + 1,
-                 [&](std::size_t j, bool is_near) { stands[j] = is_near ? 0 : stands[j]; });
-  }
   std::int32_t count = 0;
-  for (std::size_t i = 0; i < list.size(); ++i) {
-    if (apart(stands[i] ? list[i] : marker, marker, tol)) distinct[count++] = list[i];
-  }
-
   std::fill(map.begin(), map.end(), 0);
-  for (std::int32_t k = 0; k < count; ++k) {
-    search.visit(distinct[k], 0,
-                 [&](std::size_t i, bool is_near) { map[i] = is_near ? k + 1 : map[i]; });
-  }
+  search_near(list, sorted_to_map, at_most(tol), [&](const auto& search) {
+    for (std::size_t i = 0; i < list.size(); ++i) {
+      // An entry that is mapped is near an earlier one, which strikes it out.
+      const bool stands = apart(list[i], value, tol) && map[i] == 0;
+      if (!apart(stands ? list[i] : marker, marker, tol)) continue;
+      distinct[count++] = list[i];
+      search.visit(i, 0, [&](std::size_t j, bool is_near) { map[j] = is_near ? count : map[j]; });
+    }
+  });
   return count;
 }
 

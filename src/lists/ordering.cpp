@@ -1,59 +1,103 @@
 #include "ordering.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstddef>
 #include <numeric>
 
+#include "../frame/keys.h"
 #include "../frame/lines.h"
+#include "../frame/numbers.h"
+#include "../frame/work_list.h"
 #include "extremes.h"
-#include "work_list.h"
 
 namespace kez {
 
 namespace {
 
-// The position of the last of the smallest entries, 0 when the one to begin with is not a number,
-// which nothing is smaller than or equal to.
-std::int32_t choose(std::span<const float> list, float begin) noexcept {
-  const float least = smallest(list, begin);
-  const auto n = static_cast<std::int32_t>(list.size());
-  std::int32_t chosen = 0;
-  for (std::int32_t i = 0; i < n; ++i) {
-    chosen = list[static_cast<std::size_t>(i)] == least ? i + 1 : chosen;
+// An order of entry(0) .. entry(count - 1): pass by pass the smallest entry gives way to the
+// marker. That takes the entries below the marker as they are sorted, equal ones from the last on.
+template <typename Entry>
+class Ordering {
+ public:
+  Ordering(std::size_t count, Entry entry, std::int32_t order[]) noexcept
+      : count_(count), entry_(entry), order_(order), marker_(largest(count, entry) + 1.0f) {}
+
+  void write(std::span<Keyed> entries, std::span<Keyed> room) const noexcept {
+    std::size_t below = 0;
+    for (std::size_t i = count_; i-- > 0;) {
+      const float x = entry_(i);
+      entries[below] = keyed(comparison_key(x), count_ - i);
+      below += x < marker_;
+    }
+    const auto sorted = sort_keys(entries.first(below), room.first(below)).entries;
+    if (below == count_) {
+      for (std::size_t k = 0; k < count_; ++k) order_[k] = position(sorted[k]);
+    } else {
+      write_passes(sorted);
+    }
   }
-  return chosen;
+
+  // Without memory; false where not every entry is below the marker.
+  bool sort_positions() const noexcept {
+    for (std::size_t i = 0; i < count_; ++i) {
+      if (!(entry_(i) < marker_)) return false;
+    }
+    std::iota(order_, order_ + count_, 1);
+    const auto at = [this](std::int32_t i) { return entry_(static_cast<std::size_t>(i) - 1); };
+    std::sort(order_, order_ + count_, [at](std::int32_t i, std::int32_t j) {
+      return at(i) < at(j) || (at(i) == at(j) && i > j);
+    });
+    return true;
+  }
+
+ private:
+  // A pass that begins at not-a-number takes none. Once no entry is below the marker, those that
+  // are numbers all equal it, as the markers do, and every pass takes the last of them.
+  void write_passes(std::span<const Keyed> sorted) const noexcept {
+    std::size_t last = count_, pass = 0;
+    while (last > 0 && std::isnan(entry_(last - 1))) --last;
+    for (std::size_t k = 0; k < last; ++k) {
+      if (std::isnan(entry_(k))) continue;
+      order_[k] = pass < sorted.size() ? position(sorted[pass]) : position_of(last - 1);
+      ++pass;
+    }
+  }
+
+  std::int32_t position(Keyed entry) const noexcept {
+    return static_cast<std::int32_t>(count_ + 1 - index_of(entry));
+  }
+
+  std::size_t count_;
+  Entry entry_;
+  std::int32_t* order_;
+  float marker_;
+};
+
+// Not inlined, so that a short list does not take the stack of a long one.
+template <typename Entry>
+[[gnu::noinline]] bool order_long(const Ordering<Entry>& ordering, std::size_t count) noexcept {
+  WorkList<Keyed> memory(2 * count);
+  if (!memory) return false;
+  ordering.write(memory.entries().first(count), memory.entries().last(count));
+  return true;
 }
 
-// Chosen entries give way to the marker. Where it is no larger than others, they are chosen again.
-bool order_by_passes(std::span<const float> list, float marker, std::int32_t order[]) noexcept {
-  WorkList<float> memory(list.size());
-  if (!memory) return false;
-  const auto left = memory.entries();
-  std::copy(list.begin(), list.end(), left.begin());
-  for (std::size_t k = 0; k < left.size(); ++k) {
-    const std::int32_t chosen = choose(left, left[k]);
-    if (chosen == 0) continue;
-    left[static_cast<std::size_t>(chosen) - 1] = marker;
-    order[k] = chosen;
-  }
+template <typename Entry>
+bool order_by(std::size_t count, Entry entry, std::int32_t order[]) noexcept {
+  const Ordering ordering(count, entry, order);
+  if (count >= fewest_keys) return order_long(ordering, count) || ordering.sort_positions();
+  std::array<Keyed, 2 * fewest_keys> memory;
+  ordering.write(std::span(memory).first(count), std::span(memory).last(count));
   return true;
 }
 
 }  // namespace
 
 bool order_ascending(std::span<const float> list, std::int32_t order[]) noexcept {
-  const float top = largest(list), marker = top + 1.0f;
-  const auto is_nan = [](float x) { return std::isnan(x); };
-  if (!(marker > top) || std::any_of(list.begin(), list.end(), is_nan)) {
-    return order_by_passes(list, marker, order);
-  }
-  const auto entry = [list](std::int32_t i) { return list[static_cast<std::size_t>(i) - 1]; };
-  std::iota(order, order + list.size(), 1);
-  std::sort(order, order + list.size(), [entry](std::int32_t i, std::int32_t j) {
-    return entry(i) < entry(j) || (entry(i) == entry(j) && i > j);
-  });
-  return true;
+  return order_by(
+      list.size(), [list](std::size_t i) { return list[i]; }, order);
 }
 
 LineOrder order_parallel_lines(const ConstSpacePoints& coefficients,
@@ -70,16 +114,14 @@ LineOrder order_parallel_lines(const ConstSpacePoints& coefficients,
 
   bool ordered = true;
   for (std::size_t i = 1; i < n && ordered; ++i) ordered = parallel_to_first(line(i));
-  WorkList<float> memory(n);
-  if (ordered && memory) {
+  if (ordered) {
     // Deliberate: a first line that is the y axis itself is none of the vertical ones (kezpor).
     const bool vertical = parallel_to_first({1, 0, 0});
-    const auto intercepts = memory.entries();
-    for (std::size_t i = 0; i < n; ++i) {
-      const auto [a, b, c] = line(i);
-      intercepts[i] = -c / (vertical ? a : b);
-    }
-    if (order_ascending(intercepts, order)) return LineOrder::ordered;
+    const auto intercept = [&](std::size_t i) {
+      const auto [a, b, c] = coefficients[i];
+      return -c / (vertical ? a : b);
+    };
+    if (order_by(n, intercept, order)) return LineOrder::ordered;
   }
   std::iota(order, order + n, 1);
   return LineOrder::not_ordered;

@@ -6,7 +6,7 @@
 #include "../frame/lines.h"
 #include "../frame/tables.h"
 #include "../frame/tolerance.h"
-#include "work_list.h"
+#include "../frame/work_list.h"
 
 namespace kez {
 

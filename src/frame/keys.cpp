@@ -1,0 +1,59 @@
+#include "keys.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace kez {
+
+namespace {
+
+constexpr Key key_in(Key entry) noexcept {
+  return entry;
+}
+
+constexpr Key key_in(Keyed entry) noexcept {
+  return key_of(entry);
+}
+
+// Distributes the entries by a digit of their keys, in their order; false where all have the same.
+template <int bits, typename Entry>
+bool distribute(std::span<const Entry> from, std::span<Entry> to, int shift) noexcept {
+  const auto digit = [shift](Entry e) { return key_in(e) >> shift & ((1U << bits) - 1); };
+  std::array<std::uint32_t, 1U << bits> places{};
+  for (const Entry e : from) ++places[digit(e)];
+  if (places[digit(from.front())] == from.size()) return false;
+  std::uint32_t place = 0;
+  for (std::uint32_t& p : places) place += std::exchange(p, place);
+  for (const Entry e : from) to[places[digit(e)]++] = e;
+  return true;
+}
+
+template <int bits, typename Entry>
+Sorted<Entry> sort_by_digits(Sorted<Entry> s) noexcept {
+  for (int shift = 0; shift < 32; shift += bits) {
+    if (distribute<bits, Entry>(s.entries, s.room, shift)) std::swap(s.entries, s.room);
+  }
+  return s;
+}
+
+// Fewer digits are fewer passes, but each has more places to count, which pays for long lists.
+template <typename Entry>
+Sorted<Entry> sort(Sorted<Entry> s) noexcept {
+  if (s.entries.size() >= 1024) return sort_by_digits<11>(s);
+  if (s.entries.size() >= fewest_keys) return sort_by_digits<8>(s);
+  std::sort(s.entries.begin(), s.entries.end());
+  return s;
+}
+
+}  // namespace
+
+Sorted<Key> sort_keys(std::span<Key> entries, std::span<Key> room) noexcept {
+  return sort(Sorted<Key>{entries, room});
+}
+
+Sorted<Keyed> sort_keys(std::span<Keyed> entries, std::span<Keyed> room) noexcept {
+  return sort(Sorted<Keyed>{entries, room});
+}
+
+}  // namespace kez

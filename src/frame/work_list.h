@@ -1,0 +1,43 @@
+// Memory for a list while a routine works on it.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <span>
+#include <type_traits>
+
+namespace kez {
+
+// On the stack up to so many entries, on the heap beyond; they are not initialised. Nothing may be
+// thrown through the interface: without memory a list is false and not to be used.
+template <typename T>
+class WorkList {
+ public:
+  explicit WorkList(std::size_t size) noexcept
+      : size_(size), heap_(size > automatic ? allocate(size) : nullptr) {}
+  ~WorkList() { std::free(heap_); }
+
+  WorkList(const WorkList&) = delete;
+  WorkList& operator=(const WorkList&) = delete;
+
+  explicit operator bool() const noexcept { return heap_ || size_ <= automatic; }
+
+  std::span<T> entries() noexcept { return {heap_ ? heap_ : stack_.data(), size_}; }
+
+ private:
+  static_assert(std::is_trivial_v<T>);
+  static constexpr std::size_t automatic = 8192;  // 64 KiB of the longest type in use
+
+  // What does not fit into the address space must not wrap around to what does.
+  static T* allocate(std::size_t size) noexcept {
+    return size <= SIZE_MAX / sizeof(T) ? static_cast<T*>(std::malloc(size * sizeof(T))) : nullptr;
+  }
+
+  std::size_t size_;
+  T* heap_;
+  std::array<T, automatic> stack_;
+};
+
+}  // namespace kez
