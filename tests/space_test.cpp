@@ -4,9 +4,11 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <utility>
 
 #include "frame/points.h"
 #include "frame/rotation.h"
+#include "kezlib.h"
 #include "random.h"
 #include "space/axis_systems.h"
 #include "space/lines_in_space.h"
@@ -192,6 +194,21 @@ TEST(Distances, AskForEachHeightOnceAndInOrder) {
   EXPECT_EQ(
       points_near_line({{0, 0, 0}, {1, 0, 0}}, {xs.data(), ys.data(), 5}, z_of, 2, near.data()), 2);
   EXPECT_EQ(asked, (std::vector<std::int32_t>{1, 2, 3, 4, 5}));
+}
+
+TEST(Distances, AreThoseOfTheHostsPointsThoughItWritesItsIndex) {
+  const auto z_of = [](const std::int32_t* i) {
+    return static_cast<float>(std::exchange(const_cast<std::int32_t&>(*i), -7));
+  };
+  const std::vector<float> xs(4, 0), ys(4, 0);
+  const float zero = 0, one = 1, tol = 2;
+  const std::int32_t n = 4;
+  std::int32_t status = 0, count = 0;
+  std::vector<std::int32_t> near(4, -1);
+  kezpnl(&zero, &zero, &zero, &one, &zero, &zero, xs.data(), ys.data(), z_of, &n, &tol, &status,
+         &count, near.data());
+  EXPECT_EQ(count, 2);
+  EXPECT_EQ(near, (std::vector<std::int32_t>{1, 2, -1, -1}));
 }
 
 TEST(Placements, OfAListAreThoseOfItsPoints) {
