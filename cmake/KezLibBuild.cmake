@@ -21,6 +21,11 @@ if(CMAKE_SIZEOF_VOID_P EQUAL 4 AND CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|i.86
   target_compile_options(kezlib_objects PUBLIC -msse2 -mfpmath=sse)
 endif()
 
+# Hosts may trap floating-point exceptions, but clang divides before it knows that it should.
+if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
+  target_compile_options(kezlib_objects PRIVATE -ffp-exception-behavior=maytrap)
+endif()
+
 # gcc all the same fuses pairs of products, one pair added and one subtracted, into one instruction
 # of processors that have it (-march=x86-64-v3 or native), unless told that there is none.
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|i.86|AMD64|X86)$")

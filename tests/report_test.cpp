@@ -1,4 +1,5 @@
 // The region report as a host finds it, byte for byte. Runs in a directory without a report.
+#include <atomic>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -10,7 +11,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <atomic>
 #include <csignal>
 #include <latch>
 #include <thread>
