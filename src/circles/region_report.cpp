@@ -1,7 +1,6 @@
 #include "region_report.h"
 
 #include <fcntl.h>
-#include <sys/stat.h>
 #if defined(_WIN32)
 #include <io.h>
 #else
@@ -25,9 +24,19 @@ constexpr int mode = O_WRONLY | O_CREAT | O_APPEND | O_TEXT | O_NOINHERIT;
 constexpr int mode = O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
 #endif
 
-bool is_regular(int file) noexcept {
-  struct stat status;
-  return fstat(file, &status) == 0 && S_ISREG(status.st_mode);
+// Empties the file. Nothing but a regular one has a length that can be set, and what else there is
+// may make the host wait. (fstat would say so too, but needs a C library of 2021.)
+bool empty(int file) noexcept {
+#if defined(_WIN32)
+  return ::_chsize(file, 0) == 0;
+#else
+  return ::ftruncate(file, 0) == 0;
+#endif
+}
+
+// Where records of before are to stay: at least no pipe or terminal, which have no position.
+bool has_position(int file) noexcept {
+  return ::lseek(file, 0, SEEK_END) >= 0;
 }
 
 // Greek in Windows-1253, one byte a letter, as escapes that no editor's encoding can damage.
@@ -71,10 +80,11 @@ void RegionReport::add(const RegionFinding& finding) noexcept {
 int RegionReport::open() noexcept {
   int file = file_;
   if (file != none) return file;
-  const int opened = ::open("OUTPUT.TXT", begun_ ? mode : mode | O_TRUNC, 0666);
+  const int opened = ::open("OUTPUT.TXT", mode, 0666);
   if (opened == none) return none;
-  // Anything but a file may make the host wait. And another thread may have been faster.
-  if (!is_regular(opened) || !file_.compare_exchange_strong(file, opened)) {
+  const bool usable = begun_ ? has_position(opened) : empty(opened);
+  // Another thread may have been faster.
+  if (!usable || !file_.compare_exchange_strong(file, opened)) {
     ::close(opened);
     return file;
   }
