@@ -1,7 +1,5 @@
 # The DLL, its exports and its import library.
 
-# Hosts keep the stack aligned to 4 bytes only, SSE code expects 16: every entry realigns.
-target_compile_options(kezlib_objects PRIVATE -mstackrealign)
 # The DLL needs nothing but the system's own, and exports what the module definition names.
 target_link_options(KezLib PRIVATE -static)
 set_target_properties(KezLib PROPERTIES PREFIX "" IMPORT_PREFIX "lib")

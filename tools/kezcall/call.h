@@ -76,6 +76,13 @@ class Arguments {
 
 using Entry = void (*)();
 
+// Whether a host can leave the stack aligned to 4 bytes only (32-bit x86).
+#ifdef __i386__
+inline constexpr bool any_stack_offset = true;
+#else
+inline constexpr bool any_stack_offset = false;
+#endif
+
 // Whether a routine takes its arguments off the stack itself (32-bit Windows).
 #if defined(_WIN32) && defined(__i386__)
 inline constexpr bool callee_removes_arguments = true;
@@ -96,9 +103,9 @@ enum class Memory {
   unaligned,  // one byte behind an address that is right for its type
 };
 
-// Calls the routine at `entry`. Where the routine removes its arguments the stack pointer is
-// `stack_offset` (0, 4, 8 or 12) bytes above a multiple of 16 at the call; elsewhere the offset is
-// the compiler's business and both counts are 0. Threads may call at the same time.
+// Calls the routine at `entry`. On 32-bit x86 the stack pointer is `stack_offset` (0, 4, 8 or 12)
+// bytes above a multiple of 16 at the call; elsewhere the offset is the compiler's business and
+// both counts are 0. Threads may call at the same time.
 StackBytes invoke(Entry entry, const Arguments& arguments, unsigned stack_offset = 0,
                   Memory memory = Memory::ordinary);
 

@@ -37,7 +37,7 @@ std::vector<void*> addresses(const Arguments& arguments, const Placed& placed) {
   return result;
 }
 
-#if defined(_WIN32) && defined(__i386__)
+#ifdef __i386__
 
 // Without SSE the compiler has nothing in these registers, and no name for them.
 #ifdef __SSE__
@@ -109,8 +109,9 @@ StackBytes invoke(Entry entry, const Arguments& arguments, [[maybe_unused]] unsi
                   Memory memory) {
   const Placed placed(arguments, memory);
   const std::vector<void*> words = addresses(arguments, placed);
-#if defined(_WIN32) && defined(__i386__)
-  return {words.size() * sizeof(Word), call(entry, words, stack_offset)};
+#ifdef __i386__
+  const std::size_t due = callee_removes_arguments ? words.size() * sizeof(Word) : 0;
+  return {due, call(entry, words, stack_offset)};
 #else
   callers.at(words.size())(entry, words.data());
   return {0, 0};

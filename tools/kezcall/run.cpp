@@ -13,8 +13,8 @@
 namespace kezcall {
 namespace {
 
-// Where the routines remove their arguments themselves, hosts differ in the exported name that
-// they resolve and in how they leave the stack aligned; a file must pass with all of them.
+// Hosts differ in how they leave the stack aligned and, where the routines remove their arguments
+// themselves, in the exported name that they resolve; a file must pass with all of them.
 struct Pass {
   bool decorated = false;
   unsigned stack_offset = 0;
@@ -22,10 +22,11 @@ struct Pass {
 };
 
 std::vector<Pass> passes(Memory memory) {
-  if (!callee_removes_arguments) return {{false, 0, memory}};
   std::vector<Pass> result;
   for (const bool decorated : {false, true})
-    for (const unsigned offset : {0u, 4u, 8u, 12u}) result.push_back({decorated, offset, memory});
+    for (const unsigned offset : {0u, 4u, 8u, 12u})
+      if ((!decorated || callee_removes_arguments) && (!offset || any_stack_offset))
+        result.push_back({decorated, offset, memory});
   return result;
 }
 
@@ -36,7 +37,7 @@ std::string exported_name(const Routine& routine, const Pass& pass) {
 }
 
 std::string pass_text(const Routine& routine, const Pass& pass) {
-  if (!callee_removes_arguments) return "";
+  if (!any_stack_offset) return "";
   return "\n    called as " + exported_name(routine, pass) + ", stack " +
          std::to_string(pass.stack_offset) + " bytes above a multiple of 16";
 }
@@ -149,7 +150,8 @@ ExitStatus run_files(const std::string& library_path, const std::vector<std::str
       for (const PlacedRow& placed : rows) run_placed(library, placed, pass, trace, totals);
     }
   }
-  if (callee_removes_arguments) std::cout << "both names, four stack alignments\n";
+  if (callee_removes_arguments) std::cout << "both names, ";
+  if (any_stack_offset) std::cout << "four stack alignments\n";
   std::cout << totals.passed << " passed, " << totals.failed << " failed\n";
   if (totals.bad_input) return bad_input;
   return totals.failed ? some_failed : all_well;
