@@ -1,0 +1,12 @@
+#include "harness.h"
+
+int main(int argc, char** argv) {
+  bench::register_geometry();
+  bench::register_points();
+  bench::register_polygons();
+  bench::register_lists();
+  bench::register_unfriendly();
+  benchmark::Initialize(&argc, argv);
+  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+  benchmark::RunSpecifiedBenchmarks();
+}

@@ -1,0 +1,79 @@
+"""The rows of the table: what is measured beside what, and the goal."""
+
+from typing import NamedTuple
+
+
+class Row(NamedTuple):
+    work: str
+    ours: str  # the benchmark of this library
+    peer: str  # the one beside it
+    goal: float | None = None
+    sizes: tuple[int, ...] = ()
+    over: bool = False  # ns above the peer's instead of the ratio
+
+
+class Growth(NamedTuple):
+    """Time per entry at the second size over that at the first: 10 where it grows with the square,
+    1.33 with n log n, and a little more as caches end."""
+    work: str
+    ours: str
+    goal: float = 2.0
+    sizes: tuple[int, int] = (1_000, 10_000)
+
+
+TO_1E4 = 1_000, 10_000
+TO_1E5 = 1_000, 10_000, 100_000
+TO_1E6 = 1_000, 10_000, 100_000, 1_000_000
+
+ROWS = [
+    Row("`kezpds` / empty call", "kezpds", "empty7", 1.15),
+    Row("`kezlni` / CGAL line-line, inlined", "kezlni", "cgal_line_line", 1.1),
+    Row("`kezln3` twice and `kezlni` / CGAL from 4 points", "kezln3_kezln3_kezlni",
+        "cgal_four_points", 1.6),
+    Row("`kezlci` / Open CASCADE line-circle", "kezlci", "cad_line_circle", 0.14),
+    Row("`kezc12` / Open CASCADE circle-circle", "kezc12", "cad_circle_circle", 0.14),
+    Row("`kezpl1` / CGAL plane of 3 points (no collinearity test there)", "kezpl1", "cgal_plane",
+        2.6),
+    Row("`kezpli` / CGAL line-plane", "kezpli", "cgal_line_plane", 1.5),
+    Row("`kezpsl` / CGAL point-segment distance, beside the segment", "kezpsl_off",
+        "cgal_point_segment_off", 1.1),
+    Row("`kezpsl` / CGAL point-segment distance, on the segment", "kezpsl_on",
+        "cgal_point_segment_on"),
+    Row("`kezphi1` / CGAL approximate angle", "kezphi1", "cgal_angle", 0.85),
+    Row("`kezef2`, ns over an empty call", "kezef2", "empty9", 7.0, over=True),
+    Row("`kez3tra` / plain loop", "kez3tra", "plain_move", 1.05, (10_000,)),
+    Row("`kezptrl` / Eigen", "kezptrl", "eigen_placement", 0.8, (10_000,)),
+    Row("`kezapl` / plain loop, a section", "kezapl", "plain_area", 1.3, (12,)),
+    Row("`kezapl` / plain loop, long outlines", "kezapl", "plain_area", 0.5, TO_1E5),
+    Row("`kezipl` / plain loop, a section", "kezipl", "plain_moments", 1.3, (12,)),
+    Row("`kezipl` / plain loop, long outlines", "kezipl", "plain_moments", None, TO_1E5),
+    Row("`kezppp` / Boost `within`", "kezppp", "boost_within", 1.2, (12, 100, *TO_1E4)),
+    Row("`kezppp` / Clipper, a section", "kezppp", "clipper_point_in_polygon", None, (12, 100)),
+    Row("`kezppp` / Clipper, long outlines", "kezppp", "clipper_point_in_polygon", 1.5, TO_1E4),
+    Row("`kezpin` / Boost polygon cut", "kezpin", "boost_cut", 0.2, (100, *TO_1E4)),
+    Row("`kezord` / Boost spreadsort", "kezord", "spreadsort_reals", 0.5, TO_1E6),
+    Row("`kezord1` / Boost spreadsort", "kezord1", "spreadsort_integers", 0.5, TO_1E6),
+    Row("`kezordi` / packed radix sort", "kezordi", "radix_order", 1.5, TO_1E6),
+    Row("`kezmer2` / spreadsort and unique", "kezmer2", "spreadsort_unique", 1.0, TO_1E6),
+    Row("`kezmer4` / hash set (Abseil)", "kezmer4", "hash_compare", 1.0, TO_1E6),
+    Row("`kezmer12` / sort and unique, a short list", "kezmer12", "sort_unique", 3.0, (100,)),
+    Row("`kezmer12` / sort and unique", "kezmer12", "sort_unique", 0.5, TO_1E6),
+    Row("`kezmer13` / sort both, two pointers", "kezmer13", "two_pointers", 0.5, TO_1E6),
+]
+
+GROWTH = [
+    Growth("`kezord`, both zeros", "kezord_zeros"),
+    Growth("`kezord`, a not-a-number", "kezord_nan"),
+    Growth("`kezordi`, a not-a-number", "kezordi_nan"),
+    Growth("`kezordi`, an infinity", "kezordi_infinity"),
+    Growth("`kezordi`, entries beyond 2^24", "kezordi_large"),
+    Growth("`kezpor`, an infinity", "kezpor_infinity"),
+    Growth("`kezmer12`, entries beyond 2^24", "kezmer12_large"),
+    Growth("`kezmer13`, tolerance not a number", "kezmer13_nan"),
+    Growth("`kezmer13`, infinite tolerance", "kezmer13_infinity"),
+    Growth("`kezmer14`, infinite tolerance", "kezmer14_infinity"),
+    Growth("`kezmer19`, infinite tolerance", "kezmer19_infinity"),
+]
+
+LOAD_GOAL = 150.0  # us
+SIZE_GOAL = 150.0  # kB
