@@ -73,6 +73,7 @@ template <typename Run>
 void rotate(benchmark::State& state, std::size_t asked, Run&& run) {
   double answer = 0;
   for (std::size_t k = 0; k < asked; ++k) answer += digest(run(k));
+  benchmark::DoNotOptimize(run);
   std::size_t k = 0;
   for (auto _ : state) {
     auto&& result = run(k);

@@ -51,7 +51,7 @@ void sorts() {
   });
 }
 
-// Sorts like the reals, with the last of equals first.
+// Sorts by value.
 std::uint64_t packed(float value, std::uint32_t index) {
   const auto bits = std::bit_cast<std::uint32_t>(value);
   const std::uint32_t key =
@@ -77,6 +77,7 @@ class RadixOrder {
 
   std::span<std::int32_t> operator()(std::span<const float> list) {
     const auto n = static_cast<std::uint32_t>(list.size());
+    // From behind, so that the last of equals comes first.
     for (std::uint32_t i = 0; i < n; ++i) entries_[i] = packed(list[n - 1 - i], n - i);
     radix_sort(entries_, other_);
     for (std::uint32_t i = 0; i < n; ++i) order_[i] = static_cast<std::int32_t>(entries_[i]);

@@ -4,7 +4,7 @@
 #include <stdio.h>
 #include <time.h>
 
-int main(int argc, char **argv) {
+int main(int argc, char** argv) {
   struct timespec begin, end;
   clock_gettime(CLOCK_MONOTONIC, &begin);
   if (argc != 2 || !dlopen(argv[1], RTLD_NOW)) {

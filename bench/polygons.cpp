@@ -39,36 +39,19 @@ struct Outline {
 
 const std::vector<std::int64_t> section_and_more{12, 1'000, 10'000, 100'000};
 
-template <auto term>
-float plain_sum(const Outline& p) {
+// The loops that a host would have instead, in functions of their own.
+[[gnu::noinline]] float plain_area(float* x, float* y, std::int32_t n) {
+  x[n] = x[0], y[n] = y[0];
   float sum = 0;
-  for (std::int32_t i = 0; i < p.n; ++i) sum += term(p.x[i], p.y[i], p.x[i + 1], p.y[i + 1]);
-  return sum;
+  for (std::int32_t i = 0; i < n; ++i) sum += (y[i + 1] - y[i]) * (x[i + 1] + x[i]);
+  return sum / 2;
 }
 
-constexpr auto area_term = [](float x1, float y1, float x2, float y2) {
-  return (y2 - y1) * (x2 + x1);
-};
-
-void areas() {
-  each_size("kezapl", section_and_more, [](std::size_t n) {
-    return [p = Outline(n), area = Area()](std::size_t) mutable -> Area& {
-      kezapl(p.x.data(), p.y.data(), &p.n, &std::get<0>(area));
-      return area;
-    };
-  });
-  each_size("plain_area", section_and_more, [](std::size_t n) {
-    return [p = Outline(n), area = Area()](std::size_t) mutable -> Area& {
-      area = {plain_sum<area_term>(p) / 2};
-      return area;
-    };
-  });
-}
-
-void plain_moments(const Outline& p, Moments& out) {
+[[gnu::noinline]] void plain_moments(float* x, float* y, std::int32_t n, Moments& out) {
+  x[n] = x[0], y[n] = y[0];
   float ix = 0, iy = 0, ixy = 0;
-  for (std::int32_t i = 0; i < p.n; ++i) {
-    const float x1 = p.x[i], y1 = p.y[i], x2 = p.x[i + 1], y2 = p.y[i + 1];
+  for (std::int32_t i = 0; i < n; ++i) {
+    const float x1 = x[i], y1 = y[i], x2 = x[i + 1], y2 = y[i + 1];
     const float dx = x1 - x2, dy = y2 - y1, sx = x1 + x2, sy = y1 + y2;
     ix += (y1 * y1 + y2 * y2) * sy * dx;
     iy += (x1 * x1 + x2 * x2) * sx * dy;
@@ -77,19 +60,29 @@ void plain_moments(const Outline& p, Moments& out) {
   out = {ix / 12, iy / 12, ixy / 24};
 }
 
-void moments() {
-  each_size("kezipl", section_and_more, [](std::size_t n) {
-    return [p = Outline(n), out = Moments()](std::size_t) mutable -> Moments& {
-      auto& [ix, iy, ixy] = out;
-      kezipl(p.x.data(), p.y.data(), &p.n, &ix, &iy, &ixy);
+// Registers run(outline, output).
+template <typename Output, typename Run>
+void of_outline(const char* name, Run run) {
+  each_size(name, section_and_more, [run](std::size_t n) {
+    return [p = Outline(n), out = Output(), run](std::size_t) mutable -> Output& {
+      run(p, out);
       return out;
     };
   });
-  each_size("plain_moments", section_and_more, [](std::size_t n) {
-    return [p = Outline(n), out = Moments()](std::size_t) mutable -> Moments& {
-      plain_moments(p, out);
-      return out;
-    };
+}
+
+void areas_and_moments() {
+  of_outline<Area>("kezapl", [](Outline& p, Area& out) {
+    kezapl(p.x.data(), p.y.data(), &p.n, &std::get<0>(out));
+  });
+  of_outline<Area>("plain_area",
+                   [](Outline& p, Area& out) { out = {plain_area(p.x.data(), p.y.data(), p.n)}; });
+  of_outline<Moments>("kezipl", [](Outline& p, Moments& out) {
+    auto& [ix, iy, ixy] = out;
+    kezipl(p.x.data(), p.y.data(), &p.n, &ix, &iy, &ixy);
+  });
+  of_outline<Moments>("plain_moments", [](Outline& p, Moments& out) {
+    plain_moments(p.x.data(), p.y.data(), p.n, out);
   });
 }
 
@@ -203,8 +196,7 @@ void cuts() {
 }  // namespace
 
 void register_polygons() {
-  areas();
-  moments();
+  areas_and_moments();
   points_in_polygons();
   cuts();
 }

@@ -48,7 +48,7 @@ def check(answers):
 
 
 def rounded(value):
-    return f"{value:.0f}" if value >= 100 else f"{value:.2g}" if value < 1 else f"{value:.3g}"
+    return f"{value:.0f}" if value >= 100 else f"{value:.3g}"
 
 
 def line(work, sizes, values, goal):

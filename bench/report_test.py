@@ -1,12 +1,10 @@
 """The report takes the least times, keeps to its goals, and refuses what it cannot compare."""
 
 import json
-import sys
 import unittest
 
-sys.dont_write_bytecode = True
-import report  # noqa: E402
-from rows import GROWTH, ROWS, Growth, Row  # noqa: E402
+import report
+from rows import GROWTH, ROWS, Growth, Row
 
 
 def run(name, ns, answer=1.0, kind="iteration"):
