@@ -10,42 +10,19 @@
 #include "circles/vertex_angle.h"
 #include "frame/points.h"
 #include "frame/rotation.h"
+#include "polygons.h"
 #include "random.h"
 
 namespace kez {
 namespace {
 
+using test::closable;
+using test::Outline;
 using test::polar;
 using test::Random;
+using test::random_star;
 
 constexpr int rounds = 5000;
-
-struct Outline {
-  std::vector<float> xs, ys;
-
-  void add(Vec2 p) {
-    xs.push_back(p.x);
-    ys.push_back(p.y);
-  }
-  PlanePoints points() { return {xs.data(), ys.data(), xs.size()}; }
-};
-
-// The place for the closing vertex holds what no routine may read.
-Outline closable(Outline outline) {
-  outline.add({std::nanf(""), std::nanf("")});
-  return outline;
-}
-
-// Every vertex is seen from the origin, each in a direction of its own.
-Outline random_star(Random& random, int n, float least, float most) {
-  Outline star;
-  const float step = 2 * pi / static_cast<float>(n);
-  for (int i = 0; i < n; ++i) {
-    const float angle = step * (static_cast<float>(i) + random.real(0, 0.8f));
-    star.add(polar(random.real(least, most), angle));
-  }
-  return star;
-}
 
 Outline moved(const Outline& outline, Vec2 origin) {
   Outline result = outline;
@@ -120,10 +97,6 @@ TEST(Polygons, MomentsObeyMotionAndCutsAddUp) {
   }
 }
 
-float turn_angle(Vec2 u, Vec2 w) {
-  return std::atan2(cross(u, w), dot(u, w));
-}
-
 TEST(Polygons, ConvexityAgreesWithTheTurnsAtTheVertices) {
   Random random(10);
   int convex = 0;
@@ -131,18 +104,17 @@ TEST(Polygons, ConvexityAgreesWithTheTurnsAtTheVertices) {
     const int n = random.integer(3, 7);
     // Close to a circle most are convex, far from it most are not. Clockwise ones count as well.
     Outline outline = random_star(random, n, random.integer(0, 1) ? 0.95f : 0.3f, 1);
-    if (random.integer(0, 1)) std::ranges::reverse(outline.xs), std::ranges::reverse(outline.ys);
-    float least = 4, most = -4;
-    for (std::size_t k = 0, size = outline.xs.size(); k < size; ++k) {
-      const auto at = [&](std::size_t m) {
-        return Vec2{outline.xs[m % size], outline.ys[m % size]};
-      };
-      const float angle = turn_angle(at(k + 1) - at(k), at(k + 2) - at(k + 1));
+    if (random.integer(0, 1)) outline = test::reversed(outline);
+    const test::Polygon polygon = outline.polygon();
+    double least = 4, most = -4;
+    for (std::size_t k = 0, size = polygon.size(); k < size; ++k) {
+      const auto at = [&](std::size_t m) { return polygon[m % size]; };
+      const double angle = test::turn(at(k + 1) - at(k), at(k + 2) - at(k + 1));
       least = std::min(least, angle);
       most = std::max(most, angle);
     }
     // The sum's tolerance sees neither nearly straight vertices nor needles.
-    if (std::fabs(least) < 0.05f || std::fabs(most) < 0.05f || std::max(-least, most) > 3) continue;
+    if (std::fabs(least) < 0.05 || std::fabs(most) < 0.05 || std::max(-least, most) > 3) continue;
     const bool one_way = least > 0 || most < 0;
     convex += one_way;
     outline = closable(outline);

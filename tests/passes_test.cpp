@@ -8,7 +8,6 @@
 #include <cstdlib>
 #include <limits>
 #include <numeric>
-#include <set>
 
 #include "frame/tables.h"
 #include "kezlib.h"
@@ -347,29 +346,6 @@ TEST(Lists, MarkNoMoreThanTheRoomForPositions) {
     kezmer14(&count, list.data(), &marked, reinterpret_cast<std::int32_t*>(&list[1]), &big, &tol);
     EXPECT_LT(marked, count);
     EXPECT_TRUE(std::all_of(&list[n], &list[0] + 2 * n, [](float x) { return x == -7; }));
-  }
-}
-
-TEST(Lists, AgreeWithTheStandardLibrary) {
-  Random random(64);
-  for (int round = 0; round < 500; ++round) {
-    const auto draw = [&] { return random.integer(-99, 99); };
-    Integers a = random.list(random.integer(0, 200), draw);
-    Integers b = random.list(random.integer(0, 200), draw);
-    const std::set<std::int32_t> set_a(a.begin(), a.end()), set_b(b.begin(), b.end());
-    a.resize(static_cast<std::size_t>(keep_distinct(std::span(a))));
-    b.resize(static_cast<std::size_t>(keep_distinct(std::span(b))));
-    EXPECT_TRUE(std::ranges::equal(a, set_a));
-
-    Integers common, different, com(a.size() * b.size()), dif(a.size() + b.size());
-    std::ranges::set_intersection(set_a, set_b, std::back_inserter(common));
-    std::ranges::set_symmetric_difference(set_a, set_b, std::back_inserter(different));
-    const Comparison got = compare(a, b, com.data(), dif.data());
-    com.resize(static_cast<std::size_t>(got.common));
-    dif.resize(static_cast<std::size_t>(got.differing));
-    EXPECT_EQ(com, common);
-    std::ranges::sort(dif);
-    EXPECT_EQ(dif, different);
   }
 }
 

@@ -6,6 +6,7 @@
 #include <numbers>
 #include <vector>
 
+#include "polygons.h"
 #include "random.h"
 #include "sections/channel.h"
 #include "sections/contours.h"
@@ -16,30 +17,17 @@
 namespace kez {
 namespace {
 
+using test::area;
+using test::Point;
+using test::Polygon;
 using test::Random;
+using test::widened;
 
 constexpr int rounds = 2000;
 
-struct Point {
-  double x, y;
-};
-
-Point widened(Vec2 p) {
-  return {static_cast<double>(p.x), static_cast<double>(p.y)};
-}
-
-using Polygon = std::vector<Point>;
-
+// Twice the area of a triangle.
 double cross(Point o, Point p, Point q) {
-  return (p.x - o.x) * (q.y - o.y) - (p.y - o.y) * (q.x - o.x);
-}
-
-double area(const Polygon& polygon) {
-  double twice = 0;
-  for (std::size_t i = 2; i < polygon.size(); ++i) {
-    twice += cross(polygon[0], polygon[i - 1], polygon[i]);
-  }
-  return twice / 2;
+  return cross(p - o, q - o);
 }
 
 double segment_area(Point centre, Point p, Point q) {
@@ -82,17 +70,6 @@ bool polygons_cross(const Polygon& p, const Polygon& q) {
     }
   }
   return false;
-}
-
-// By the winding number, for a point that is not on an edge.
-bool is_inside(Point point, const Polygon& polygon) {
-  double turn = 0;
-  for (std::size_t i = 0; i < polygon.size(); ++i) {
-    const Point p = polygon[i], q = polygon[(i + 1) % polygon.size()];
-    const double dot = (p.x - point.x) * (q.x - point.x) + (p.y - point.y) * (q.y - point.y);
-    turn += std::atan2(cross(point, p, q), dot);
-  }
-  return turn > std::numbers::pi;
 }
 
 Point middle(const Polygon& rectangle) {
@@ -185,7 +162,7 @@ TEST(Outlines, AreSimpleCounterClockwiseAndSymmetric) {
         EXPECT_GE(area(parts[k]), 0);
         if (contours[k].sign > 0) continue;
         EXPECT_FALSE(polygons_cross(parts[k], parts[0]));
-        EXPECT_TRUE(is_inside(middle(parts[k]), parts[0]));
+        EXPECT_EQ(winding_number(parts[0], middle(parts[k])), 1);
       }
     }
   }
