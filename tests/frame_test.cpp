@@ -49,6 +49,27 @@ TEST(Points, CosineAndSineBelongToOneAngle) {
   }
 }
 
+void expect_angle(float found, Vec2 u, Vec2 w) {
+  if (is_null(u) || is_null(w)) {
+    EXPECT_EQ(found, 0);
+    return;
+  }
+  const float expected = std::fabs(std::atan2(cross(u, w), dot(u, w)));
+  // The arc cosine magnifies the rounding errors of angles near 0 and pi.
+  if (std::sin(expected) < 0.01f) return;
+  EXPECT_NEAR(found, expected, 1e-4f);
+}
+
+TEST(Points, ProjectedAnglesAreThoseOfTheShadows) {
+  Random random(11);
+  for (int i = 0; i < rounds; ++i) {
+    const Vec3 u = random.point3(), w = random.point3(), angles = projected_angles(u, w);
+    expect_angle(angles.x, {u.y, u.z}, {w.y, w.z});
+    expect_angle(angles.y, {u.x, u.z}, {w.x, w.z});
+    expect_angle(angles.z, {u.x, u.y}, {w.x, w.y});
+  }
+}
+
 TEST(Lines, RunThroughWhatTheyAreMadeOf) {
   Random random(3);
   for (int i = 0; i < rounds; ++i) {
