@@ -179,8 +179,8 @@ TEST(Lines, MeetOnBoth) {
     const float scale = std::hypot(p.a, p.b) * std::hypot(q.a, q.b);
     if (std::fabs(p.a * q.b - q.a * p.b) < 0.1f * scale || scale < 0.1f) continue;
     ASSERT_EQ(meeting.status, Meeting::one_point);
-    EXPECT_NEAR(signed_distance(*meeting.point, p), 0, 1e-3f);
-    EXPECT_NEAR(signed_distance(*meeting.point, q), 0, 1e-3f);
+    EXPECT_NEAR(signed_distance(meeting.point, p), 0, 1e-3f);
+    EXPECT_NEAR(signed_distance(meeting.point, q), 0, 1e-3f);
   }
 }
 

@@ -88,8 +88,8 @@ TEST(Planes, MeetLinesOnBoth) {
     }
     const LinePlaneMeeting meeting = intersect_line_plane({from, direction}, plane);
     ASSERT_EQ(meeting.status, LinePlaneMeeting::Status::one_point);
-    EXPECT_NEAR(signed_distance(*meeting.point, plane), 0, 1e-3f);
-    EXPECT_NEAR(length(cross(*meeting.point - from, direction)) / length(direction), 0, 1e-3f);
+    EXPECT_NEAR(signed_distance(meeting.point, plane), 0, 1e-3f);
+    EXPECT_NEAR(length(cross(meeting.point - from, direction)) / length(direction), 0, 1e-3f);
   }
 }
 

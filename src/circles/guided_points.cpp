@@ -133,7 +133,7 @@ std::optional<GuideMeeting> meet_guide(const Guide& guide, float dphi, float the
   const Guide local = to_local(frame, guide);
   const Line line = line_at_angle(frame.to_local(rotated), theta);
   const LineMeeting meeting = intersect_lines(line, line_through(local.start, local.end));
-  kept_meeting = meeting.point.value_or(kept_meeting);
+  kept_meeting = meeting.point_or(kept_meeting);
 
   // Deliberate: a point on the guide's line but at none of its ends makes the status 0 whatever the
   // lines are (kezcer10).

@@ -12,8 +12,9 @@ namespace kez {
 namespace {
 
 bool foot_behind_vertex(Vec2 vertex, Vec2 p, Line ray, Vec2 point) noexcept {
-  const auto foot = intersect_lines(ray, line_in_direction(point, {ray.a, ray.b})).point;
-  return foot && position_on_segment(Segment{vertex, p}, *foot) == Position::before_first;
+  const LineMeeting foot = intersect_lines(ray, line_in_direction(point, {ray.a, ray.b}));
+  return foot.status == Meeting::one_point &&
+         position_on_segment(Segment{vertex, p}, foot.point) == Position::before_first;
 }
 
 }  // namespace

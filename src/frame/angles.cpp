@@ -19,15 +19,6 @@ Vec3 projected_angles(Vec3 u, Vec3 w) noexcept {
           angle(Vec2{u.x, u.y}, Vec2{w.x, w.y})};
 }
 
-DirectionRelation relate_directions(Vec3 u, Vec3 w) noexcept {
-  const auto cosine = cosine_between(u, w);
-  if (!cosine) return DirectionRelation::null;
-  if (equal(*cosine, 1)) return DirectionRelation::same;
-  if (equal(*cosine, -1)) return DirectionRelation::opposite;
-  if (equal(*cosine, 0)) return DirectionRelation::perpendicular;
-  return DirectionRelation::oblique;
-}
-
 LineRelation relate_lines(Segment<Vec3> first, Segment<Vec3> second) noexcept {
   const Vec3 u = first.vector(), w = second.vector();
   const auto on_first = [first](Vec3 p) {

@@ -44,7 +44,14 @@ enum class DirectionRelation : std::int32_t {
   null = 4,
 };
 
-DirectionRelation relate_directions(Vec3 u, Vec3 w) noexcept;
+inline DirectionRelation relate_directions(Vec3 u, Vec3 w) noexcept {
+  const auto cosine = cosine_between(u, w);
+  if (!cosine) return DirectionRelation::null;
+  if (equal(*cosine, 1)) return DirectionRelation::same;
+  if (equal(*cosine, -1)) return DirectionRelation::opposite;
+  if (equal(*cosine, 0)) return DirectionRelation::perpendicular;
+  return DirectionRelation::oblique;
+}
 
 enum class LineRelation : std::int32_t {
   oblique = 0,

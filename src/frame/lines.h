@@ -1,8 +1,11 @@
 // Implicit lines in the plane, the plane of two directions, and points against a segment.
 #pragma once
 
+#include <cmath>
 #include <cstdint>
-#include <optional>
+#if defined(__SSE__)
+#include <xmmintrin.h>
+#endif
 
 #include "points.h"
 #include "tolerance.h"
@@ -10,20 +13,41 @@
 
 namespace kez {
 
+inline float approximate_reciprocal_sqrt(float s) noexcept {
+#if defined(__SSE__)
+  return _mm_cvtss_f32(_mm_rsqrt_ss(_mm_set_ss(s)));
+#else
+  return 1.0f / std::sqrt(s);
+#endif
+}
+
 // An approximation of 1 / sqrt(s), good to about 22 bits: the start value r0 with one Newton step
 // for f(r) = 1 / r^2 - s, in the order -r0/2 (s r0 r0 - 3).
-float reciprocal_sqrt(float s) noexcept;
+inline float reciprocal_sqrt(float s) noexcept {
+  const float r0 = approximate_reciprocal_sqrt(s);
+  return r0 * -0.5f * (s * r0 * r0 - 3.0f);
+}
 
-Line line_through(Vec2 p, Vec2 q) noexcept;
+inline Line line_through(Vec2 p, Vec2 q) noexcept {
+  return {q.y - p.y, -(q.x - p.x), p.y * q.x - p.x * q.y};
+}
+
 Line line_in_direction(Vec2 p, Vec2 direction) noexcept;
 Line line_at_angle(Vec2 p, float theta) noexcept;
 Line parallel(Line l, float d) noexcept;
 Line bisector(Vec2 vertex, Vec2 p, Vec2 q) noexcept;
 
 // Positive on the side to which the line's normal points.
-float signed_distance(Vec2 p, Line l) noexcept;
+inline float signed_distance(Vec2 p, Line l) noexcept {
+  return (l.a * p.x + l.b * p.y + l.c) * reciprocal_sqrt(l.a * l.a + l.b * l.b);
+}
 
-Plane plane_spanned(Vec3 p, Vec3 u, Vec3 w) noexcept;
+inline Plane plane_spanned(Vec3 p, Vec3 u, Vec3 w) noexcept {
+  const float a = determinant(u.y, u.z, w.y, w.z);
+  const float b = -determinant(u.x, u.z, w.x, w.z);
+  const float c = determinant(u.x, u.y, w.x, w.y);
+  return {a, b, c, -(a * p.x + b * p.y + c * p.z)};
+}
 
 enum class Position : std::int32_t {
   off_line = 0,
@@ -55,12 +79,26 @@ Position position_on_segment(Segment<Point> segment, Point p) noexcept {
 
 enum class Meeting : std::int32_t { one_point = 0, coincident = 1, parallel = 2 };
 
+// Members, not an optional: that one would go through memory on its way to the caller's variables.
 struct LineMeeting {
   Meeting status;
-  std::optional<Vec2> point;
+  Vec2 point;  // not to be read unless the lines meet in one
+
+  Vec2 point_or(Vec2 otherwise) const noexcept {
+    return status == Meeting::one_point ? point : otherwise;
+  }
 };
 
-LineMeeting intersect_lines(Line p, Line q) noexcept;
+// Cramer's rule. The tests are on the determinants as they are: normalising the coefficients would
+// change which lines of a host count as parallel.
+inline LineMeeting intersect_lines(Line p, Line q) noexcept {
+  const float det = p.a * q.b - q.a * p.b;
+  const float dx = p.b * q.c - q.b * p.c;
+  const float dy = q.a * p.c - p.a * q.c;
+  if (non_zero(det)) return {Meeting::one_point, {dx / det, dy / det}};
+  if (non_zero(dx) || non_zero(dy)) return {Meeting::parallel, {}};
+  return {Meeting::coincident, {}};
+}
 
 struct Quotients {
   float c_over_a, b_over_a;

@@ -25,9 +25,9 @@ bool on_segment(Segment<Vec2> edge, Vec2 p) noexcept {
 
 // The x at which the edge meets the x axis; an edge that ends there meets it too.
 std::optional<float> axis_crossing(Segment<Vec2> edge) noexcept {
-  const auto point = intersect_lines(line_through(edge.first, edge.second), {0, 1, 0}).point;
-  if (!point || !on_segment(edge, {point->x, 0})) return std::nullopt;
-  return point->x;
+  const auto [status, point] = intersect_lines(line_through(edge.first, edge.second), {0, 1, 0});
+  if (status != Meeting::one_point || !on_segment(edge, {point.x, 0})) return std::nullopt;
+  return point.x;
 }
 
 }  // namespace
@@ -66,8 +66,9 @@ bool crosses(Segment<Vec2> edge, Vec2 p) noexcept {
 }
 
 std::optional<Vec2> crossing(Line line, Segment<Vec2> edge) noexcept {
-  const auto point = intersect_lines(line, line_through(edge.first, edge.second)).point;
-  return point && crosses(edge, *point) ? point : std::nullopt;
+  const auto [status, point] = intersect_lines(line, line_through(edge.first, edge.second));
+  if (status != Meeting::one_point || !crosses(edge, point)) return std::nullopt;
+  return point;
 }
 
 // The gaps between the first and second, third and fourth, ... of them.

@@ -33,7 +33,7 @@ extern "C" {
 void KEZ_CALL kezlni(const float* a1, const float* b1, const float* c1, const float* a2,
                      const float* b2, const float* c2, int32_t* status, float* x, float* y) {
   const LineMeeting meeting = intersect_lines(load_line(a1, b1, c1), load_line(a2, b2, c2));
-  store(meeting.point, x, y);
+  if (meeting.status == Meeting::one_point) store(meeting.point, x, y);
   *status = code_of(meeting.status);
 }
 
@@ -154,7 +154,7 @@ void KEZ_CALL kezpli(const float* x0, const float* y0, const float* z0, const fl
                      const float* D, float* xi, float* yi, float* zi, int32_t* status) {
   const LinePlaneMeeting meeting =
       intersect_line_plane(load_ray(x0, y0, z0, u, v, w), load_plane(A, B, C, D));
-  store(meeting.point, xi, yi, zi);
+  if (meeting.status == LinePlaneMeeting::Status::one_point) store(meeting.point, xi, yi, zi);
   *status = code_of(meeting.status);
 }
 

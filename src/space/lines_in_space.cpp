@@ -90,7 +90,7 @@ SpaceMeeting intersect_lines_in_space(Ray first, Ray second, Vec2 fallback) noex
   const auto local = [&axes](Vec3 p) { return to_local_plane(axes, p); };
   const LineMeeting meeting = intersect_lines(line_through(local(from), local(to)),
                                               line_through(local(second_from), local(second_to)));
-  const Vec2 point = meeting.point.value_or(fallback);
+  const Vec2 point = meeting.point_or(fallback);
   return {obstacle, MeetingPoint{to_global(axes, in_plane(point)) + p1, from, second_from}};
 }
 

@@ -8,12 +8,6 @@
 
 namespace kez {
 
-PlaneOfPoints plane_through(Vec3 p1, Vec3 p2, Vec3 p3) noexcept {
-  const Position third = position_on_segment(Segment{p1, p2}, p3);
-  if (third != Position::off_line) return {third, {}};
-  return {third, plane_spanned(p1, p2 - p1, p3 - p1)};
-}
-
 namespace {
 
 Obstacle obstacle(LineRelation relation) noexcept {
@@ -80,17 +74,6 @@ PlaneClass classify_plane(Plane plane) noexcept {
   if (a) return through_origin ? PlaneClass::is_yz : PlaneClass::along_yz;
   // Deliberate: also without a normal (kezplp).
   return through_origin ? PlaneClass::is_xz : PlaneClass::along_xz;
-}
-
-LinePlaneMeeting intersect_line_plane(Ray line, Plane plane) noexcept {
-  using enum LinePlaneMeeting::Status;
-  const auto [p, direction] = line;
-  const Vec3 n = plane.normal();
-  const DirectionRelation relation = relate_directions(direction, n);
-  if (relation == DirectionRelation::perpendicular) return {parallel, std::nullopt};
-  if (relation == DirectionRelation::null) return {null_direction, std::nullopt};
-  const float t = -(dot(n, p) + plane.d) / dot(n, direction);
-  return {one_point, p + t * direction};
 }
 
 namespace {

@@ -17,7 +17,11 @@ struct PlaneOfPoints {
   Plane plane;
 };
 
-PlaneOfPoints plane_through(Vec3 p1, Vec3 p2, Vec3 p3) noexcept;
+inline PlaneOfPoints plane_through(Vec3 p1, Vec3 p2, Vec3 p3) noexcept {
+  const Position third = position_on_segment(Segment{p1, p2}, p3);
+  if (third != Position::off_line) return {third, {}};
+  return {third, plane_spanned(p1, p2 - p1, p3 - p1)};
+}
 
 // What keeps two lines from determining a plane: the relation in which they stand.
 enum class Obstacle : std::int32_t {
@@ -77,10 +81,19 @@ PlaneClass classify_plane(Plane plane) noexcept;
 struct LinePlaneMeeting {
   enum class Status : std::int32_t { one_point = 0, parallel = 3, null_direction = 4 };
   Status status;
-  std::optional<Vec3> point;
+  Vec3 point;  // not to be read unless there is one
 };
 
-LinePlaneMeeting intersect_line_plane(Ray line, Plane plane) noexcept;
+inline LinePlaneMeeting intersect_line_plane(Ray line, Plane plane) noexcept {
+  using enum LinePlaneMeeting::Status;
+  const auto [p, direction] = line;
+  const Vec3 n = plane.normal();
+  const DirectionRelation relation = relate_directions(direction, n);
+  if (relation == DirectionRelation::perpendicular) return {parallel, {}};
+  if (relation == DirectionRelation::null) return {null_direction, {}};
+  const float t = -(dot(n, p) + plane.d) / dot(n, direction);
+  return {one_point, p + t * direction};
+}
 
 enum class Membership : std::int32_t { outside = -1, inside = 0, no_normal = 1 };
 
