@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <bit>
 #include <cmath>
+#include <numbers>
 
 #include "frame/angles.h"
 #include "frame/lines.h"
@@ -150,6 +151,36 @@ TEST(Relations, OfLinesAndPlanesDoNotDependOnTheOrder) {
     if (length(plane.normal()) < 0.1f) continue;
     EXPECT_EQ(relate_planes(plane, twice), PlaneRelation::same_plane_same);
     EXPECT_EQ(relate_planes(plane, -plane), PlaneRelation::same_plane_opposite);
+  }
+}
+
+// Codes hold up to their thresholds whatever the lengths: the cosine is within 1e-5 of 1 up to an
+// angle of sqrt(2e-5), and of 0 up to 1e-5 beside the right angle.
+TEST(Relations, TellTheAngleOfLongAndShortVectors) {
+  Random random(11);
+  const auto vector = [&](double angle, double size) {
+    return Vec3{static_cast<float>(size * std::cos(angle)), 0,
+                static_cast<float>(size * std::sin(angle))};
+  };
+  for (int i = 0; i < 10 * rounds; ++i) {
+    const int quarters = random.integer(0, 2);
+    const double aside = std::pow(10, random.real(-7, -0.3f));
+    const double limit = quarters == 1 ? 1e-5 : std::sqrt(2e-5), turn = random.real(-3, 3);
+    if (aside > 0.95 * limit && aside < 1.05 * limit) continue;
+    const double size = std::pow(10, random.real(-4, 15)),
+                 ratio = std::pow(10, random.real(0.1f, 3));
+    const Vec3 u = vector(turn, size);
+    const Vec3 w = vector(turn + quarters * std::numbers::pi / 2 + aside, size * ratio);
+
+    constexpr DirectionRelation found[] = {
+        DirectionRelation::same, DirectionRelation::perpendicular, DirectionRelation::opposite};
+    const bool within = aside < limit;
+    EXPECT_EQ(relate_directions(u, w), within ? found[quarters] : DirectionRelation::oblique)
+        << quarters << ' ' << aside << ' ' << size;
+    constexpr Position on_line[] = {Position::before_first, Position::off_line, Position::between};
+    EXPECT_EQ(position_on_segment(Segment{-1 * u, -1 * w}, {}),
+              within ? on_line[quarters] : Position::off_line)
+        << quarters << ' ' << aside << ' ' << size;
   }
 }
 

@@ -45,11 +45,13 @@ enum class DirectionRelation : std::int32_t {
 };
 
 inline DirectionRelation relate_directions(Vec3 u, Vec3 w) noexcept {
-  const auto cosine = cosine_between(u, w);
-  if (!cosine) return DirectionRelation::null;
-  if (equal(*cosine, 1)) return DirectionRelation::same;
-  if (equal(*cosine, -1)) return DirectionRelation::opposite;
-  if (equal(*cosine, 0)) return DirectionRelation::perpendicular;
+  const CosineSquare square = cosine_square(u, w);
+  if (square.is_clear_of_one() && square.is_clear_of_zero()) return DirectionRelation::oblique;
+  if (is_null(u) || is_null(w)) return DirectionRelation::null;
+  const float c = cosine(u, w);
+  if (equal(c, 1)) return DirectionRelation::same;
+  if (equal(c, -1)) return DirectionRelation::opposite;
+  if (equal(c, 0)) return DirectionRelation::perpendicular;
   return DirectionRelation::oblique;
 }
 

@@ -63,14 +63,15 @@ enum class Position : std::int32_t {
 template <typename Point>
 Position position_on_segment(Segment<Point> segment, Point p) noexcept {
   const Point u = p - segment.first, w = p - segment.second;
+  if (cosine_square(u, w).is_clear_of_one()) return Position::off_line;
   const float d1 = length(u), d2 = length(w);
   if (d1 <= tolerance) return Position::at_first;
   if (d2 <= tolerance) return Position::at_second;
 
-  const auto cosine = cosine_between(u, w);
-  if (!cosine) return Position::off_line;
-  if (equal(*cosine, -1)) return Position::between;
-  if (equal(*cosine, 1)) {
+  if (is_null(u) || is_null(w)) return Position::off_line;
+  const float c = cosine(u, w);
+  if (equal(c, -1)) return Position::between;
+  if (equal(c, 1)) {
     if (d2 > d1) return Position::before_first;
     if (d1 > d2) return Position::beyond_second;
   }
