@@ -23,6 +23,9 @@ class PlaneList {
 
   operator PlaneList<const Real>() const noexcept { return {xs_, ys_, size_}; }
 
+  Real* xs() const noexcept { return xs_; }
+  Real* ys() const noexcept { return ys_; }
+
  private:
   Real *xs_, *ys_;
   std::size_t size_;

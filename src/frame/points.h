@@ -102,7 +102,9 @@ struct CosineSquare {
 
 template <typename Vector>
 CosineSquare cosine_square(Vector u, Vector w) noexcept {
-  const auto in_bounds = [](float square) { return square > 1e-9f && square < 1e18f; };
+  const auto in_bounds = [](float square) {
+    return std::isgreater(square, 1e-9f) && std::isless(square, 1e18f);
+  };
   const float uu = dot(u, u);
   if (!in_bounds(uu)) return {1, 0};
   const float ww = dot(w, w);
