@@ -2518,8 +2518,7 @@ KEZ_API void KEZ_CALL kezordi(const float v[], const int32_t *n, int32_t iord[])
  * @param[out] iord [n] 1, 2, ..., n when status is -1, else the lines by ascending intercept, as
  *     `kezordi` orders them; kept when `kezordi` keeps the entry
  * @param[out] status 0 ordered; -1 when there is no line, when `kezlni` does not find each other
- *     line parallel to the first and distinct from it, or when the intercepts are a list for which
- *     `kezordi` finds no memory
+ *     line parallel to the first and distinct from it, or when memory ran out
  */
 KEZ_API void KEZ_CALL kezpor(const int32_t *n, const float a[], const float b[], const float c[],
                              int32_t iord[], int32_t *status);

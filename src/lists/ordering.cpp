@@ -39,19 +39,6 @@ class Ordering {
     }
   }
 
-  // Without memory; false where not every entry is below the marker.
-  bool sort_positions() const noexcept {
-    for (std::size_t i = 0; i < count_; ++i) {
-      if (!(entry_(i) < marker_)) return false;
-    }
-    std::iota(order_, order_ + count_, 1);
-    const auto at = [this](std::int32_t i) { return entry_(static_cast<std::size_t>(i) - 1); };
-    std::sort(order_, order_ + count_, [at](std::int32_t i, std::int32_t j) {
-      return at(i) < at(j) || (at(i) == at(j) && i > j);
-    });
-    return true;
-  }
-
  private:
   // A pass that begins at not-a-number takes none. Once no entry is below the marker, those that
   // are numbers all equal it, as the markers do, and every pass takes the last of them.
@@ -84,20 +71,34 @@ template <typename Entry>
   return true;
 }
 
+// False where there is no memory.
 template <typename Entry>
 bool order_by(std::size_t count, Entry entry, std::int32_t order[]) noexcept {
   const Ordering ordering(count, entry, order);
-  if (count >= fewest_keys) return order_long(ordering, count) || ordering.sort_positions();
+  if (count >= fewest_keys) return order_long(ordering, count);
   std::array<Keyed, 2 * fewest_keys> memory;
   ordering.write(std::span(memory).first(count), std::span(memory).last(count));
+  return true;
+}
+
+// Needs no memory; false where not every entry is below the marker.
+bool sort_positions(std::span<const float> list, std::int32_t order[]) noexcept {
+  const float marker = largest(list) + 1.0f;
+  if (!std::all_of(list.begin(), list.end(), [marker](float x) { return x < marker; }))
+    return false;
+  const auto entry = [list](std::int32_t i) { return list[static_cast<std::size_t>(i) - 1]; };
+  std::iota(order, order + list.size(), 1);
+  std::sort(order, order + list.size(), [entry](std::int32_t i, std::int32_t j) {
+    return entry(i) < entry(j) || (entry(i) == entry(j) && i > j);
+  });
   return true;
 }
 
 }  // namespace
 
 bool order_ascending(std::span<const float> list, std::int32_t order[]) noexcept {
-  return order_by(
-      list.size(), [list](std::size_t i) { return list[i]; }, order);
+  const auto entry = [list](std::size_t i) { return list[i]; };
+  return order_by(list.size(), entry, order) || sort_positions(list, order);
 }
 
 LineOrder order_parallel_lines(const ConstSpacePoints& coefficients,
