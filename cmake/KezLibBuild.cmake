@@ -34,19 +34,33 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_SYSTEM_PROCESSOR MATCHES "^(x8
   target_compile_options(kezlib_objects PUBLIC -mno-fma -mno-fma4 -mno-avx512vl)
 endif()
 
+# The same bytes wherever the sources stand.
+target_compile_options(kezlib_objects PRIVATE
+  -ffile-prefix-map=${PROJECT_SOURCE_DIR}/= -ffile-prefix-map=${PROJECT_BINARY_DIR}/=)
+# What is given away checks itself and has no symbols but the exported. The sanitizers of other
+# builds see more with the checks left out.
+target_compile_options(kezlib_objects PRIVATE
+  $<$<CONFIG:Release>:-fstack-protector-strong;-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2>)
+
 target_include_directories(KezLib INTERFACE
   $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>
   $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
+# Linked as C: the library needs the C library and its mathematics, not that of C++.
 set_target_properties(KezLib PROPERTIES
-  LINKER_LANGUAGE CXX
+  LINKER_LANGUAGE C
   VERSION ${PROJECT_VERSION}
   SOVERSION ${PROJECT_VERSION_MAJOR})
+if(NOT WIN32)
+  target_link_libraries(KezLib PRIVATE m)
+endif()
+target_link_options(KezLib PRIVATE $<$<CONFIG:Release>:-s;-fstack-protector-strong>)
 
 if(WIN32)
   include(cmake/KezLibWindows.cmake)
 elseif(NOT APPLE)
-  # Hidden visibility does not reach what the standard library instantiates here.
+  # Hidden visibility does not reach what the templates of the C++ library become here.
   target_link_options(KezLib PRIVATE
-    -Wl,--version-script=${PROJECT_SOURCE_DIR}/src/kezlib.map -Wl,--as-needed)
+    -Wl,--version-script=${PROJECT_SOURCE_DIR}/src/kezlib.map -Wl,--as-needed
+    -Wl,-z,relro -Wl,-z,now)
   set_property(TARGET KezLib APPEND PROPERTY LINK_DEPENDS ${PROJECT_SOURCE_DIR}/src/kezlib.map)
 endif()

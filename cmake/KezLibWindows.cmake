@@ -1,7 +1,7 @@
 # The DLL, its exports and its import library.
 
 # The DLL needs nothing but the system's own, and exports what the module definition names.
-target_link_options(KezLib PRIVATE -static)
+target_link_options(KezLib PRIVATE -static -Wl,--no-insert-timestamp)
 set_target_properties(KezLib PROPERTIES PREFIX "" IMPORT_PREFIX "lib")
 
 file(STRINGS src/kezlib.def definitions REGEX "^    kez")
@@ -18,9 +18,13 @@ else()
   list(TRANSFORM definitions REPLACE "^ *([^ ]+) = (.+)$" "    \\2\n    \\1")
   list(JOIN definitions "\n" imports)
   file(CONFIGURE OUTPUT imports.def CONTENT "LIBRARY KezLib.dll\nEXPORTS\n@imports@\n" @ONLY)
+  # Its members are named for the path that it is written to.
   add_custom_command(TARGET KezLib POST_BUILD
-    COMMAND ${CMAKE_DLLTOOL} --kill-at --input-def ${PROJECT_BINARY_DIR}/imports.def
-            --output-lib $<TARGET_LINKER_FILE:KezLib>
+    COMMAND ${CMAKE_DLLTOOL} --deterministic-libraries --kill-at
+            --input-def ${PROJECT_BINARY_DIR}/imports.def
+            --output-lib $<TARGET_LINKER_FILE_NAME:KezLib>
+    WORKING_DIRECTORY $<TARGET_LINKER_FILE_DIR:KezLib>
     VERBATIM)
 endif()
-target_sources(KezLib PRIVATE ${module_definition})
+configure_file(cmake/KezLib.rc.in KezLib.rc @ONLY)
+target_sources(KezLib PRIVATE ${module_definition} ${PROJECT_BINARY_DIR}/KezLib.rc)

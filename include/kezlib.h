@@ -44,6 +44,10 @@
 
 #include <stdint.h>
 
+#define KEZ_VERSION_MAJOR 1
+#define KEZ_VERSION_MINOR 0
+#define KEZ_VERSION_PATCH 0
+
 #if defined(_WIN32) && !defined(_WIN64)
 #define KEZ_CALL __stdcall
 #ifndef KEZ_API

@@ -1,6 +1,8 @@
 """The built library exports the header's routines and nothing else, and needs only the system.
 
-    exports_test.py OBJDUMP LIBRARY [IMPORT_LIBRARY]
+    exports_test.py OBJDUMP LIBRARY BUILD_TYPE [IMPORT_LIBRARY]
+
+The build type is "sanitized" where the sanitizers' libraries are needed too.
 """
 
 import pathlib
@@ -12,8 +14,10 @@ import unittest
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "tools"))
 import interface  # noqa: E402
 
-OBJDUMP, LIBRARY, *IMPORT_LIBRARY = sys.argv[1:]
+OBJDUMP, LIBRARY, BUILD_TYPE, *IMPORT_LIBRARY = sys.argv[1:]
 ROUTINES = interface.read().routines
+VERSION = ".".join(re.findall(r"(?m)^#define KEZ_VERSION_\w+ (\d+)$",
+                              interface.HEADER.read_text()))
 
 
 def objdump(option, file=LIBRARY):
@@ -27,16 +31,43 @@ def decorated(routine):
 
 @unittest.skipIf(LIBRARY.endswith(".dll"), "ELF")
 class SharedObject(unittest.TestCase):
-    def test_exports_the_routines_only(self):
-        globals_ = re.findall(r"^[0-9a-f]{8,16} [^l].*$", objdump("-T"), re.MULTILINE)
-        defined = [line.split()[-1] for line in globals_ if "*UND*" not in line]
-        self.assertEqual(sorted(defined), sorted(r.name for r in ROUTINES))
+    def setUp(self):
+        self.headers = objdump("-p")
+        self.needed = re.findall(r"NEEDED\s+(\S+)", self.headers)
+        # Flags, section, version and name.
+        symbols = re.findall(
+            r"^[0-9a-f]{8,16} (.{7}) (\S+)\s+[0-9a-f]+ +(?:\(?(\w[\w.]*)\)? +)?(\S+)$",
+            objdump("-T"), re.MULTILINE)
+        self.defined = [s for s in symbols if s[0][0] != "l" and s[1] != "*UND*"]
+        self.undefined = [s for s in symbols if s[0][1] != "w" and s[1] == "*UND*"]
 
-    def test_name_and_dependencies(self):
-        headers = objdump("-p")
-        self.assertIn("libKezLib.so.1", re.findall(r"SONAME\s+(\S+)", headers))
-        for needed in re.findall(r"NEEDED\s+(\S+)", headers):
-            self.assertRegex(needed, r"^(lib(stdc\+\+|m|c|gcc_s|asan|ubsan)|ld-linux.*)\.so")
+    def test_exports_the_routines_only(self):
+        node = ("*ABS*", "KEZLIB_1.0", "KEZLIB_1.0")
+        exported = [(".text", "KEZLIB_1.0", routine.name) for routine in ROUTINES]
+        self.assertEqual(sorted(s[1:] for s in self.defined), sorted([node, *exported]))
+
+    def test_is_named_for_its_major_version(self):
+        self.assertIn("libKezLib.so.1", re.findall(r"SONAME\s+(\S+)", self.headers))
+
+    @unittest.skipIf(BUILD_TYPE == "sanitized", "the sanitizers need more")
+    def test_needs_only_an_old_c_library(self):
+        for needed in self.needed:
+            self.assertRegex(needed, r"^(lib[cm]|ld-linux.*)\.so")
+        oldest = (2, 17) if "aarch64" in self.headers else (2, 14)
+        for *_, version, name in self.undefined:
+            self.assertRegex(version, r"^GLIBC_[0-9.]+$", name)
+            number = tuple(map(int, version.removeprefix("GLIBC_").split(".")))
+            self.assertLessEqual(number, oldest, name)
+
+    @unittest.skipUnless(BUILD_TYPE == "Release", "is not given away")
+    def test_checks_itself(self):
+        self.assertRegex(self.headers, r"\bRELRO\b")
+        self.assertRegex(self.headers, r"\bFLAGS\s+0x0*8\b")  # all symbols bound at once
+        checks = [s[3] for s in self.undefined if re.search("_chk", s[3])]
+        self.assertIn("__stack_chk_fail", checks)
+        if "aarch64" not in self.headers:  # its compiler sees that the check holds
+            self.assertIn("__snprintf_chk", checks)
+        self.assertNotIn(".symtab", objdump("-h"))
 
 
 @unittest.skipUnless(LIBRARY.endswith(".dll"), "DLL")
@@ -63,9 +94,14 @@ class WindowsLibrary(unittest.TestCase):
             expected = ["_" + name for name in expected + [decorated(r) for r in ROUTINES]]
         self.assertEqual(sorted(names), sorted(expected))
 
+    def test_says_its_version(self):
+        text = pathlib.Path(LIBRARY).read_bytes().decode("utf-16-le", "ignore")
+        self.assertRegex(text, "FileVersion\0+" + re.escape(VERSION))
+        self.assertIn("VS_VERSION_INFO", text)
+
     def test_needs_only_the_system(self):
         needed = set(re.findall(r"DLL Name: (\S+)", self.headers))
-        self.assertLessEqual(needed, {"KERNEL32.dll", "msvcrt.dll"})
+        self.assertLessEqual(needed, {"ADVAPI32.dll", "KERNEL32.dll", "msvcrt.dll"})
 
 
 if __name__ == "__main__":

@@ -6,6 +6,12 @@
 // Single precision as written, on every build: 32-bit x86 must not compute in the x87 registers.
 static_assert(FLT_EVAL_METHOD == 0, "compile with -msse2 -mfpmath=sse");
 
+// Results hold for the arithmetic of IEEE 754 only.
+#if defined(__FAST_MATH__) || defined(__ASSOCIATIVE_MATH__) || defined(__RECIPROCAL_MATH__) || \
+    defined(__NO_SIGNED_ZEROS__) || __FINITE_MATH_ONLY__
+#error "compile KezLib without -ffast-math and the options that it stands for"
+#endif
+
 namespace kez {
 
 inline constexpr float pi = 3.1415927f;
