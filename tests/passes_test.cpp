@@ -312,14 +312,14 @@ TEST(Memory, IsMissedByOrdersAndPolygons) {
   std::iota(c.begin(), c.end(), -9000.0f);
   Integers order(9000, -1), identity(9000);
   std::iota(identity.begin(), identity.end(), 1);
-  EXPECT_EQ(order_parallel_lines({zeros, ones, c}, order.data()), LineOrder::ordered);
+  const ConstSpacePoints lines = {zeros.data(), ones.data(), c.data(), c.size()};
+  EXPECT_EQ(order_parallel_lines(lines, order.data()), LineOrder::ordered);
   EXPECT_EQ(order, Integers(identity.rbegin(), identity.rend()));
 
   const OutOfMemory memory;
   const Integers before = order;
   EXPECT_FALSE(order_ascending(huge, order.data()));
   EXPECT_EQ(order, before);
-  const ConstSpacePoints lines = {zeros.data(), ones.data(), c.data(), c.size()};
   EXPECT_EQ(order_parallel_lines(lines, order.data()), LineOrder::not_ordered);
   EXPECT_EQ(order, identity);
 
