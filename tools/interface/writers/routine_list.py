@@ -1,4 +1,4 @@
-"""README's list of the routines, one sentence each by family."""
+"""README's list of the routines, their number and one sentence each by family."""
 
 import itertools
 import textwrap
@@ -28,7 +28,8 @@ def renewed(text, interface):
     _, end, behind = rest.partition(END)
     if not begin or not end:
         raise FormError(f"{COMMITTED} has lost a mark around the list of routines")
-    return "\n".join([before + begin, *families(interface.routines), end + behind])
+    count = f"There are {len(interface.routines)}, by family:\n"
+    return "\n".join([before + begin, count, *families(interface.routines), end + behind])
 
 
 def write(interface):
