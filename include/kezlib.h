@@ -2293,10 +2293,10 @@ KEZ_API void KEZ_CALL kezadr(const int32_t *a, const int32_t counts[], const int
  * only `kezmer1`, `kezmer4`, `kezmer11` and `kezmer13` can make it: 4294967296 less, or a multiple
  * of that; the entries are all written.
  *
- * "Time" is how the time of a call grows with the counts at worst. Beyond 4,000 entries, 2,700 in
- * one of two lists, some routines take memory from the heap while they run, and else up to 80 KiB
- * of the stack. Where there is no memory, the comment says what comes out, or else the result is
- * the same and may take the product of the counts or the square of one.
+ * "Time" is how the time of a call grows with the counts at worst. Up to 4,000 entries, or 2,000 in
+ * each of two lists, a routine works in up to 110 KiB of the stack; beyond, some take memory from
+ * the heap while they run. Where there is none, the comment says what comes out, or else the result
+ * is the same and may take n^2, of two lists n1 n2.
  * @{
  */
 

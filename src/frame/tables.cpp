@@ -80,7 +80,8 @@ class Exchanges {
         ++first;
       } else {
         --last;
-        const Keyed displaced = at_[place] = at_[front_];
+        at_[place] = at_[front_];
+        const std::size_t displaced = index_of(at_[place]);
         sorted_[displaced] = keyed(key_of(sorted_[displaced]), place);
       }
     }

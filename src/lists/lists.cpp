@@ -100,10 +100,11 @@ class Comparing {
     const auto entries = memory.entries().first(n);
     for (std::size_t i = 0; i < a_.size(); ++i) entries[i] = keyed(key_of(a_[i]), i);
     for (std::size_t i = a_.size(); i < n; ++i) entries[i] = keyed(key_of(b_[i - a_.size()]), i);
-    const auto [sorted, times] = sort_keys(entries, memory.entries().last(n));
-    count(sorted, times);
-    return write([&](std::size_t i) { return times[i]; },
-                 [&](std::size_t j) { return times[a_.size() + j]; });
+    const auto sorted = sort_keys(entries, memory.entries().last(n));
+    const auto times = sorted.room;
+    count(sorted.entries, times);
+    return write([&](std::size_t i) { return index_of(times[i]); },
+                 [&](std::size_t j) { return index_of(times[a_.size() + j]); });
   }
 
  private:

@@ -83,7 +83,7 @@ class SortedSearch {
 
   template <typename Visitor>
   void visit(std::size_t i, std::size_t first, Visitor visitor) const noexcept {
-    const std::size_t rank = ranks_[i];
+    const std::size_t rank = index_of(ranks_[i]);
     const float x = value_of(entries_[rank]);
     const auto visited = [&](Keyed entry) {
       if (!near_(x, value_of(entry))) return false;

@@ -90,7 +90,8 @@ class NearPairs {
     const auto free = sorted_b.entries.data() == part(0).data() ? part(1) : part(0);
     const auto [sorted_a, starts] = sort_by_value(a_, free, part(2));
     find_starts(sorted_a, sorted_b.entries, starts);
-    for (std::size_t i = 0; i < a_.size(); ++i) write_run(i, sorted_b.entries.subspan(starts[i]));
+    for (std::size_t i = 0; i < a_.size(); ++i)
+      write_run(i, sorted_b.entries.subspan(index_of(starts[i])));
     return true;
   }
 

@@ -74,7 +74,7 @@ template <typename Entry>
 // False where there is no memory.
 template <typename Entry>
 bool order_by(std::size_t count, Entry entry, std::int32_t order[]) noexcept {
-  const Ordering ordering(count, entry, order);
+  const Ordering<Entry> ordering(count, entry, order);
   if (count >= fewest_keys) return order_long(ordering, count);
   std::array<Keyed, 2 * fewest_keys> memory;
   ordering.write(std::span(memory).first(count), std::span(memory).last(count));
