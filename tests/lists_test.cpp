@@ -66,6 +66,38 @@ TEST(Polygons, PointIsInsideWhereTheOutlineWindsRoundIt) {
   EXPECT_GT(std::min(inside, outside), 1000);
 }
 
+PolygonPosition locate(std::vector<Vec2> vertices, Vec2 p) {
+  Star outline;
+  for (const Vec2 v : vertices) {
+    outline.xs.push_back(v.x);
+    outline.ys.push_back(v.y);
+  }
+  outline.xs.push_back(nan);
+  outline.ys.push_back(nan);
+  return locate_in_polygon(outline.points(), p);
+}
+
+// A point beside the middle of an edge counts as on it while the rays to its ends make a cosine
+// within 1e-5 of -1: for one 2 wide up to a distance of sqrt(0.5e-5).
+TEST(Polygons, BoundaryIsAsWideAsTheTolerances) {
+  std::vector<Vec2> dome = {{-1, 0}, {1, 0}};
+  for (int i = 1; i < 40; ++i) dome.push_back(test::polar(4, 0.075f * static_cast<float>(i)));
+  for (std::size_t start = 0; start < dome.size(); ++start) {
+    std::rotate(dome.begin(), dome.begin() + 1, dome.end());
+    for (const float below : {2.1e-3f, 2.4e-3f, 0.02f}) {
+      const bool near = below < 2.2e-3f;
+      EXPECT_EQ(locate(dome, {0, -below}),
+                near ? PolygonPosition::on_boundary : PolygonPosition::outside);
+      EXPECT_EQ(locate(dome, {0, below}),
+                near ? PolygonPosition::on_boundary : PolygonPosition::inside);
+    }
+  }
+  // Beyond the tip of a needle only the tolerance of the tip itself counts.
+  const std::vector<Vec2> needle = {{-1e-6f, 0}, {1e-6f, 0}, {0, 1}};
+  EXPECT_EQ(locate(needle, {0, 1 + 5e-6f}), PolygonPosition::on_boundary);
+  EXPECT_EQ(locate(needle, {0, 1 + 2e-5f}), PolygonPosition::outside);
+}
+
 TEST(Polygons, AreasOfBothPartsAddUp) {
   Random random(67);
   for (int round = 0; round < 5000; ++round) {

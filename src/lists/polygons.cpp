@@ -1,5 +1,6 @@
 #include "polygons.h"
 
+#include <algorithm>
 #include <cmath>
 #include <optional>
 
@@ -30,17 +31,42 @@ std::optional<float> axis_crossing(Segment<Vec2> edge) noexcept {
   return point.x;
 }
 
+// Whether both ends lie on one side of the x axis, clear of it and of a hundredth of the edge's
+// width. The rays to them from any point of the axis are then less than pi - 0.02 apart, whose
+// cosine is above -1 + 2e-4: no such point counts as one of the edge, however the crossing rounds.
+bool is_clear_of_axis(Segment<Vec2> edge) noexcept {
+  const auto [p, q] = edge;
+  const float gap = std::max(std::min(p.y, q.y), -std::max(p.y, q.y));
+  return (gap > 1e-4f) & (gap > 0.01f * std::fabs(q.x - p.x));
+}
+
+// Of so many edges from the given one on, without a branch, so that vector code tells them.
+constexpr std::size_t stride = 16;
+
+bool are_clear_of_axis(const PlanePoints& points, std::size_t from) noexcept {
+  int near = 0;
+  for (std::size_t i = from; i < from + stride; ++i) {
+    near |= !is_clear_of_axis({points[i], points[i + 1]});
+  }
+  return near == 0;
+}
+
 }  // namespace
 
 PolygonPosition locate_in_polygon(const PlanePoints& outline, Vec2 p) noexcept {
   const std::size_t n = close_outline(outline);
   translate(outline, p);
 
+  const auto edge = [&](std::size_t i) { return Segment{outline[i], outline[i + 1]}; };
+  const auto next_near_axis = [&](std::size_t i) {
+    while (i + stride <= n && are_clear_of_axis(outline, i)) i += stride;
+    while (i < n && is_clear_of_axis(edge(i))) ++i;
+    return i;
+  };
   bool odd_left = false, odd_right = false;
-  for (std::size_t i = 0; i < n; ++i) {
-    const Segment edge = {outline[i], outline[i + 1]};
-    if (on_segment(edge, {0, 0})) return PolygonPosition::on_boundary;
-    const auto x = axis_crossing(edge);
+  for (std::size_t i = next_near_axis(0); i < n; i = next_near_axis(i + 1)) {
+    if (on_segment(edge(i), {0, 0})) return PolygonPosition::on_boundary;
+    const auto x = axis_crossing(edge(i));
     if (!x) continue;
     odd_left ^= *x < 0;
     odd_right ^= *x > 0;
