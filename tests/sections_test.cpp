@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <numbers>
 #include <vector>
 
@@ -336,6 +337,13 @@ TEST(Contours, FollowOneAnother) {
       end += block->count;
     }
   }
+}
+
+TEST(Contours, EndWithinTheLargestArray) {
+  constexpr std::int32_t most = std::numeric_limits<std::int32_t>::max();
+  const std::int32_t fits[] = {most - 2, 2}, too_long[] = {most - 2, 3};
+  EXPECT_TRUE(last_block(fits));
+  EXPECT_FALSE(last_block(too_long));
 }
 
 }  // namespace
