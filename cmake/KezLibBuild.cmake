@@ -37,10 +37,10 @@ endif()
 # The same bytes wherever the sources stand.
 target_compile_options(kezlib_objects PRIVATE
   -ffile-prefix-map=${PROJECT_SOURCE_DIR}/= -ffile-prefix-map=${PROJECT_BINARY_DIR}/=)
-# What is given away checks itself and has no symbols but the exported. The sanitizers of other
+# What is given away as a whole checks itself and has no symbols but the exported. The sanitizers of other
 # builds see more with the checks left out.
 target_compile_options(kezlib_objects PRIVATE
-  $<$<CONFIG:Release>:-fstack-protector-strong;-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2>)
+  $<$<AND:$<CONFIG:Release>,$<BOOL:${BUILD_SHARED_LIBS}>>:-fstack-protector-strong;-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2>)
 
 target_include_directories(KezLib INTERFACE
   $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>
@@ -55,7 +55,10 @@ if(NOT WIN32)
 endif()
 target_link_options(KezLib PRIVATE $<$<CONFIG:Release>:-s;-fstack-protector-strong>)
 
-if(WIN32)
+if(NOT BUILD_SHARED_LIBS)
+  # Nothing to import where hosts link the routines themselves.
+  target_compile_definitions(KezLib INTERFACE $<$<BOOL:${WIN32}>:KEZ_API=>)
+elseif(WIN32)
   include(cmake/KezLibWindows.cmake)
 elseif(NOT APPLE)
   # Hidden visibility does not reach what the templates of the C++ library become here.

@@ -1,10 +1,15 @@
-# What a host gets: the header, the library, a CMake package and a pkg-config file.
+# What a host gets: the library, and to build with it the header, a CMake package and a pkg-config
+# file; and kezcall. The components are the packages of cmake/KezLibPackages.cmake.
 include(CMakePackageConfigHelpers)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/KezLib)
-install(FILES include/kezlib.h TYPE INCLUDE)
-install(TARGETS KezLib EXPORT KezLib)
-install(EXPORT KezLib FILE KezLibTargets.cmake NAMESPACE KezLib:: DESTINATION ${package_dir})
+install(FILES include/kezlib.h TYPE INCLUDE COMPONENT development)
+install(TARGETS KezLib EXPORT KezLib
+  RUNTIME COMPONENT runtime
+  LIBRARY COMPONENT runtime NAMELINK_COMPONENT development
+  ARCHIVE COMPONENT development)
+install(EXPORT KezLib FILE KezLibTargets.cmake NAMESPACE KezLib:: DESTINATION ${package_dir}
+  COMPONENT development)
 
 configure_package_config_file(cmake/KezLibConfig.cmake.in KezLibConfig.cmake
   INSTALL_DESTINATION ${package_dir})
@@ -12,10 +17,25 @@ write_basic_package_version_file(KezLibConfigVersion.cmake COMPATIBILITY SameMaj
 install(FILES
   ${PROJECT_BINARY_DIR}/KezLibConfig.cmake
   ${PROJECT_BINARY_DIR}/KezLibConfigVersion.cmake
-  DESTINATION ${package_dir})
+  DESTINATION ${package_dir} COMPONENT development)
 
 # Relative to the file's own place, so that an installed tree can be moved.
 cmake_path(RELATIVE_PATH CMAKE_INSTALL_PREFIX
   BASE_DIRECTORY ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig OUTPUT_VARIABLE prefix_from_pkgconfig)
+if(NOT BUILD_SHARED_LIBS)
+  set(pkgconfig_libs " -lm")
+  if(WIN32)
+    set(pkgconfig_cflags " -DKEZ_API=")
+  endif()
+endif()
 configure_file(cmake/kezlib.pc.in kezlib.pc @ONLY)
-install(FILES ${PROJECT_BINARY_DIR}/kezlib.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+install(FILES ${PROJECT_BINARY_DIR}/kezlib.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
+  COMPONENT development)
+
+if(TARGET kezcall)
+  # An installed tree can be moved: kezcall finds the library from its own place.
+  cmake_path(RELATIVE_PATH CMAKE_INSTALL_FULL_LIBDIR
+    BASE_DIRECTORY ${CMAKE_INSTALL_FULL_BINDIR} OUTPUT_VARIABLE lib_from_bin)
+  set_target_properties(kezcall PROPERTIES INSTALL_RPATH $ORIGIN/${lib_from_bin})
+  install(TARGETS kezcall RUNTIME COMPONENT tools)
+endif()

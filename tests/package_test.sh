@@ -41,6 +41,7 @@ mv installed "$prefix"
 
 # What a host gets, and nothing else.
 sort >expected <<END
+bin/kezcall
 include/kezlib.h
 $libdir/cmake/KezLib/KezLibConfig.cmake
 $libdir/cmake/KezLib/KezLibConfigVersion.cmake
@@ -62,6 +63,8 @@ library=$prefix/$libdir/libKezLib.so
     fail "libKezLib.so.$major does not lead to .so.$version"
 objdump -p "$library" | grep -q "SONAME *libKezLib\.so\.$major\$" ||
     fail "the SONAME is not libKezLib.so.$major"
+
+[ "$("$prefix/bin/kezcall" kezpds 1 2 0  4 6 0)" = 'd  = 5' ] || fail "kezcall does not run"
 
 # A host that uses pkg-config.
 export PKG_CONFIG_PATH="$prefix/$libdir/pkgconfig"

@@ -21,7 +21,8 @@ grep -E '^(CMAKE_(TOOLCHAIN_FILE|BUILD_TYPE|C(XX)?_(COMPILER|FLAGS))|BUILD_SHARE
     IFS='
 '
     # shellcheck disable=SC2046 # an option a line
-    quietly cmake -S "$work/copy" -B "$work/build" -G Ninja -DKEZLIB_TESTS=OFF $(cat "$work/options")
+    quietly cmake -S "$work/copy" -B "$work/build" -G Ninja -DKEZLIB_TESTS=OFF \
+        -DKEZLIB_KEZCALL=OFF $(cat "$work/options")
 )
 quietly cmake --build "$work/build" --target KezLib
 for library; do
