@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <ranges>
 
 #include "lists/lists.h"
@@ -20,8 +19,6 @@ using test::Outline;
 using test::Random;
 using Integers = std::vector<std::int32_t>;
 using Reals = std::vector<float>;
-
-constexpr float nan = std::numeric_limits<float>::quiet_NaN();
 
 TEST(PrincipalAxes, HaveNoProductMoment) {
   Random random(65);
@@ -66,14 +63,10 @@ TEST(Polygons, PointIsInsideWhereTheOutlineWindsRoundIt) {
   EXPECT_GT(std::min(inside, outside), 1000);
 }
 
-PolygonPosition locate(std::vector<Vec2> vertices, Vec2 p) {
-  Star outline;
-  for (const Vec2 v : vertices) {
-    outline.xs.push_back(v.x);
-    outline.ys.push_back(v.y);
-  }
-  outline.xs.push_back(nan);
-  outline.ys.push_back(nan);
+PolygonPosition locate(const std::vector<Vec2>& vertices, Vec2 p) {
+  Outline outline;
+  for (const Vec2 v : vertices) outline.add(v);
+  outline = test::closable(outline);
   return locate_in_polygon(outline.points(), p);
 }
 
