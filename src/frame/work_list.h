@@ -10,8 +10,8 @@
 
 namespace kez {
 
-// On the stack up to so many entries, on the heap beyond; they are not initialised. Nothing may be
-// thrown through the interface: without memory a list is false and not to be used.
+// Entries that are not initialised, on the stack while they are few, on the heap beyond. Nothing
+// may be thrown through the interface: without memory a list is false and not to be used.
 template <typename T>
 class WorkList {
  public:

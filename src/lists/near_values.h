@@ -20,7 +20,8 @@ struct NearDuplicates {
   float marker;
 };
 
-// Marks the entries at most tol behind an earlier one, and writes their positions.
+// Marks the entries at most tol behind an earlier one, and writes their positions: fewer than the
+// list has entries, even where they overlap it.
 NearDuplicates mark_near_duplicates(std::span<float> list, float tol,
                                     std::int32_t positions[]) noexcept;
 

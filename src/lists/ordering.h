@@ -9,8 +9,8 @@
 namespace kez {
 
 // Writes the positions of the entries by ascending value, of equal entries the last first. Where
-// not-a-number or very large entries spoil the choice, what the choosing pass by pass gives; that
-// needs memory, and without it nothing is written and the result is false.
+// not-a-number or very large entries spoil the choice, what the choosing pass by pass gives; for
+// that a long list needs memory, and without it nothing is written and the result is false.
 bool order_ascending(std::span<const float> list, std::int32_t order[]) noexcept;
 
 enum class LineOrder : std::int32_t { ordered = 0, not_ordered = -1 };
