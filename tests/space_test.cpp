@@ -236,10 +236,16 @@ TEST(Placements, AreRigidAndUndoneByTheInverse) {
   for (int i = 0; i < 500; ++i) {
     const auto [origin, a, b] = triangle(random);
     const List before(random, random.integer(2, 40));
+    const Placement placement = {random.point3(), random.point3()};
+    const AxisSystem axes = axes_through(origin, a, b).axes;
     List list = before;
-    place_locally(origin, a, b, list.points(), {random.point3(), random.point3()});
-    for (std::size_t k = 1; k < list.size(); ++k) {
+    place_locally(origin, a, b, list.points(), placement);
+    for (std::size_t k = 0; k < list.size(); ++k) {
       EXPECT_NEAR(distance(list.at(0), list.at(k)), distance(before.at(0), before.at(k)), 1e-3f);
+      // To the bit, whatever registers the list went through.
+      Vec3 p = to_local(axes, before.at(k) - origin) + placement.translation;
+      place({&p.x, &p.y, &p.z, 1}, {{}, placement.angles});
+      expect_near(list.at(k), to_global(axes, p) + origin, 0);
     }
     const Rotation r = rotation_by(random.real(-9, 9));
     List rotated = before;

@@ -1,5 +1,9 @@
 #include "placement.h"
 
+#if __has_include(<sys/platform/x86.h>)
+#include <sys/platform/x86.h>
+#endif
+
 #include "../frame/rotation.h"
 #include "../frame/tolerance.h"
 
@@ -32,22 +36,49 @@ void place(const SpacePoints& points, Placement placement) noexcept {
   if (non_zero(angles.z)) rotate_each(rotation_by(angles.z), points.xy());
 }
 
+namespace {
+
+struct LocalPlacement {
+  Vec3 origin;
+  AxisSystem axes;
+  Vec3 translation;
+  Rotation about_x, about_y, about_z;
+};
+
+// By value, so that no store into the lists can change what is in registers.
+[[gnu::always_inline]] inline void place_each(SpacePoints points, LocalPlacement to) noexcept {
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    const Vec3 moved = to_local(to.axes, points[i] - to.origin) + to.translation;
+    const Vec3 rotated = rotate_about_y(to.about_y, rotate_about_x(to.about_x, moved));
+    points.put(i, to_global(to.axes, rotate_about_z(to.about_z, rotated)) + to.origin);
+  }
+}
+
+#ifdef CPU_FEATURE_ACTIVE
+// With registers of eight numbers. The results are the same, for AVX2 alone fuses nothing.
+[[gnu::target("avx2")]] void place_eights(const SpacePoints& points,
+                                          const LocalPlacement& to) noexcept {
+  place_each(points, to);
+}
+#endif
+
+void place_in_axes(const SpacePoints& points, const LocalPlacement& to) noexcept {
+#ifdef CPU_FEATURE_ACTIVE
+  // By the C library: to ask the processor itself can take as long as loading this one.
+  if (CPU_FEATURE_ACTIVE(AVX2)) return place_eights(points, to);
+#endif
+  place_each(points, to);
+}
+
+}  // namespace
+
 PlacedAxes::Status place_locally(Vec3 origin, Vec3 on_x, Vec3 in_xy, const SpacePoints& points,
                                  Placement placement) noexcept {
   const PlacedAxes placed = axes_through(origin, on_x, in_xy);
   if (placed.status != PlacedAxes::Status::placed) return placed.status;
-
-  // Copies that no store into the lists can change, so that they stay in registers.
-  const AxisSystem axes = placed.axes;
   const auto [t, angles] = placement;
-  const Rotation about_x = rotation_by(angles.x), about_y = rotation_by(angles.y);
-  const Rotation about_z = rotation_by(angles.z);
-  const SpacePoints list = points;
-  for (std::size_t i = 0; i < list.size(); ++i) {
-    const Vec3 moved = to_local(axes, list[i] - origin) + t;
-    const Vec3 rotated = rotate_about_y(about_y, rotate_about_x(about_x, moved));
-    list.put(i, to_global(axes, rotate_about_z(about_z, rotated)) + origin);
-  }
+  place_in_axes(points, LocalPlacement{origin, placed.axes, t, rotation_by(angles.x),
+                                       rotation_by(angles.y), rotation_by(angles.z)});
   return placed.status;
 }
 
