@@ -18,8 +18,9 @@ float reduction_factor(PlatePanel panel, float psi, float k) noexcept {
 namespace {
 
 // How the effective width is shared between the edges.
-enum class Share { evenly, by_stress_ratio, bending };
+enum class Share { none, evenly, by_stress_ratio, bending };
 
+// Without a share no case applies. An optional one would be stored in parts and reloaded whole.
 struct StressCase {
   float psi, k;
   Share share;
@@ -27,10 +28,10 @@ struct StressCase {
 
 // EN 1993-1-5, table 4.1. The cases overlap within the tolerance, and the last that applies counts;
 // psi = -3 lies in none of them.
-std::optional<StressCase> stress_case(float s1, float s2) noexcept {
-  if (!(s1 > 0)) return std::nullopt;
+StressCase stress_case(float s1, float s2) noexcept {
+  if (!(s1 > 0)) return {};
   const float psi = s2 / s1, magnitude2 = std::fabs(s2);
-  std::optional<StressCase> found;
+  StressCase found{};
   if (equal(s1, s2) && s2 > 0) found = {1, 4.0f, Share::evenly};
   if (equal(s2, 0)) found = {0, 7.81f, Share::by_stress_ratio};
   if (s2 > 0 && s1 - s2 > 0) found = {psi, 8.2f / (1.05f + psi), Share::by_stress_ratio};
@@ -56,15 +57,17 @@ std::optional<EffectiveParts> effective_parts(PlatePanel panel, float b_bar, flo
                                               float s2) noexcept {
   if (equal(s1, 0) && equal(s2, 0)) return std::nullopt;
   if (is_mostly_in_tension(s1, s2)) return EffectiveParts{0.5f * b_bar, 0.5f * b_bar};
-  const auto stress = stress_case(s1, s2);
-  if (!stress) return std::nullopt;
+  const auto [psi, k, share] = stress_case(s1, s2);
+  if (share == Share::none) return std::nullopt;
 
-  const float b_eff = reduction_factor(panel, stress->psi, stress->k) * b_bar;
-  switch (stress->share) {
+  const float b_eff = reduction_factor(panel, psi, k) * b_bar;
+  switch (share) {
+    case Share::none:
+      break;
     case Share::evenly:
       return EffectiveParts{0.5f * b_eff, 0.5f * b_eff};
     case Share::by_stress_ratio: {
-      const float at_first = 2 * b_eff / (5 - stress->psi);
+      const float at_first = 2 * b_eff / (5 - psi);
       return EffectiveParts{at_first, b_eff - at_first};
     }
     case Share::bending:
