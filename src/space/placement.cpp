@@ -1,6 +1,7 @@
 #include "placement.h"
 
-#if __has_include(<sys/platform/x86.h>)
+// clang takes the header for C only.
+#if __has_include(<sys/platform/x86.h>) && !defined(__clang__)
 #include <sys/platform/x86.h>
 #endif
 
