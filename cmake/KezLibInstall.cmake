@@ -39,3 +39,15 @@ if(TARGET kezcall)
   set_target_properties(kezcall PROPERTIES INSTALL_RPATH $ORIGIN/${lib_from_bin})
   install(TARGETS kezcall RUNTIME COMPONENT tools)
 endif()
+
+if(WIN32 AND BUILD_SHARED_LIBS)
+  # Below one folder the packages of both machines, each in a folder of its own.
+  install(FILES ${module_definition} DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development)
+  install(FILES ${PROJECT_BINARY_DIR}/KezLib.lib DESTINATION ${CMAKE_INSTALL_LIBDIR}
+    COMPONENT development OPTIONAL)  # where msvc_import_library is built
+  write_basic_package_version_file(windows/KezLibConfigVersion.cmake
+    COMPATIBILITY SameMajorVersion ARCH_INDEPENDENT)
+  install(FILES ${PROJECT_BINARY_DIR}/windows/KezLibConfigVersion.cmake
+    cmake/windows/KezLibConfig.cmake DESTINATION cmake COMPONENT development)
+  install(FILES README.md CHANGELOG.md DESTINATION . COMPONENT development)
+endif()

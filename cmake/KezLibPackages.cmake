@@ -1,0 +1,71 @@
+# Packages, by cpack: for Debian from the preset debian, of the sources from any build, and for
+# Windows from both builds for it.
+set(CPACK_PACKAGE_NAME kezlib)
+set(CPACK_PACKAGE_VENDOR "KezLib developers")
+set(CPACK_PACKAGE_CONTACT "KezLib developers <kezlib@example.org>")
+set(CPACK_PACKAGE_DIRECTORY ${PROJECT_SOURCE_DIR}/build/packages)
+set(CPACK_PACKAGE_CHECKSUM SHA256)
+set(CPACK_STRIP_FILES ON)
+
+set(CPACK_GENERATOR TXZ)
+set(CPACK_SOURCE_GENERATOR TXZ)
+set(CPACK_SOURCE_PACKAGE_FILE_NAME kezlib-${PROJECT_VERSION})
+set(CPACK_SOURCE_IGNORE_FILES
+  ${PROJECT_SOURCE_DIR}/build/ /\\\\.git/ /\\\\.git$ __pycache__ OUTPUT\\\\.TXT)
+
+if(WIN32)
+  # Seen from one of the two builds, the other stands beside it.
+  cmake_path(GET PROJECT_BINARY_DIR PARENT_PATH builds)
+  set(CPACK_GENERATOR ZIP)
+  set(CPACK_PACKAGE_FILE_NAME kezlib-${PROJECT_VERSION}-windows)
+  set(CPACK_INSTALL_CMAKE_PROJECTS
+    "${builds}/windows-x86;KezLib;ALL;/;${builds}/windows-x64;KezLib;ALL;/")
+endif()
+
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_COMPONENTS_ALL runtime development tools)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+
+string(CONCAT about "\nStand-alone single-precision routines for host programs that design steel\n"
+  "structures: plane and space geometry, lists and polygons, steel sections.")
+set(soname libkezlib${PROJECT_VERSION_MAJOR})
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME ${soname})
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/cmake/debian/triggers)
+set(CPACK_DEBIAN_RUNTIME_DESCRIPTION "numeric routines for steel design${about}")
+
+set(this_version "(= ${PROJECT_VERSION}-1)")
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libkezlib-dev)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${soname} ${this_version}, libc6-dev")
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SHLIBDEPS OFF)
+set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "numeric routines for steel design (header)${about}\n\n\
+What programs in C and C++ need to be built with it.")
+
+set(CPACK_DEBIAN_TOOLS_PACKAGE_NAME kezlib-tools)
+set(CPACK_DEBIAN_TOOLS_PACKAGE_SECTION math)
+set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS "${soname} ${this_version}")
+set(CPACK_DEBIAN_TOOLS_DESCRIPTION "numeric routines for steel design (command line)${about}\n\n\
+kezcall calls any of them with values, and runs files of worked calls.")
+
+# Each package for Debian has papers of its own.
+function(install_papers component package)
+  set(folder ${PROJECT_BINARY_DIR}/papers/${package})
+  string(TIMESTAMP date "%a, %d %b %Y %H:%M:%S +0000" UTC)
+  configure_file(cmake/debian/changelog.in ${folder}/changelog.Debian @ONLY)
+  configure_file(cmake/debian/copyright ${folder}/copyright COPYONLY)
+  execute_process(COMMAND gzip -9nf ${folder}/changelog.Debian COMMAND_ERROR_IS_FATAL ANY)
+  install(FILES ${folder}/changelog.Debian.gz ${folder}/copyright
+    DESTINATION share/doc/${package} COMPONENT ${component})
+endfunction()
+
+if(KEZLIB_DEBIAN)
+  install_papers(runtime ${soname})
+  install_papers(development libkezlib-dev)
+  install_papers(tools kezlib-tools)
+endif()
+include(CPack)
