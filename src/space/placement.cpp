@@ -1,8 +1,8 @@
 #include "placement.h"
 
-// clang takes the header for C only.
-#if __has_include(<sys/platform/x86.h>) && !defined(__clang__)
-#include <sys/platform/x86.h>
+#include <atomic>
+#if defined(__linux__) && defined(__SSE__)
+#include <cpuid.h>
 #endif
 
 #include "../frame/rotation.h"
@@ -55,21 +55,48 @@ struct LocalPlacement {
   }
 }
 
-#ifdef CPU_FEATURE_ACTIVE
+// Not on Windows, where the compiler does not align the stack for the larger registers.
+#if defined(__linux__) && defined(__SSE__)
+
 // With registers of eight numbers. The results are the same, for AVX2 alone fuses nothing.
 [[gnu::target("avx2")]] void place_eights(const SpacePoints& points,
                                           const LocalPlacement& to) noexcept {
   place_each(points, to);
 }
-#endif
+
+// Whether the processor has AVX2, and the system keeps its registers.
+bool find_eights() noexcept {
+  unsigned a, b, c, d;
+  if (!__get_cpuid(1, &a, &b, &c, &d) || !(c & bit_OSXSAVE)) return false;
+  if (!__get_cpuid_count(7, 0, &a, &b, &c, &d) || !(b & bit_AVX2)) return false;
+  constexpr unsigned registers = 6;
+  asm("xgetbv" : "=a"(a), "=d"(d) : "c"(0));
+  return (a & registers) == registers;
+}
+
+// Found out when it first pays, and once: on a virtual machine the questions alone can take as long
+// as loading the library, which is why the compiler's own answer, made at loading, is not used.
+bool has_eights() noexcept {
+  constexpr int unknown = -1;
+  static constinit std::atomic<int> known = unknown;
+  int has = known.load(std::memory_order_relaxed);
+  if (has == unknown) known.store(has = find_eights(), std::memory_order_relaxed);
+  return has;
+}
 
 void place_in_axes(const SpacePoints& points, const LocalPlacement& to) noexcept {
-#ifdef CPU_FEATURE_ACTIVE
-  // By the C library: to ask the processor itself can take as long as loading this one.
-  if (CPU_FEATURE_ACTIVE(AVX2)) return place_eights(points, to);
-#endif
+  constexpr std::size_t worth_asking = 256;
+  if (points.size() >= worth_asking && has_eights()) return place_eights(points, to);
   place_each(points, to);
 }
+
+#else
+
+void place_in_axes(const SpacePoints& points, const LocalPlacement& to) noexcept {
+  place_each(points, to);
+}
+
+#endif
 
 }  // namespace
 
