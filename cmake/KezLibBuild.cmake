@@ -23,9 +23,15 @@ if(CMAKE_SIZEOF_VOID_P EQUAL 4 AND CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|i.86
   target_compile_options(kezlib_objects PUBLIC -msse2 -mfpmath=sse PRIVATE -mstackrealign)
 endif()
 
-# Hosts may trap floating-point exceptions, but clang divides before it knows that it should.
+# Hosts may trap floating-point exceptions, but clang divides before it knows that it should, and
+# on ARM needs more than one word for it: there its back end forgets it again.
 if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
   target_compile_options(kezlib_objects PRIVATE -ffp-exception-behavior=maytrap)
+  if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(aarch64|arm64)$")
+    target_compile_options(kezlib_objects PRIVATE
+      "SHELL:-Xclang -fexperimental-strict-floating-point"
+      "SHELL:-mllvm -aarch64-enable-early-ifcvt=0")
+  endif()
 endif()
 
 # gcc all the same fuses pairs of products, one pair added and one subtracted, into one instruction

@@ -39,7 +39,8 @@ Block copy_at_page_end(std::span<const Word> values, bool only_read) {
   const Block block(end - values.size_bytes(), [=](void*) { munmap(mapped, usable + page); });
   std::memcpy(block.get(), values.data(), values.size_bytes());
   const int use = only_read ? PROT_READ : PROT_READ | PROT_WRITE;
-  if (mprotect(mapped, usable, use) != 0 || mprotect(end, page, PROT_NONE) != 0)
+  const bool any = usable != 0;  // not every system protects nothing without complaint
+  if ((any && mprotect(mapped, usable, use) != 0) || mprotect(end, page, PROT_NONE) != 0)
     throw std::bad_alloc();
   return block;
 }
