@@ -40,12 +40,13 @@ void store(FirstMoments moments, float* Sx, float* Sy) {
   *Sy = moments.y;
 }
 
-// Closed when the library is unloaded. That is an object apart, so that a report which is needed
-// still later, while the process ends, is there.
 constinit RegionReport region_report;
-const struct Closer {
-  ~Closer() { region_report.close(); }
-} closer;
+
+// When the library is unloaded. Should a report be needed still later, while the process ends, it
+// is opened again.
+[[gnu::destructor]] void close_report() noexcept {
+  region_report.close();
+}
 
 }  // namespace
 

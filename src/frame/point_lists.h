@@ -45,6 +45,9 @@ class SpaceList {
     zs_[i] = p.z;
   }
 
+  Real* xs() const noexcept { return xs_; }
+  Real* ys() const noexcept { return ys_; }
+  Real* zs() const noexcept { return zs_; }
   // Seen along the x, the y and the z axis.
   PlaneList<Real> yz() const noexcept { return {ys_, zs_, size_}; }
   PlaneList<Real> xz() const noexcept { return {xs_, zs_, size_}; }
@@ -61,10 +64,8 @@ using SpacePoints = SpaceList<float>;
 using ConstSpacePoints = SpaceList<const float>;
 
 // The origin moves to `origin`; to move back, translate by its negative.
-template <typename Points, typename Point>
-void translate(const Points& points, Point origin) noexcept {
-  for (std::size_t i = 0; i < points.size(); ++i) points.put(i, points[i] - origin);
-}
+void translate(const PlanePoints& points, Vec2 origin) noexcept;
+void translate(const SpacePoints& points, Vec3 origin) noexcept;
 
 // Entries of an outline's lists: n vertices and the place for the closing one. Below 0 vertices
 // that place would lie before the lists, and there is none.

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cmath>
-#include <cstddef>
 #include <cstdint>
 
 #include "point_lists.h"
@@ -32,8 +31,6 @@ inline Vec2 rotate(Rotation r, Vec2 p) noexcept {
   return {r.cosine * p.x - r.sine * p.y, r.sine * p.x + r.cosine * p.y};
 }
 
-inline void rotate_each(Rotation r, const PlanePoints& points) noexcept {
-  for (std::size_t i = 0; i < points.size(); ++i) points.put(i, rotate(r, points[i]));
-}
+void rotate_each(Rotation r, const PlanePoints& points) noexcept;
 
 }  // namespace kez

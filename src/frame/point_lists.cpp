@@ -1,0 +1,24 @@
+#include "point_lists.h"
+
+namespace kez {
+
+namespace {
+
+void subtract(float origin, float list[], std::size_t size) noexcept {
+  for (std::size_t i = 0; i < size; ++i) list[i] -= origin;
+}
+
+}  // namespace
+
+void translate(const PlanePoints& points, Vec2 origin) noexcept {
+  subtract(origin.x, points.xs(), points.size());
+  subtract(origin.y, points.ys(), points.size());
+}
+
+void translate(const SpacePoints& points, Vec3 origin) noexcept {
+  subtract(origin.x, points.xs(), points.size());
+  subtract(origin.y, points.ys(), points.size());
+  subtract(origin.z, points.zs(), points.size());
+}
+
+}  // namespace kez
