@@ -36,12 +36,12 @@ endif()
 
 # gcc all the same fuses pairs of products, one pair added and one subtracted, into one instruction
 # of processors that have it (-march=x86-64-v3 or native), unless told that there is none.
-if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|i.86|AMD64|X86)$")
-  target_compile_options(kezlib_objects PUBLIC -mno-fma -mno-fma4 -mno-avx512vl)
-endif()
-
-# These are as fast without the inlining that pays for small geometry, and much smaller.
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|i.86|AMD64|X86)$")
+    target_compile_options(kezlib_objects PUBLIC -mno-fma -mno-fma4 -mno-avx512vl)
+  endif()
+
+  # These are as fast without the inlining that pays for small geometry, and much smaller.
   set_source_files_properties(
     src/circles/guided_points.cpp src/frame/keys.cpp src/frame/sampling.cpp src/frame/tables.cpp
     src/lists/lists.cpp src/lists/near_values.cpp src/lists/ordering.cpp src/sections/shapes.cpp
@@ -54,10 +54,12 @@ endif()
 # The same bytes wherever the sources stand.
 target_compile_options(kezlib_objects PRIVATE
   -ffile-prefix-map=${PROJECT_SOURCE_DIR}/= -ffile-prefix-map=${PROJECT_BINARY_DIR}/=)
-# What is given away as a whole checks itself and has no symbols but the exported. The sanitizers of other
-# builds see more with the checks left out.
-target_compile_options(kezlib_objects PRIVATE
-  $<$<AND:$<CONFIG:Release>,$<BOOL:${BUILD_SHARED_LIBS}>>:-fstack-protector-strong;-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2>)
+# What is given away as a whole checks itself and has no symbols but the exported. The sanitizers of
+# other builds see more with the checks left out.
+if(BUILD_SHARED_LIBS)
+  target_compile_options(kezlib_objects PRIVATE
+    $<$<CONFIG:Release>:-fstack-protector-strong;-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2>)
+endif()
 
 target_include_directories(KezLib INTERFACE
   $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>
