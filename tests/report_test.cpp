@@ -97,6 +97,7 @@ void call_from_threads() {
 
 // Threads that race for the first call may lose records, but tear none.
 void threads_mix_whole_records() {
+  fs::remove("elsewhere/linked.txt");
   fs::create_symlink("elsewhere/linked.txt", report);
   std::ofstream(report) << std::string(1000, '?');
   call_from_threads();
@@ -121,9 +122,6 @@ void a_full_disk_changes_no_result() {
   setrlimit(RLIMIT_FSIZE, &limit);
   expected += missed_below.call();
   expect_report("what had room, and the records of later calls");
-  fs::resize_file(report, 5'000'000'000);
-  missed_above.call();
-  expect(fs::file_size(report) > 5'000'000'000, "records behind 5 GB");
 }
 
 #endif

@@ -22,6 +22,7 @@ namespace {
 constexpr int mode = O_WRONLY | O_CREAT | O_APPEND | O_TEXT | O_NOINHERIT;
 #else
 constexpr int mode = O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
+static_assert(sizeof(off_t) == 8, "a report may grow past 2 GiB");
 #endif
 
 // Empties the file. Nothing but a regular one has a length that can be set, and what else there is
