@@ -14,7 +14,7 @@ constexpr float not_a_number = std::numeric_limits<float>::quiet_NaN();
 using Reals = std::span<float>;
 
 // Long enough to tell what grows with the square, short enough to wait for it.
-const std::vector<std::int64_t> two_sizes{1'000, 10'000};
+const std::vector<std::int64_t> two_sizes{10'000, 100'000};
 
 // Registers make(n)(list), given a fresh list each time, spoilt.
 template <typename Spoil, typename Make>
