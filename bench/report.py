@@ -42,7 +42,7 @@ def check(answers):
     for row in ROWS:
         for ours, peer in zip(names(row.ours, row.sizes), names(row.peer, row.sizes)):
             a, b = answers.get(ours, 0), answers.get(peer, 0)
-            if not row.peer.startswith("empty") and not math.isclose(a, b, rel_tol=1e-3):
+            if not row.peer.startswith("empty") and not math.isclose(a, b, rel_tol=row.within):
                 faults.append(f"{ours} gives {a}, {peer} {b}")
     return faults
 

@@ -46,6 +46,8 @@ class Report(unittest.TestCase):
         self.assertEqual(report.check(answers | {"other": 1.0}), ["in no row: other"])
         self.assertEqual(report.check(answers | {"kezlni": 1.002}),
                          ["kezlni gives 1.002, cgal_line_line 1.0"])
+        self.assertEqual(report.check(answers | {"kezord1/1000": 1.000001}),
+                         ["kezord1/1000 gives 1.000001, spreadsort_integers/1000 1.0"])
         del answers["kezord_nan/10000"]
         self.assertEqual(report.check(answers), ["not run: kezord_nan/10000"])
 

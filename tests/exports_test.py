@@ -69,7 +69,7 @@ class SharedObject(unittest.TestCase):
         self.assertIn("__stack_chk_fail", checks)
         if "aarch64" not in self.headers:  # its compiler sees that the check holds
             self.assertIn("__snprintf_chk", checks)
-        self.assertNotIn(".symtab", objdump("-h"))
+        self.assertFalse(".text" in objdump("-t"), "has symbols")
 
 
 @unittest.skipUnless(LIBRARY.endswith(".dll"), "DLL")
@@ -100,6 +100,10 @@ class WindowsLibrary(unittest.TestCase):
         text = pathlib.Path(LIBRARY).read_bytes().decode("utf-16-le", "ignore")
         self.assertRegex(text, "FileVersion\0+" + re.escape(VERSION))
         self.assertIn("VS_VERSION_INFO", text)
+
+    @unittest.skipUnless(BUILD_TYPE == "Release", "is not given away")
+    def test_is_stripped(self):
+        self.assertFalse(".text" in objdump("-t"), "has symbols")
 
     def test_needs_only_the_system(self):
         needed = set(re.findall(r"DLL Name: (\S+)", self.headers))

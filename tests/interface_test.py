@@ -220,8 +220,8 @@ class Prose(unittest.TestCase):
         keeping = [r.name for r in HEADER if r.kept]
         said = re.search(r"### Values kept between calls (\w+) routines .+? All other",
                          prose("README.md"))
-        self.assertEqual(said[1], NUMBERS[len(keeping)])
-        self.assertEqual(names_in(said[0]), set(keeping))
+        self.assertEqual(said[1], NUMBERS[len(keeping)], "edit README.md")
+        self.assertEqual(names_in(said[0]), set(keeping), "edit README.md")
 
     def test_which_do_not_give_the_same_bits_everywhere(self):
         others = {r.name for r in HEADER} - {l.split()[0] for l in entries("reference.txt")}

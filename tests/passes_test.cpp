@@ -300,7 +300,10 @@ TEST(Passes, GiveTheSameAtAnyLength) {
 TEST(Memory, IsNoneOfTheHeapUpTo4000Entries) {
   Random random(62);
   const OutOfMemory memory;
-  for (int round = 0; round < 4; ++round) check_all(random, 4000, 48);
+  for (int round = 0; round < 4; ++round) {
+    check_all(random, 4000, 48);
+    check_all(random, 2000, 2000);
+  }
   EXPECT_EQ(refused, 0);
 }
 
@@ -350,6 +353,21 @@ TEST(Lists, MarkNoMoreThanTheRoomForPositions) {
     EXPECT_LT(marked, count);
     EXPECT_TRUE(std::all_of(&list[n], &list[0] + 2 * n, [](float x) { return x == -7; }));
   }
+}
+
+// Points that are written over the positions bring such as are between the planes.
+TEST(Lists, SelectNoMoreThanTheRoomForPoints) {
+  const float p[] = {0, 0, 1, 0}, zeros[4] = {};
+  float q[3][4] = {{0, 0, 1, -1}, {0, 0, 1, -1}, {0, 0, 1, -1}};
+  const std::int32_t n = 4, mode = 3;
+  std::int32_t codes[8], count;
+  std::ranges::fill(codes, -7);
+  kezptp2(&p[0], &p[1], &p[2], &p[3], &q[0][0], &q[0][1], &q[0][2], &q[0][3], &p[0], &p[1], &p[2],
+          &p[3], &q[1][0], &q[1][1], &q[1][2], &q[1][3], &p[0], &p[1], &p[2], &p[3], &q[2][0],
+          &q[2][1], &q[2][2], &q[2][3], &n, zeros, zeros, zeros, &mode, codes, codes, codes, &count,
+          codes);
+  EXPECT_EQ(count, n);
+  EXPECT_TRUE(std::all_of(codes + n, codes + 2 * n, [](int x) { return x == -7; }));
 }
 
 }  // namespace

@@ -125,7 +125,7 @@ std::size_t points_used(Figure figure, std::int32_t n) noexcept {
     case Figure::area_at_point:
       return 1;
     case Figure::polygon:
-      return outline_size(n);
+      return size_with_place(n);
     case Figure::circle:
       return 2;
     case Figure::segment:

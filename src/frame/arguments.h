@@ -109,7 +109,7 @@ SpaceList<Real> points(Real* xs, Real* ys, Real* zs, std::int32_t n) noexcept {
 
 // The caller's n vertices with the place for the closing one.
 inline PlanePoints outline(float* xs, float* ys, std::int32_t n) noexcept {
-  return {xs, ys, outline_size(n)};
+  return {xs, ys, size_with_place(n)};
 }
 
 }  // namespace kez

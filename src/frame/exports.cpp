@@ -168,7 +168,7 @@ void KEZ_CALL kezphi3(const float* x0, const float* y0, const float* z0, const f
 
 void KEZ_CALL kezphip(const float* ux, const float* uy, const float* uz, const float* wx,
                       const float* wy, const float* wz, float* phi, int32_t* fail) {
-  // Success leaves the flag alone: hosts preset it and collect failures over several calls.
+  // Deliberate: success leaves the flag alone (kezphip).
   if (const auto angle = line_angle(load(ux, uy, uz), load(wx, wy, wz))) {
     *phi = *angle;
   } else {

@@ -67,9 +67,9 @@ using ConstSpacePoints = SpaceList<const float>;
 void translate(const PlanePoints& points, Vec2 origin) noexcept;
 void translate(const SpacePoints& points, Vec3 origin) noexcept;
 
-// Entries of an outline's lists: n vertices and the place for the closing one. Below 0 vertices
-// that place would lie before the lists, and there is none.
-inline std::size_t outline_size(std::int32_t n) noexcept {
+// Of a list of n entries with the place for one more, such as an outline's closing vertex. Below 0
+// that place would lie before the list, and there is none.
+inline std::size_t size_with_place(std::int32_t n) noexcept {
   return n >= 0 ? static_cast<std::size_t>(n) + 1 : 0;
 }
 

@@ -72,7 +72,8 @@ void KEZ_CALL kezmer15(const int32_t* n, float a[], const float* value, int32_t*
 }
 
 void KEZ_CALL kezmer16(const int32_t* n, void* a, const int32_t* pos, const void* value) {
-  insert({static_cast<RawWord*>(a), outline_size(*n)}, *pos, *static_cast<const RawWord*>(value));
+  insert({static_cast<RawWord*>(a), size_with_place(*n)}, *pos,
+         *static_cast<const RawWord*>(value));
 }
 
 void KEZ_CALL kezmer17(const int32_t* n, void* a) {

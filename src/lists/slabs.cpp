@@ -65,9 +65,11 @@ std::optional<std::int32_t> select_points(const BoxPositions& box, BoxSelection 
   const bool faces = both || selection == BoxSelection::on_faces;
   const bool inside = both || selection == BoxSelection::inside;
   if (!faces && !inside) return std::nullopt;
-  std::int32_t count = 0;
+  const std::size_t n = box[0].size();
+  std::size_t count = 0;
+  // The room ends the count where the host let the points overlap the positions.
   const auto take_where = [&](auto selected) {
-    for (std::size_t i = 0; i < box[0].size(); ++i) {
+    for (std::size_t i = 0; i < n && count < n; ++i) {
       if (selected(i)) points[count++] = position_of(i);
     }
   };
@@ -81,7 +83,7 @@ std::optional<std::int32_t> select_points(const BoxPositions& box, BoxSelection 
       return std::all_of(box.begin(), box.end(), [i](auto slab) { return between(slab[i]); });
     });
   }
-  return count;
+  return static_cast<std::int32_t>(count);
 }
 
 }  // namespace kez

@@ -70,7 +70,7 @@ bool find_eights() noexcept {
   if (!__get_cpuid(1, &a, &b, &c, &d) || !(c & bit_OSXSAVE)) return false;
   if (!__get_cpuid_count(7, 0, &a, &b, &c, &d) || !(b & bit_AVX2)) return false;
   constexpr unsigned registers = 6;
-  asm("xgetbv" : "=a"(a), "=d"(d) : "c"(0));
+  asm volatile("xgetbv" : "=a"(a), "=d"(d) : "c"(0));
   return (a & registers) == registers;
 }
 

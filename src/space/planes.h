@@ -81,7 +81,7 @@ PlaneClass classify_plane(Plane plane) noexcept;
 struct LinePlaneMeeting {
   enum class Status : std::int32_t { one_point = 0, parallel = 3, null_direction = 4 };
   Status status;
-  Vec3 point;  // not to be read unless there is one
+  Vec3 point;  // a member like that of LineMeeting; not to be read unless there is one
 };
 
 inline LinePlaneMeeting intersect_line_plane(Ray line, Plane plane) noexcept {
