@@ -37,7 +37,7 @@
  *   results of the C library pass through the x87, its control word as a process starts with.
  * - No null pointer, not even for an array without entries. On x86 any address is good for an
  *   argument; elsewhere it is a multiple of 4.
- * - 110 KiB of the stack, which routines that sort lists take up to; others take a few hundred bytes.
+ * - 110 KiB of the stack, which routines that sort lists may take; others take less than 2 KiB.
  * - A callback that returns: it neither jumps nor throws past the routine.
  */
 #ifndef KEZLIB_H
@@ -2295,9 +2295,9 @@ KEZ_API void KEZ_CALL kezadr(const int32_t *a, const int32_t counts[], const int
  * of that; the entries are all written.
  *
  * "Time" is how the time of a call grows with the counts at worst. Up to 4,000 entries, or 2,000 in
- * each of two lists, a routine works on the stack; beyond, some also take memory from the heap while
- * they run. Where there is none, the comment says what comes out, or else the result is the same and
- * may take n^2, of two lists n1 n2.
+ * each of two lists, a routine works on the stack; beyond, some also take memory from the heap
+ * while they run. Where there is none, the comment says what comes out, or else the result is the
+ * same and may take n^2, of two lists n1 n2.
  * @{
  */
 

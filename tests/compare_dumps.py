@@ -28,7 +28,8 @@ def distances(one, other):
         if a[1] == 'i' or not math.isfinite(value(a)) or not math.isfinite(value(b)):
             return None
         x, y = value(a), value(b)
-        found.append((abs(x - y) / last_place(max(abs(x), abs(y))), abs(x - y) / last_place(largest)))
+        apart = abs(x - y)
+        found.append((apart / last_place(max(abs(x), abs(y))), apart / last_place(largest)))
     return found
 
 
@@ -58,8 +59,10 @@ def main(first, second):
     print('routine   calls  differ  otherwise  ulp of result  ulp of call')
     for name, f in routines.items():
         if f.differ:
-            print(f'{name:9}{f.calls:6}{f.differ:8}{f.otherwise:11}{f.worst[0]:15.1f}{f.worst[1]:13.1f}')
-    print(sum(not f.differ for f in routines.values()), 'of', len(routines), 'routines do not differ')
+            print(f'{name:9}{f.calls:6}{f.differ:8}{f.otherwise:11}{f.worst[0]:15.1f}'
+                  f'{f.worst[1]:13.1f}')
+    same = sum(not f.differ for f in routines.values())
+    print(same, 'of', len(routines), 'routines do not differ')
 
 
 main(*sys.argv[1:])

@@ -1,7 +1,7 @@
 #!/bin/sh
 # dev_test.sh SOURCE_DIR
 #
-# Without apt-get, ./dev says what is missing. With commands that say so if they are called after all.
+# Without apt-get, ./dev says what is missing. With commands that say so if they are called.
 set -eu
 
 work=$(mktemp -d)

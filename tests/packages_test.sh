@@ -1,8 +1,8 @@
 #!/bin/sh
 # packages_test.sh PACKAGES_DIR
 #
-# Uses the packages as their users do: those for Debian in a bare Debian of its own, which is made at
-# first use and kept in KEZLIB_BARE_ROOT (default ~/.cache/kezlib/bare), the one for Windows with
+# Uses the packages as their users do: those for Debian in a bare Debian of its own, made at first
+# use and kept in KEZLIB_BARE_ROOT (default ~/.cache/kezlib/bare), the one for Windows with
 # MinGW, clang and Wine, and the sources without a network. As root: debootstrap and chroot need it.
 set -eu
 

@@ -18,7 +18,8 @@ dump() { # NAME LIBRARY PROGRAM...
 build() { # NAME COMPILER CXXFLAGS
     [ -e "$1/build.ninja" ] || cmake -S "$source" -B "$1" -G Ninja -DCMAKE_BUILD_TYPE=None \
         -DCMAKE_CXX_COMPILER="$2" -DCMAKE_CXX_FLAGS="$3" >"$1.log"
-    cmake --build "$1" --target KezLib reference exceptions_test >>"$1.log" || { cat "$1.log"; exit 1; }
+    cmake --build "$1" --target KezLib reference exceptions_test >>"$1.log" ||
+        { cat "$1.log"; exit 1; }
     echo "$2 $3"
     "$1/tests/reference" check "$1/libKezLib.so" "$source/tests/reference.txt" \
         "$source"/tests/cases/*.txt
