@@ -95,6 +95,20 @@ void call_from_threads() {
   for (std::thread* thread : {&first, &second, &third, &fourth}) thread->join();
 }
 
+// Where the report cannot be opened, nothing else is written: least of all the host's first file.
+void a_closed_input_stays_empty() {
+  const char* const input = "elsewhere/input.txt";
+  const int saved = dup(STDIN_FILENO);
+  close(STDIN_FILENO);
+  expect(open(input, O_RDWR | O_CREAT | O_TRUNC, 0600) == STDIN_FILENO, "a file for the input");
+  fs::create_directory(report);
+  missed_above.call();
+  fs::remove(report);
+  expect(fs::file_size(input) == 0, "a report that cannot be opened goes nowhere");
+  dup2(saved, STDIN_FILENO);
+  close(saved);
+}
+
 // Threads that race for the first call may lose records, but tear none.
 void threads_mix_whole_records() {
   fs::remove("elsewhere/linked.txt");
@@ -135,6 +149,7 @@ int main() {
   fs::remove(report);
 
 #if defined(__linux__)
+  a_closed_input_stays_empty();
   a_fifo_is_left_alone();
   threads_mix_whole_records();
 #else
