@@ -42,7 +42,8 @@ endif()
 
 if(WIN32 AND BUILD_SHARED_LIBS)
   # Below one folder the packages of both machines, each in a folder of its own.
-  install(FILES ${module_definition} DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development)
+  install(FILES ${imports} DESTINATION ${CMAKE_INSTALL_LIBDIR} RENAME kezlib.def
+    COMPONENT development)
   install(FILES ${PROJECT_BINARY_DIR}/KezLib.lib DESTINATION ${CMAKE_INSTALL_LIBDIR}
     COMPONENT development OPTIONAL)  # where msvc_import_library is built
   write_basic_package_version_file(windows/KezLibConfigVersion.cmake

@@ -5,7 +5,8 @@ set(CPACK_PACKAGE_VENDOR "KezLib developers")
 set(CPACK_PACKAGE_CONTACT "KezLib developers <kezlib@example.org>")
 set(CPACK_PACKAGE_DIRECTORY ${PROJECT_SOURCE_DIR}/build/packages)
 set(CPACK_PACKAGE_CHECKSUM SHA256)
-set(CPACK_STRIP_FILES ON)
+# Else it would stand before what each package says of itself.
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")
 
 set(CPACK_GENERATOR TXZ)
 set(CPACK_SOURCE_GENERATOR TXZ)
@@ -28,6 +29,7 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 
 string(CONCAT about "\nStand-alone single-precision routines for host programs that design steel\n"

@@ -61,6 +61,7 @@ echo "The package for Windows"
 quietly cmake -E tar xf "$packages"/kezlib-*-windows.zip
 windows=$work/$(ls -d kezlib-*-windows)
 for machine in x86 x64; do
+    cmp "$source/build/windows-$machine/KezLib.dll" "$windows/$machine/KezLib.dll"
     run=$source/tools/wine-$machine
     quietly cmake -S "$source/examples" -B "$machine" -G Ninja -DCMAKE_PREFIX_PATH="$windows" \
         -DCMAKE_FIND_ROOT_PATH_MODE_PACKAGE=BOTH \
@@ -99,7 +100,5 @@ sources=$(ls -d kezlib-*[0-9])
 quietly unshare -n sh -c 'cmake -S "$1" -B sources -G Ninja -DCMAKE_BUILD_TYPE=Release \
     -DKEZLIB_TESTS=OFF && cmake --build sources' sh "$sources"
 quietly sources/kezcall --library sources/libKezLib.so "$sources"/tests/cases/*.txt
-(cd "$source" && git ls-files 2>/dev/null) | while read -r file; do
-    cmp -s "$source/$file" "$sources/$file" || fail "the sources lack $file"
-done
+quietly diff -r -x build -x .git -x __pycache__ -x OUTPUT.TXT "$source" "$sources"
 rm -rf "$work"
