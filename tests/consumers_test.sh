@@ -4,19 +4,13 @@
 # Projects in C that take the library with them: as a subdirectory, fetched, and as a static library
 # from CMake and from the compiler alone. package_test.sh tests the shared library, installed.
 set -eu
+. "$(dirname "$0")/shell.sh"
 
 source=$(cd "$1" && pwd)
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 cd "$work"
 
-fail() { echo "consumers_test: $*" >&2; exit 1; }
-quietly() {
-    "$@" >log 2>&1 || { cat log >&2; fail "this failed: $*"; }
-}
-expect_answer() { # COMMAND...
-    [ "$("$@")" = '(0.866025, 0.5) and (-0.866025, 0.5)' ] || fail "another answer from $*"
-}
 needs() { objdump -p "$1" | sed -n 's/^ *NEEDED *//p'; }
 
 # project NAME LINE...: a project whose host is linked with the KezLib that the lines provide.

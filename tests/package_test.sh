@@ -5,11 +5,7 @@
 # examples are built against it with CMake and with pkg-config, and run. CFLAGS are the hosts'; when
 # not set, they are what of the library's own a host must share with it.
 set -eu
-
-fail() {
-    echo "package_test: $*" >&2
-    exit 1
-}
+. "$(dirname "$0")/shell.sh"
 
 [ $# -eq 2 ] || fail "usage: package_test.sh BUILD_DIR SOURCE_DIR"
 build=$(cd "$1" && pwd)
@@ -17,10 +13,6 @@ source=$(cd "$2" && pwd)
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 cd "$work"
-
-quietly() {
-    "$@" >log 2>&1 || { cat log >&2; fail "this failed: $*"; }
-}
 
 cached() { sed -n "s/^$1:[A-Z]*=//p" "$build/CMakeCache.txt"; }
 

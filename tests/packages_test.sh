@@ -5,6 +5,7 @@
 # use and kept in KEZLIB_BARE_ROOT (default ~/.cache/kezlib/bare), the one for Windows with
 # MinGW, clang and Wine, and the sources without a network. As root: debootstrap and chroot need it.
 set -eu
+. "$(dirname "$0")/shell.sh"
 
 packages=$(cd "$1" && pwd)
 source=$(cd "$(dirname "$0")/.." && pwd)
@@ -15,13 +16,6 @@ rm -rf "$work"
 mkdir -p "$work" "$root"
 cd "$work"
 
-fail() { echo "packages_test: $*" >&2; exit 1; }
-quietly() {
-    "$@" >log 2>&1 || { cat log >&2; fail "this failed: $*"; }
-}
-expect_answer() { # COMMAND...
-    [ "$("$@" | tr -d '\r')" = '(0.866025, 0.5) and (-0.866025, 0.5)' ] || fail "another answer from $*"
-}
 expect_distance() { # KEZCALL...
     [ "$("$@" kezpds 1 2 0 4 6 0 | tr -d '\r')" = 'd  = 5' ] || fail "another distance from $*"
 }
