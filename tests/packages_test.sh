@@ -85,7 +85,8 @@ for machine in x86:i686 x64:x86_64; do
         -entry:start -subsystem:console -safeseh:no -out:"$folder/bare_host.exe"
     status=0
     "$source/tools/wine-$folder" "$folder/bare_host.exe" || status=$?
-    [ $status = 42 ] || fail "the host of the library for Microsoft's linker gave $status on $folder"
+    [ $status = 42 ] ||
+        fail "the host of the library for Microsoft's linker gave $status on $folder"
 done
 
 echo "The sources"
