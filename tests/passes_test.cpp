@@ -273,7 +273,7 @@ void check_pairs(const Reals& a, const Reals& b, float tol) {
     }
   }
   Integers ia(in_a.size()), ib(in_b.size());
-  EXPECT_EQ(pair_near(a, b, tol, 0, ia.data(), ib.data()), std::ssize(in_a));
+  EXPECT_EQ(pair_near(a, b, tol, {0, 0}, ia.data(), ib.data()), std::ssize(in_a));
   EXPECT_EQ(ia, in_a);
   EXPECT_EQ(ib, in_b);
 }

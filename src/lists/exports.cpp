@@ -54,9 +54,7 @@ void KEZ_CALL kezmer12(int32_t* n, float a[], const float* tol) {
 
 void KEZ_CALL kezmer13(const int32_t* n1, const float a[], const int32_t* n2, const float b[],
                        int32_t* nm, int32_t ia[], int32_t ib[], const float* tol) {
-  // Of the counts as they are: one below 0 shortens what is cleared.
-  const std::int64_t cleared = std::int64_t{*n1} + *n2;
-  *nm = pair_near(entries(a, *n1), entries(b, *n2), *tol, cleared, ia, ib);
+  *nm = pair_near(entries(a, *n1), entries(b, *n2), *tol, {*n1, *n2}, ia, ib);
 }
 
 void KEZ_CALL kezmer14(const int32_t* n, float a[], int32_t* nd, int32_t idx[], float* big,

@@ -144,7 +144,8 @@ class NearPairs {
 }  // namespace
 
 std::int32_t pair_near(std::span<const float> a, std::span<const float> b, float tol,
-                       std::int64_t cleared, std::int32_t in_a[], std::int32_t in_b[]) noexcept {
+                       PairCounts given, std::int32_t in_a[], std::int32_t in_b[]) noexcept {
+  const std::int64_t cleared = std::int64_t{given.a} + given.b;
   std::fill_n(in_a, cleared, 0);
   std::fill_n(in_b, cleared, 0);
   if (!(tol >= 0)) return 0;

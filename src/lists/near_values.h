@@ -10,10 +10,15 @@ namespace kez {
 // its number. Behind it the list stays as it was, with markers over the entries struck out.
 std::int32_t keep_distinct(std::span<float> list, float tol) noexcept;
 
-// Writes the positions of all pairs at most tol apart, and returns their number. The first
-// `cleared` positions that no pair takes become 0; there may be more pairs than that.
+// The counts as the host gave them: one below 0 shortens what is cleared.
+struct PairCounts {
+  std::int32_t a, b;
+};
+
+// Writes the positions of all pairs at most tol apart, and returns their number. Of the first
+// a + b positions those that no pair takes become 0; there may be more pairs than that.
 std::int32_t pair_near(std::span<const float> a, std::span<const float> b, float tol,
-                       std::int64_t cleared, std::int32_t in_a[], std::int32_t in_b[]) noexcept;
+                       PairCounts given, std::int32_t in_a[], std::int32_t in_b[]) noexcept;
 
 struct NearDuplicates {
   std::int32_t count;
