@@ -3,28 +3,25 @@
 #
 # Builds the library again, from a copy of the sources in another folder, and compares every byte.
 set -eu
+. "$(dirname "$0")/shell.sh"
 
 build=$1 source=$2
 shift 2
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
+cd "$work"
 
-quietly() {
-    "$@" >"$work/log" 2>&1 || { cat "$work/log" >&2; echo "this failed: $*" >&2; exit 1; }
-}
-
-mkdir "$work/copy"
-cp -r "$source/CMakeLists.txt" "$source/cmake" "$source/include" "$source/src" "$work/copy"
+mkdir copy
+cp -r "$source/CMakeLists.txt" "$source/cmake" "$source/include" "$source/src" copy
 grep -E '^(CMAKE_(TOOLCHAIN_FILE|BUILD_TYPE|C(XX)?_(COMPILER|FLAGS))|BUILD_SHARED_LIBS):' \
-    "$build/CMakeCache.txt" | sed 's/^/-D/' >"$work/options"
+    "$build/CMakeCache.txt" | sed 's/^/-D/' >options
 (
     IFS='
 '
     # shellcheck disable=SC2046 # an option a line
-    quietly cmake -S "$work/copy" -B "$work/build" -G Ninja -DKEZLIB_TESTS=OFF \
-        -DKEZLIB_KEZCALL=OFF $(cat "$work/options")
+    quietly cmake -S copy -B build -G Ninja -DKEZLIB_TESTS=OFF -DKEZLIB_KEZCALL=OFF $(cat options)
 )
-quietly cmake --build "$work/build" --target KezLib
+quietly cmake --build build --target KezLib
 for library; do
-    cmp "$library" "$work/build/${library##*/}"
+    cmp "$library" "build/${library##*/}"
 done

@@ -8,6 +8,7 @@ quietly() {
 
 # expect_answer COMMAND...: that of examples/host.c, with either line end.
 expect_answer() {
-    answer=$("$@" | tr -d '\r')
+    "$@" >answer || fail "this failed: $*"
+    answer=$(tr -d '\r' <answer)
     [ "$answer" = '(0.866025, 0.5) and (-0.866025, 0.5)' ] || fail "another answer from $*: $answer"
 }

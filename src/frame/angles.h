@@ -1,7 +1,6 @@
 // Unsigned angles, and how directions, lines and planes stand to one another.
 #pragma once
 
-#include <cmath>
 #include <cstdint>
 #include <optional>
 

@@ -8,10 +8,7 @@
 // by the new one: entry i must be as it was, and the visitor must do the same either way.
 #pragma once
 
-#include <algorithm>
-#include <cmath>
 #include <cstddef>
-#include <cstdint>
 #include <span>
 
 #include "../frame/keys.h"

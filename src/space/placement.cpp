@@ -84,19 +84,15 @@ bool has_eights() noexcept {
   return has;
 }
 
+#endif
+
 void place_in_axes(const SpacePoints& points, const LocalPlacement& to) noexcept {
+#if defined(__linux__) && defined(__SSE__)
   constexpr std::size_t worth_asking = 256;
   if (points.size() >= worth_asking && has_eights()) return place_eights(points, to);
-  place_each(points, to);
-}
-
-#else
-
-void place_in_axes(const SpacePoints& points, const LocalPlacement& to) noexcept {
-  place_each(points, to);
-}
-
 #endif
+  place_each(points, to);
+}
 
 }  // namespace
 
