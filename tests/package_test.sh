@@ -65,6 +65,7 @@ export PKG_CONFIG_PATH="$prefix/$libdir/pkgconfig"
 quietly ${CC:-cc} -std=c99 -Wall -Wextra -Werror $CFLAGS "$source/examples/host.c" -o host \
     $(pkg-config --cflags --libs kezlib)
 expect_answer env LD_LIBRARY_PATH="$prefix/$libdir" ./host
+mv answer out
 sed '1,/^```c$/d; /^```$/,$d' "$source/README.md" | cmp - "$source/examples/host.c" ||
     fail "README.md shows another host than examples/host.c"
 

@@ -6,7 +6,7 @@ quietly() {
     "$@" >log 2>&1 || { cat log >&2; fail "this failed: $*"; }
 }
 
-# expect_answer COMMAND...: that of examples/host.c, with either line end.
+# expect_answer COMMAND...: that of examples/host.c, with either line end. The file answer keeps it.
 expect_answer() {
     "$@" >answer || fail "this failed: $*"
     answer=$(tr -d '\r' <answer)
