@@ -11,3 +11,16 @@ function(kezlib_generate product file)
             ${PROJECT_SOURCE_DIR}/include/kezlib.h
     VERBATIM)
 endfunction()
+
+# Writes the bindings' products into a folder, each below that of its language.
+function(kezlib_generate_bindings folder)
+  set(generator ${PROJECT_SOURCE_DIR}/tools/interface)
+  file(GLOB sources CONFIGURE_DEPENDS ${generator}/*.py ${generator}/writers/*.py)
+  add_custom_command(OUTPUT ${folder}.stamp
+    COMMAND ${CMAKE_COMMAND} -E rm -rf ${folder}
+    COMMAND ${Python3_EXECUTABLE} -B ${generator} --bindings ${folder}
+    COMMAND ${CMAKE_COMMAND} -E touch ${folder}.stamp
+    DEPENDS ${sources} ${PROJECT_SOURCE_DIR}/include/kezlib.h
+    VERBATIM)
+  add_custom_target(bindings ALL DEPENDS ${folder}.stamp)
+endfunction()

@@ -40,6 +40,17 @@ if(TARGET kezcall)
   install(TARGETS kezcall RUNTIME COMPONENT tools)
 endif()
 
+# The bindings: what is generated, and beside it what is written by hand. They are the same for all
+# machines: below one folder that holds packages of several, they stand once.
+if(TARGET bindings)
+  set(bindings_dir ${CMAKE_INSTALL_DATADIR}/kezlib/bindings)
+  if(WIN32)
+    set(bindings_dir bindings)
+  endif()
+  install(DIRECTORY ${PROJECT_BINARY_DIR}/bindings/ bindings/ DESTINATION ${bindings_dir}
+    COMPONENT development)
+endif()
+
 if(WIN32 AND BUILD_SHARED_LIBS)
   # Below one folder the packages of both machines, each in a folder of its own.
   install(FILES ${imports} DESTINATION ${CMAKE_INSTALL_LIBDIR} RENAME kezlib.def

@@ -43,7 +43,7 @@ project fetched 'set(BUILD_SHARED_LIBS OFF)' 'include(FetchContent)' \
     fail "the host needs: $(needs fetched/build/host)"
 
 quietly cmake -S "$source" -B build -G Ninja -DCMAKE_BUILD_TYPE=Release -DBUILD_SHARED_LIBS=OFF \
-    -DKEZLIB_KEZCALL=OFF -DKEZLIB_TESTS=OFF -DCMAKE_INSTALL_LIBDIR=lib
+    -DKEZLIB_KEZCALL=OFF -DKEZLIB_TESTS=OFF -DKEZLIB_BINDINGS=OFF -DCMAKE_INSTALL_LIBDIR=lib
 quietly cmake --build build
 quietly cmake --install build --prefix "$work/static"
 quietly "${CC:-cc}" fetched/host.c -Istatic/include static/lib/libKezLib.a -lm -o alone

@@ -8,6 +8,7 @@ import unittest
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "tools"))
 import interface  # noqa: E402
+from interface import arithmetic, rows  # noqa: E402
 from interface.writers import call_table, module_definition, routine_list  # noqa: E402
 
 HEADER = interface.read().routines
@@ -63,6 +64,11 @@ class Form(unittest.TestCase):
                           ("w", "word", "out", "n")])
         self.assertIn("_kezsum@20 = kezsum@20", module_definition.write(parse(GOOD)))
         self.assertIn("return 2 * v[0] + 1;", table(GOOD))
+
+    def test_group(self):
+        text = "/** @defgroup g Group\n *\n * Text.\n *\n * | a |\n * @{\n */\n"
+        (group,) = interface.parse_header(text).groups
+        self.assertEqual((group.name, group.title, group.text), ("g", "Group", "Text.\n\n| a |"))
 
     def test_sketch_keeps_its_indentation(self):
         sketch = GOOD.replace(" Details follow.", "\n *\n *       1--2\n *     3")
@@ -206,6 +212,34 @@ class Form(unittest.TestCase):
         for mark in (routine_list.BEGIN, routine_list.END):
             with self.assertRaises(interface.FormError):
                 routine_list.renewed(marked.replace(mark, ""), parse(GOOD))
+
+
+class WorkedCalls(unittest.TestCase):
+    """What the bindings' tests rely on; kezcall_test holds the same rules."""
+
+    def test_row(self):
+        (routine,) = parse(GOOD).routines
+        row = rows.parse_row("kezsum 1 [0 0 0] 2 3 -> 4 ~5 [0x10 1.0]", routine, "f:1", "")
+        self.assertEqual(row.given, {"n": ["1"], "x": ["0", "0", "0"], "a": ["2"], "b": ["3"]})
+        self.assertEqual(row.wanted, {"a": ["4"], "b": ["~5"], "w": ["0x10", "1.0"]})
+        self.assertEqual(row.kinds["w"], "real")
+
+    def test_what_meets_a_literal(self):
+        one, minus_zero = rows.word("1", "real"), rows.word("-0", "real")
+        for bits, literal, kind, meets in (
+                (one, "1", "real", True), (one, "1", "integer", False),
+                (minus_zero, "0", "real", True), (0, "-0", "real", False),
+                (0x7FC00000, "nan", "real", True), (one, "nan", "real", False),
+                (one, "~1.0000009", "real", True), (one, "~1.000002", "real", False),
+                (one, "1.1~0.11", "real", True), (one, "1.1~0.09", "real", False),
+                (0xFFFFFFFE, "-2", "integer", True), (5, ".", "integer", True)):
+            self.assertEqual(rows.meets(bits, 5, literal, kind), meets, literal)
+
+    def test_extent(self):
+        integers = {"n": 3, "counts": [2**31 - 1, 2, 4]}
+        for expression, value in (("(n + 1) / 2", 2), ("max(n, 5) * n", 15), ("counts(3)", 4),
+                                  ("counts(n + 1)", 0), ("sum(counts, 2)", 1 - 2**31)):
+            self.assertEqual(arithmetic.evaluate(expression, integers), value, expression)
 
 
 class Prose(unittest.TestCase):

@@ -19,7 +19,8 @@ grep -E '^(CMAKE_(TOOLCHAIN_FILE|BUILD_TYPE|C(XX)?_(COMPILER|FLAGS))|BUILD_SHARE
     IFS='
 '
     # shellcheck disable=SC2046 # an option a line
-    quietly cmake -S copy -B build -G Ninja -DKEZLIB_TESTS=OFF -DKEZLIB_KEZCALL=OFF $(cat options)
+    quietly cmake -S copy -B build -G Ninja -DKEZLIB_TESTS=OFF -DKEZLIB_KEZCALL=OFF \
+        -DKEZLIB_BINDINGS=OFF $(cat options)
 )
 quietly cmake --build build --target KezLib
 for library; do

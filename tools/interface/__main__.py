@@ -4,6 +4,7 @@
     python3 tools/interface --check         say which of them are stale; exit status 1 if any is
     python3 tools/interface --names         print the names of the routines
     python3 tools/interface PRODUCT FILE    write one product to a file
+    python3 tools/interface --bindings DIR  write the products for other languages below a folder
 """
 
 import argparse
@@ -24,6 +25,7 @@ def parse_command():
                                      formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--check", action="store_true")
     parser.add_argument("--names", action="store_true")
+    parser.add_argument("--bindings", type=pathlib.Path, metavar="DIR")
     parser.add_argument("product", nargs="?", choices=WRITERS, metavar="PRODUCT")
     parser.add_argument("file", nargs="?", type=pathlib.Path, metavar="FILE")
     command = parser.parse_args()
@@ -51,12 +53,22 @@ def renew(interface, only_check):
           + (f"written: {', '.join(stale)}" if stale else "up to date"))
 
 
+def write_bindings(interface, folder):
+    for writer in WRITERS.values():
+        if language := getattr(writer, "LANGUAGE", None):
+            file = folder / language.file
+            file.parent.mkdir(parents=True, exist_ok=True)
+            file.write_text(writer.write(interface))
+
+
 def main():
     command = parse_command()
     try:
         interface = read()
         if command.names:
             print("\n".join(routine.name for routine in interface.routines))
+        elif command.bindings:
+            write_bindings(interface, command.bindings)
         elif command.product:
             command.file.write_text(WRITERS[command.product].write(interface))
         else:

@@ -41,16 +41,32 @@ class Callback:
 
 
 @dataclass
+class Group:
+    """Routines that stand together: a chapter of the manual."""
+
+    name: str
+    title: str
+    text: str  # paragraphs and tables, with their lines as they stand
+
+
+@dataclass
 class Routine:
     name: str
-    group: str
+    group: str  # its title
     summary: str
     details: str
     kept: str  # what it keeps from call to call
     arguments: list = field(default_factory=list)
 
+    def inputs(self):
+        return [a for a in self.arguments if a.direction != "out"]
+
+    def outputs(self):
+        return [a for a in self.arguments if a.direction != "in"]
+
 
 @dataclass
 class Interface:
+    groups: list = field(default_factory=list)
     routines: list = field(default_factory=list)
     callbacks: list = field(default_factory=list)

@@ -10,7 +10,7 @@ import pathlib
 import re
 
 from . import arithmetic, conditions
-from .model import Argument, Callback, CallbackArgument, FormError, Interface, Routine
+from .model import Argument, Callback, CallbackArgument, FormError, Group, Interface, Routine
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
 HEADER = ROOT / "include/kezlib.h"
@@ -165,6 +165,12 @@ def plain_description(description):
     return plain(first[1]) + "\n" + description[first.end():] if first else ""
 
 
+def group_text(comment):
+    """What a group's comment says below its title."""
+    _, _, (title, *_) = parse_comment(comment)
+    return title.partition("\n")[2].strip()
+
+
 def parse_item(match, group, interface):
     """Enters what a comment and the declaration behind it say; returns the group that is open."""
     if match["callback"]:
@@ -173,8 +179,9 @@ def parse_item(match, group, interface):
         if group is None:
             raise FormError(f"{match['name']} stands outside a group")
         interface.routines.append(parse_routine(match, group, interface.callbacks))
-    elif title := re.search(r"@defgroup \w+ (.+)", match["comment"]):
-        return title[1]
+    elif found := re.search(r"@defgroup (\w+) (.+)", match["comment"]):
+        interface.groups.append(Group(*found.groups(), group_text(match["comment"])))
+        return found[2]
     elif "@}" in match["comment"]:
         return None
     return group

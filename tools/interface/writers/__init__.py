@@ -1,7 +1,12 @@
 """One module for each product that follows from the header, and nothing else to edit for a new one.
 
-A writer has a docstring that says what it writes, `write(interface)`, which returns the text, and
-`COMMITTED`, the product's file in the repository, if it is not just generated into the build tree.
+A writer has a docstring that says what it writes, and `write(interface)`, which returns the text;
+`COMMITTED`, the product's file in the repository, if it is not just generated into the build tree;
+and if it is a binding `LANGUAGE`, the language and its file, `signature(routine)`, the declaration
+as a manual shows it, and `call(routine, literals, sizes)`, a worked call: statements that declare
+and set the arguments, call, and print the results. In the last, `literals` has by argument the text
+of what it holds before the call, entries of an array with the language's joint between them, and
+`sizes` by array the text of the number of its entries.
 """
 
 import importlib

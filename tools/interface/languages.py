@@ -1,0 +1,68 @@
+"""What the bindings' writers share: names that a language accepts, its literals, its comments."""
+
+import math
+import textwrap
+from dataclasses import dataclass, field
+
+from .rows import single, word
+
+
+@dataclass(frozen=True)
+class Literals:
+    """How a language writes values. The manual's page fills in what its reader typed by these too,
+    so they are patterns and no functions."""
+
+    real: str = "{}"  # around the digits, which have a point or an exponent
+    integer: str = "{}"
+    not_a_number: str = "nan"
+    infinity: str = "inf"
+    joint: str = ", "  # between the entries of an array
+
+    def of(self, literal, kind):
+        """A row's literal."""
+        bits = word(literal, kind)
+        if kind == "integer":
+            return self.integer.format(bits - (bits >> 31 << 32))
+        value = single(bits)
+        if math.isnan(value):
+            return self.not_a_number
+        if math.isinf(value):
+            return ("-" if value < 0 else "") + self.infinity
+        digits = f"{value:.9g}"
+        return self.real.format(digits if set(digits) & set(".e") else digits + ".0")
+
+
+@dataclass(frozen=True)
+class Language:
+    """A language that a binding is written for. `escape` is its one rule for a name of the header
+    that it reserves, in whatever case if it knows none."""
+
+    title: str
+    file: str  # what a host adds, below share/kezlib/bindings
+    reserved: frozenset = frozenset()
+    knows_case: bool = True
+    escape: str = "{}_"
+    literals: Literals = field(default_factory=Literals)
+
+    def name(self, name):
+        known = name if self.knows_case else name.lower()
+        return self.escape.format(name) if known in self.reserved else name
+
+
+def shape(argument):
+    """What an argument is: "integer", "real array [n + 1]"."""
+    kind = {"word": "real or integer"}.get(argument.kind, argument.kind)
+    return f"{kind} array [{argument.extent}]" if argument.extent else kind
+
+
+def wrapped(text, prefix, width=100):
+    """Paragraphs as the lines of a comment; sketches and tables, which are indented or begin with a
+    bar, stay as they are."""
+    lines = []
+    for paragraph in text.split("\n\n"):
+        first, as_it_stands = paragraph.splitlines()[:1], paragraph.startswith((" ", "|"))
+        lines += [""] if lines and first else []
+        lines += (paragraph.splitlines() if as_it_stands else
+                  textwrap.wrap(" ".join(paragraph.split()), width - len(prefix),
+                                break_long_words=False, break_on_hyphens=False))
+    return [(prefix + line).rstrip() for line in lines]
