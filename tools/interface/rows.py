@@ -60,18 +60,30 @@ def parse_row(text, routine, place, comment):
     return row
 
 
+def comments_above(lines):
+    """For each line the comment that it belongs to, up to a blank line or the next comment."""
+    above, open_ = [], False
+    for line in lines:
+        text, _, comment = line.partition("#")
+        comment_alone = bool(comment) and not text.strip()
+        if not line.strip() or comment_alone and not open_:
+            above = []
+        if comment_alone:
+            above = [*above, comment.strip()]
+        open_ = comment_alone
+        yield " ".join(above)
+
+
 def read_rows(interface):
     """All rows, in the order of the files."""
     routines = {routine.name: routine for routine in interface.routines}
     for path in sorted(CASES.glob("*.txt")):
-        above = []
-        for number, line in enumerate(path.read_text().splitlines(), 1):
+        lines = path.read_text().splitlines()
+        for number, (line, above) in enumerate(zip(lines, comments_above(lines)), 1):
             text, _, comment = line.partition("#")
             if text.strip():
                 yield parse_row(text, routines[text.split()[0]], f"{path.name}:{number}",
-                                comment.strip() or " ".join(above))
-            else:
-                above = [*above, comment.strip()] if comment else []
+                                comment.strip() or above)
 
 
 def word(literal, kind):
