@@ -11,7 +11,8 @@ import interface  # noqa: E402
 from interface import arithmetic, rows  # noqa: E402
 from interface.writers import call_table, module_definition, routine_list  # noqa: E402
 
-HEADER = interface.read().routines
+INTERFACE = interface.read()
+HEADER = INTERFACE.routines
 TESTS = pathlib.Path(__file__).parent
 NUMBERS = "No One Two Three Four Five Six Seven Eight Nine Ten Eleven Twelve".split()
 
@@ -223,6 +224,24 @@ class WorkedCalls(unittest.TestCase):
         self.assertEqual(row.given, {"n": ["1"], "x": ["0", "0", "0"], "a": ["2"], "b": ["3"]})
         self.assertEqual(row.wanted, {"a": ["4"], "b": ["~5"], "w": ["0x10", "1.0"]})
         self.assertEqual(row.kinds["w"], "real")
+
+    def test_comment_belongs_to_the_rows_below(self):
+        lines = ["# Two", "# lines.", "row", "row  # Own.", "row", "# Next.", "row", "", "row"]
+        self.assertEqual(list(rows.comments_above(lines))[2:],
+                         ["Two lines."] * 3 + ["Next."] * 2 + [""] * 2)
+
+    def test_every_routine_has_rows_that_say_what_they_show(self):
+        for name, calls in rows.worked_calls(INTERFACE).items():
+            with self.subTest(name):
+                self.assertGreaterEqual(len(calls), 2, "rows with a sentence")
+                for row in calls:
+                    self.assertRegex(row.comment, r"^[^a-z].*[.]$", f"{row.place} is no sentence")
+
+    def test_first_one_is_an_ordinary_call(self):
+        for name, (first, *_) in rows.worked_calls(INTERFACE).items():
+            literals = [literal for given in first.given.values() for literal in given]
+            with self.subTest(name, place=first.place):
+                self.assertTrue(all(re.fullmatch(r"-?[0-9.]*[0-9]", l) for l in literals))
 
     def test_what_meets_a_literal(self):
         one, minus_zero = rows.word("1", "real"), rows.word("-0", "real")

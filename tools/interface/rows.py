@@ -21,7 +21,7 @@ TOKEN = re.compile(r"[\[\]]|[^\s\[\]]+")
 class Row:
     routine: object
     place: str  # file and line
-    comment: str  # of its own line, or else of the lines above
+    comment: str  # a sentence, of its own line or else of the lines above
     given: dict = field(default_factory=dict)  # by input the literals: one of a scalar
     wanted: dict = field(default_factory=dict)  # by output
     kinds: dict = field(default_factory=dict)  # by argument real or integer: words have one too
@@ -84,6 +84,18 @@ def read_rows(interface):
             if text.strip():
                 yield parse_row(text, routines[text.split()[0]], f"{path.name}:{number}",
                                 comment.strip() or above)
+
+
+def worked_calls(interface):
+    """By routine the rows with a sentence, an ordinary call first: what a manual shows.
+
+    The others are there for the tests alone, as those on what is kept before any call.
+    """
+    calls = {routine.name: [] for routine in interface.routines}
+    for row in read_rows(interface):
+        if row.comment:
+            calls[row.routine.name].append(row)
+    return calls
 
 
 def word(literal, kind):
