@@ -20,6 +20,8 @@
  *   output is written. Two outputs must be different variables, and an array that is written must
  *   not overlap any other argument, unless the comment says so; nothing outside the arguments is
  *   touched in any case.
+ * - "Time" is how the time of a call grows with the counts at worst. Where nothing is said, it does
+ *   not grow, or grows in proportion to the entries, points or vertices.
  * - A routine is re-entrant unless its comment has a paragraph "Kept value", which says what it
  *   remembers from one call to the next; calls of such a routine must be serialised by the host.
  *
@@ -227,7 +229,7 @@ KEZ_API void KEZ_CALL kezvin(const float *a, const float *b, const float *c, con
  * @defgroup lines Lines in the plane, points against segments
  *
  * A line is the triple (a, b, c) of a x + b y + c = 0, a plane the quadruple (A, B, C, D) of
- * A x + B y + C z + D = 0. Neither is normalised.
+ * A x + B y + C z + D = 0. Neither is normalised; c and D have the unit of the others times length.
  * @{
  */
 
@@ -633,7 +635,8 @@ KEZ_API void KEZ_CALL kezpar(const int32_t *i1, const int32_t *i2, const int32_t
 /**
  * @defgroup circles Circles and arcs in the plane
  *
- * A circle is the triple (D, E, F) of x^2 + y^2 + D x + E y + F = 0.
+ * A circle is the triple (D, E, F) of x^2 + y^2 + D x + E y + F = 0, with F in length^2 and the
+ * others in length.
  *
  * Coordinates that are large against the radius take its digits out of F, and so those of the
  * results of all routines that cross lines with a circle: `kezlci`, `kezc12`, `kezcin`, `kezcer6`,
@@ -981,7 +984,7 @@ KEZ_API void KEZ_CALL kezcer1(const float *x1, const float *y1, const float *x2,
  * Moves the origin of a list of points to (tx, ty). Negated offsets move back.
  *
  * @param[in,out] X,Y [n] the points (length)
- * @param[in] n number of points
+ * @param[in] n number of points; none is moved when below 1
  * @param[in] tx,ty new origin (length)
  */
 KEZ_API void KEZ_CALL keztra(float X[], float Y[], const int32_t *n, const float *tx,
@@ -992,7 +995,7 @@ KEZ_API void KEZ_CALL keztra(float X[], float Y[], const int32_t *n, const float
  *
  * @param[in] mode 1 clockwise, any other value counter-clockwise
  * @param[in,out] X,Y [n] the points (length)
- * @param[in] n number of points
+ * @param[in] n number of points; none is turned when below 1
  * @param[in] angle angle of the turn (rad)
  */
 KEZ_API void KEZ_CALL kezrot(const int32_t *mode, float X[], float Y[], const int32_t *n,
@@ -1040,7 +1043,7 @@ KEZ_API void KEZ_CALL kezapl(float X[], float Y[], const int32_t *n, float *area
  *
  * @param[in,out] X,Y [max(n + 1, 3)] points as the kind needs them, no others are read (length);
  *   for kind 2 entry n + 1 becomes the first; unchanged when kind is not 2
- * @param[in] n number of vertices, for kind 2
+ * @param[in] n number of vertices, for kind 2; below 1 the area is 0
  * @param[in] kind kind of the figure, as the group's table says
  * @param[in] A0 area, for kind 1 (length^2)
  * @param[in] factor factor of the result
@@ -1064,7 +1067,7 @@ KEZ_API void KEZ_CALL kezspl(float X[], float Y[], const int32_t *n, float *Sx, 
  *
  * @param[in,out] X,Y [max(n + 1, 3)] points as the kind needs them, no others are read (length);
  *   for kind 2 entry n + 1 becomes the first; unchanged when kind is not 2
- * @param[in] n number of vertices, for kind 2
+ * @param[in] n number of vertices, for kind 2; below 1 the moments are 0
  * @param[in] kind kind of the figure, as the group's table says
  * @param[in] A0 area, for kind 1 (length^2)
  * @param[in] factor factor of the results
@@ -1075,10 +1078,13 @@ KEZ_API void KEZ_CALL kezstm(float X[], float Y[], const int32_t *n, const int32
                              const float *A0, const float *factor, float *Sx, float *Sy);
 
 /**
- * Area and centroid of a circular segment. The centroid of a chord through the centre may be on
- * either side or not a number, and is not a number for two ends that are the same; where rounding
- * carries the cosine of such an angle past 1, the area is not a number either. Small angles leave
- * few digits: at 0.03 rad the area is up to 0.05 per cent off, at 0.01 rad 0.6 per cent.
+ * Area and centroid of a circular segment. Of the radius R and the angle phi between the ends the
+ * area is R^2 (phi - sin(phi)) / 2, and the centroid 4 R sin(phi / 2)^3 / (3 (phi - sin(phi))) from
+ * the centre; for the rest of the circle phi is 2 pi less that angle. The centroid of a chord
+ * through the centre may be on either side or not a number, and is not a number for two ends that
+ * are the same; where rounding carries the cosine of such an angle past 1, the area is not a number
+ * either. Small angles leave few digits: at 0.03 rad the area is up to 0.05 per cent off, at 0.01
+ * rad 0.6 per cent.
  *
  * @param[in] x0,y0 centre (length)
  * @param[in] x1,y1 end of the chord on the circle (length)
@@ -1522,7 +1528,7 @@ KEZ_API void KEZ_CALL keztrn(float p[], const float *m1, const float *m2, const 
  * Moves the origin of a list of points to (ox, oy, oz). Negated offsets move back.
  *
  * @param[in,out] x,y,z [n] the points (length)
- * @param[in] n number of points
+ * @param[in] n number of points; none is moved when below 1
  * @param[in] ox,oy,oz new origin (length)
  */
 KEZ_API void KEZ_CALL kez3tra(float x[], float y[], float z[], const int32_t *n, const float *ox,
@@ -1598,7 +1604,7 @@ KEZ_API void KEZ_CALL kezpnl(const float *x1, const float *y1, const float *z1, 
  * @param[in] mode 1 backwards, any other value forwards
  * @param[in] x [n] ignored: x does not change
  * @param[in,out] y,z [n] y and z of the points (length)
- * @param[in] n number of points
+ * @param[in] n number of points; none is turned when below 1
  * @param[in] angle angle of the turn (rad)
  */
 KEZ_API void KEZ_CALL kezrotx(const int32_t *mode, const float x[], float y[], float z[],
@@ -1612,7 +1618,7 @@ KEZ_API void KEZ_CALL kezrotx(const int32_t *mode, const float x[], float y[], f
  * @param[in,out] x [n] x of the points (length)
  * @param[in] y [n] ignored: y does not change
  * @param[in,out] z [n] z of the points (length)
- * @param[in] n number of points
+ * @param[in] n number of points; none is turned when below 1
  * @param[in] angle angle of the turn (rad)
  */
 KEZ_API void KEZ_CALL kezroty(const int32_t *mode, float x[], const float y[], float z[],
@@ -1624,7 +1630,7 @@ KEZ_API void KEZ_CALL kezroty(const int32_t *mode, float x[], const float y[], f
  * @param[in] mode 1 backwards, any other value forwards
  * @param[in,out] x,y [n] x and y of the points (length)
  * @param[in] z [n] ignored: z does not change
- * @param[in] n number of points
+ * @param[in] n number of points; none is turned when below 1
  * @param[in] angle angle of the turn (rad)
  */
 KEZ_API void KEZ_CALL kezrotz(const int32_t *mode, float x[], float y[], const float z[],
@@ -1636,7 +1642,7 @@ KEZ_API void KEZ_CALL kezrotz(const int32_t *mode, float x[], float y[], const f
  * whose components are all within the tolerance of zero is left out, and so is such an angle.
  *
  * @param[in,out] x,y,z [n] the points (length)
- * @param[in] n number of points
+ * @param[in] n number of points; none is placed when below 1
  * @param[in] tx,ty,tz translation (length)
  * @param[in] ax,ay,az angles about the x, y and z axis (rad)
  */
@@ -1653,7 +1659,7 @@ KEZ_API void KEZ_CALL kezptr(float x[], float y[], float z[], const int32_t *n, 
  * @param[in] xa,ya,za A, on the local x axis (length)
  * @param[in] xb,yb,zb B, in the local xy plane (length)
  * @param[in,out] x,y,z [n] the points (length); unchanged when status is -2
- * @param[in] n number of points
+ * @param[in] n number of points; none is placed when below 1
  * @param[in] tx,ty,tz translation along the local axes (length)
  * @param[in] ax,ay,az angles about the local axes (rad)
  * @param[out] status 0, or -2 when `kezpsl` finds B on the line O A
@@ -2212,9 +2218,13 @@ KEZ_API void KEZ_CALL kezchi(const float *t, const float *b, const float *z, con
 
 /**
  * Distance from the centroid of a channel to its shear centre, along the axis of symmetry. The two
- * lie on either side of the web. Thin-walled theory on the centre-lines h = H - t, b = B - t and
- * c = C - t / 2; a lip of at most 1.0e-5 is none. Nothing is checked: a lip shorter than t / 2
- * enters with a negative c.
+ * lie on either side of the web, and their distances from it add up. Thin-walled theory on the
+ * centre-lines h = H - t, b = B - t and c = C - t / 2; a lip of at most 1.0e-5 is none, with c = 0:
+ *
+ *     x0 = b (b + 2 c) / (h + 2 b + 2 c)
+ *        + b (3 b h^2 + 6 c h^2 - 8 c^3) / (h^3 + 6 (b + c) h^2 - 12 c^2 h + 8 c^3)
+ *
+ * Nothing is checked: a lip shorter than t / 2 enters with a negative c.
  *
  * @param[in] B overall width of the flanges (length)
  * @param[in] H overall height (length)
@@ -2226,9 +2236,13 @@ KEZ_API void KEZ_CALL kezshc_c(const float *B, const float *H, const float *C, c
                                float *x0);
 
 /**
- * Warping constant of a channel. Thin-walled theory on the centre-lines h = H - t, b = B - t and
- * c = C - t / 2; a lip of at most 1.0e-5 is none. Nothing is checked: a lip shorter than t / 2
- * enters with a negative c.
+ * Warping constant of a channel. It is the integral, over the area, of the square of the sectorial
+ * coordinate about the shear centre less its mean. Thin-walled theory on the centre-lines
+ * h = H - t, b = B - t and c = C - t / 2; a lip of at most 1.0e-5 is none. Without a lip
+ *
+ *     Iw = t b^3 h^2 (3 b + 2 h) / (12 (6 b + h))
+ *
+ * Nothing is checked: a lip shorter than t / 2 enters with a negative c.
  *
  * @param[in] B overall width of the flanges (length)
  * @param[in] H overall height (length)
@@ -2294,10 +2308,9 @@ KEZ_API void KEZ_CALL kezadr(const int32_t *a, const int32_t counts[], const int
  * only `kezmer1`, `kezmer4`, `kezmer11` and `kezmer13` can make it: 4294967296 less, or a multiple
  * of that; the entries are all written.
  *
- * "Time" is how the time of a call grows with the counts at worst. Up to 4,000 entries, or 2,000 in
- * each of two lists, a routine works on the stack; beyond, some also take memory from the heap
- * while they run. Where there is none, the comment says what comes out, or else the result is the
- * same and may take n^2, of two lists n1 n2.
+ * Up to 4,000 entries, or 2,000 in each of two lists, a routine works on the stack; beyond, some
+ * also take memory from the heap while they run. Where there is none, the comment says what comes
+ * out, or else the result is the same and may take n^2, of two lists n1 n2.
  * @{
  */
 
@@ -2529,9 +2542,15 @@ KEZ_API void KEZ_CALL kezpor(const int32_t *n, const float a[], const float b[],
                              int32_t iord[], int32_t *status);
 
 /**
- * Principal axes of second moments. The moments are not sorted: u belongs to the axis at theta,
- * which is the larger or the smaller one. With |r / (p + q)| <= 1.0e-8 (or not a number) the given
- * axes are principal, else with |q - p| < 1.0e-12 the principal axes are at 45 degrees.
+ * Principal axes of second moments.
+ *
+ *     tan(2 theta) = 2 r / (q - p)
+ *     u = p cos(theta)^2 + q sin(theta)^2 - r sin(2 theta)
+ *     v = p sin(theta)^2 + q cos(theta)^2 + r sin(2 theta)
+ *
+ * The moments are not sorted: u belongs to the axis at theta, which is the larger or the smaller
+ * one. With |r / (p + q)| <= 1.0e-8 (or not a number) the given axes are principal, else with
+ * |q - p| < 1.0e-12 the principal axes are at 45 degrees.
  *
  * @param[in] p second moment about the x axis (length^4)
  * @param[in] q second moment about the y axis (length^4)
