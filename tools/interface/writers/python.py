@@ -1,0 +1,250 @@
+"""The package for Python: a function a routine, and a named tuple for what it returns."""
+
+import itertools
+import keyword
+import re
+
+from .. import conditions
+from ..arithmetic import substituted
+from ..languages import Language, Literals, shape, wrapped
+from ..model import FormError
+from ..reader import HEADER
+from . import NOTICE
+
+LANGUAGE = Language(
+    "Python", "python/kezlib/routines.py", frozenset(keyword.kwlist),
+    literals=Literals(not_a_number='float("nan")', infinity='float("inf")'))
+
+HINTS = {"real": "float", "integer": "int"}
+LISTS = {"real": "Reals", "integer": "Integers", "word": "Words"}
+INTRODUCTION = """The routines by family.
+
+A function takes a routine's inputs, in the order of its arguments, and returns its outputs as a
+named tuple. Reals are rounded to single precision, integers have 32 bits; angles are in radians,
+lengths in whatever unit the caller uses throughout. Lists are numpy arrays or plain sequences with
+at least as many entries as the argument's extent in brackets says, and are copied: one that the
+routine changes is returned. Positions are counted from 1; 0 means "none".
+
+What a routine does not write is None, and of a list the entries that it does not write are left
+out, or hold a not-a-number of their own or the smallest integer where they are not the last. To
+have another value there give it as a keyword argument."""
+
+
+def version():
+    found = re.findall(r"#define KEZ_VERSION_(?:MAJOR|MINOR|PATCH) (\d+)", HEADER.read_text())
+    return ".".join(found)
+
+
+def is_optional(argument):
+    return argument.direction == "out" and bool(argument.kept_when)
+
+
+def optional(routine):
+    return [a for a in routine.arguments if is_optional(a)]
+
+
+def results_class(routine):
+    return routine.name.capitalize()
+
+
+def hint(argument):
+    if argument.kind == "callback":
+        taken = ", ".join(HINTS[a.kind] for a in argument.callback.arguments)
+        return f"Callable[[{taken}], {HINTS[argument.callback.result]}]"
+    return LISTS[argument.kind] if argument.extent else HINTS[argument.kind]
+
+
+def result_hint(argument):
+    if argument.extent:
+        return f"{hint(argument)[:-1]}Array"
+    return f"Optional[{hint(argument)}]" if is_optional(argument) else hint(argument)
+
+
+def parameters(routine):
+    given = [f"{LANGUAGE.name(a.name)}: {hint(a)}" for a in routine.inputs()]
+    kept = [f"{LANGUAGE.name(a.name)}: Optional[{hint(a)}] = None" for a in optional(routine)]
+    return given + (["*", *kept] if kept else [])
+
+
+def definition(routine):
+    """The line that defines a function, broken where it is too long."""
+    start, end = f"def {routine.name}(", f") -> {results_class(routine)}:"
+    whole = start + ", ".join(parameters(routine)) + end
+    if len(whole) <= 100:
+        return [whole]
+    return [start, *wrapped(", ".join(parameters(routine)), "        "), end]
+
+
+def signature(routine):
+    return "\n".join(definition(routine)).rstrip(":")
+
+
+def call(routine, literals, sizes):
+    def text(argument):
+        literal = literals[argument.name]
+        return f"[{literal}]" if argument.extent else literal
+    lines = []
+    given = []
+    for argument in routine.inputs():
+        name = LANGUAGE.name(argument.name)
+        if argument.kind == "callback":
+            lines += [f"{name}_values = {text(argument)}", "", "",
+                      f"def {name}(i):", f"    return {name}_values[i - 1]", "", ""]
+        else:
+            lines.append(f"{name} = {text(argument)}")
+        given.append(name)
+    for argument in optional(routine):
+        if argument.name in literals:
+            name = LANGUAGE.name(argument.name)
+            lines.append(f"{name} = {text(argument)}")
+            given.append(f"{name}={name}")
+    called = wrapped(f"result = kezlib.{routine.name}({', '.join(given)})", "")
+    return "\n".join(["import kezlib", "", *lines, *indented(called), "print(result)"]) + "\n"
+
+
+def indented(lines):
+    return lines[:1] + [f"    {line}" for line in lines[1:]]
+
+
+def terms(routine):
+    """What an extent's names are called over the values of a call."""
+    names = {a.name: f'Entries(v["{a.name}"])' if a.extent else f'v["{a.name}"]'
+             for a in routine.arguments}
+    return names | {"max": "max", "sum": "total"}
+
+
+def over_values(expression, routine):
+    return f"lambda v: {substituted(expression, terms(routine)).replace('/', '//')}"
+
+
+def check_callback(callback):
+    if callback.result != "real" or not all(a.by_pointer and a.kind in HINTS
+                                            for a in callback.arguments):
+        raise FormError(f"{callback.name}: Python's callbacks take reals and integers by reference "
+                        "and return a real")
+
+
+def description(argument, routine):
+    """What the package has to know of an argument but for its name."""
+    fields = [f'"{argument.kind}"', f'"{argument.direction}"']
+    if argument.extent:
+        fields += [f'extent="{argument.extent}"', f"size={over_values(argument.extent, routine)}"]
+    if is_optional(argument):
+        fields.append("kept=True")
+        if expression := conditions.behind(argument.kept_when):
+            fields.append(f"written={over_values(expression, routine)}")
+    if argument.callback:
+        check_callback(argument.callback)
+        fields.append(f"takes={tuple(a.kind for a in argument.callback.arguments)}")
+    return fields
+
+
+def described(routine):
+    lines = [f'_{routine.name} = routine("{routine.name}", {results_class(routine)},']
+    for fields, members in itertools.groupby(routine.arguments, lambda a: description(a, routine)):
+        names = " ".join(a.name for a in members)
+        lines += one_or_more_lines([f'arguments("{names}"', *fields])
+    return [*lines[:-1], lines[-1][:-1] + ")"]
+
+
+def one_or_more_lines(fields):
+    whole = f"    {', '.join(fields)}),"
+    return [whole] if len(whole) <= 100 else [f"    {fields[0]},", *(
+        f"              {field}{end}" for field, end in zip(fields[1:], [","] * len(fields[2:]) + ["),"]))]
+
+
+def results(routine):
+    lines = ["", "", f"class {results_class(routine)}(NamedTuple):",
+             f'    """Results of `{routine.name}`."""', ""]
+    return lines + [f"    {LANGUAGE.name(a.name)}: {result_hint(a)}" for a in routine.outputs()]
+
+
+def items(arguments, kind, text):
+    """Neighbours that are documented alike share an entry."""
+    for (kind_text, about), members in itertools.groupby(arguments, lambda a: (kind(a), text(a))):
+        names = ", ".join(LANGUAGE.name(a.name) for a in members)
+        yield from [f"{names} : {kind_text}", *wrapped(about, "    ", 92)]
+
+
+def documented_kind(argument):
+    if argument.kind == "callback":
+        return hint(argument)
+    kind = HINTS.get(argument.kind, "float or int")
+    return f"sequence of {kind}, [{argument.extent}]" if argument.extent else kind
+
+
+def documented_result(argument):
+    kind = HINTS.get(argument.kind, "float or int")
+    if argument.extent:
+        return f"array of {kind}, [{argument.extent}]"
+    return f"{kind} or None" if is_optional(argument) else kind
+
+
+def result_text(argument):
+    if not argument.kept_when:
+        return argument.text
+    if argument.direction == "in,out":
+        return argument.whole_text()
+    if expression := conditions.behind(argument.kept_when):
+        return f"{argument.text}; its length is {expression}, unless it was given"
+    unwritten = "not written" if argument.extent else "None"
+    return f"{argument.text}; {unwritten}, or what was given, when {argument.kept_when}"
+
+
+def section(title, lines):
+    return ["", title, "-" * len(title), *lines] if lines else []
+
+
+def documentation(routine):
+    given = [*items(routine.inputs(), documented_kind, lambda a: a.text),
+             *items(optional(routine), lambda a: f"{documented_kind(a)}, optional",
+                    lambda a: "what to return where it is not written")]
+    returned = items(routine.outputs(), documented_result, result_text)
+    details = ["", *wrapped(routine.details, "", 92)] if routine.details else []
+    notes = wrapped(f"Kept from one call to the next: {routine.kept}", "", 92)
+    return (wrapped(routine.summary, "", 92) + details + section("Parameters", given)
+            + section("Returns", [*returned]) + section("Notes", notes if routine.kept else []))
+
+
+def quoted(lines):
+    text = [f"    {line}".rstrip() for line in lines]
+    return [f'    r"""{text[0].strip()}', *text[1:], '    """']
+
+
+def passed(routine):
+    inputs = [LANGUAGE.name(a.name) for a in routine.inputs()]
+    kept = [LANGUAGE.name(a.name) for a in optional(routine)]
+    arguments = f"({', '.join(inputs)}{',' if len(inputs) == 1 else ''})"
+    if not kept:
+        return wrapped(f"return _{routine.name}({arguments})", "    ")
+    values = f"({', '.join(kept)}{',' if len(kept) == 1 else ''})"
+    none_given = " is ".join([*kept, "None"])
+    lines = wrapped(f"kept = (() if {none_given} else {values})", "    ")
+    return indented(lines) + indented(
+        wrapped(f"return _{routine.name}({arguments}, kept)", "    "))
+
+
+def function(routine):
+    return ["", "", *definition(routine), *quoted(documentation(routine)), *passed(routine)]
+
+
+def family(group, routines):
+    members = [r for r in routines if r.group == group.title]
+    listed = [line for r in members for line in indented(wrapped(f"{r.name}: {r.summary}", "", 96))]
+    text = wrapped(group.text, "") if group.text else []
+    return ["", group.title, "-" * len(group.title), *text, *([""] if text else []), *listed]
+
+
+def write(interface):
+    lines = [f"# {NOTICE}", f'r"""{INTRODUCTION}']
+    for group in interface.groups:
+        lines += family(group, interface.routines)
+    lines += ['"""', "", "from __future__ import annotations", "",
+              "from typing import Callable, NamedTuple, Optional", "",
+              "from ._call import Entries, arguments, routine, total",
+              "from ._types import (IntegerArray, Integers, RealArray, Reals, WordArray, Words)", "",
+              f'__version__ = "{version()}"', ""]
+    lines += ["__all__ = [", *(f'    "{r.name}",' for r in interface.routines), "]"]
+    for routine in interface.routines:
+        lines += results(routine) + ["", ""] + described(routine) + function(routine)
+    return "\n".join(lines) + "\n"
