@@ -19,8 +19,8 @@ KEPT = {code: array(code, pattern) for code, pattern in KEPT_BYTES.items()}
 NO_ENTRIES = ctypes.create_string_buffer(4)
 
 
-def address(values):
-    return ctypes.c_void_p(values.buffer_info()[0] or ctypes.addressof(NO_ENTRIES))
+def address(values, nowhere=ctypes.addressof(NO_ENTRIES)):
+    return ctypes.c_void_p(values.buffer_info()[0] or nowhere)
 
 
 def view_of(values):
@@ -29,9 +29,7 @@ def view_of(values):
         return memoryview(values)
     except TypeError:
         pass
-    if hasattr(values, "__array__"):
-        return memoryview(values.__array__())
-    return None
+    return memoryview(values.__array__()) if hasattr(values, "__array__") else None
 
 
 def native(view):
@@ -45,8 +43,8 @@ def native(view):
 def from_view(view, values, code, with_unsigned):
     if view.ndim != 1:
         raise ValueError(f"has {view.ndim} dimensions, not 1")
-    same = {REAL: "f", INTEGER: "ilIL" if with_unsigned else "il"}[code]
-    if view.itemsize == 4 and native(view) and native(view) in same:
+    same = ("f",) if code == REAL else ("i", "l", "I", "L") if with_unsigned else ("i", "l")
+    if view.format == code or view.itemsize == 4 and native(view) in same:
         return array(code, view.tobytes())
     try:
         return array(code, view.tolist())
@@ -66,37 +64,24 @@ def copied(values, code, with_unsigned=False):
     raise TypeError(f"is no array but {type(values).__name__}")
 
 
-def fits(value, code):
-    try:
-        array(code, [value])
-    except (TypeError, OverflowError):
-        return False
-    return True
-
-
-def entries(place, values, code, with_unsigned=False):
-    """As `copied`, with messages that say what is wrong with which entry of the argument."""
-    try:
-        return copied(values, code, with_unsigned)
-    except (TypeError, ValueError, OverflowError) as error:
-        kind, reason = type(error), str(error)
-    if isinstance(values, (list, tuple)):
-        for i, value in enumerate(values):
-            if not fits(value, code):
-                kind, reason = fault(value, code)
-                raise kind(f"{place}[{i}] {reason}")
-    raise kind(f"{place} {reason}")
-
-
 def fault(value, code):
-    """Exception and message for a scalar that was refused."""
+    """Exception and words for a scalar or an entry that was refused; none if it is good."""
     try:
         array(code, [value])
     except OverflowError:
         return OverflowError, f"is {value!r}, which a 32-bit {KINDS[code]} cannot hold"
     except TypeError:
-        pass
-    return TypeError, f"is {value!r}, not {'an integer' if code == INTEGER else 'a real number'}"
+        return TypeError, f"is {value!r}, not {'an integer' if code == INTEGER else 'a real'}"
+    return None
+
+
+def fault_of_entry(values, code, error):
+    """As `fault`, for a list that was refused with an error."""
+    if isinstance(values, Sequence) and not isinstance(values, str):
+        for i, value in enumerate(values):
+            if found := fault(value, code):
+                return found[0], f"[{i}] {found[1]}"
+    return type(error), f" {error}"
 
 
 def word_code(lists):
@@ -126,4 +111,5 @@ def numpy():
 
 def returned(values):
     """A numpy array without another copy, or else a list."""
-    return numpy().asarray(values) if numpy() else values.tolist()
+    module = numpy()
+    return module.asarray(values) if module else values.tolist()

@@ -13,6 +13,8 @@ from typing import Any, Callable, Optional
 from . import _arrays, _library
 from ._arrays import INTEGER, KEPT, KEPT_BYTES, REAL
 
+NO_REAL = KEPT_BYTES[REAL]
+NOTHING = {}
 CODES = {"real": REAL, "integer": INTEGER}
 POINTERS = {"real": ctypes.POINTER(ctypes.c_float), "integer": ctypes.POINTER(ctypes.c_int32)}
 
@@ -27,6 +29,11 @@ class Argument:
     kept: bool = False  # an output that is not always written
     written: Optional[Callable[[dict], int]] = None  # of such an array the number of entries
     takes: tuple = ()  # of a callback: the kinds of what it is passed
+
+    @functools.cached_property
+    def code(self):
+        """None of a word, whose kind each call chooses."""
+        return CODES.get(self.kind)
 
 
 def arguments(names, kind, direction, **others):
@@ -45,130 +52,121 @@ def total(values, count):
     return (sum(values[:max(count, 0)]) + 2**31) % 2**32 - 2**31
 
 
-class Scalars:
-    """The scalars of a routine, and where in its block they lie: inputs before outputs, as one
-    format packs and another unpacks them."""
-
-    def __init__(self, arguments):
-        scalars = [a for a in arguments if a.kind in CODES and not a.size]
-        self.inputs = [a for a in scalars if a.direction != "out"]
-        only_out = [a for a in scalars if a.direction == "out"]
-        slots = self.inputs + only_out
-        self.places = {a.name: 4 * i for i, a in enumerate(slots)}
-        self.size = 4 * len(slots)
-        self.pack = struct.Struct("".join(CODES[a.kind] for a in self.inputs)).pack_into
-        self.unpack_inputs = struct.Struct("".join(CODES[a.kind] for a in self.inputs)).unpack_from
-        results = [a for a in slots if a.direction != "in"]
-        self.unpack_results = struct.Struct("".join(
-            "4x" if a.direction == "in" else CODES[a.kind] for a in slots)).unpack_from
-        self.results = [a.name for a in results]
-        self.kept = [a for a in scalars if a.kept]
-        self.preset = b"".join(KEPT_BYTES[CODES[a.kind]] for a in only_out)
-        self.first_output = 4 * len(self.inputs)
-
-    def load(self, routine, block, values):
-        try:
-            self.pack(block, 0, *values)
-        except struct.error:
-            for argument, value in zip(self.inputs, values):
-                store(f"{routine}: {argument.name}", block, 0, value, CODES[argument.kind])
-            raise
-
-    def load_kept(self, routine, block, given):
-        """Presets the outputs; `given` has values of some by name."""
-        block[self.first_output:] = self.preset
-        for argument in self.kept if given else ():
-            if given.get(argument.name) is not None:
-                store(f"{routine}: {argument.name}", block, self.places[argument.name],
-                      given[argument.name], CODES[argument.kind])
-
-    def unwritten(self, block, given):
-        """Names of the outputs that hold what they were preset to."""
-        for argument in self.kept:
-            place, pattern = self.places[argument.name], KEPT_BYTES[CODES[argument.kind]]
-            if block[place:place + 4] == pattern and given.get(argument.name) is None:
-                yield argument.name
-
-
-def store(place, block, offset, value, code):
-    try:
-        struct.pack_into(code, block, offset, value)
-    except struct.error:
-        kind, reason = _arrays.fault(value, code)
-        raise kind(f"{place} {reason}") from None
-
-
 class Routine:
-    """Calls a routine with a tuple of its inputs, and the values that are given for outputs that
-    may be kept, if any are."""
+    """Calls a routine with a tuple of its inputs and, unless all are None, one of the values that
+    outputs are to have where they are not written.
 
-    def __init__(self, name, results, *groups):
-        self.name, self.results = name, results
-        self.arguments = [argument for group in groups for argument in group]
+    Scalars lie in a block, inputs before outputs, and by one format they are packed, by another
+    unpacked."""
+
+    def __init__(self, name, results, arguments):
+        self.name, self.results, self.arguments = name, results, arguments
         self.function = _library.function(name)
-        self.scalars = Scalars(self.arguments)
-        self.kept_names = [a.name for a in self.arguments if a.kept and a.direction == "out"]
-        self.blocks = []  # free ones: pop and append are atomic
+        self.optional = [a.name for a in arguments if a.kept]
+        scalars = [a for a in arguments if a.code and not a.size]
+        self.scalars = [a for a in scalars if a.direction != "out"]
+        outputs = [a for a in scalars if a.direction == "out"]
+        self.kept = [a for a in outputs if a.kept]
+        self.set_layout(self.scalars + outputs, len(self.scalars))
+        self.preset = b"".join(KEPT_BYTES[a.code] for a in outputs)
+        self.marks = [(a.name, self.places[a.name], KEPT_BYTES[a.code]) for a in self.kept]
+        self.blocks = []  # those that no call uses; pop and append are atomic
 
-    def take_block(self):
-        try:
-            return self.blocks.pop()
-        except IndexError:
-            return self.new_block()
+    def set_layout(self, slots, inputs):
+        self.places = {a.name: 4 * i for i, a in enumerate(slots)}
+        self.first_output = 4 * inputs
+        given = struct.Struct("".join(a.code for a in slots[:inputs]))
+        self.pack, self.unpack_given = given.pack_into, given.unpack_from
+        self.unpack = struct.Struct("".join("4x" if a.direction == "in" else a.code
+                                            for a in slots)).unpack_from
+        self.unpacked = [a.name for a in slots if a.direction != "in"]
 
     def new_block(self):
         """A block, and by argument the references to what lies in it."""
-        block = bytearray(self.scalars.size)
+        block = bytearray(4 * len(self.places))
         memory = (ctypes.c_char * len(block)).from_buffer(block)
-        places = self.scalars.places
-        return block, [ctypes.byref(memory, places[a.name]) if a.name in places else None
+        return block, [ctypes.byref(memory, self.places[a.name]) if a.name in self.places else None
                        for a in self.arguments]
+
+    def refuse(self, block, values):
+        """Raises what is wrong with the scalars, of which one is."""
+        for argument, value in zip(self.scalars, values):
+            self.store(block, argument, value)
+        raise TypeError(f"{self.name}: scalars {values!r}")
+
+    def store(self, block, argument, value):
+        try:
+            struct.pack_into(argument.code, block, self.places[argument.name], value)
+        except struct.error:
+            kind, reason = _arrays.fault(value, argument.code)
+            raise kind(f"{self.name}: {argument.name} {reason}") from None
+
+    def store_kept(self, block, presets):
+        for argument in self.kept:
+            if presets.get(argument.name) is not None:
+                self.store(block, argument, presets[argument.name])
+
+    def unwritten(self, block, presets):
+        """Names of the scalars that hold what no routine writes."""
+        return [name for name, place, pattern in self.marks
+                if block[place:place + 4] == pattern and presets.get(name) is None]
 
 
 class ScalarRoutine(Routine):
-    """One without arrays: the references never change."""
+    """One without arrays: the references are always the same."""
 
-    def __init__(self, name, results, *groups):
-        super().__init__(name, results, *groups)
-        self.pack, self.unpack = self.scalars.pack, self.scalars.unpack_results
-        order = [self.scalars.results.index(field) for field in results._fields]
+    def __init__(self, name, results, arguments):
+        super().__init__(name, results, arguments)
+        self.fields = [a.name for a in arguments if a.direction != "in"]
+        order = [self.unpacked.index(name) for name in self.fields]
         self.order = None if order == sorted(order) else operator.itemgetter(*order)
+        # A quick look tells that all is written; the integer's pattern is found across neighbours.
+        self.may_be_unwritten = NO_REAL if all(a.code == REAL for a in self.kept) else b""
 
     def new_block(self):
         block, references = super().new_block()
         return block, functools.partial(self.function, *references)
 
     def __call__(self, given, kept=()):
-        block, call = self.take_block()
+        try:
+            block, call = self.blocks.pop()
+        except IndexError:
+            block, call = self.new_block()
         try:
             self.pack(block, 0, *given)
         except struct.error:
-            self.scalars.load(self.name, block, given)
-        presets = None
-        if self.kept_names:
-            presets = dict(zip(self.kept_names, kept)) if kept else {}
-            self.scalars.load_kept(self.name, block, presets)
+            self.refuse(block, given)
+        presets = NOTHING
+        if self.kept:
+            block[self.first_output:] = self.preset
+            if kept:
+                presets = dict(zip(self.optional, kept))
+                self.store_kept(block, presets)
         call()
         values = self.unpack(block)
         if self.order:
             values = self.order(values)
-        if self.kept_names and (KEPT_BYTES[REAL] in block or KEPT_BYTES[INTEGER] in block):
-            unwritten = set(self.scalars.unwritten(block, presets))
-            values = [None if name in unwritten else value
-                      for name, value in zip(self.results._fields, values)]
+        if self.kept and self.may_be_unwritten in block:
+            values = self.with_none(values, self.unwritten(block, presets))
         self.blocks.append((block, call))
         return tuple.__new__(self.results, values)
 
+    def with_none(self, values, unwritten):
+        values = list(values)
+        for name in unwritten:
+            values[self.fields.index(name)] = None
+        return values
+
 
 class Callback:
-    """A function of the host's, as the library calls it. Nothing may be raised through a routine:
-    after an exception it returns not-a-number, and the exception is raised when the routine is
-    done."""
+    """A function of the host's as the library calls it. Nothing may be raised through a routine:
+    from an exception on it returns not-a-number, and when the routine is done the exception is
+    raised."""
 
     def __init__(self, place, function, takes):
         if not callable(function):
             raise TypeError(f"{place} is {function!r}, which cannot be called")
-        self.function, self.raised = function, None
+        self.place, self.function, self.raised = place, function, None
         signature = _library.FUNCTION_TYPE(ctypes.c_float, *(POINTERS[kind] for kind in takes))
         self.pointer = signature(self.called)
 
@@ -176,7 +174,10 @@ class Callback:
         if self.raised:
             return math.nan
         try:
-            return ctypes.c_float(self.function(*(reference[0] for reference in references))).value
+            value = self.function(*(reference[0] for reference in references))
+            if found := _arrays.fault(value, REAL):
+                raise found[0](f"{self.place} returned a value that {found[1]}")
+            return value
         except BaseException as error:
             self.raised = error
             return math.nan
@@ -185,82 +186,93 @@ class Callback:
 class ArrayRoutine(Routine):
     """One with arrays, whose references are made anew for each call."""
 
-    def __init__(self, name, results, *groups):
-        super().__init__(name, results, *groups)
-        inputs = [a for a in self.arguments if a.direction != "out"]
-        place = {a.name: i for i, a in enumerate(inputs)}
-        self.scalar_places = [place[a.name] for a in self.scalars.inputs]
-        self.input_arrays = [(a, place[a.name], i) for i, a in enumerate(self.arguments)
-                             if a.size and a.direction != "out" and a.kind != "callback"]
-        self.output_arrays = [(a, i) for i, a in enumerate(self.arguments)
-                              if a.size and a.direction == "out"]
-        self.word_places = [place[a.name] for a in inputs if a.kind == "word"]
-        self.callbacks = [(a, place[a.name], i) for i, a in enumerate(self.arguments)
-                          if a.kind == "callback"]
-        self.codes = {a.name: CODES.get(a.kind) for a in self.arguments}
+    def __init__(self, name, results, arguments):
+        super().__init__(name, results, arguments)
+        inputs = [a.name for a in arguments if a.direction != "out"]
+        taken = [(a, inputs.index(a.name), i) for i, a in enumerate(arguments)
+                 if a.size and a.direction != "out"]
+        self.scalar_places = [inputs.index(a.name) for a in self.scalars]
+        self.callbacks = [entry for entry in taken if entry[0].kind == "callback"]
+        self.taken = [entry for entry in taken if entry[0].kind != "callback"]
+        self.words = [place for argument, place, _ in taken if argument.kind == "word"]
+        self.made = [(a, i) for i, a in enumerate(arguments) if a.size and a.direction == "out"]
+        self.fields = [a.name for a in arguments if a.direction != "in"]
+        self.returned_arrays = [a.name for a in arguments if a.size and a.direction != "in"]
 
     def __call__(self, given, kept=()):
-        presets = dict(zip(self.kept_names, kept)) if kept else {}
-        block, references_to_scalars = self.take_block()
-        references = references_to_scalars[:]
-        scalars = [given[i] for i in self.scalar_places]
-        self.scalars.load(self.name, block, scalars)
-        self.scalars.load_kept(self.name, block, presets)
-        values = dict(zip((a.name for a in self.scalars.inputs), self.scalars.unpack_inputs(block)))
-        self.take_arrays(given, values, references)
-        self.make_arrays(presets, values, references)
-        callbacks = [Callback(f"{self.name}: {a.name}", given[i], a.takes)
-                     for a, i, _ in self.callbacks]
-        for callback, (_, _, reference) in zip(callbacks, self.callbacks):
+        presets = dict(zip(self.optional, kept)) if kept else NOTHING
+        try:
+            block, scalars = self.blocks.pop()
+        except IndexError:
+            block, scalars = self.new_block()
+        values = self.take_scalars(block, [given[i] for i in self.scalar_places], presets)
+        references = scalars[:]
+        self.take_arrays(given, presets, values, references)
+        self.call(given, references)
+        values.update(zip(self.unpacked, self.unpack(block)))
+        self.return_arrays(values, presets)
+        for name in self.unwritten(block, presets) if self.kept else ():
+            values[name] = None
+        self.blocks.append((block, scalars))
+        return tuple.__new__(self.results, [values[name] for name in self.fields])
+
+    def take_scalars(self, block, given, presets):
+        try:
+            self.pack(block, 0, *given)
+        except struct.error:
+            self.refuse(block, given)
+        block[self.first_output:] = self.preset
+        if presets:
+            self.store_kept(block, presets)
+        return dict(zip(self.places, self.unpack_given(block)))
+
+    def take_arrays(self, given, presets, values, references):
+        word = _arrays.word_code([given[i] for i in self.words]) if self.words else None
+        for argument, place, reference in self.taken:
+            array = self.take(argument, given[place], argument.code or word, values)
+            references[reference] = _arrays.address(array)
+        for argument, reference in self.made:
+            preset = presets.get(argument.name)
+            if preset is None:
+                array = KEPT[argument.code or word] * argument.size(values)
+                values[argument.name] = array
+            else:
+                array = self.take(argument, preset, argument.code or word, values)
+            references[reference] = _arrays.address(array)
+
+    def take(self, argument, given, code, values):
+        try:
+            copy = _arrays.copied(given, code, argument.kind == "word")
+        except (TypeError, ValueError, OverflowError) as error:
+            kind, reason = _arrays.fault_of_entry(given, code, error)
+            raise kind(f"{self.name}: {argument.name}{reason}") from None
+        size = argument.size(values)
+        if len(copy) < size:
+            raise ValueError(f"{self.name}: {argument.name} has {len(copy)} entries, "
+                             f"[{argument.extent}] asks for {size}")
+        values[argument.name] = copy
+        return copy
+
+    def call(self, given, references):
+        callbacks = []
+        for argument, place, reference in self.callbacks:
+            callback = Callback(f"{self.name}: {argument.name}", given[place], argument.takes)
             references[reference] = callback.pointer
+            callbacks.append(callback)
         self.function(*references)
         for callback in callbacks:
             if callback.raised:
                 raise callback.raised
-        values.update(zip(self.scalars.results, self.scalars.unpack_results(block)))
-        self.finish_arrays(presets, values)
-        for name in self.scalars.unwritten(block, presets):
-            values[name] = None
-        self.blocks.append((block, references_to_scalars))
-        return tuple.__new__(self.results, [values[name] for name in self.results._fields])
 
-    def take_arrays(self, given, values, references):
-        word_code = _arrays.word_code([given[i] for i in self.word_places])
-        values["word code"] = word_code
-        for argument, place, reference in self.input_arrays:
-            code = self.codes[argument.name] or word_code
-            self.take(argument, given[place], code, values)
-            references[reference] = _arrays.address(values[argument.name])
-
-    def take(self, argument, given, code, values):
-        """Enters a copy of an array."""
-        place = f"{self.name}: {argument.name}"
-        copy = _arrays.entries(place, given, code, argument.kind == "word")
-        size = argument.size(values)
-        if len(copy) < size:
-            raise ValueError(f"{place} has {len(copy)} entries, [{argument.extent}] asks for {size}")
-        values[argument.name] = copy
-
-    def make_arrays(self, presets, values, references):
-        for argument, reference in self.output_arrays:
-            code = self.codes[argument.name] or values["word code"]
-            if presets.get(argument.name) is not None:
-                self.take(argument, presets[argument.name], code, values)
-            else:
-                values[argument.name] = KEPT[code] * argument.size(values)
-            references[reference] = _arrays.address(values[argument.name])
-
-    def finish_arrays(self, presets, values):
-        for argument, _ in self.output_arrays:
+    def return_arrays(self, values, presets):
+        for argument, _ in self.made:
             if argument.written and presets.get(argument.name) is None:
                 del values[argument.name][max(argument.written(values), 0):]
-        for argument, _, _ in self.input_arrays:
-            if argument.direction == "in,out":
-                values[argument.name] = _arrays.returned(values[argument.name])
-        for argument, _ in self.output_arrays:
-            values[argument.name] = _arrays.returned(values[argument.name])
+        for name in self.returned_arrays:
+            values[name] = _arrays.returned(values[name])
 
 
 def routine(name, results, *groups):
-    with_arrays = any(a.size for group in groups for a in group)
-    return (ArrayRoutine if with_arrays else ScalarRoutine)(name, results, *groups)
+    arguments = [argument for group in groups for argument in group]
+    form = ArrayRoutine if any(a.size for a in arguments) else ScalarRoutine
+    return form(name, results, arguments)
