@@ -12,7 +12,6 @@ import math
 import pathlib
 import struct
 import sys
-from array import array
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent.parent / "tools"))
 sys.path.insert(1, str(pathlib.Path(__file__).resolve().parent.parent.parent))
@@ -46,10 +45,11 @@ def extent(argument, integers):
     return max(arithmetic.evaluate(argument.extent, integers), 0)
 
 
-def integers_of(row):
-    """The integers of a call by name: what comes out over what goes in, and 0 where nothing does."""
+def integers_of(row, before=False):
+    """The integers of a call by name: before it, or else what comes out over what goes in, and 0
+    where nothing does."""
     found = {}
-    for literals in (row.given, row.wanted):
+    for literals in (row.given,) if before else (row.given, row.wanted):
         for argument in row.routine.arguments:
             texts = literals.get(argument.name)
             if argument.kind == "integer" and texts is not None:
@@ -63,7 +63,7 @@ def presets(row):
     """Literals of what is given for outputs; one entry more than an array must have."""
     if not PRESET:
         return {}
-    integers = integers_of(row)
+    integers = integers_of(row, before=True)
     return {a.name: [GIVEN[row.kinds[a.name]]] * (extent(a, integers) + 1 if a.extent else 1)
             for a in python.optional(row.routine)}
 
@@ -111,10 +111,9 @@ def length_wanted(argument, row, literals):
     """Of an array that is returned."""
     if argument.name in literals:
         return len(literals[argument.name])
-    integers = integers_of(row)
-    size = extent(argument, integers)
+    size = extent(argument, integers_of(row, before=True))
     if expression := conditions.behind(argument.kept_when):
-        return min(size, max(arithmetic.evaluate(expression, integers), 0))
+        return min(size, max(arithmetic.evaluate(expression, integers_of(row)), 0))
     return size
 
 
@@ -155,15 +154,32 @@ def fault(argument, value, row, literals):
     return ""
 
 
+def calls_with_too_few_entries(row, literals):
+    """The literals with one entry too few in an array, by the array."""
+    for argument in row.routine.arguments:
+        if argument.extent and not argument.callback and argument.name in literals:
+            size = extent(argument, integers_of(row, before=True))
+            if size > 0:
+                yield argument, literals | {argument.name: literals[argument.name][:size - 1]}
+
+
 def faults(row):
     literals = row.given | presets(row)
-    result = (call_with_numpy if WITH_NUMPY else call_as_shown)(row, literals)
+    call = call_with_numpy if WITH_NUMPY else call_as_shown
+    result = call(row, literals)
     names = [python.LANGUAGE.name(a.name) for a in row.routine.outputs()]
-    if list(result._fields) != names:
-        yield f"results {result._fields}"
+    if list(result._fields) != names or len(result) != len(names):
+        yield f"{result._fields} = {tuple(result)}"
     for argument, value in zip(row.routine.outputs(), result):
         if text := fault(argument, value, row, literals):
             yield f"{argument.name} = {value} {text}"
+    for argument, too_few in calls_with_too_few_entries(row, literals):
+        try:
+            call(row, too_few)
+            yield f"{argument.name} may have too few entries"
+        except ValueError as error:
+            if f"{row.routine.name}: {argument.name} has" not in str(error):
+                yield f"{argument.name} with too few entries: {error}"
 
 
 def main():

@@ -40,28 +40,29 @@ def native(view):
     return code if same_order else ""
 
 
-def from_view(view, values, code, with_unsigned):
+def entries_of_view(view, values, code, unsigned):
     if view.ndim != 1:
         raise ValueError(f"has {view.ndim} dimensions, not 1")
-    same = ("f",) if code == REAL else ("i", "l", "I", "L") if with_unsigned else ("i", "l")
+    same = ("f",) if code == REAL else ("i", "l", "I", "L") if unsigned else ("i", "l")
     if view.format == code or view.itemsize == 4 and native(view) in same:
-        return array(code, view.tobytes())
+        return view.tobytes()
     try:
-        return array(code, view.tolist())
+        return view.tolist()
     except NotImplementedError:  # of formats that memoryview does not know
-        return array(code, list(values))
+        return list(values)
 
 
-def copied(values, code, with_unsigned=False):
-    """The values as an array. Raises TypeError, ValueError or OverflowError."""
+def entries(values, code, unsigned=False):
+    """What an array is made of: a list, or the bytes of entries that are as the library has them.
+    With `unsigned` unsigned integers of 32 bits are taken for such."""
     if type(values) is list or type(values) is tuple:
-        return array(code, values)
+        return values
     view = view_of(values)
     if view is not None:
-        return from_view(view, values, code, with_unsigned)
+        return entries_of_view(view, values, code, unsigned)
     if isinstance(values, Sequence) and not isinstance(values, str):
-        return array(code, list(values))
-    raise TypeError(f"is no array but {type(values).__name__}")
+        return list(values)
+    raise TypeError(f"is {values!r}, not a list")
 
 
 def fault(value, code):
@@ -75,28 +76,33 @@ def fault(value, code):
     return None
 
 
-def fault_of_entry(values, code, error):
-    """As `fault`, for a list that was refused with an error."""
-    if isinstance(values, Sequence) and not isinstance(values, str):
-        for i, value in enumerate(values):
-            if found := fault(value, code):
-                return found[0], f"[{i}] {found[1]}"
-    return type(error), f" {error}"
+def copied(place, values, code, unsigned=False):
+    """The values of an argument as an array."""
+    try:
+        found = entries(values, code, unsigned)
+    except (TypeError, ValueError) as error:
+        raise type(error)(f"{place} {error}") from None
+    try:
+        return array(code, found)
+    except (TypeError, OverflowError):
+        for i, value in enumerate(found):
+            if wrong := fault(value, code):
+                raise wrong[0](f"{place}[{i}] {wrong[1]}") from None
+        raise
+
+
+def is_real(values):
+    """Whether a list of either kind has a real; that it is no list is said when it is copied."""
+    if not isinstance(values, (list, tuple)):
+        view = view_of(values)
+        if view is not None and view.format[-1] != "O":
+            return view.format[-1] in "efdg"
+    return isinstance(values, Sequence) and not all(hasattr(v, "__index__") for v in values)
 
 
 def word_code(lists):
     """The form of lists of either kind: real if any entry of them is one."""
-    for values in lists:
-        view = None if isinstance(values, (list, tuple)) else view_of(values)
-        if view is not None and view.format[-1] in "efdg":
-            return REAL
-        try:
-            copied(values, INTEGER, with_unsigned=True)
-        except TypeError:
-            return REAL
-        except (ValueError, OverflowError):
-            pass  # said with the argument's name when it is taken
-    return INTEGER
+    return REAL if any(map(is_real, lists)) else INTEGER
 
 
 @functools.cache

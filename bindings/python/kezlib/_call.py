@@ -8,7 +8,7 @@ import math
 import operator
 import struct
 from dataclasses import dataclass
-from typing import Any, Callable, Optional
+from typing import Callable, Optional
 
 from . import _arrays, _library
 from ._arrays import INTEGER, KEPT, KEPT_BYTES, REAL
@@ -54,10 +54,7 @@ def total(values, count):
 
 class Routine:
     """Calls a routine with a tuple of its inputs and, unless all are None, one of the values that
-    outputs are to have where they are not written.
-
-    Scalars lie in a block, inputs before outputs, and by one format they are packed, by another
-    unpacked."""
+    outputs are to have where they are not written. Its scalars lie in a block, inputs first."""
 
     def __init__(self, name, results, arguments):
         self.name, self.results, self.arguments = name, results, arguments
@@ -89,10 +86,10 @@ class Routine:
                        for a in self.arguments]
 
     def refuse(self, block, values):
-        """Raises what is wrong with the scalars, of which one is."""
+        """To be called where scalars raised an exception: raises one that says more."""
         for argument, value in zip(self.scalars, values):
             self.store(block, argument, value)
-        raise TypeError(f"{self.name}: scalars {values!r}")
+        raise
 
     def store(self, block, argument, value):
         try:
@@ -241,14 +238,11 @@ class ArrayRoutine(Routine):
             references[reference] = _arrays.address(array)
 
     def take(self, argument, given, code, values):
-        try:
-            copy = _arrays.copied(given, code, argument.kind == "word")
-        except (TypeError, ValueError, OverflowError) as error:
-            kind, reason = _arrays.fault_of_entry(given, code, error)
-            raise kind(f"{self.name}: {argument.name}{reason}") from None
+        place = f"{self.name}: {argument.name}"
+        copy = _arrays.copied(place, given, code, argument.kind == "word")
         size = argument.size(values)
         if len(copy) < size:
-            raise ValueError(f"{self.name}: {argument.name} has {len(copy)} entries, "
+            raise ValueError(f"{place} has {len(copy)} entries, "
                              f"[{argument.extent}] asks for {size}")
         values[argument.name] = copy
         return copy

@@ -42,7 +42,7 @@ def load():
             return LOADER(str(place))
         except OSError as error:
             tried.append(f"{place}: {error}")
-    raise ImportError("KezLib was not found; the environment's KEZLIB_LIBRARY names the file. Tried "
+    raise ImportError("KezLib was not found (the environment's KEZLIB_LIBRARY names its file): "
                       + "; ".join(tried))
 
 

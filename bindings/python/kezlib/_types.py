@@ -1,5 +1,5 @@
-"""Types of lists, for those who check types: what is taken, and what is returned where there is
-numpy. Where there is none lists of float and int are returned."""
+"""Types of lists: what is taken, and what is returned where there is numpy. Where there is none
+lists of float and int are returned, which who checks types does not see."""
 
 from typing import TYPE_CHECKING, Any, Sequence, Union
 
@@ -14,4 +14,5 @@ if TYPE_CHECKING:
     IntegerArray = NDArray[numpy.int32]
     WordArray = NDArray[Any]
 else:
-    Reals = Integers = Words = RealArray = IntegerArray = WordArray = Any
+    Reals = Words = RealArray = WordArray = Sequence[float]
+    Integers = IntegerArray = Sequence[int]

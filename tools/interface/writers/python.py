@@ -6,7 +6,7 @@ import re
 
 from .. import conditions
 from ..arithmetic import substituted
-from ..languages import Language, Literals, shape, wrapped
+from ..languages import Language, Literals, wrapped
 from ..model import FormError
 from ..reader import HEADER
 from . import NOTICE
@@ -66,13 +66,17 @@ def parameters(routine):
     return given + (["*", *kept] if kept else [])
 
 
+def filled(pieces, prefix):
+    """Lines of pieces with commas between them, none of which is broken."""
+    lines = wrapped(", ".join(piece.replace(" ", "\0") for piece in pieces), prefix)
+    return [line.replace("\0", " ") for line in lines]
+
+
 def definition(routine):
-    """The line that defines a function, broken where it is too long."""
+    """The lines that begin a function."""
     start, end = f"def {routine.name}(", f") -> {results_class(routine)}:"
     whole = start + ", ".join(parameters(routine)) + end
-    if len(whole) <= 100:
-        return [whole]
-    return [start, *wrapped(", ".join(parameters(routine)), "        "), end]
+    return [whole] if len(whole) <= 100 else [start, *filled(parameters(routine), "        "), end]
 
 
 def signature(routine):
@@ -140,17 +144,12 @@ def description(argument, routine):
 
 
 def described(routine):
-    lines = [f'_{routine.name} = routine("{routine.name}", {results_class(routine)},']
+    lines = [f'_{routine.name} = routine(', f'    "{routine.name}", {results_class(routine)},']
     for fields, members in itertools.groupby(routine.arguments, lambda a: description(a, routine)):
         names = " ".join(a.name for a in members)
-        lines += one_or_more_lines([f'arguments("{names}"', *fields])
+        group = indented(filled([f'arguments("{names}"', *fields], "    "))
+        lines += [*group[:-1], group[-1] + "),"]
     return [*lines[:-1], lines[-1][:-1] + ")"]
-
-
-def one_or_more_lines(fields):
-    whole = f"    {', '.join(fields)}),"
-    return [whole] if len(whole) <= 100 else [f"    {fields[0]},", *(
-        f"              {field}{end}" for field, end in zip(fields[1:], [","] * len(fields[2:]) + ["),"]))]
 
 
 def results(routine):
@@ -211,17 +210,18 @@ def quoted(lines):
     return [f'    r"""{text[0].strip()}', *text[1:], '    """']
 
 
+def as_tuple(names):
+    return f"({', '.join(names)}{',' if len(names) == 1 else ''})"
+
+
 def passed(routine):
-    inputs = [LANGUAGE.name(a.name) for a in routine.inputs()]
+    given = as_tuple([LANGUAGE.name(a.name) for a in routine.inputs()])
     kept = [LANGUAGE.name(a.name) for a in optional(routine)]
-    arguments = f"({', '.join(inputs)}{',' if len(inputs) == 1 else ''})"
     if not kept:
-        return wrapped(f"return _{routine.name}({arguments})", "    ")
-    values = f"({', '.join(kept)}{',' if len(kept) == 1 else ''})"
-    none_given = " is ".join([*kept, "None"])
-    lines = wrapped(f"kept = (() if {none_given} else {values})", "    ")
-    return indented(lines) + indented(
-        wrapped(f"return _{routine.name}({arguments}, kept)", "    "))
+        return indented(wrapped(f"return _{routine.name}({given})", "    "))
+    none_is_given = " is ".join([*kept, "None"])
+    return (indented(wrapped(f"kept = (() if {none_is_given} else {as_tuple(kept)})", "    "))
+            + indented(wrapped(f"return _{routine.name}({given}, kept)", "    ")))
 
 
 def function(routine):
@@ -230,7 +230,8 @@ def function(routine):
 
 def family(group, routines):
     members = [r for r in routines if r.group == group.title]
-    listed = [line for r in members for line in indented(wrapped(f"{r.name}: {r.summary}", "", 96))]
+    listed = [line for r in members
+              for line in indented(wrapped(f"{r.name}: {r.summary.rstrip(':')}", "", 96))]
     text = wrapped(group.text, "") if group.text else []
     return ["", group.title, "-" * len(group.title), *text, *([""] if text else []), *listed]
 
@@ -239,10 +240,10 @@ def write(interface):
     lines = [f"# {NOTICE}", f'r"""{INTRODUCTION}']
     for group in interface.groups:
         lines += family(group, interface.routines)
-    lines += ['"""', "", "from __future__ import annotations", "",
+    lines += ['"""', "",
               "from typing import Callable, NamedTuple, Optional", "",
               "from ._call import Entries, arguments, routine, total",
-              "from ._types import (IntegerArray, Integers, RealArray, Reals, WordArray, Words)", "",
+              "from ._types import IntegerArray, Integers, RealArray, Reals, WordArray, Words", "",
               f'__version__ = "{version()}"', ""]
     lines += ["__all__ = [", *(f'    "{r.name}",' for r in interface.routines), "]"]
     for routine in interface.routines:
