@@ -7,6 +7,7 @@ import ctypes
 import ctypes.util
 import inspect
 import pathlib
+import resource
 import struct
 import subprocess
 import sys
@@ -20,7 +21,7 @@ if PLAIN:
 else:
     import numpy
 import kezlib  # noqa: E402
-from kezlib import _library  # noqa: E402
+from kezlib import _arrays, _library  # noqa: E402
 
 PACKAGE = pathlib.Path(kezlib.__file__).parent
 SQUARE = [0, 2, 2, 0, 9], [0, 0, 2, 2, 9]  # the last entries make room for the first point again
@@ -103,6 +104,9 @@ class Lists(unittest.TestCase):
             self.assertEqual(empty.com.shape, (0,))
             self.assertEqual(kezlib.kezapl(*SQUARE, 4).X.dtype, "float32")
 
+    def test_no_entries_have_an_address(self):
+        self.assertTrue(_arrays.address(array("f")).value)
+
     def test_kept_entries(self):
         few = kezlib.kezsel1(4, [7, 8, 7, 7], 7)
         self.assertEqual(list(few.idx), [1, 3, 4])
@@ -110,6 +114,16 @@ class Lists(unittest.TestCase):
         self.assertEqual(list(whole.idx), [1, 3, 4, -1, -1])
         nan = float("nan")
         self.assertEqual(list(kezlib.kezordi([nan, nan], 2).iord), [KEPT_INTEGER] * 2)
+
+    def test_large_extents_take_no_memory(self):
+        count = 20_000  # the extent is its square, 1.6 GB
+        before = resource.getrusage(resource.RUSAGE_SELF).ru_maxrss
+        result = kezlib.kezmer4(count, range(count), count, range(count - 1, 2 * count - 1))
+        self.assertEqual((result.ncom, list(result.com)), (1, [count - 1]))
+        self.assertLess(resource.getrusage(resource.RUSAGE_SELF).ru_maxrss - before, 100_000)
+        with self.assertRaisesRegex(MemoryError, "kezmer4: com has 4611686014132420609 entries"):
+            kezlib.routines._kezmer4.make(kezlib.routines._kezmer4.arguments[5], "i",
+                                          {"n1": 2**31 - 1, "n2": 2**31 - 1})
 
     def test_what_is_refused(self):
         cases = [

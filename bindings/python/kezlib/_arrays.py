@@ -3,6 +3,7 @@ lets other threads run, and these may write to the caller's."""
 
 import ctypes
 import functools
+import mmap
 import struct
 import sys
 from array import array
@@ -19,8 +20,37 @@ KEPT = {code: array(code, pattern) for code, pattern in KEPT_BYTES.items()}
 NO_ENTRIES = ctypes.create_string_buffer(4)
 
 
+# From so many entries on the machine provides memory as it is written: the extent of two lists'
+# common entries is the product of their counts.
+MANY = 2**18
+ON_DEMAND = {}
+if sys.platform != "win32":
+    ON_DEMAND["flags"] = (mmap.MAP_PRIVATE | mmap.MAP_ANONYMOUS
+                          | getattr(mmap, "MAP_NORESERVE", 0))  # Python 3.11
+
+
 def address(values, nowhere=ctypes.addressof(NO_ENTRIES)):
+    if type(values) is memoryview:
+        return ctypes.byref(ctypes.c_char.from_buffer(values))
     return ctypes.c_void_p(values.buffer_info()[0] or nowhere)
+
+
+def made(size, code, is_cut):
+    """An output as it is before a call; `is_cut` says that only entries are looked at that are
+    written."""
+    if not is_cut or size < MANY:
+        return KEPT[code] * size
+    try:
+        return memoryview(mmap.mmap(-1, 4 * size, **ON_DEMAND)).cast(code)
+    except (OSError, OverflowError):
+        raise MemoryError(f" has {size} entries, for which there is no memory") from None
+
+
+def first(values, count):
+    if type(values) is memoryview:
+        return array(values.format, values[:count].tobytes())
+    del values[count:]
+    return values
 
 
 def view_of(values):
@@ -42,7 +72,7 @@ def native(view):
 
 def entries_of_view(view, values, code, unsigned):
     if view.ndim != 1:
-        raise ValueError(f"has {view.ndim} dimensions, not 1")
+        raise ValueError(f" has {view.ndim} dimensions, not 1")
     same = ("f",) if code == REAL else ("i", "l", "I", "L") if unsigned else ("i", "l")
     if view.format == code or view.itemsize == 4 and native(view) in same:
         return view.tobytes()
@@ -62,7 +92,7 @@ def entries(values, code, unsigned=False):
         return entries_of_view(view, values, code, unsigned)
     if isinstance(values, Sequence) and not isinstance(values, str):
         return list(values)
-    raise TypeError(f"is {values!r}, not a list")
+    raise TypeError(f" is {values!r}, not a list")
 
 
 def fault(value, code):
@@ -76,18 +106,15 @@ def fault(value, code):
     return None
 
 
-def copied(place, values, code, unsigned=False):
-    """The values of an argument as an array."""
-    try:
-        found = entries(values, code, unsigned)
-    except (TypeError, ValueError) as error:
-        raise type(error)(f"{place} {error}") from None
+def copied(values, code, unsigned=False):
+    """The values as an array. An exception's text goes behind the argument's name."""
+    found = entries(values, code, unsigned)
     try:
         return array(code, found)
     except (TypeError, OverflowError):
         for i, value in enumerate(found):
             if wrong := fault(value, code):
-                raise wrong[0](f"{place}[{i}] {wrong[1]}") from None
+                raise wrong[0](f"[{i}] {wrong[1]}") from None
         raise
 
 

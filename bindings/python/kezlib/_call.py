@@ -8,13 +8,13 @@ import math
 import operator
 import struct
 from dataclasses import dataclass
-from typing import Callable, Optional
+from typing import Callable, Dict, Optional
 
 from . import _arrays, _library
-from ._arrays import INTEGER, KEPT, KEPT_BYTES, REAL
+from ._arrays import INTEGER, KEPT_BYTES, REAL
 
 NO_REAL = KEPT_BYTES[REAL]
-NOTHING = {}
+NOTHING: Dict[str, object] = {}
 CODES = {"real": REAL, "integer": INTEGER}
 POINTERS = {"real": ctypes.POINTER(ctypes.c_float), "integer": ctypes.POINTER(ctypes.c_int32)}
 
@@ -231,21 +231,30 @@ class ArrayRoutine(Routine):
         for argument, reference in self.made:
             preset = presets.get(argument.name)
             if preset is None:
-                array = KEPT[argument.code or word] * argument.size(values)
-                values[argument.name] = array
+                array = self.make(argument, argument.code or word, values)
             else:
                 array = self.take(argument, preset, argument.code or word, values)
             references[reference] = _arrays.address(array)
 
     def take(self, argument, given, code, values):
-        place = f"{self.name}: {argument.name}"
-        copy = _arrays.copied(place, given, code, argument.kind == "word")
+        try:
+            copy = _arrays.copied(given, code, argument.kind == "word")
+        except (TypeError, ValueError, OverflowError) as error:
+            raise type(error)(f"{self.name}: {argument.name}{error}") from None
         size = argument.size(values)
         if len(copy) < size:
-            raise ValueError(f"{place} has {len(copy)} entries, "
+            raise ValueError(f"{self.name}: {argument.name} has {len(copy)} entries, "
                              f"[{argument.extent}] asks for {size}")
         values[argument.name] = copy
         return copy
+
+    def make(self, argument, code, values):
+        try:
+            made = _arrays.made(argument.size(values), code, bool(argument.written))
+        except MemoryError as error:
+            raise MemoryError(f"{self.name}: {argument.name}{error}") from None
+        values[argument.name] = made
+        return made
 
     def call(self, given, references):
         callbacks = []
@@ -261,7 +270,8 @@ class ArrayRoutine(Routine):
     def return_arrays(self, values, presets):
         for argument, _ in self.made:
             if argument.written and presets.get(argument.name) is None:
-                del values[argument.name][max(argument.written(values), 0):]
+                values[argument.name] = _arrays.first(values[argument.name],
+                                                      max(argument.written(values), 0))
         for name in self.returned_arrays:
             values[name] = _arrays.returned(values[name])
 

@@ -4,25 +4,22 @@ import ctypes
 import os
 import pathlib
 import struct
-
-WINDOWS = os.name == "nt"
-NAME = "KezLib.dll" if WINDOWS else "libKezLib.so.1"
+import sys
 
 # Windows' convention for 32-bit libraries differs from C's; on 64-bit ones both are the same.
-if WINDOWS:
-    LOADER, FUNCTION_TYPE = ctypes.WinDLL, ctypes.WINFUNCTYPE
+if sys.platform == "win32":
+    LOADER, FUNCTION_TYPE, NAME = ctypes.WinDLL, ctypes.WINFUNCTYPE, "KezLib.dll"
 else:
-    LOADER, FUNCTION_TYPE = ctypes.CDLL, ctypes.CFUNCTYPE
+    LOADER, FUNCTION_TYPE, NAME = ctypes.CDLL, ctypes.CFUNCTYPE, "libKezLib.so.1"
 
 
 def installed_beside(package):
     """Places of the library in the tree that the package was installed with, if it lies in one:
     below bindings on Windows, below share/kezlib/bindings elsewhere. A library for another machine
     may be among them."""
-    *_, above, language, _ = ("", "", *package.parts)
-    if (above, language) != ("bindings", "python"):
+    if package.parts[-3:-1] != ("bindings", "python"):
         return []
-    if WINDOWS:
+    if sys.platform == "win32":
         machine = "x64" if struct.calcsize("P") == 8 else "x86"
         return [package.parents[2] / machine / NAME]
     prefix = package.parents[4]

@@ -155,7 +155,13 @@ def described(routine):
 def results(routine):
     lines = ["", "", f"class {results_class(routine)}(NamedTuple):",
              f'    """Results of `{routine.name}`."""', ""]
-    return lines + [f"    {LANGUAGE.name(a.name)}: {result_hint(a)}" for a in routine.outputs()]
+    return lines + [field(a) for a in routine.outputs()]
+
+
+def field(argument):
+    """Those who check types are told that it may hide a method of tuple."""
+    hidden = "  # type: ignore[assignment]" if hasattr(tuple, argument.name) else ""
+    return f"    {LANGUAGE.name(argument.name)}: {result_hint(argument)}{hidden}"
 
 
 def items(arguments, kind, text):
