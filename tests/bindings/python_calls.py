@@ -13,13 +13,12 @@ import pathlib
 import struct
 import sys
 
-sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent.parent / "tools"))
-sys.path.insert(1, str(pathlib.Path(__file__).resolve().parent.parent.parent))
+sys.path.append(str(pathlib.Path(__file__).resolve().parents[2] / "tools"))
 import interface  # noqa: E402
 from interface import arithmetic, conditions, rows  # noqa: E402
 from interface.writers import python  # noqa: E402
 
-WITH_NUMPY, PRESET = sys.argv[1:] in (["numpy", "preset"], ["numpy", "none"]), "preset" in sys.argv
+WITH_NUMPY, PRESET = sys.argv[1] == "numpy", sys.argv[2] == "preset"
 if not WITH_NUMPY:
     sys.modules["numpy"] = None  # importing it fails
 import kezlib  # noqa: E402

@@ -20,7 +20,10 @@ if PLAIN:
     sys.modules["numpy"] = None
 else:
     import numpy
+sys.path.append(str(pathlib.Path(__file__).resolve().parents[2] / "tools"))
+import interface  # noqa: E402
 import kezlib  # noqa: E402
+from interface.writers import python  # noqa: E402
 from kezlib import _arrays, _library  # noqa: E402
 
 PACKAGE = pathlib.Path(kezlib.__file__).parent
@@ -227,6 +230,18 @@ class Threads(unittest.TestCase):
             thread.join()
         sys.setswitchinterval(interval)
         self.assertEqual(wrong, [])
+
+
+class Names(unittest.TestCase):
+    def test_reserved_ones(self):
+        header = interface.read()
+        routine = next(r for r in header.routines if r.name == "kezlci")
+        routine.arguments[0].name, routine.arguments[-1].name = "lambda", "is"
+        compile(python.write(header), "routines.py", "exec")
+        self.assertRegex(python.signature(routine), r"lambda_: float,[^)]* is_: Optional")
+        shown = python.call(routine, {a.name: "1" for a in routine.arguments}, {})
+        compile(shown, "call.py", "exec")
+        self.assertIn("is_=is_)", shown)
 
 
 class Package(unittest.TestCase):

@@ -8,6 +8,7 @@ from .. import conditions
 from ..arithmetic import substituted
 from ..languages import Language, Literals, wrapped
 from ..model import FormError
+from ..numpydoc import callback_hint, documentation, is_optional, optional
 from ..reader import HEADER
 from . import NOTICE
 
@@ -35,22 +36,13 @@ def version():
     return ".".join(found)
 
 
-def is_optional(argument):
-    return argument.direction == "out" and bool(argument.kept_when)
-
-
-def optional(routine):
-    return [a for a in routine.arguments if is_optional(a)]
-
-
 def results_class(routine):
     return routine.name.capitalize()
 
 
 def hint(argument):
-    if argument.kind == "callback":
-        taken = ", ".join(HINTS[a.kind] for a in argument.callback.arguments)
-        return f"Callable[[{taken}], {HINTS[argument.callback.result]}]"
+    if argument.callback:
+        return callback_hint(argument.callback)
     return LISTS[argument.kind] if argument.extent else HINTS[argument.kind]
 
 
@@ -72,6 +64,10 @@ def filled(pieces, prefix):
     return [line.replace("\0", " ") for line in lines]
 
 
+def indented(lines):
+    return lines[:1] + [f"    {line}" for line in lines[1:]]
+
+
 def definition(routine):
     """The lines that begin a function."""
     start, end = f"def {routine.name}(", f") -> {results_class(routine)}:"
@@ -83,31 +79,22 @@ def signature(routine):
     return "\n".join(definition(routine)).rstrip(":")
 
 
+def declared(argument, name, literal):
+    if argument.callback:
+        return [f"{name}_values = [{literal}]", "", "",
+                f"def {name}(i):", f"    return {name}_values[i - 1]", "", ""]
+    return [f"{name} = [{literal}]" if argument.extent else f"{name} = {literal}"]
+
+
 def call(routine, literals, sizes):
-    def text(argument):
-        literal = literals[argument.name]
-        return f"[{literal}]" if argument.extent else literal
-    lines = []
-    given = []
-    for argument in routine.inputs():
+    kept = [a for a in optional(routine) if a.name in literals]
+    lines, passed = [], []
+    for argument in routine.inputs() + kept:
         name = LANGUAGE.name(argument.name)
-        if argument.kind == "callback":
-            lines += [f"{name}_values = {text(argument)}", "", "",
-                      f"def {name}(i):", f"    return {name}_values[i - 1]", "", ""]
-        else:
-            lines.append(f"{name} = {text(argument)}")
-        given.append(name)
-    for argument in optional(routine):
-        if argument.name in literals:
-            name = LANGUAGE.name(argument.name)
-            lines.append(f"{name} = {text(argument)}")
-            given.append(f"{name}={name}")
-    called = wrapped(f"result = kezlib.{routine.name}({', '.join(given)})", "")
-    return "\n".join(["import kezlib", "", *lines, *indented(called), "print(result)"]) + "\n"
-
-
-def indented(lines):
-    return lines[:1] + [f"    {line}" for line in lines[1:]]
+        lines += declared(argument, name, literals[argument.name])
+        passed.append(f"{name}={name}" if argument in kept else name)
+    called = indented(wrapped(f"result = kezlib.{routine.name}({', '.join(passed)})", ""))
+    return "\n".join(["import kezlib", "", *lines, *called, "print(result)"]) + "\n"
 
 
 def terms(routine):
@@ -144,7 +131,7 @@ def description(argument, routine):
 
 
 def described(routine):
-    lines = [f'_{routine.name} = routine(', f'    "{routine.name}", {results_class(routine)},']
+    lines = [f"_{routine.name} = routine(", f'    "{routine.name}", {results_class(routine)},']
     for fields, members in itertools.groupby(routine.arguments, lambda a: description(a, routine)):
         names = " ".join(a.name for a in members)
         group = indented(filled([f'arguments("{names}"', *fields], "    "))
@@ -162,53 +149,6 @@ def field(argument):
     """Those who check types are told that it may hide a method of tuple."""
     hidden = "  # type: ignore[assignment]" if hasattr(tuple, argument.name) else ""
     return f"    {LANGUAGE.name(argument.name)}: {result_hint(argument)}{hidden}"
-
-
-def items(arguments, kind, text):
-    """Neighbours that are documented alike share an entry."""
-    for (kind_text, about), members in itertools.groupby(arguments, lambda a: (kind(a), text(a))):
-        names = ", ".join(LANGUAGE.name(a.name) for a in members)
-        yield from [f"{names} : {kind_text}", *wrapped(about, "    ", 92)]
-
-
-def documented_kind(argument):
-    if argument.kind == "callback":
-        return hint(argument)
-    kind = HINTS.get(argument.kind, "float or int")
-    return f"sequence of {kind}, [{argument.extent}]" if argument.extent else kind
-
-
-def documented_result(argument):
-    kind = HINTS.get(argument.kind, "float or int")
-    if argument.extent:
-        return f"array of {kind}, [{argument.extent}]"
-    return f"{kind} or None" if is_optional(argument) else kind
-
-
-def result_text(argument):
-    if not argument.kept_when:
-        return argument.text
-    if argument.direction == "in,out":
-        return argument.whole_text()
-    if expression := conditions.behind(argument.kept_when):
-        return f"{argument.text}; its length is {expression}, unless it was given"
-    unwritten = "not written" if argument.extent else "None"
-    return f"{argument.text}; {unwritten}, or what was given, when {argument.kept_when}"
-
-
-def section(title, lines):
-    return ["", title, "-" * len(title), *lines] if lines else []
-
-
-def documentation(routine):
-    given = [*items(routine.inputs(), documented_kind, lambda a: a.text),
-             *items(optional(routine), lambda a: f"{documented_kind(a)}, optional",
-                    lambda a: "what to return where it is not written")]
-    returned = items(routine.outputs(), documented_result, result_text)
-    details = ["", *wrapped(routine.details, "", 92)] if routine.details else []
-    notes = wrapped(f"Kept from one call to the next: {routine.kept}", "", 92)
-    return (wrapped(routine.summary, "", 92) + details + section("Parameters", given)
-            + section("Returns", [*returned]) + section("Notes", notes if routine.kept else []))
 
 
 def quoted(lines):
@@ -231,7 +171,8 @@ def passed(routine):
 
 
 def function(routine):
-    return ["", "", *definition(routine), *quoted(documentation(routine)), *passed(routine)]
+    docstring = quoted(documentation(routine, LANGUAGE.name))
+    return ["", "", *definition(routine), *docstring, *passed(routine)]
 
 
 def family(group, routines):

@@ -1,0 +1,71 @@
+"""A routine's documentation in the form of numpydoc, as of a function that takes the inputs, by
+keyword what optional results are to be where they are not written, and returns the outputs."""
+
+import itertools
+
+from . import conditions
+from .languages import wrapped
+
+WIDTH = 92
+KINDS = {"real": "float", "integer": "int", "word": "float or int"}
+
+
+def is_optional(argument):
+    return argument.direction == "out" and bool(argument.kept_when)
+
+
+def optional(routine):
+    return [a for a in routine.arguments if is_optional(a)]
+
+
+def callback_hint(callback):
+    taken = ", ".join(KINDS[a.kind] for a in callback.arguments)
+    return f"Callable[[{taken}], {KINDS[callback.result]}]"
+
+
+def items(arguments, kind, text, name):
+    """Neighbours that are documented alike share an entry."""
+    for (kind_text, about), members in itertools.groupby(arguments, lambda a: (kind(a), text(a))):
+        names = ", ".join(name(a.name) for a in members)
+        yield from [f"{names} : {kind_text}", *wrapped(about, "    ", WIDTH)]
+
+
+def documented_kind(argument):
+    if argument.callback:
+        return callback_hint(argument.callback)
+    kind = KINDS[argument.kind]
+    return f"sequence of {kind}, [{argument.extent}]" if argument.extent else kind
+
+
+def documented_result(argument):
+    kind = KINDS[argument.kind]
+    if argument.extent:
+        return f"array of {kind}, [{argument.extent}]"
+    return f"{kind} or None" if is_optional(argument) else kind
+
+
+def result_text(argument):
+    if not argument.kept_when:
+        return argument.text
+    if argument.direction == "in,out":
+        return argument.whole_text()
+    if expression := conditions.behind(argument.kept_when):
+        return f"{argument.text}; its length is {expression}, unless it was given"
+    unwritten = "not written" if argument.extent else "None"
+    return f"{argument.text}; {unwritten}, or what was given, when {argument.kept_when}"
+
+
+def section(title, lines):
+    return ["", title, "-" * len(title), *lines] if lines else []
+
+
+def documentation(routine, name):
+    """The lines of a docstring; `name` gives an argument's name as the function has it."""
+    given = [*items(routine.inputs(), documented_kind, lambda a: a.text, name),
+             *items(optional(routine), lambda a: f"{documented_kind(a)}, optional",
+                    lambda a: "what to return where it is not written", name)]
+    returned = items(routine.outputs(), documented_result, result_text, name)
+    details = ["", *wrapped(routine.details, "", WIDTH)] if routine.details else []
+    notes = wrapped(f"Kept from one call to the next: {routine.kept}", "", WIDTH)
+    return (wrapped(routine.summary, "", WIDTH) + details + section("Parameters", given)
+            + section("Returns", [*returned]) + section("Notes", notes if routine.kept else []))
