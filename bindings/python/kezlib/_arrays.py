@@ -133,16 +133,11 @@ def word_code(lists):
 
 
 @functools.cache
-def numpy():
-    """Imported when the first array is returned: who needs none does not wait for it."""
+def returner():
+    """What makes an array into a numpy array without another copy, or else into a list. Who needs no
+    arrays does not wait for numpy."""
     try:
         import numpy
     except ImportError:
-        return None
-    return numpy
-
-
-def returned(values):
-    """A numpy array without another copy, or else a list."""
-    module = numpy()
-    return module.asarray(values) if module else values.tolist()
+        return array.tolist
+    return numpy.asarray

@@ -229,7 +229,7 @@ class ArrayRoutine(Routine):
             array = self.take(argument, given[place], argument.code or word, values)
             references[reference] = _arrays.address(array)
         for argument, reference in self.made:
-            preset = presets.get(argument.name)
+            preset = presets.get(argument.name) if presets else None
             if preset is None:
                 array = self.make(argument, argument.code or word, values)
             else:
@@ -238,7 +238,7 @@ class ArrayRoutine(Routine):
 
     def take(self, argument, given, code, values):
         try:
-            copy = _arrays.copied(given, code, argument.kind == "word")
+            copy = _arrays.copied(given, code, not argument.code)
         except (TypeError, ValueError, OverflowError) as error:
             raise type(error)(f"{self.name}: {argument.name}{error}") from None
         size = argument.size(values)
@@ -272,8 +272,9 @@ class ArrayRoutine(Routine):
             if argument.written and presets.get(argument.name) is None:
                 values[argument.name] = _arrays.first(values[argument.name],
                                                       max(argument.written(values), 0))
+        returned = _arrays.returner() if self.returned_arrays else None
         for name in self.returned_arrays:
-            values[name] = _arrays.returned(values[name])
+            values[name] = returned(values[name])
 
 
 def routine(name, results, *groups):
