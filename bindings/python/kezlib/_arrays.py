@@ -134,7 +134,7 @@ def word_code(lists):
 
 @functools.cache
 def returner():
-    """What makes an array into a numpy array without another copy, or else into a list. Who needs no
+    """What makes an array into numpy's without another copy, or else into a list. Who needs no
     arrays does not wait for numpy."""
     try:
         import numpy
