@@ -1,0 +1,208 @@
+"""The binding for C#, of which Visual Basic .NET can use the assembly."""
+
+import itertools
+import re
+import textwrap
+from xml.sax.saxutils import escape
+
+from ..arithmetic import substituted
+from ..languages import Language, Literals, shape, wrapped
+from ..model import FormError
+from . import NOTICE
+
+LANGUAGE = Language(
+    "C#", "csharp/KezLib.cs",
+    frozenset("""abstract as base bool break byte case catch char checked class const continue
+        decimal default delegate do double else enum event explicit extern false finally fixed float
+        for foreach goto if implicit in int interface internal is lock long namespace new null
+        object operator out override params private protected public readonly ref return sbyte
+        sealed short sizeof stackalloc static string struct switch this throw true try typeof uint
+        ulong unchecked unsafe ushort using virtual void volatile while""".split()),
+    escape="@{}",
+    literals=Literals("{}f", not_a_number="float.NaN", infinity="float.PositiveInfinity"))
+
+TYPES = {"real": "float", "integer": "int", "nothing": "void"}
+DIRECTIONS = {"in": "Read", "out": "Written", "in,out": "Read and written"}
+GLUE = "\0"
+CLASS = """
+/// <summary>The routines of the library, as its header has them.</summary>
+/// <remarks>
+/// <para>An array may be longer than the extent that is asked for. One that is shorter, or no
+/// array at all, is refused with an ArgumentException, and the library is not called.</para>
+{}
+/// </remarks>
+public static class Routines""".strip()
+
+
+def forms(routine):
+    """What lists of either kind are declared as, if the routine takes any."""
+    return ["real", "integer"] if any(a.kind == "word" for a in routine.arguments) else ["real"]
+
+
+def name(argument):
+    return LANGUAGE.name(argument.name)
+
+
+def type_name(argument, form):
+    if argument.callback:
+        return argument.callback.name
+    kind = TYPES[form if argument.kind == "word" else argument.kind]
+    return kind + "[]" if argument.extent else kind
+
+
+def passing(argument):
+    """How a caller passes it. Scalar inputs go by value: mono's compiler takes an `in` for that,
+    others before C# 7.2 for an error."""
+    if argument.extent or argument.direction == "in":
+        return ""
+    return "out " if argument.direction == "out" and not argument.kept_when else "ref "
+
+
+def native_passing(argument):
+    if argument.extent:
+        return "" if argument.direction == "in" else "[In, Out] "
+    return passing(argument) or "ref "
+
+
+def filled(head, items, tail):
+    """A line that breaks between the items only."""
+    text = head.replace(" ", GLUE) + f"({', '.join(x.replace(' ', GLUE) for x in items)}){tail}"
+    return textwrap.fill(text, 88, subsequent_indent="    ", break_long_words=False,
+                         break_on_hyphens=False).replace(GLUE, " ")
+
+
+def head(routine, form):
+    return filled(f"public static void {routine.name}",
+                  [f"{passing(a)}{type_name(a, form)} {name(a)}" for a in routine.arguments], "")
+
+
+def signature(routine):
+    return "\n".join(head(routine, form) for form in forms(routine))
+
+
+def marked_up(text):
+    return re.sub(r"`([^`]+)`", r"<c>\1</c>", escape(text))
+
+
+def is_drawn(line):
+    return line.startswith((" ", "|"))
+
+
+def paragraphs(text):
+    """Sketches and tables in <code>, which keeps their lines, all other text in <para>."""
+    for paragraph in filter(None, text.split("\n\n")):
+        for drawn, lines in itertools.groupby(paragraph.splitlines(), is_drawn):
+            text = "\n".join(lines)
+            yield (f"<code>\n{escape(text)}\n</code>" if drawn else
+                   "\n".join(wrapped(f"<para>{marked_up(text)}</para>", "", 84)))
+
+
+def comment(lines):
+    return [f"/// {line}".rstrip() for text in lines for line in text.splitlines()]
+
+
+def documentation(routine, group):
+    more = "; the remarks of the class say more." if group.text else "."
+    kept = routine.kept and f"Kept value: {routine.kept}"
+    texts = wrapped(f"<summary>{marked_up(routine.summary)}</summary>", "", 84)
+    for a in routine.arguments:
+        text = f"{DIRECTIONS[a.direction]}, {shape(a)}: {a.whole_text()}."
+        texts += wrapped(f'<param name="{a.name}">{marked_up(text)}</param>', "", 84)
+    remarks = paragraphs("\n\n".join([routine.details, kept, f"Family: {routine.group}{more}"]))
+    return comment([*texts, "<remarks>", *remarks, "</remarks>"])
+
+
+def checks(routine):
+    """What is asked of arrays before the call. A count stands before the arrays of that length."""
+    terms = {a.name: name(a) if a.extent else f"(long){name(a)}" for a in routine.arguments}
+    terms |= {"max": "Math.Max", "sum": "Checks.Sum", "entry": "Checks.Entry"}
+    arrays = "|".join(a.name for a in routine.arguments if a.extent)
+    for a in routine.arguments:
+        if a.callback:
+            yield f'Checks.IsThere("{a.name}", {name(a)});'
+        elif a.extent:
+            extent = re.sub(rf"\b({arrays})\(", r"entry(\1, ", a.extent)
+            yield f'Checks.Holds("{a.name}", {name(a)}, {substituted(extent, terms)});'
+
+
+def guarded_call(argument, call):
+    """No exception of the host's routine may pass through the library."""
+    callback = argument.callback
+    if (callback.result, [a.kind for a in callback.arguments]) != ("real", ["integer"]):
+        raise FormError(f"{callback.name}: C# has a guard for reals of one integer only")
+    return ["var guard = new Guard();",
+            f"Native.{callback.name} held =\n"
+            f"    (ref int index) => guard.Call({name(argument)}, index);",
+            call, "GC.KeepAlive(held);", "guard.Rethrow();"]
+
+
+def method(routine, form, group):
+    passed = ["held" if a.callback else name(a) if a.extent else (passing(a) or "ref ") + name(a)
+              for a in routine.arguments]
+    call = filled(f"Native.{routine.name}", passed, ";")
+    callbacks = [a for a in routine.arguments if a.callback]
+    body = [*checks(routine), *(guarded_call(*callbacks, call) if callbacks else [call])]
+    return "\n".join([*documentation(routine, group), head(routine, form), "{",
+                      textwrap.indent("\n".join(body), "    "), "}"])
+
+
+def native(routine, form):
+    items = [f"{native_passing(a)}{type_name(a, form)} {name(a)}" for a in routine.arguments]
+    return ("[DllImport(Library, ExactSpelling = true)]\n"
+            + filled(f"internal static extern void {routine.name}", items, ";"))
+
+
+def delegate(callback):
+    items = [f"{TYPES[a.kind]} {LANGUAGE.name(a.name)}" for a in callback.arguments]
+    return "\n".join(comment(wrapped(f"<summary>{marked_up(callback.text)}</summary>", "", 92)) + [
+        filled(f"public delegate {TYPES[callback.result]} {callback.name}", items, ";")])
+
+
+def native_delegate(callback):
+    items = [f"ref {TYPES[a.kind]} {LANGUAGE.name(a.name)}" for a in callback.arguments]
+    return ("[UnmanagedFunctionPointer(CallingConvention.Winapi)]\n"
+            + filled(f"internal delegate {TYPES[callback.result]} {callback.name}", items, ";"))
+
+
+def block(head, items):
+    return f"{head}\n{{\n" + textwrap.indent("\n\n".join(items), "    ") + "\n}"
+
+
+def write(interface):
+    groups = {group.title: group for group in interface.groups}
+    texts = "\n\n".join(f"{group.title}.\n\n{group.text}"
+                        for group in interface.groups if group.text)
+    declared = [(routine, form) for routine in interface.routines for form in forms(routine)]
+    head = CLASS.format("\n".join(comment(paragraphs(texts))))
+    public = block(head, [method(r, form, groups[r.group]) for r, form in declared])
+    private = block("internal static partial class Native",
+                    [*map(native_delegate, interface.callbacks),
+                     *(native(r, form) for r, form in declared)])
+    space = block("namespace KezLib", [*map(delegate, interface.callbacks), public, private])
+    return f"// {NOTICE}\nusing System;\nusing System.Runtime.InteropServices;\n\n{space}\n"
+
+
+def declaration(argument, form, literals, sizes):
+    kind, variable = type_name(argument, form), name(argument)
+    held = literals.get(argument.name)
+    if argument.callback:
+        return (f"float[] {argument.name}_values = {{{held}}};\n"
+                f"{kind} {variable} = i => {argument.name}_values[i - 1];")
+    if argument.extent:
+        held = f"new {kind[:-2]}[{sizes[argument.name]}]" if held is None else f"{{{held}}}"
+    elif held is None and passing(argument) == "ref ":
+        held = "0"
+    return f"{kind} {variable};" if held is None else f"{kind} {variable} = {held};"
+
+
+def printed(argument):
+    text = f'string.Join(" ", {name(argument)})' if argument.extent else name(argument)
+    return f'Console.WriteLine("{argument.name} = " + {text});'
+
+
+def call(routine, literals, sizes, form="real"):
+    """Lists of either kind are of the form, real or integer."""
+    passed = [("" if a.extent else passing(a)) + name(a) for a in routine.arguments]
+    return "\n".join([*(declaration(a, form, literals, sizes) for a in routine.arguments),
+                      filled(f"Routines.{routine.name}", passed, ";"),
+                      *(printed(a) for a in routine.outputs())])
