@@ -8,10 +8,10 @@ import math
 import pathlib
 import sys
 
-sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent.parent / "tools"))
-import interface  # noqa: E402
-from interface import arithmetic, rows  # noqa: E402
-from interface.writers import csharp  # noqa: E402
+from row_values import extent, form, held, texts  # finds the next ones
+import interface
+from interface import rows
+from interface.writers import csharp
 
 LITERALS = csharp.LANGUAGE.literals
 MINUS_ZERO = 0x80000000  # mono's compiler leaves it out of an array's initial entries, as if 0
@@ -25,38 +25,6 @@ def literal(text, kind):
     if kind == "real" and bits == MINUS_ZERO:
         return f"Expect.Single(0x{bits:08x})"
     return LITERALS.of(text, kind)
-
-
-def integers(row):
-    values = {a.name: [arithmetic.signed(rows.word(text, "integer")) for text in row.given[a.name]]
-              for a in row.routine.inputs() if a.kind == "integer"}
-    return {a.name: values[a.name] if a.extent else values[a.name][0]
-            for a in row.routine.inputs() if a.name in values}
-
-
-def extent(argument, row):
-    return max(arithmetic.evaluate(argument.extent, integers(row)), 0) if argument.extent else 1
-
-
-def held(row):
-    """What each argument holds before the call: poison where the row says nothing."""
-    given = {a.name: row.given.get(a.name, []) for a in row.routine.arguments}
-    return {a.name: given[a.name] + ["."] * max(
-        len(row.wanted.get(a.name, [])) - len(given[a.name]), extent(a, row) - len(given[a.name]))
-        for a in row.routine.arguments}
-
-
-def texts(row):
-    """The literals and the sizes that csharp.call takes."""
-    return ({name: LITERALS.joint.join(literal(text, row.kinds[name]) for text in entries)
-             for name, entries in held(row).items()},
-            {name: str(len(entries)) for name, entries in held(row).items()})
-
-
-def form(row):
-    """Of the lists of either kind."""
-    words = [a.name for a in row.routine.arguments if a.kind == "word"]
-    return row.kinds[words[0]] if words else "real"
 
 
 def expectation(got, wanted, before, kind):
@@ -83,7 +51,7 @@ def expectations(row):
 
 def short_calls(row):
     """Calls with one array shorter by one entry than its extent."""
-    literals, sizes = texts(row)
+    literals, sizes = texts(row, literal, LITERALS.joint)
     for a in row.routine.arguments:
         if a.extent and not a.callback and (entries := extent(a, row)):
             others = {name: text for name, text in literals.items() if name != a.name}
@@ -92,7 +60,8 @@ def short_calls(row):
 
 
 def call(row):
-    return "\n".join([csharp.call(row.routine, *texts(row), form(row)), *expectations(row)])
+    text = csharp.call(row.routine, *texts(row, literal, LITERALS.joint), form(row))
+    return "\n".join([text, *expectations(row)])
 
 
 def program(name, bodies):

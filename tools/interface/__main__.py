@@ -58,7 +58,7 @@ def write_bindings(interface, folder):
         if language := getattr(writer, "LANGUAGE", None):
             file = folder / language.file
             file.parent.mkdir(parents=True, exist_ok=True)
-            file.write_text(writer.write(interface))
+            file.write_bytes(writer.write(interface).encode())  # with its own line ends
 
 
 def main():

@@ -50,7 +50,9 @@ class Language:
 
 
 def shape(argument):
-    """What an argument is: "integer", "real array [n + 1]"."""
+    """What an argument is: "integer", "real array [n + 1]", "callback"."""
+    if argument.callback:
+        return argument.kind
     kind = {"word": "real or integer"}.get(argument.kind, argument.kind)
     return f"{kind} array [{argument.extent}]" if argument.extent else kind
 

@@ -1,0 +1,46 @@
+"""What the arguments of a row hold before its call, for hosts in other languages."""
+
+import pathlib
+import sys
+
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent.parent / "tools"))
+from interface import arithmetic, rows  # noqa: E402
+
+
+def integers(row):
+    """The integers that go in, by name: those of an array in a list."""
+    values = {a.name: [arithmetic.signed(rows.word(text, "integer")) for text in row.given[a.name]]
+              for a in row.routine.inputs() if a.kind == "integer"}
+    return {a.name: values[a.name] if a.extent else values[a.name][0]
+            for a in row.routine.inputs() if a.name in values}
+
+
+def extent(argument, row):
+    """The entries of an array, and 1 of a scalar."""
+    if not argument.extent:
+        return 1
+    return max(arithmetic.evaluate(argument.extent, integers(row)), 0)
+
+
+def held(row):
+    """The literals of each argument: "." where the row says nothing."""
+    found = {}
+    for a in row.routine.arguments:
+        given = row.given.get(a.name, [])
+        size = max(len(given), len(row.wanted.get(a.name, [])), extent(a, row))
+        found[a.name] = given + ["."] * (size - len(given))
+    return found
+
+
+def texts(row, literal, joint):
+    """The literals and the sizes that a writer's call() takes, by literal(text, kind)."""
+    values = held(row)
+    return ({name: joint.join(literal(text, row.kinds[name]) for text in entries)
+             for name, entries in values.items()},
+            {name: str(len(entries)) for name, entries in values.items()})
+
+
+def form(row):
+    """What lists of either kind are, real or integer."""
+    words = [a.name for a in row.routine.arguments if a.kind == "word"]
+    return row.kinds[words[0]] if words else "real"

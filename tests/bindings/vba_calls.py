@@ -1,0 +1,122 @@
+"""Holds a module of declarations against the header and the rows.
+
+    vba_calls.py text BAS                   as the editor and the compiler would read it
+    vba_calls.py header BAS                 the declarations against the header
+    vba_calls.py rows BAS LIBRARY           every row, called as it is declared
+    vba_calls.py run BAS LIBRARY FILE NAME  a procedure of a host; what it prints
+"""
+
+import ctypes
+import itertools
+import pathlib
+import sys
+
+from row_values import form, held, texts  # finds the next ones
+import interface
+from interface import rows
+from interface.writers import vba
+from vba_module import External, read_module
+from vba_run import Run
+from vba_text import Refused, compiled_lines, logical_lines, physical_lines
+from vba_values import bits
+
+POISON = 0x7FE5A5A5  # a quiet not-a-number: Python would make one of the rows' poison
+FORMS = {"real": "Single", "integer": "Long"}
+
+
+def module(path, vba7=True):
+    data = pathlib.Path(path).read_bytes()
+    lines = logical_lines(physical_lines(data))
+    return read_module(compiled_lines(lines, {"VBA7": vba7}), vba7)
+
+
+def check_text(path):
+    old, new = module(path, False), module(path, True)
+    for found in old, new:
+        if (found.name, found.explicit) != (pathlib.Path(path).stem, True):
+            raise Refused("the module has another name, or is not explicit")
+    return f"{len(old.of(External))} and {len(new.of(External))} declarations are legal"
+
+
+def wanted_parameters(routine, form, vba7):
+    for a in routine.arguments:
+        if a.callback:
+            yield a.name, "LongPtr" if vba7 else "Long", False
+        else:
+            yield a.name, FORMS[form if a.kind == "word" else a.kind], True
+
+
+def wanted_declarations(vba7):
+    for routine in interface.read().routines:
+        if any(a.kind == "word" for a in routine.arguments):
+            for form, name in FORMS.items():
+                yield routine.name + name, routine.name, list(
+                    wanted_parameters(routine, form, vba7))
+        else:
+            yield routine.name, routine.name, list(wanted_parameters(routine, "", vba7))
+
+
+def check_header(path):
+    for vba7 in False, True:
+        found = [(e.name, e.entry, [(p.name.rstrip("_"), p.type, p.by_reference)
+                                    for p in e.parameters])
+                 for e in module(path, vba7).of(External)]
+        for got, wanted in itertools.zip_longest(found, wanted_declarations(vba7)):
+            if got != wanted:
+                raise Refused(f"{got}\nis declared for\n{wanted}")
+        if any(e.library != "KezLib.dll" for e in module(path, vba7).of(External)):
+            raise Refused("another library")
+    return "the declarations are the header's"
+
+
+def literal(text, kind):
+    if kind == "real" and text == ".":
+        return f"SingleFromBits(&H{POISON:X})"
+    return str(POISON) if text == "." else vba.LANGUAGE.literals.of(text, kind)
+
+
+def worked(row):
+    literals = vba.LANGUAGE.literals
+    return vba.call(row.routine, *texts(row, literal, literals.joint), form(row))
+
+
+def check_row(row, declarations, library):
+    text = worked(row).replace("\n", "\r\n") + "\r\n"
+    host = read_module(logical_lines(physical_lines(text.encode())))
+    frame = Run([declarations, host], library).call(f"Worked_{row.routine.name}")
+    for a in row.routine.outputs():
+        variable, before = frame[vba.name(a).lower()], held(row)[a.name]
+        for i, wanted in enumerate(row.wanted[a.name]):
+            got = variable.entry(i + 1) if a.extent else variable
+            kind = row.kinds[a.name]
+            was = POISON if before[i] == "." else rows.word(before[i], kind)
+            if not rows.meets(bits(got), was, wanted, kind):
+                raise Refused(f"{row.place} {row.routine.name}: {a.name} is {got.get()} "
+                              f"for {wanted}")
+
+
+def check_rows(path, library):
+    declarations, library = module(path), ctypes.CDLL(library)
+    count = 0
+    for count, row in enumerate(rows.read_rows(interface.read()), 1):
+        check_row(row, declarations, library)
+    return f"{count} calls"
+
+
+def run(path, library, file, name):
+    host = Run([module(path), module(file)], ctypes.CDLL(library))
+    host.call(name)
+    return "\n".join(host.printed)
+
+
+def main():
+    what, *arguments = sys.argv[1:]
+    try:
+        print({"text": check_text, "header": check_header, "rows": check_rows,
+               "run": run}[what](*arguments))
+    except Refused as refusal:
+        sys.exit(str(refusal))
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,278 @@
+"""Runs procedures of Visual Basic for Applications, as far as hosts of the library need it: what it
+does not know it refuses. External procedures are called as they are declared."""
+
+import ctypes
+
+from vba_module import External, Procedure
+from vba_text import Refused, enter
+from vba_values import TYPES, Array, Scalar, coerced
+
+BINARY = {"=": 1, "<>": 1, "<": 1, ">": 1, "<=": 1, ">=": 1, "&": 2, "+": 3, "-": 3, "*": 5, "/": 5}
+APPLY = {"=": lambda a, b: a == b, "<>": lambda a, b: a != b, "<": lambda a, b: a < b,
+         ">": lambda a, b: a > b, "<=": lambda a, b: a <= b, ">=": lambda a, b: a >= b,
+         "&": lambda a, b: shown(a) + shown(b), "+": lambda a, b: a + b, "-": lambda a, b: a - b,
+         "*": lambda a, b: a * b, "/": lambda a, b: a / b}
+
+
+def shown(value):
+    return value if isinstance(value, str) else f"{value:.7g}"
+
+
+def number(text):
+    if text[0] == "&":
+        return ctypes.c_int32(int(text[2:].rstrip("&"), 16)).value
+    digits = text.rstrip("!&#%@")
+    return float(digits) if set(digits.lower()) & set(".e") or text[-1] in "!#" else int(digits)
+
+
+def single_from_bits(value):
+    return ctypes.c_float.from_buffer(ctypes.c_int32(value)).value
+
+
+class Tokens:
+    def __init__(self, line):
+        self.line, self.tokens, self.at = line, line.tokens(), 0
+
+    def peek(self, ahead=0):
+        where = self.at + ahead
+        return self.tokens[where][1] if where < len(self.tokens) else ""
+
+    def next(self):
+        self.at += 1
+        return self.tokens[self.at - 1]
+
+    def accept(self, *texts):
+        found = self.peek().lower() in [text.lower() for text in texts] and self.peek() != ""
+        self.at += found
+        return found
+
+    def expect(self, text):
+        if not self.accept(text):
+            self.line.refuse(f"'{text}' expected, not '{self.peek()}'")
+
+    def name(self):
+        kind, text = self.next() if self.peek() else ("", "")
+        if kind != "name":
+            self.line.refuse("a name expected")
+        return text
+
+    def end(self):
+        if self.peek():
+            self.line.refuse(f"'{self.peek()}' is too much")
+
+
+class Run:
+    """One run of the procedures of some modules; `printed` is what Debug.Print wrote."""
+
+    def __init__(self, modules, library):
+        self.names, self.globals, self.printed, self.library = {}, {}, [], library
+        for module in modules:
+            self.names |= module.names
+            for line in module.variables:
+                self.dim(Tokens(line), self.globals)
+
+    def call(self, name, arguments=()):
+        """The variables of a procedure of the modules when it returns."""
+        procedure = self.names[name.lower()]
+        frame = {}
+        for parameter, value in zip(procedure.parameters, arguments):
+            enter(frame, parameter.name, Scalar(parameter.type), procedure.line)
+            frame[parameter.name.lower()].put(value)
+        if procedure.result:
+            enter(frame, procedure.name, Scalar(procedure.result), procedure.line)
+        self.block(procedure.body, frame)
+        for variable, value in (frame | self.globals).items():
+            if isinstance(value, Array) and not value.is_intact():
+                raise Refused(f"{procedure.name}: written behind {variable}")
+        return frame
+
+    def block(self, lines, frame):
+        lines = list(lines)
+        while lines:
+            tokens = Tokens(lines.pop(0))
+            word = tokens.peek().lower()
+            if word in ("for", "if"):
+                getattr(self, word + "_")(tokens, lines, frame)
+            elif word:
+                self.statements(tokens, frame)
+
+    def statements(self, tokens, frame):
+        self.statement(tokens, frame)
+        while tokens.accept(":"):
+            self.statement(tokens, frame)
+        tokens.end()
+
+    def statement(self, tokens, frame):
+        word = tokens.peek().lower()
+        if tokens.accept("Dim", "ReDim"):
+            self.dim(tokens, frame, word == "redim")
+        elif tokens.accept("Debug"):
+            tokens.expect(".")
+            tokens.expect("Print")
+            self.print(tokens, frame)
+        elif isinstance(self.names.get(word), (External, Procedure)) and tokens.peek(1) != "=":
+            self.procedure_call(tokens, frame)
+        else:
+            place = self.place(tokens, frame)
+            tokens.expect("=")
+            place.put(self.expression(tokens, frame))
+
+    def dim(self, tokens, frame, again=False):
+        while True:
+            name, bounds = tokens.name(), None
+            if tokens.accept("("):
+                bounds = [self.expression(tokens, frame)]
+                tokens.expect("To")
+                bounds.append(self.expression(tokens, frame))
+                tokens.expect(")")
+            tokens.expect("As")
+            kind = tokens.name()
+            if kind not in TYPES and (kind != "Variant" or bounds):
+                tokens.line.refuse(f"variables of {kind} are not known here")
+            if again:
+                frame.pop(name.lower(), None)
+            enter(frame, name, Array(kind, *bounds) if bounds else Scalar(kind), tokens.line)
+            if not tokens.accept(","):
+                break
+
+    def inner(self, tokens, lines, begin, end):
+        """The lines up to the end of the block that has begun, taken off the front."""
+        found, depth = [], 1
+        while lines:
+            line = lines.pop(0)
+            words = line.text.split("'")[0].split()
+            depth += bool(words) and words[0] == begin and (begin != "If" or words[-1] == "Then")
+            depth -= line.text.strip().startswith(end)
+            if not depth:
+                return found
+            found.append(line)
+        tokens.line.refuse(f"no {end}")
+
+    def for_(self, tokens, lines, frame):
+        tokens.next()
+        each = tokens.accept("Each")
+        variable = self.place(tokens, frame)
+        tokens.expect("In" if each else "=")
+        values = self.expression(tokens, frame)
+        if not each:
+            tokens.expect("To")
+            values = range(values, self.expression(tokens, frame) + 1)
+        elif variable.type != "Variant":
+            tokens.line.refuse("For Each takes a Variant")
+        tokens.end()
+        body = self.inner(tokens, lines, "For", "Next")
+        for value in values:
+            variable.put(value)
+            self.block(body, frame)
+
+    def if_(self, tokens, lines, frame):
+        tokens.next()
+        holds = self.expression(tokens, frame)
+        tokens.expect("Then")
+        if tokens.peek():
+            if holds:
+                self.statements(tokens, frame)
+            return
+        body = self.inner(tokens, lines, "If", "End If")
+        if holds:
+            self.block(body, frame)
+
+    def print(self, tokens, frame):
+        parts = []
+        while tokens.peek():
+            parts.append(shown(self.expression(tokens, frame)))
+            if not tokens.accept(";"):
+                break
+        self.printed.append(" ".join(parts))
+
+    def procedure_call(self, tokens, frame):
+        callee = self.names[tokens.name().lower()]
+        brackets = tokens.accept("(")
+        if isinstance(callee, Procedure):
+            arguments = [self.expression(tokens, frame) for _ in callee.parameters]
+            self.call(callee.name, arguments)
+            return
+        kept = []
+        for i, parameter in enumerate(callee.parameters):
+            if i:
+                tokens.expect(",")
+            kept.append(self.argument(parameter, tokens, frame))
+        if brackets:
+            tokens.line.refuse("without Call, brackets make values of the arguments")
+        getattr(self.library, callee.entry)(*(value for value, _ in kept))
+
+    def argument(self, parameter, tokens, frame):
+        """What is passed, and what must live as long as the call."""
+        if not parameter.by_reference:
+            value = self.expression(tokens, frame)
+            if parameter.type == "LongPtr":
+                return ctypes.cast(value, ctypes.c_void_p), value
+            return TYPES[parameter.type](coerced(value, parameter.type)), value
+        name, begin, place = tokens.peek().lower(), tokens.at, None
+        if name in frame or name in self.globals:
+            place = self.place(tokens, frame)
+        if place and tokens.peek() in ("", ",", ":"):
+            if place.type != parameter.type:
+                tokens.line.refuse(f"ByRef argument type mismatch at {parameter.name}")
+        else:
+            place, tokens.at = Scalar(parameter.type), begin
+            place.put(self.expression(tokens, frame))
+        return ctypes.c_void_p(place.address()), place
+
+    def place(self, tokens, frame):
+        name = tokens.name()
+        found = frame.get(name.lower(), self.globals.get(name.lower()))
+        if found is None:
+            tokens.line.refuse(f"{name} is not declared")
+        if isinstance(found, Scalar):
+            return found
+        tokens.expect("(")
+        entry = found.entry(self.expression(tokens, frame))
+        tokens.expect(")")
+        return entry
+
+    def expression(self, tokens, frame, least=1):
+        value = self.primary(tokens, frame)
+        while BINARY.get(tokens.peek(), 0) >= least:
+            _, operator = tokens.next()
+            value = APPLY[operator](
+                value, self.expression(tokens, frame, BINARY[operator] + 1))
+        return value
+
+    def primary(self, tokens, frame):
+        if tokens.accept("-"):
+            return -self.expression(tokens, frame, 6)
+        if tokens.accept("("):
+            value = self.expression(tokens, frame)
+            tokens.expect(")")
+            return value
+        if tokens.accept("AddressOf"):
+            return self.callback(self.names[tokens.name().lower()])
+        kind, text = tokens.tokens[tokens.at] if tokens.peek() else ("", "")
+        if kind in ("number", "string"):
+            tokens.next()
+            return number(text) if kind == "number" else text[1:-1]
+        if text.lower() in ("array", "singlefrombits"):
+            tokens.next()
+            values = self.bracketed(tokens, frame)
+            return values if text.lower() == "array" else single_from_bits(*values)
+        return self.place(tokens, frame).get()
+
+    def bracketed(self, tokens, frame):
+        values = []
+        tokens.expect("(")
+        while not tokens.accept(")"):
+            values.append(self.expression(tokens, frame))
+            tokens.accept(",")
+        return values
+
+    def callback(self, procedure):
+        """A function of the host for the library, with its parameters as it declares them."""
+        types = [TYPES[p.type] for p in procedure.parameters]
+        if not all(p.by_reference for p in procedure.parameters):
+            procedure.line.refuse("the library passes by reference")
+
+        def called(*places):
+            frame = self.call(procedure.name, [place[0] for place in places])
+            return frame[procedure.name.lower()].get()
+        return ctypes.CFUNCTYPE(TYPES[procedure.result], *map(ctypes.POINTER, types))(called)
