@@ -111,6 +111,8 @@ def read_module(lines, vba7=True):
         if not words or text.startswith("'"):
             continue
         if match := re.fullmatch(r'Attribute VB_Name = "(\w+)"', text):
+            if line.number != 1:
+                line.refuse("the name stands in the first line")
             module.name = match[1]
         elif text == "Option Explicit":
             module.explicit = True

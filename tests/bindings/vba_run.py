@@ -3,7 +3,7 @@ does not know it refuses. External procedures are called as they are declared.""
 
 import ctypes
 
-from vba_module import External, Procedure
+from vba_module import External
 from vba_text import Refused, enter
 from vba_values import TYPES, Array, Scalar, coerced
 
@@ -42,7 +42,7 @@ class Tokens:
         return self.tokens[self.at - 1]
 
     def accept(self, *texts):
-        found = self.peek().lower() in [text.lower() for text in texts] and self.peek() != ""
+        found = self.peek().lower() in [text.lower() for text in texts]
         self.at += found
         return found
 
@@ -104,20 +104,20 @@ class Run:
 
     def statement(self, tokens, frame):
         word = tokens.peek().lower()
-        if tokens.accept("Dim", "ReDim"):
-            self.dim(tokens, frame, word == "redim")
+        if tokens.accept("Dim"):
+            self.dim(tokens, frame)
         elif tokens.accept("Debug"):
             tokens.expect(".")
             tokens.expect("Print")
             self.print(tokens, frame)
-        elif isinstance(self.names.get(word), (External, Procedure)) and tokens.peek(1) != "=":
-            self.procedure_call(tokens, frame)
+        elif isinstance(self.names.get(word), External):
+            self.external_call(tokens, frame)
         else:
             place = self.place(tokens, frame)
             tokens.expect("=")
             place.put(self.expression(tokens, frame))
 
-    def dim(self, tokens, frame, again=False):
+    def dim(self, tokens, frame):
         while True:
             name, bounds = tokens.name(), None
             if tokens.accept("("):
@@ -129,8 +129,6 @@ class Run:
             kind = tokens.name()
             if kind not in TYPES and (kind != "Variant" or bounds):
                 tokens.line.refuse(f"variables of {kind} are not known here")
-            if again:
-                frame.pop(name.lower(), None)
             enter(frame, name, Array(kind, *bounds) if bounds else Scalar(kind), tokens.line)
             if not tokens.accept(","):
                 break
@@ -185,21 +183,16 @@ class Run:
                 break
         self.printed.append(" ".join(parts))
 
-    def procedure_call(self, tokens, frame):
-        callee = self.names[tokens.name().lower()]
-        brackets = tokens.accept("(")
-        if isinstance(callee, Procedure):
-            arguments = [self.expression(tokens, frame) for _ in callee.parameters]
-            self.call(callee.name, arguments)
-            return
+    def external_call(self, tokens, frame):
+        external = self.names[tokens.name().lower()]
+        if tokens.peek() == "(":
+            tokens.line.refuse("without Call, brackets make values of the arguments")
         kept = []
-        for i, parameter in enumerate(callee.parameters):
+        for i, parameter in enumerate(external.parameters):
             if i:
                 tokens.expect(",")
             kept.append(self.argument(parameter, tokens, frame))
-        if brackets:
-            tokens.line.refuse("without Call, brackets make values of the arguments")
-        getattr(self.library, callee.entry)(*(value for value, _ in kept))
+        getattr(self.library, external.entry)(*(passed for passed, _ in kept))
 
     def argument(self, parameter, tokens, frame):
         """What is passed, and what must live as long as the call."""

@@ -10,10 +10,11 @@ GUARDS = 4
 
 
 class Scalar:
-    def __init__(self, type_name):
-        self.type = type_name
-        self.memory = TYPES[type_name](0) if type_name in TYPES else None
-        self.value = None
+    """A Variant has no memory that could be passed."""
+
+    def __init__(self, type_name, memory=None):
+        self.type, self.value = type_name, None
+        self.memory = TYPES[type_name](0) if memory is None and type_name in TYPES else memory
 
     def get(self):
         return self.value if self.memory is None else self.memory.value
@@ -42,10 +43,8 @@ class Array:
     def entry(self, index):
         if not self.lower <= index < self.lower + self.size:
             raise Refused(f"subscript {index} is out of range")
-        found = Scalar.__new__(Scalar)
-        found.type, found.value = self.type, None
-        found.memory = TYPES[self.type].from_buffer(self.memory, 4 * (index - self.lower))
-        return found
+        at = 4 * (index - self.lower)
+        return Scalar(self.type, TYPES[self.type].from_buffer(self.memory, at))
 
     def is_intact(self):
         return list(self.guards) == [GUARD] * GUARDS
