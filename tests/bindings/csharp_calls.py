@@ -8,29 +8,26 @@ import math
 import pathlib
 import sys
 
-from row_values import extent, form, held, texts  # finds the next ones
+from row_values import POISON, extent, form, held, texts, word  # finds the next ones
 import interface
 from interface import rows
 from interface.writers import csharp
 
 LITERALS = csharp.LANGUAGE.literals
 MINUS_ZERO = 0x80000000  # mono's compiler leaves it out of an array's initial entries, as if 0
-POISON = {"real": "Expect.Poison", "integer": str(rows.POISON)}
 
 
 def literal(text, kind):
-    if text == ".":
-        return POISON[kind]
-    bits = rows.word(text, kind)
-    if kind == "real" and bits == MINUS_ZERO:
+    bits = word(text, kind)
+    if kind == "real" and bits in (POISON, MINUS_ZERO):
         return f"Expect.Single(0x{bits:08x})"
-    return LITERALS.of(text, kind)
+    return str(POISON) if text == "." else LITERALS.of(text, kind)
 
 
 def expectation(got, wanted, before, kind):
     """The rule of rows.meets in C#."""
     if wanted == "." or wanted.startswith("0x") or kind == "integer":
-        return f"Is({got}, 0x{rows.word(before if wanted == '.' else wanted, kind):08x})"
+        return f"Is({got}, 0x{word(before if wanted == '.' else wanted, kind):08x})"
     if "~" in wanted:
         value, _, tolerance = wanted.partition("~")
         value, tolerance = value or tolerance, tolerance if value else abs(float(tolerance)) * 1e-6

@@ -6,7 +6,6 @@ using KezLib;
 
 static class Expect
 {
-    public static readonly float Poison = Single(0x7fa5a5a5);
     public static int Failures, Refusals;
     static string place;
     static int position;

@@ -71,5 +71,5 @@ cp "$binding/KezLib.config" loader.exe.config
 [ "$(mono loader.exe | paste -s -d ' ')" = "0 libKezLib.so.1 $(cat answer)" ] ||
     fail "the loader is asked for something else: $(mono loader.exe)"
 
-echo "Not run: .NET, Windows and 32-bit mono, which are not in Debian"
+echo "Not run: .NET, and mono on Windows, which are not in Debian"
 cat calls

@@ -6,10 +6,18 @@ import sys
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent.parent / "tools"))
 from interface import arithmetic, rows  # noqa: E402
 
+# Where a row says nothing. A quiet not-a-number: languages that pass values make one of any other.
+POISON = 0x7FE5A5A5
+
+
+def word(text, kind):
+    """The 32 bits of a literal."""
+    return POISON if text == "." else rows.word(text, kind)
+
 
 def integers(row):
     """The integers that go in, by name: those of an array in a list."""
-    values = {a.name: [arithmetic.signed(rows.word(text, "integer")) for text in row.given[a.name]]
+    values = {a.name: [arithmetic.signed(word(text, "integer")) for text in row.given[a.name]]
               for a in row.routine.inputs() if a.kind == "integer"}
     return {a.name: values[a.name] if a.extent else values[a.name][0]
             for a in row.routine.inputs() if a.name in values}

@@ -11,7 +11,7 @@ import itertools
 import pathlib
 import sys
 
-from row_values import form, held, texts  # finds the next ones
+from row_values import POISON, form, held, texts, word  # finds the next ones
 import interface
 from interface import rows
 from interface.writers import vba
@@ -20,7 +20,6 @@ from vba_run import Run
 from vba_text import Refused, compiled_lines, logical_lines, physical_lines
 from vba_values import bits
 
-POISON = 0x7FE5A5A5  # a quiet not-a-number: Python would make one of the rows' poison
 FORMS = {"real": "Single", "integer": "Long"}
 
 
@@ -89,8 +88,7 @@ def check_row(row, declarations, library):
         for i, wanted in enumerate(row.wanted[a.name]):
             got = variable.entry(i + 1) if a.extent else variable
             kind = row.kinds[a.name]
-            was = POISON if before[i] == "." else rows.word(before[i], kind)
-            if not rows.meets(bits(got), was, wanted, kind):
+            if not rows.meets(bits(got), word(before[i], kind), wanted, kind):
                 raise Refused(f"{row.place} {row.routine.name}: {a.name} is {got.get()} "
                               f"for {wanted}")
 
