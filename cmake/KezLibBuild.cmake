@@ -25,7 +25,7 @@ endif()
 
 # Hosts may trap floating-point exceptions, but clang divides before it knows that it should, and
 # on ARM needs more than one word for it: there its back end forgets it again.
-if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
+if(CMAKE_CXX_COMPILER_ID MATCHES "Clang" AND NOT EMSCRIPTEN)
   target_compile_options(kezlib_objects PRIVATE -ffp-exception-behavior=maytrap)
   if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(aarch64|arm64)$")
     target_compile_options(kezlib_objects PRIVATE

@@ -49,6 +49,9 @@ if(TARGET bindings)
   endif()
   install(DIRECTORY ${PROJECT_BINARY_DIR}/bindings/ bindings/ DESTINATION ${bindings_dir}
     COMPONENT development)
+  # JavaScript's package is whole only with the library as WebAssembly, which the preset wasm makes.
+  install(DIRECTORY ${PROJECT_SOURCE_DIR}/build/wasm/package/
+    DESTINATION ${bindings_dir}/javascript COMPONENT development OPTIONAL)
 endif()
 
 if(WIN32 AND BUILD_SHARED_LIBS)

@@ -1,0 +1,7 @@
+// What kezlib.browser.js is bundled from: the package with the WebAssembly module in it, for pages
+// that are opened from a file, where a browser loads no modules.
+
+import embedded from "./kezlib.wasm";
+import { instantiate } from "./call.js";
+
+export const load = async (bytes) => instantiate(bytes ?? embedded);

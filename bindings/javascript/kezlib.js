@@ -1,0 +1,18 @@
+// The package: KezLib's routines, computed by the WebAssembly module that lies beside this file.
+
+import { instantiate } from "./call.js";
+
+const FILE = new URL("kezlib.wasm", import.meta.url);
+
+async function bytesBeside() {
+  if (FILE.protocol === "file:") {
+    const { readFile } = await import("node:fs/promises");
+    return readFile(FILE);
+  }
+  const response = await fetch(FILE);
+  if (!response.ok) throw new Error(`${FILE}: ${response.status} ${response.statusText}`);
+  return response.arrayBuffer();
+}
+
+/** The routines by name. Each load has kept values of its own. */
+export const load = async (bytes) => instantiate(bytes ?? (await bytesBeside()));

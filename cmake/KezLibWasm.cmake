@@ -1,0 +1,43 @@
+# The library as one WebAssembly module, and the JavaScript package with it.
+include(cmake/KezLibGenerate.cmake)
+
+# Debian's Emscripten brings a standard library that is older than its compiler.
+target_compile_options(kezlib_objects PRIVATE
+  "SHELL:-include ${PROJECT_SOURCE_DIR}/cmake/javascript/bit_cast.h")
+
+file(STRINGS src/kezlib.def exports REGEX "^    kez")
+list(TRANSFORM exports REPLACE "^ *([^ ]+) = .+$" "_\\1")
+list(JOIN exports "\n" exports)
+file(CONFIGURE OUTPUT exports.txt CONTENT "@exports@\n_malloc\n_free\n" @ONLY)
+
+set(package ${PROJECT_BINARY_DIR}/package)
+add_executable(kezlib_wasm cmake/javascript/host.c)
+target_link_libraries(kezlib_wasm PRIVATE KezLib)
+set_target_properties(kezlib_wasm PROPERTIES
+  OUTPUT_NAME kezlib
+  SUFFIX .wasm
+  RUNTIME_OUTPUT_DIRECTORY ${package}
+  LINK_DEPENDS ${PROJECT_BINARY_DIR}/exports.txt)
+# Routines that sort take 110 KiB of the stack, and callbacks may nest calls.
+target_link_options(kezlib_wasm PRIVATE
+  --no-entry -sSTANDALONE_WASM -sALLOW_MEMORY_GROWTH -sTOTAL_STACK=1MB -sINITIAL_MEMORY=2MB
+  -sEXPORTED_FUNCTIONS=@${PROJECT_BINARY_DIR}/exports.txt)
+
+# The rest of the package stands beside it.
+configure_file(cmake/javascript/package.json.in ${package}/package.json @ONLY)
+kezlib_generate(javascript ${package}/routines.js)
+kezlib_generate(typescript ${package}/kezlib.d.ts)
+file(GLOB by_hand CONFIGURE_DEPENDS bindings/javascript/*)
+foreach(file IN LISTS by_hand)
+  cmake_path(GET file FILENAME name)
+  configure_file(${file} ${package}/${name} COPYONLY)
+endforeach()
+
+find_program(ESBUILD esbuild REQUIRED)
+add_custom_command(OUTPUT ${package}/kezlib.browser.js
+  COMMAND ${ESBUILD} browser.js --bundle --minify --format=iife --global-name=kezlib
+          --target=es2020 --loader:.wasm=binary --log-level=warning --outfile=kezlib.browser.js
+  WORKING_DIRECTORY ${package}
+  DEPENDS kezlib_wasm ${package}/routines.js ${by_hand}
+  VERBATIM)
+add_custom_target(javascript ALL DEPENDS ${package}/kezlib.browser.js ${package}/kezlib.d.ts)

@@ -1,0 +1,110 @@
+"""The routines as data for JavaScript, which call the library as WebAssembly."""
+
+import ast
+import itertools
+import re
+
+from .. import conditions
+from ..arithmetic import substituted
+from ..languages import Language, Literals
+from ..model import FormError
+from . import NOTICE
+
+RESERVED = frozenset("""
+    arguments await break case catch class const continue debugger default delete do else enum eval
+    export extends false finally for function if implements import in instanceof interface let new
+    null package private protected public return static super switch this throw true try typeof var
+    void while with yield kept""".split())
+
+LANGUAGE = Language(
+    title="JavaScript", file="javascript/routines.js", reserved=RESERVED,
+    literals=Literals(not_a_number="NaN", infinity="Infinity"))
+
+
+class WholeQuotients(ast.NodeTransformer):
+    def visit_BinOp(self, node):
+        self.generic_visit(node)
+        return (ast.Call(ast.Name("trunc"), [node], []) if isinstance(node.op, ast.Div) else node)
+
+
+def arithmetic(expression, routine):
+    """A function of the integers by name."""
+    tree = WholeQuotients().visit(ast.parse(expression, mode="eval"))
+    arrays = [a.name for a in routine.arguments if a.extent]
+    terms = {a.name: f"v.{a.name}" for a in routine.arguments}
+    terms |= {name: name for name in ("max", "sum", "trunc")}
+    code = substituted(ast.unparse(tree), terms)
+    for name in arrays:
+        code = code.replace(f"v.{name}(", f"entry(v.{name}, ")
+    return f"(v) => {code}" if "v." in code else f"() => {code}"
+
+
+def fields(argument, routine):
+    """What consecutive arguments must have in common to stand in one group."""
+    found = [f'kind: "{argument.kind}"', f'direction: "{argument.direction}"']
+    if argument.extent and argument.kind != "callback":
+        found += [f"extent: {arithmetic(argument.extent, routine)}", f'asks: "{argument.extent}"']
+    if argument.kept_when and argument.direction == "out":
+        found.append("kept: true")
+        if expression := conditions.behind(argument.kept_when):
+            found.append(f"written: {arithmetic(expression, routine)}")
+    return ", ".join(found)
+
+
+def check_callbacks(interface):
+    """The WebAssembly module passes one type of routine on, in cmake/javascript/host.c."""
+    known = [("integer", True, True)]
+    for callback in interface.callbacks:
+        signature = [(a.kind, a.constant, a.by_pointer) for a in callback.arguments]
+        if callback.name != "kez_z_callback" or callback.result != "real" or signature != known:
+            raise FormError(f"{callback.name}: JavaScript's package knows kez_z_callback alone")
+
+
+def write(interface):
+    check_callbacks(interface)
+    out = [f"// {NOTICE}", 'import { entry, max, sum, trunc } from "./arithmetic.js";', "",
+           "export const routines = ["]
+    for routine in interface.routines:
+        out.append(f'  {{ name: "{routine.name}", groups: [')
+        for shared, group in itertools.groupby(routine.arguments, lambda a: fields(a, routine)):
+            names = ", ".join(f'"{argument.name}"' for argument in group)
+            out.append(f"    {{ names: [{names}], {shared} }},")
+        out.append("  ] },")
+    return "\n".join([*out, "];", ""])
+
+
+def kept(routine):
+    """The outputs whose values before the call may be given."""
+    return [a.name for a in routine.outputs() if a.kept_when and a.direction == "out"]
+
+
+def braces(names):
+    return f"{{ {', '.join(names)} }}"
+
+
+def signature(routine):
+    given = [LANGUAGE.name(a.name) for a in routine.inputs()]
+    given += [f"{braces(kept(routine))} = {{}}"] if kept(routine) else []
+    results = braces(a.name for a in routine.outputs())
+    return f"{routine.name}({', '.join(given)})\n  -> {results}"
+
+
+def declared(argument, literals):
+    value = literals[argument.name]
+    if argument.kind == "callback":
+        value = f"(i) => [{value}][i - 1] ?? NaN"
+    elif argument.extent:
+        value = f"[{value}]"
+    return f"const {LANGUAGE.name(argument.name)} = {value};"
+
+
+def call(routine, literals, sizes):
+    before = [name for name in kept(routine) if name in literals]
+    shown = [a for a in routine.arguments if a.direction != "out" or a.name in before]
+    given = [LANGUAGE.name(a.name) for a in routine.inputs()]
+    given += [braces(re.sub(r"^(.+): \1$", r"\1", f"{name}: {LANGUAGE.name(name)}")
+                     for name in before)] if before else []
+    return "\n".join([
+        'import { load } from "kezlib";', "", "const kez = await load();",
+        *(declared(a, literals) for a in shown),
+        f"console.log(kez.{routine.name}({', '.join(given)}));", ""])

@@ -1,0 +1,121 @@
+"""The declarations of JavaScript's package, which document each routine."""
+
+import re
+import textwrap
+
+from ..languages import Language, shape, wrapped
+from . import NOTICE, javascript
+
+LANGUAGE = Language(
+    title="TypeScript", file="javascript/kezlib.d.ts", reserved=javascript.RESERVED,
+    literals=javascript.LANGUAGE.literals)
+
+HEAD = f"""\
+// {NOTICE}
+
+/** Reals or integers, whose bits are moved. */
+export type RealList = Float32Array | Float64Array;
+export type IntegerList = Int32Array | Uint32Array | Int16Array | Uint16Array | Int8Array
+  | Uint8Array | Uint8ClampedArray;
+
+/** What comes back for such lists: of plain arrays, integers if all their numbers are. */
+export type Moved<List> = List extends RealList ? Float32Array
+  : List extends IntegerList ? Int32Array : Float32Array | Int32Array;
+
+/** Makes an instance of the library, whose kept values are its own: of the bytes of kezlib.wasm,
+ * which are found beside the package if none are given. */
+export function load(bytes?: ArrayBuffer | ArrayBufferView): Promise<KezLib>;
+
+export interface KezLib {{"""
+
+LISTS = {"real": "Float32Array", "integer": "Int32Array", "word": "Moved<List>"}
+UNBROKEN = "\0"  # a blank that a line does not end at
+TYPES = {"real": "number", "integer": "number", "nothing": "void"}
+
+
+def given_type(argument):
+    if argument.kind == "callback":
+        passed = ", ".join(f"{a.name}: number" for a in argument.callback.arguments)
+        return f"({passed}) => {TYPES[argument.callback.result]}"
+    if argument.kind == "word":
+        return "List"
+    return "ArrayLike<number>" if argument.extent else "number"
+
+
+def result_type(argument):
+    if argument.extent:
+        return LISTS[argument.kind]
+    may_be_kept = argument.kept_when and argument.direction == "out"
+    return "number | undefined" if may_be_kept else "number"
+
+
+def kept_type(argument):
+    return f"{argument.name}?: {given_type(argument)}"
+
+
+def kept(routine):
+    names = javascript.kept(routine)
+    return [a for a in routine.outputs() if a.name in names]
+
+
+def braces(members):
+    return f"{{ {'; '.join(members)} }}"
+
+
+def signature(routine):
+    given = [f"{LANGUAGE.name(a.name)}: {given_type(a)}" for a in routine.inputs()]
+    given += [f"kept?: {braces(map(kept_type, kept(routine)))}"] if kept(routine) else []
+    results = braces(f"{a.name}: {result_type(a)}" for a in routine.outputs())
+    lists = any(a.kind == "word" for a in routine.arguments)
+    variable = "<List extends ArrayLike<number>>" if lists else ""
+    line = f"{routine.name}{variable}({', '.join(given)}): {results};"
+    whole = re.sub(r"(?<=[:{|]) | (?=[}|])", UNBROKEN, line)
+    lines = textwrap.wrap(whole, 96, subsequent_indent="  ", break_long_words=False,
+                          break_on_hyphens=False)
+    return "\n".join(lines).replace(UNBROKEN, " ")
+
+
+call = javascript.call
+
+
+def described(name, argument):
+    return f"{name} - {shape(argument)}: {argument.whole_text()}"
+
+
+def tag(text):
+    first, *rest = wrapped(text, "   *   ")
+    return [first.replace("*   ", "* ", 1), *rest]
+
+
+def description(routine):
+    leads_up = routine.summary.endswith(":") and not routine.details.startswith(" ")
+    paragraphs = [routine.summary + (f" {routine.details}" if leads_up else "")]
+    paragraphs += [routine.details] if routine.details and not leads_up else []
+    paragraphs += [f"Kept value: {routine.kept}"] if routine.kept else []
+    return "\n\n".join(paragraphs)
+
+
+def documentation(routine):
+    lines = ["  /**", *wrapped(description(routine), "   * "), "   *"]
+    for argument in routine.inputs():
+        lines += tag(f"@param {described(LANGUAGE.name(argument.name), argument)}")
+    if names := javascript.kept(routine):
+        lines += tag(f"@param kept - what outputs hold before the call: {', '.join(names)}; of those"
+                     " that are not given, scalars come back undefined where they are kept")
+    lines.append("   * @returns")
+    for argument in routine.outputs():
+        lines += tag(f"- {described(argument.name, argument)}")
+    return [*lines, "   */"]
+
+
+def group_comment(group):
+    return ["  /*", *wrapped(group.title, "   * "), "   *", *wrapped(group.text, "   * "), "   */", ""]
+
+
+def write(interface):
+    out, groups = [HEAD], {group.title: group for group in interface.groups}
+    for routine in interface.routines:
+        if group := groups.pop(routine.group, None):
+            out += group_comment(group)
+        out += [*documentation(routine), textwrap.indent(signature(routine), "  "), ""]
+    return "\n".join([*out[:-1], "}", ""])
