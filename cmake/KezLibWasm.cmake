@@ -18,9 +18,11 @@ set_target_properties(kezlib_wasm PROPERTIES
   SUFFIX .wasm
   RUNTIME_OUTPUT_DIRECTORY ${package}
   LINK_DEPENDS ${PROJECT_BINARY_DIR}/exports.txt)
-# Routines that sort take 110 KiB of the stack, and callbacks may nest calls.
+# Routines that sort take 110 KiB of the stack, and callbacks may nest calls. A stack that lies first
+# ends in a trap, and not in the data.
 target_link_options(kezlib_wasm PRIVATE
-  --no-entry -sSTANDALONE_WASM -sALLOW_MEMORY_GROWTH -sTOTAL_STACK=1MB -sINITIAL_MEMORY=2MB
+  --no-entry -Wl,--stack-first
+  -sSTANDALONE_WASM -sALLOW_MEMORY_GROWTH -sTOTAL_STACK=1MB -sINITIAL_MEMORY=2MB
   -sEXPORTED_FUNCTIONS=@${PROJECT_BINARY_DIR}/exports.txt)
 
 # The rest of the package stands beside it.

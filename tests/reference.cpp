@@ -4,6 +4,8 @@
 //   reference write LIBRARY LIST ROWS...   writes the list: when routines or rows have changed
 //   reference dump LIBRARY FILE            calls of the routines that are approximate, for
 //                                          compare_dumps.py
+//   reference calls FILE [ROWS...]         the arguments of the calls that are hashed, seeded or
+//                                          rows, for a build that no program here can load
 #include <algorithm>
 #include <cstdint>
 #include <fstream>
@@ -13,6 +15,7 @@
 #include <sstream>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "hostile.h"
@@ -75,16 +78,27 @@ class Hash {
 
 constexpr std::size_t calls_each = 3000;
 
+Values drawn_values(const Routine& routine, std::size_t number) {
+  Choices choices = choices_for(routine, number);
+  return draw_values(routine, choices, number % 4 == 0 ? Mood::ordinary : Mood::hostile);
+}
+
 // A kept value is part of the sequence, and so each sequence begins with a fresh load.
 Hash hash_of_calls(const std::string& library_path, const Routine& routine) {
   const Library library(library_path);
   Hash hash;
-  for (std::size_t number = 0; number < calls_each; ++number) {
-    Choices choices = choices_for(routine, number);
-    const Mood mood = number % 4 == 0 ? Mood::ordinary : Mood::hostile;
-    hash.add(results(called(library, routine, draw_values(routine, choices, mood))));
-  }
+  for (std::size_t number = 0; number < calls_each; ++number)
+    hash.add(results(called(library, routine, drawn_values(routine, number))));
   return hash;
+}
+
+std::vector<Row> read_rows(const std::string& file) {
+  std::ifstream stream(file);
+  if (!stream) throw std::runtime_error("cannot read " + file);
+  std::vector<Row> rows;
+  for (std::string line; std::getline(stream, line);)
+    if (auto row = parse_row(line)) rows.push_back(std::move(*row));
+  return rows;
 }
 
 std::map<const Routine*, Hash> hashes_of_rows(const std::string& library_path,
@@ -92,11 +106,8 @@ std::map<const Routine*, Hash> hashes_of_rows(const std::string& library_path,
   std::map<const Routine*, Hash> hashes;
   for (const std::string& file : files) {
     const Library library(library_path);
-    std::ifstream stream(file);
-    if (!stream) throw std::runtime_error("cannot read " + file);
-    for (std::string line; std::getline(stream, line);)
-      if (const auto row = parse_row(line))
-        hashes[row->routine].add(results(called(library, *row->routine, row->given)));
+    for (const Row& row : read_rows(file))
+      hashes[row.routine].add(results(called(library, *row.routine, row.given)));
   }
   return hashes;
 }
@@ -178,6 +189,54 @@ bool dump(const std::string& library_path, const std::string& file) {
   return true;
 }
 
+// 32-bit words: of a call the routine's place in the header, and argument by argument the number of
+// entries and the entries. Where the library is loaded afresh stands a place that there is none of.
+class CallFile {
+ public:
+  explicit CallFile(const std::string& file) : file_(file), stream_(file, std::ios::binary) {}
+
+  void add_load() { put(~Word{0}); }
+
+  void add(const Routine& routine, const Values& values) {
+    const Arguments arguments(routine, values);
+    put(static_cast<Word>(&routine - routines.data()));
+    for (std::size_t i = 0; i < routine.arguments.size(); ++i) {
+      put(static_cast<Word>(arguments.values(i).size()));
+      for (const Word word : arguments.values(i)) put(word);
+    }
+  }
+
+  void finish() {
+    if (!stream_.flush()) throw std::runtime_error("cannot write " + file_);
+  }
+
+ private:
+  void put(Word word) { stream_.write(reinterpret_cast<const char*>(&word), sizeof word); }
+
+  std::string file_;
+  std::ofstream stream_;
+};
+
+void write_seeded(CallFile& calls) {
+  for (const Routine& routine : routines) {
+    if (is_approximate(routine)) continue;
+    calls.add_load();
+    for (std::size_t number = 0; number < calls_each; ++number)
+      calls.add(routine, drawn_values(routine, number));
+  }
+}
+
+bool write_calls(const std::string& file, const std::vector<std::string>& row_files) {
+  CallFile calls(file);
+  if (row_files.empty()) write_seeded(calls);
+  for (const std::string& rows : row_files) {
+    calls.add_load();
+    for (const Row& row : read_rows(rows)) calls.add(*row.routine, row.given);
+  }
+  calls.finish();
+  return true;
+}
+
 bool run(const std::vector<std::string>& words) {
   const std::string command = words.empty() ? "" : words[0];
   check_names();
@@ -186,7 +245,10 @@ bool run(const std::vector<std::string>& words) {
   if (words.size() > 3 && command == "write")
     return write(words[1], words[2], {words.begin() + 3, words.end()});
   if (words.size() == 3 && command == "dump") return dump(words[1], words[2]);
-  throw std::runtime_error("wants check|write LIBRARY LIST ROWS... or dump LIBRARY FILE");
+  if (words.size() > 1 && command == "calls")
+    return write_calls(words[1], {words.begin() + 2, words.end()});
+  throw std::runtime_error(
+      "wants check|write LIBRARY LIST ROWS..., dump LIBRARY FILE or calls FILE [ROWS...]");
 }
 
 }  // namespace

@@ -9,7 +9,7 @@
 
 // The host's routine that the present call was given, in the package's call.js.
 __attribute__((import_module("host"), import_name("z_callback"))) float z_callback(
-    const int32_t *i);
+    const int32_t* i);
 
 // What is passed for it.
 __attribute__((export_name("z_callback"))) kez_z_callback z_callback_address(void) {
@@ -23,13 +23,13 @@ void emscripten_notify_memory_growth(size_t index) {
 
 // No file can be opened, so that the report of kezcin goes nowhere, and nothing else is imported
 // for it.
-int open(const char *path, int flags, ...) {
+int open(const char* path, int flags, ...) {
   (void)path, (void)flags;
   errno = ENOENT;
   return -1;
 }
 
-ssize_t write(int file, const void *bytes, size_t size) {
+ssize_t write(int file, const void* bytes, size_t size) {
   (void)file, (void)bytes, (void)size;
   errno = EBADF;
   return -1;

@@ -89,16 +89,16 @@ def signature(routine):
     return f"{routine.name}({', '.join(given)})\n  -> {results}"
 
 
-def declared(argument, literals):
+def declared(argument, literals, index):
     value = literals[argument.name]
     if argument.kind == "callback":
-        value = f"(i) => [{value}][i - 1] ?? NaN"
+        value = f"({index}) => [{value}][i - 1] ?? NaN"
     elif argument.extent:
         value = f"[{value}]"
     return f"const {LANGUAGE.name(argument.name)} = {value};"
 
 
-def call(routine, literals, sizes):
+def call(routine, literals, sizes, index="i"):
     before = [name for name in kept(routine) if name in literals]
     shown = [a for a in routine.arguments if a.direction != "out" or a.name in before]
     given = [LANGUAGE.name(a.name) for a in routine.inputs()]
@@ -106,5 +106,5 @@ def call(routine, literals, sizes):
                      for name in before)] if before else []
     return "\n".join([
         'import { load } from "kezlib";', "", "const kez = await load();",
-        *(declared(a, literals) for a in shown),
+        *(declared(a, literals, index) for a in shown),
         f"console.log(kez.{routine.name}({', '.join(given)}));", ""])

@@ -75,7 +75,8 @@ def signature(routine):
     return "\n".join(lines).replace(UNBROKEN, " ")
 
 
-call = javascript.call
+def call(routine, literals, sizes):
+    return javascript.call(routine, literals, sizes, index="i: number")
 
 
 def described(name, argument):
@@ -100,8 +101,8 @@ def documentation(routine):
     for argument in routine.inputs():
         lines += tag(f"@param {described(LANGUAGE.name(argument.name), argument)}")
     if names := javascript.kept(routine):
-        lines += tag(f"@param kept - what outputs hold before the call: {', '.join(names)}; of those"
-                     " that are not given, scalars come back undefined where they are kept")
+        lines += tag(f"@param kept - what outputs hold before the call: {', '.join(names)}; of"
+                     " those that are not given, scalars come back undefined where they are kept")
     lines.append("   * @returns")
     for argument in routine.outputs():
         lines += tag(f"- {described(argument.name, argument)}")
@@ -109,7 +110,8 @@ def documentation(routine):
 
 
 def group_comment(group):
-    return ["  /*", *wrapped(group.title, "   * "), "   *", *wrapped(group.text, "   * "), "   */", ""]
+    lines = wrapped(f"{group.title}\n\n{group.text}", "   * ")
+    return ["  /*", *lines, "   */", ""]
 
 
 def write(interface):
