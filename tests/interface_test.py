@@ -9,7 +9,7 @@ import unittest
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "tools"))
 import interface  # noqa: E402
 from interface import arithmetic, rows  # noqa: E402
-from interface.writers import call_table, module_definition, routine_list  # noqa: E402
+from interface.writers import call_table, javascript, module_definition, routine_list  # noqa: E402
 
 INTERFACE = interface.read()
 HEADER = INTERFACE.routines
@@ -184,6 +184,9 @@ class Form(unittest.TestCase):
             parse(text)
             with self.subTest(text), self.assertRaisesRegex(interface.FormError, "kezcall knows"):
                 table(text)
+        with self.assertRaises(interface.FormError):
+            javascript.write(parse(good))
+        javascript.write(parse(good.replace("kez_f", "kez_z_callback")))
 
     def test_error_names_the_line(self):
         with self.assertRaisesRegex(interface.FormError, "line 17: kezsum: .*by reference"):

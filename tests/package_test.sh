@@ -50,6 +50,9 @@ diff expected found >&2 || fail "the installed files differ from the expected on
 # The bindings are what is generated and what is written by hand, one in the other's folders.
 mkdir expected_bindings
 cp -r "$source/bindings/." "$build/bindings/." expected_bindings
+if [ -e "$source/build/wasm/package" ]; then
+    cp -r "$source/build/wasm/package/." expected_bindings/javascript
+fi
 diff -r expected_bindings "$prefix/$bindings" >&2 || fail "the installed bindings differ as shown"
 cmp "$source/include/kezlib.h" "$prefix/include/kezlib.h" || fail "the installed header is another"
 

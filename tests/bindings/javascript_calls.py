@@ -13,47 +13,29 @@ import math
 import pathlib
 import sys
 
-sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent.parent / "tools"))
-import interface  # noqa: E402
-from interface import arithmetic, conditions, rows  # noqa: E402
-from interface.writers import javascript, typescript  # noqa: E402
+from row_values import extent, integers, word  # finds the next ones
+import interface
+from interface import arithmetic, conditions, rows
+from interface.writers import javascript, typescript
 
 UNWRITTEN = {"real": 0x7FE5A5A5, "integer": 0x80000000}
 GIVEN_TO_KEEP = {"real": rows.single_bits(-77.25), "integer": -77 & 0xFFFFFFFF}
 
 
-def signed(word):
-    return word - (word >> 31 << 32)
-
-
 def words(row, name):
-    return [rows.word(literal, row.kinds[name]) for literal in row.given[name]]
-
-
-def integers(row):
-    """Those that are given, as extents take them."""
-    found = {}
-    for argument in row.routine.inputs():
-        if argument.kind == "integer":
-            values = [signed(word) for word in words(row, argument.name)]
-            found[argument.name] = values if argument.extent else values[0]
-    return found
-
-
-def extent(row, argument):
-    return max(arithmetic.evaluate(argument.extent, integers(row)), 0) if argument.extent else 1
+    return [word(literal, row.kinds[name]) for literal in row.given[name]]
 
 
 def kept(row):
     """What the outputs that may be kept hold, where the host says so."""
     names = javascript.kept(row.routine)
-    return {a.name: [GIVEN_TO_KEEP[row.kinds[a.name]]] * extent(row, a)
+    return {a.name: [GIVEN_TO_KEEP[row.kinds[a.name]]] * extent(a, row)
             for a in row.routine.outputs() if a.name in names}
 
 
 def texts(row, language):
-    literals = {a.name: language.joint.join(language.of(literal, row.kinds[a.name])
-                                            for literal in row.given[a.name])
+    literals = {a.name: language.joint.join(language.of(f"0x{bits:08x}", row.kinds[a.name])
+                                            for bits in words(row, a.name))
                 for a in row.routine.inputs()}
     return literals, {name: str(len(given)) for name, given in row.given.items()}
 
@@ -87,8 +69,8 @@ def comparable(found, kind):
     """The words of a result in the row's kind: plain whole numbers come back as integers."""
     if found["kind"] == kind:
         return found["words"]
-    return [word if word is None else rows.single_bits(float(signed(word)))
-            for word in found["words"]]
+    return [bits if bits is None else rows.single_bits(float(arithmetic.signed(bits)))
+            for bits in found["words"]]
 
 
 def wanted_length(row, argument, results, way):
@@ -97,13 +79,13 @@ def wanted_length(row, argument, results, way):
         return len(row.given[argument.name])
     expression = conditions.behind(argument.kept_when)
     if not expression or way == "plain":
-        return extent(row, argument)
+        return extent(argument, row)
     after = integers(row)
     for output in row.routine.outputs():
         if output.kind == "integer":
-            values = [signed(word or 0) for word in results[output.name]["words"]]
+            values = [arithmetic.signed(bits or 0) for bits in results[output.name]["words"]]
             after[output.name] = values if output.extent else values[0]
-    return min(max(arithmetic.evaluate(expression, after), 0), extent(row, argument))
+    return min(max(arithmetic.evaluate(expression, after), 0), extent(argument, row))
 
 
 def before(row, argument, way):
@@ -112,13 +94,19 @@ def before(row, argument, way):
     if argument.direction == "in,out":
         return words(row, argument.name)
     if way == "plain" and argument.name in javascript.kept(row.routine):
-        return [GIVEN_TO_KEEP[kind]] * extent(row, argument)
-    return [UNWRITTEN[kind] if argument.extent else None] * extent(row, argument)
+        return [GIVEN_TO_KEEP[kind]] * extent(argument, row)
+    return [UNWRITTEN[kind] if argument.extent else None] * extent(argument, row)
 
 
-def is_nan(word, kind):
+def is_nan(bits, kind):
     """Whose bits numbers of JavaScript need not carry."""
-    return kind == "real" and word is not None and math.isnan(rows.single(word))
+    return kind == "real" and bits is not None and math.isnan(rows.single(bits))
+
+
+def meets(bits, held, literal, kind, by_bits):
+    if literal == ".":
+        return bits == held or (not by_bits and is_nan(bits, kind) and is_nan(held, kind))
+    return bits is not None and rows.meets(bits, held, literal, kind)
 
 
 def faults(row, results, way):
@@ -132,15 +120,11 @@ def faults(row, results, way):
         wanted = row.wanted[argument.name] + ["."] * (length - len(row.wanted[argument.name]))
         if any(literal != "." for literal in wanted[length:]):
             yield f"{argument.name} ends before what is wanted"
-        for position, (word, held, literal) in enumerate(zip(got, before(row, argument, way),
-                                                             wanted), 1):
-            if literal == ".":
-                by_bits = way == "typed" and argument.extent
-                well = word == held or (not by_bits and is_nan(word, kind) and is_nan(held, kind))
-            else:
-                well = word is not None and rows.meets(word, held, literal, kind)
-            if not well:
-                yield f"{argument.name}({position}) is {word}, wanted {literal}"
+        by_bits = way == "typed" and argument.extent
+        entries = zip(got, before(row, argument, way), wanted)
+        for position, (bits, held, literal) in enumerate(entries, 1):
+            if not meets(bits, held, literal, kind, by_bits):
+                yield f"{argument.name}({position}) is {bits}, wanted {literal}"
 
 
 def check(all_rows, results):
