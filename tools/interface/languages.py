@@ -68,3 +68,15 @@ def wrapped(text, prefix, width=100):
                   textwrap.wrap(" ".join(paragraph.split()), width - len(prefix),
                                 break_long_words=False, break_on_hyphens=False))
     return [(prefix + line).rstrip() for line in lines]
+
+
+def forms(routine):
+    """The kinds of its raw words: a declaration for each; one of none where it has no words."""
+    return ["integer", "real"] if any(a.kind == "word" for a in routine.arguments) else [None]
+
+
+def form_of(routine, literals, language):
+    """The kind of a call's raw words, by the texts of what they hold."""
+    marks = (".", language.literals.not_a_number, language.literals.infinity)
+    texts = [literals.get(a.name, "") for a in routine.arguments if a.kind == "word"]
+    return "real" if any(mark in text for text in texts for mark in marks) else "integer"

@@ -1,0 +1,77 @@
+"""fortran_calls.py PROGRAM.F90: writes a program that makes the worked calls through the module.
+fortran_calls.py --check OUTPUT: compares what it printed."""
+
+import worked_calls
+from interface.writers import fortran
+
+REPORT = """\
+  write (*, "(i0)", advance="no") {}
+{}
+  print *"""
+ANSWER = 'write (*, "(*(1x, z8.8))", advance="no") transfer({}, [0])'
+TYPES = {"real": "real(c_float)", "integer": "integer(c_int32_t)"}
+
+
+def literal(text, kind):
+    bits = worked_calls.bits_before(text, kind)
+    if kind == "integer":  # the least one has no literal
+        return "transfer(-0.0, 0)" if bits == 1 << 31 else f"{worked_calls.signed(bits)}"
+    if text == "." or text[:2] == "0x" or "n" in text:
+        return f"transfer({worked_calls.signed(bits)}, 0.0)"
+    return fortran.LANGUAGE.literals.of(text, kind)
+
+
+def calling(number, row):
+    routine, held = row.routine, worked_calls.held(row)
+    form = next((row.kinds[a.name] for a in routine.arguments if a.kind == "word"), None)
+    literals = {name: fortran.LANGUAGE.literals.joint.join(
+        literal(text, row.kinds[name]) for text in texts) for name, texts in held.items()}
+    sizes = {name: len(texts) for name, texts in held.items()}
+    answers = [ANSWER.format(name) for name in row.wanted]
+    lines = [*fortran.variables(routine, form, sizes),
+             *fortran.settings(routine, form, literals), *fortran.invocation(routine),
+             REPORT.format(number, "\n".join(answers))]
+    directives = ["#ifdef _WIN32", "!GCC$ ATTRIBUTES STDCALL :: {}", "#endif"]
+    return "\n".join([f"subroutine row{number}()", "use kezlib", "implicit none", "save", *lines,
+                      *fortran.callbacks(routine, directives), f"end subroutine row{number}"])
+
+
+def dummy(argument, family):
+    used = worked_calls.use(argument.name, family)
+    bounds, name = argument.extent, argument.name
+    if argument.callback:
+        return f"procedure({argument.callback.name}) :: {name}"
+    if bounds in ("", "1"):
+        bounds = ""
+    elif not bounds.isdigit():  # entries behind those that are written are the caller's
+        bounds, used = "*", used if used == "in" else "in,out"
+    return (f"{TYPES[family[0].kinds[name]]}, intent({used.replace(',', '')}) :: {name}"
+            + (f"({bounds})" if bounds else ""))
+
+
+def use(name, family):
+    """A routine's interface as its rows use it, and an assignment that lets no other pass."""
+    arguments = family[0].routine.arguments
+    names = ", ".join(argument.name for argument in arguments)
+    return "\n".join([
+        f"subroutine use_{name}()", "use kezlib", "implicit none", "abstract interface",
+        *fortran.statement(f"subroutine used_{name}({names}) bind(c)"), "import",
+        *(dummy(argument, family) for argument in arguments), f"end subroutine used_{name}",
+        "end interface", f"procedure(used_{name}), pointer :: with_{name}",
+        f"with_{name} => {name}", f"if (.not. associated(with_{name})) stop 1",
+        f"end subroutine use_{name}"])
+
+
+def write():
+    families = worked_calls.families()
+    names = [*(f"use_{name}" for name in families),
+             *(f"row{number}" for number in range(len(worked_calls.ROWS)))]
+    return "\n".join([
+        *(use(*family) for family in families.items()),
+        *(calling(number, row) for number, row in enumerate(worked_calls.ROWS)),
+        "program calls", "implicit none", *(f"call {name}()" for name in names),
+        "end program calls"]) + "\n"
+
+
+if __name__ == "__main__":
+    worked_calls.main(write)

@@ -1,0 +1,100 @@
+"""What the proofs of compiled bindings share: a program in the language makes every worked call of
+tests/cases through the binding and prints the bits of its results; they are compared here.
+
+Of a call it prints one line: its number, then the bits of every output, 8 hexadecimal digits each.
+"""
+
+import pathlib
+import sys
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
+sys.path.insert(0, str(ROOT / "tools"))
+import interface  # noqa: E402
+from interface import arithmetic, rows  # noqa: E402
+
+# In place of the rows' own: a signalling not-a-number changes on its way through the x87.
+POISON = 0x7FE5A5A5
+
+INTERFACE = interface.read()
+ROWS = list(rows.read_rows(INTERFACE))
+
+
+def integers(row):
+    """The values of those that are read."""
+    for argument in row.routine.inputs():
+        if argument.kind == "integer":
+            values = [signed(bits_before(text, "integer")) for text in row.given[argument.name]]
+            yield argument.name, values if argument.extent else values[0]
+
+
+def whole(row, literals):
+    """The literals of each argument, with poison for the entries that a row leaves out."""
+    known = dict(integers(row))
+    counts = {a.name: arithmetic.evaluate(a.extent, known) if a.extent else 1
+              for a in row.routine.arguments}
+    return {name: texts + ["."] * (counts[name] - len(texts)) for name, texts in literals.items()}
+
+
+def held(row):
+    """By argument what it holds before the call: outputs hold poison."""
+    return whole(row, dict.fromkeys(row.wanted, []) | row.given)
+
+
+def bits_before(literal, kind):
+    return POISON if literal == "." else rows.word(literal, kind)
+
+
+def signed(bits):
+    return bits - (bits >> 31 << 32)
+
+
+def families():
+    """The rows of each routine, or of each kind of words of one, by the declaration's name."""
+    found = {}
+    for row in ROWS:
+        kind = next((row.kinds[a.name] for a in row.routine.arguments if a.kind == "word"), "")
+        found.setdefault("_".join(filter(None, [row.routine.name, kind])), []).append(row)
+    return found
+
+
+def use(name, family):
+    """How rows use an argument, whatever its declaration says: a result that one of them finds
+    untouched goes in too."""
+    if all(name not in row.wanted for row in family):
+        return "in"
+    untouched = any("." in whole(row, row.wanted)[name] for row in family)
+    return "in,out" if untouched or any(name in row.given for row in family) else "out"
+
+
+def faults(row, words):
+    """What a row's results are and should not be."""
+    before, results = held(row), iter(words)
+    for name, wanted in whole(row, row.wanted).items():
+        for given, literal in zip(before[name], wanted):
+            bits, kind = next(results, None), row.kinds[name]
+            if bits is None or not rows.meets(bits, bits_before(given, kind), literal, kind):
+                got = "nothing" if bits is None else f"{bits:08x}"
+                yield f"{row.place}: {row.routine.name} {name}: {got} instead of {literal}"
+    if next(results, None) is not None:
+        yield f"{row.place}: {row.routine.name}: more results than wanted"
+
+
+def check(lines):
+    """Ends the program with what is wrong, or says how many calls passed."""
+    results = {int(number): [int(word, 16) for word in words]
+               for number, *words in map(str.split, lines)}
+    found = [fault for number, row in enumerate(ROWS)
+             for fault in faults(row, results.get(number, []))]
+    routines = {row.routine.name for row in ROWS} ^ {r.name for r in INTERFACE.routines}
+    found += [f"{name} has no row" for name in routines]
+    if found:
+        sys.exit("\n".join(found[:20] + [f"{len(found)} wrong"]))
+    print(f"{len(ROWS)} calls of {len(INTERFACE.routines)} routines passed")
+
+
+def main(write):
+    """PROGRAM: writes the source of the proof. With --check: reads its output."""
+    if sys.argv[1] == "--check":
+        check(pathlib.Path(sys.argv[2]).read_text().splitlines())
+    else:
+        pathlib.Path(sys.argv[1]).write_text(write())

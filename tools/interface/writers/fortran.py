@@ -1,0 +1,199 @@
+"""The Fortran module: interfaces of the routines, and of the routine that a host is called by."""
+
+import itertools
+import textwrap
+
+from ..languages import Language, Literals, form_of, forms, wrapped
+from . import NOTICE
+
+# Each entry has a line of its own: a line ends at column 132, wherever the literals come from.
+LANGUAGE = Language("Fortran", "fortran/kezlib.F90", knows_case=False, literals=Literals(
+    not_a_number="ieee_value(1.0, ieee_quiet_nan)", infinity="ieee_value(1.0, ieee_positive_inf)",
+    joint=", &\n    "))
+KINDS = {"real": "real(c_float)", "integer": "integer(c_int32_t)"}
+DEFAULT_KINDS = {"real": "real", "integer": "integer"}
+
+# gfortran says nothing of the system in its macros, and a guess would corrupt the stack.
+TOP = """\
+#if defined(_WIN32)
+#if !defined(_WIN64) && (!defined(__SIZEOF_POINTER__) || __SIZEOF_POINTER__ == 4)
+#define KEZ_STANDARD_CALL
+#endif
+#elif defined(__SIZEOF_POINTER__) && !defined(__unix__)
+#if __SIZEOF_POINTER__ == 4
+#error "32 bits: compile with -D_WIN32 for Windows, or with -D__unix__ for another system"
+#endif
+#endif
+
+!> KezLib: single-precision numeric routines for programs that design steel structures.
+!>
+!> {}
+module kezlib
+  use, intrinsic :: iso_c_binding, only: c_float, c_int32_t
+  implicit none
+  public
+"""
+
+
+def indented(lines, depth):
+    """What is the preprocessor's stays in the first column."""
+    return ["" if not line else line if line[0] == "#" else " " * depth + line for line in lines]
+
+
+def statement(text):
+    """Its lines, broken behind commas."""
+    lines = textwrap.wrap(text, 86, subsequent_indent="    ", break_long_words=False,
+                          break_on_hyphens=False)
+    return [line + " &" for line in lines[:-1]] + lines[-1:]
+
+
+def conventions(name):
+    return ["#ifdef KEZ_STANDARD_CALL", f"!GCC$ ATTRIBUTES STDCALL :: {name}",
+            f"!DIR$ ATTRIBUTES STDCALL :: {name}", "#endif"]
+
+
+def has_entries(argument):
+    """Whether it is an array here: a list that always has one entry is a scalar."""
+    return argument.extent not in ("", "1")
+
+
+def intent(argument):
+    """What is behind the extent of an array, or is kept, belongs to the caller: a compiler may
+    forget it before a call that it believes to write everything."""
+    if argument.direction == "in":
+        return "in"
+    open_ended = has_entries(argument) and not argument.extent.isdigit()
+    return "inout" if argument.direction == "in,out" or argument.kept_when or open_ended else "out"
+
+
+def declared(argument, form):
+    if argument.callback:
+        return f"procedure({argument.callback.name})"
+    kind = KINDS[form if argument.kind == "word" else argument.kind]
+    return f"{kind}, intent({intent(argument)})"
+
+
+def dummy(argument):
+    bounds = argument.extent if argument.extent.isdigit() else "*"
+    return argument.name + (f"({bounds})" if has_entries(argument) and not argument.callback else "")
+
+
+def declarations(routine, form, documented=True):
+    """Neighbours that are alike share a declaration."""
+    def alike(argument):
+        text = (argument.extent, argument.whole_text()) if documented else ()
+        return declared(argument, form), *text
+
+    for (declaration, *text), members in itertools.groupby(routine.arguments, alike):
+        members = list(members)
+        if documented:
+            extent, text = text
+            entries = f" [{extent}]" if extent else ""
+            yield from wrapped(f"{members[0].direction}{entries}: {text}", "!> ", 92)
+        yield from statement(f"{declaration} :: {', '.join(map(dummy, members))}")
+
+
+def head(routine, name, binding=""):
+    names = ", ".join(argument.name for argument in routine.arguments)
+    return statement(f"subroutine {name}({names}){binding}")
+
+
+def body(routine, form):
+    name = f"{routine.name}_{form}" if form else routine.name
+    return [*head(routine, name, f' bind(c, name="{routine.name}")'),
+            *indented(["import", *conventions(name), *declarations(routine, form)], 2),
+            f"end subroutine {name}"]
+
+
+def text_of(routine):
+    kept = f"Kept value: {routine.kept}" if routine.kept else ""
+    return "\n\n".join(filter(None, [routine.summary, routine.details, kept]))
+
+
+def interface_of(routine):
+    specifics = [line for form in forms(routine) for line in body(routine, form)]
+    generic = f" {routine.name}" if forms(routine) != [None] else ""
+    return ["", *wrapped(text_of(routine), "!> ", 98), f"interface{generic}",
+            *indented(specifics, 2), f"end interface{generic}"]
+
+
+def function(callback, name, statements=(), directives=()):
+    """A host's routine, or with no statements what it is to look like."""
+    names = ", ".join(argument.name for argument in callback.arguments)
+    dummies = [f"{KINDS[a.kind]}, intent({'in' if a.constant else 'inout'}) :: {a.name}"
+               for a in callback.arguments]
+    return [f"function {name}({names}) bind(c) result(value)",
+            *indented([*directives, *dummies, f"{KINDS[callback.result]} :: value", *statements],
+                      2), f"end function {name}"]
+
+
+def abstract(callback):
+    directives = ["import", *conventions(callback.name)]
+    return ["", *wrapped(callback.text, "!> ", 98), "abstract interface",
+            *indented(function(callback, callback.name, directives=directives), 2),
+            "end interface"]
+
+
+def write(interface):
+    lines = [line for callback in interface.callbacks for line in abstract(callback)]
+    for group in interface.groups:
+        lines += ["", *wrapped(f"{group.title}\n\n{group.text}", "! ", 98)]
+        lines += [line for routine in interface.routines if routine.group == group.title
+                  for line in interface_of(routine)]
+    return "\n".join([TOP.format(NOTICE), *indented(lines[1:], 2), "", "end module kezlib"]) + "\n"
+
+
+def signature(routine):
+    return "\n\n".join("\n".join([
+        *head(routine, routine.name), *indented(declarations(routine, form, documented=False), 2),
+        f"end subroutine {routine.name}"]) for form in forms(routine))
+
+
+def values_name(argument):
+    return f"values_of_{argument.name}" if argument.callback else argument.name
+
+
+def variables(routine, form, sizes):
+    for argument in routine.arguments:
+        kind = "real" if argument.callback else form if argument.kind == "word" else argument.kind
+        bounds = f"({sizes[argument.name]})" if has_entries(argument) else ""
+        yield f"{DEFAULT_KINDS[kind]} :: {values_name(argument)}{bounds}"
+
+
+def settings(routine, form, literals):
+    for argument in routine.arguments:
+        if argument.name in literals:
+            value = literals[argument.name]
+            kind = form if argument.kind == "word" else argument.kind
+            typed = DEFAULT_KINDS.get(kind, "real")
+            yield (f"{values_name(argument)} = "
+                   + (f"[{typed} :: {value}]" if has_entries(argument) else value))
+        elif argument.kept_when:
+            yield f"{argument.name} = 0"
+
+
+def invocation(routine):
+    names = ", ".join(argument.name for argument in routine.arguments)
+    return statement(f"call {routine.name}({names})")
+
+
+def callbacks(routine, directives=()):
+    lines = [line for argument in routine.arguments if argument.callback
+             for line in function(
+                 argument.callback, argument.name,
+                 [f"value = {values_name(argument)}({argument.callback.arguments[0].name})"],
+                 [directive.format(argument.name) for directive in directives])]
+    return ["contains", *indented(lines, 2)] if lines else []
+
+
+def call(routine, literals, sizes):
+    form = form_of(routine, literals, LANGUAGE)
+    kept = ["save"] if any(a.callback for a in routine.arguments) else []
+    printed = [f'print *, "{a.name} =", {a.name}' for a in routine.outputs()]
+    for_windows = "  ! For 32-bit Windows here: !GCC$ ATTRIBUTES STDCALL :: {}"
+    return "\n".join([
+        "program worked_call", *indented([
+            "use, intrinsic :: ieee_arithmetic", "use kezlib", "implicit none", *kept,
+            *variables(routine, form, sizes), *settings(routine, form, literals),
+            *invocation(routine), *printed], 2),
+        *callbacks(routine, [for_windows]), "end program worked_call"]) + "\n"

@@ -1,0 +1,181 @@
+"""The unit for Free Pascal and Delphi."""
+
+import itertools
+import textwrap
+from xml.sax.saxutils import escape
+
+from ..languages import Language, Literals, form_of, forms, wrapped
+from . import NOTICE
+
+RESERVED = frozenset("""
+    absolute and array as asm begin case class const constref constructor destructor dispinterface
+    div do downto else end except exports external false file finalization finally for function
+    goto if implementation in inherited initialization inline interface is label library mod nil
+    not object of on operator or out packed procedure program property raise record repeat
+    resourcestring self set shl shr string then threadvar to true try type unit until uses var
+    while with xor""".split())
+LANGUAGE = Language("Pascal", "pascal/kezlib.pas", RESERVED, knows_case=False, literals=Literals(
+    not_a_number="NaN", infinity="Infinity"))
+KINDS = {"real": "Single", "integer": "Integer"}
+
+# A unit's Integer has 16 bits in Free Pascal's own mode, whatever that of the program.
+TOP = """\
+// KezLib: single-precision numeric routines for programs that design steel structures.
+//
+// {}
+unit KezLib;
+
+{{$IFDEF FPC}}{{$MODE OBJFPC}}{{$ENDIF}}
+
+interface
+
+const
+  KezLibrary = {{$IFDEF MSWINDOWS}}'KezLib.dll'{{$ELSE}}'libKezLib.so.1'{{$ENDIF}};
+"""
+GLUE = "\N{NO-BREAK SPACE}"
+BY_REFERENCE = {"FPC": "constref", "Delphi": "const [Ref]"}
+
+
+def passed(argument, compiler):
+    if argument.direction == "in":
+        return "" if argument.callback else f"{BY_REFERENCE[compiler]} "
+    return "out " if argument.direction == "out" and not argument.kept_when else "var "
+
+
+def type_of(argument, form):
+    if argument.callback:
+        return argument.callback.name
+    return KINDS[form if argument.kind == "word" else argument.kind]
+
+
+def parameters(routine, form, compiler):
+    """Neighbours that are alike share a type."""
+    def alike(argument):
+        return passed(argument, compiler), type_of(argument, form), bool(argument.extent)
+
+    groups = itertools.groupby(routine.arguments, alike)
+    return "; ".join(
+        f"{how.replace(' ', GLUE)}{', '.join(LANGUAGE.name(m.name) for m in members)}:{GLUE}{kind}"
+        for (how, kind, _), members in groups)
+
+
+def statement(text):
+    lines = textwrap.wrap(text, 100, subsequent_indent="  ", break_long_words=False,
+                          break_on_hyphens=False)
+    return [line.replace(GLUE, " ") for line in lines]
+
+
+def head(routine, form, compiler):
+    return statement(f"procedure {routine.name}({parameters(routine, form, compiler)});")
+
+
+def element(opening, text):
+    closing = f"</{opening.split()[0]}>"
+    return wrapped(f"<{opening}>{escape(text)}{closing}", "/// ")
+
+
+def document(routine):
+    yield from element("summary", routine.summary)
+    kept = f"Kept value: {routine.kept}" if routine.kept else ""
+    if remarks := "\n\n".join(filter(None, [routine.details, kept])):
+        # Between the marks a sketch or a table stands as it does in the header.
+        yield from ["/// <remarks>", *wrapped(escape(remarks), "/// "), "/// </remarks>"]
+    for argument in routine.arguments:
+        entries = f" [{argument.extent}]" if argument.extent else ""
+        yield from element(f'param name="{LANGUAGE.name(argument.name)}"',
+                           f"{argument.direction}{entries}: {argument.whole_text()}")
+
+
+def declaration(routine):
+    overload = "overload; " if forms(routine) != [None] else ""
+    lines = ["", *document(routine)]
+    for form in forms(routine):
+        lines += ["{$IFDEF FPC}", *head(routine, form, "FPC"), "{$ELSE}",
+                  *head(routine, form, "Delphi"), "{$ENDIF}",
+                  f"  {overload}winapi; external KezLibrary name '{routine.name}';"]
+    return lines
+
+
+def callback_head(callback, compiler, name=""):
+    """Of the type, or with a name of a host's function."""
+    arguments = "; ".join(f"{BY_REFERENCE[compiler] if a.constant else 'var'} {a.name}:"
+                          f" {KINDS[a.kind]}" for a in callback.arguments)
+    return f"function{name}({arguments}): {KINDS[callback.result]};"
+
+
+def callback_type(callback):
+    return ["", *element("summary", callback.text), "type", f"  {callback.name} =",
+            f"    {{$IFDEF FPC}}{callback_head(callback, 'FPC')}",
+            f"    {{$ELSE}}{callback_head(callback, 'Delphi')}{{$ENDIF}} winapi;"]
+
+
+def write(interface):
+    lines = [line for callback in interface.callbacks for line in callback_type(callback)]
+    for group in interface.groups:
+        lines += ["", *wrapped(f"{group.title}\n\n{group.text}", "// ")]
+        lines += [line for routine in interface.routines if routine.group == group.title
+                  for line in declaration(routine)]
+    return "\n".join([TOP.format(NOTICE), *lines[1:], "", "implementation", "", "end."]) + "\n"
+
+
+def signature(routine):
+    return "\n".join(line for form in forms(routine) for line in head(routine, form, "FPC"))
+
+
+def variable(argument):
+    return f"{argument.name}Values" if argument.callback else LANGUAGE.name(argument.name)
+
+
+def variables(routine, form, sizes):
+    for argument in routine.arguments:
+        kind = "Single" if argument.callback else type_of(argument, form)
+        array = "array of " if argument.name in sizes and argument.extent else ""
+        yield f"{variable(argument)}: {array}{kind};"
+
+
+def settings(routine, literals, sizes):
+    """An array gets one entry at least: the first is what is passed."""
+    for argument in routine.arguments:
+        name, value = variable(argument), literals.get(argument.name)
+        if argument.extent:
+            yield f"{name} := [{value}];" if value else f"{name} := nil;"
+            yield f"SetLength({name}, Max(1, {sizes[argument.name]}));"
+        elif value or argument.kept_when:
+            yield f"{name} := {value or 0};"
+
+
+def invocation(routine):
+    actual = (f"@{a.name}" if a.callback else variable(a) + ("[0]" if a.extent else "")
+              for a in routine.arguments)
+    return statement(f"{routine.name}({', '.join(actual)});")
+
+
+def callbacks(routine):
+    for argument in routine.arguments:
+        if callback := argument.callback:
+            yield from [f"{callback_head(callback, 'FPC', ' ' + argument.name)} winapi;", "begin",
+                        f"  Result := {variable(argument)}[{callback.arguments[0].name} - 1];",
+                        "end;", ""]
+
+
+def printed(argument, sizes):
+    name = LANGUAGE.name(argument.name)
+    if not argument.extent:
+        return [f"WriteLn('{argument.name} = ', {name});"]
+    return [f"Write('{argument.name} =');",
+            f"for Entry := 1 to {sizes[argument.name]} do Write(' ', {name}[Entry - 1]);",
+            "WriteLn;"]
+
+
+def call(routine, literals, sizes):
+    has_entries = any(argument.extent for argument in routine.outputs())
+    names = [*variables(routine, form_of(routine, literals, LANGUAGE), sizes),
+             *(["Entry: Integer;"] if has_entries else [])]
+    steps = [*settings(routine, literals, sizes), *invocation(routine),
+             *(line for a in routine.outputs() for line in printed(a, sizes))]
+    return "\n".join([
+        "program WorkedCall;", "{$IFDEF FPC}{$MODE OBJFPC}{$ENDIF}",
+        "{$IFDEF MSWINDOWS}{$APPTYPE CONSOLE}{$ENDIF}",
+        "uses Math, KezLib;", "var", *("  " + line for line in names), "", *callbacks(routine),
+        "begin", "  SetExceptionMask([exInvalidOp, exDenormalized, exZeroDivide, exOverflow,",
+        "    exUnderflow, exPrecision]);", *("  " + line for line in steps), "end."]) + "\n"
