@@ -4,11 +4,8 @@ fortran_calls.py --check OUTPUT: compares what it printed."""
 import worked_calls
 from interface.writers import fortran
 
-REPORT = """\
-  write (*, "(i0)", advance="no") {}
-{}
-  print *"""
 ANSWER = 'write (*, "(*(1x, z8.8))", advance="no") transfer({}, [0])'
+STANDARD_CALL = ["#ifdef _WIN32", "!GCC$ ATTRIBUTES STDCALL :: {}", "#endif"]
 TYPES = {"real": "real(c_float)", "integer": "integer(c_int32_t)"}
 
 
@@ -27,13 +24,13 @@ def calling(number, row):
     literals = {name: fortran.LANGUAGE.literals.joint.join(
         literal(text, row.kinds[name]) for text in texts) for name, texts in held.items()}
     sizes = {name: len(texts) for name, texts in held.items()}
-    answers = [ANSWER.format(name) for name in row.wanted]
-    lines = [*fortran.variables(routine, form, sizes),
-             *fortran.settings(routine, form, literals), *fortran.invocation(routine),
-             REPORT.format(number, "\n".join(answers))]
-    directives = ["#ifdef _WIN32", "!GCC$ ATTRIBUTES STDCALL :: {}", "#endif"]
-    return "\n".join([f"subroutine row{number}()", "use kezlib", "implicit none", "save", *lines,
-                      *fortran.callbacks(routine, directives), f"end subroutine row{number}"])
+    host = fortran.host_name(routine)
+    return "\n".join([
+        f"subroutine row{number}()", f"use kezlib, only: {routine.name}",
+        *([f"use {host}"] if host else []), "implicit none",
+        *fortran.variables(routine, form, sizes), *fortran.settings(routine, form, literals),
+        *fortran.invocation(routine), f'write (*, "(i0)", advance="no") {number}',
+        *(ANSWER.format(name) for name in row.wanted), "print *", f"end subroutine row{number}"])
 
 
 def dummy(argument, family):
@@ -52,12 +49,14 @@ def dummy(argument, family):
 def use(name, family):
     """A routine's interface as its rows use it, and an assignment that lets no other pass."""
     arguments = family[0].routine.arguments
+    used = f"used_{name}"
     names = ", ".join(argument.name for argument in arguments)
     return "\n".join([
         f"subroutine use_{name}()", "use kezlib", "implicit none", "abstract interface",
-        *fortran.statement(f"subroutine used_{name}({names}) bind(c)"), "import",
-        *(dummy(argument, family) for argument in arguments), f"end subroutine used_{name}",
-        "end interface", f"procedure(used_{name}), pointer :: with_{name}",
+        *fortran.statement(f"subroutine {used}({names}) bind(c)"), "import",
+        *(line.format(used) for line in STANDARD_CALL),
+        *(dummy(argument, family) for argument in arguments), f"end subroutine {used}",
+        "end interface", f"procedure({used}), pointer :: with_{name}",
         f"with_{name} => {name}", f"if (.not. associated(with_{name})) stop 1",
         f"end subroutine use_{name}"])
 
@@ -66,8 +65,10 @@ def write():
     families = worked_calls.families()
     names = [*(f"use_{name}" for name in families),
              *(f"row{number}" for number in range(len(worked_calls.ROWS)))]
+    hosts = [line for routine in worked_calls.INTERFACE.routines if fortran.host_name(routine)
+             for line in fortran.host_module(routine, STANDARD_CALL)]
     return "\n".join([
-        *(use(*family) for family in families.items()),
+        *hosts, *(use(*family) for family in families.items()),
         *(calling(number, row) for number, row in enumerate(worked_calls.ROWS)),
         "program calls", "implicit none", *(f"call {name}()" for name in names),
         "end program calls"]) + "\n"

@@ -45,7 +45,7 @@ def literal(text, kind):
 def answers(row, sizes):
     for name in row.wanted:
         (argument,) = (a for a in row.routine.arguments if a.name == name)
-        shown = pascal.LANGUAGE.name(name) + ("[0]" if argument.extent else "")
+        shown = pascal.LANGUAGE.name(name) + ("[0]" if argument.extent not in ("", "1") else "")
         yield f"Answer({shown}, {sizes[name]});"
 
 

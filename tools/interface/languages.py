@@ -70,6 +70,11 @@ def wrapped(text, prefix, width=100):
     return [(prefix + line).rstrip() for line in lines]
 
 
+def is_list(argument):
+    """Whether it is an array that has not always one entry."""
+    return argument.extent not in ("", "1")
+
+
 def forms(routine):
     """The kinds of its raw words: a declaration for each; one of none where it has no words."""
     return ["integer", "real"] if any(a.kind == "word" for a in routine.arguments) else [None]

@@ -3,7 +3,7 @@
 import itertools
 import textwrap
 
-from ..languages import Language, Literals, form_of, forms, wrapped
+from ..languages import Language, Literals, form_of, forms, is_list, wrapped
 from . import NOTICE
 
 # Each entry has a line of its own: a line ends at column 132, wherever the literals come from.
@@ -52,17 +52,12 @@ def conventions(name):
             f"!DIR$ ATTRIBUTES STDCALL :: {name}", "#endif"]
 
 
-def has_entries(argument):
-    """Whether it is an array here: a list that always has one entry is a scalar."""
-    return argument.extent not in ("", "1")
-
-
 def intent(argument):
     """What is behind the extent of an array, or is kept, belongs to the caller: a compiler may
     forget it before a call that it believes to write everything."""
     if argument.direction == "in":
         return "in"
-    open_ended = has_entries(argument) and not argument.extent.isdigit()
+    open_ended = is_list(argument) and not argument.extent.isdigit()
     return "inout" if argument.direction == "in,out" or argument.kept_when or open_ended else "out"
 
 
@@ -75,7 +70,7 @@ def declared(argument, form):
 
 def dummy(argument):
     bounds = argument.extent if argument.extent.isdigit() else "*"
-    return argument.name + (f"({bounds})" if has_entries(argument) and not argument.callback else "")
+    return argument.name + (f"({bounds})" if is_list(argument) and not argument.callback else "")
 
 
 def declarations(routine, form, documented=True):
@@ -155,9 +150,10 @@ def values_name(argument):
 
 def variables(routine, form, sizes):
     for argument in routine.arguments:
-        kind = "real" if argument.callback else form if argument.kind == "word" else argument.kind
-        bounds = f"({sizes[argument.name]})" if has_entries(argument) else ""
-        yield f"{DEFAULT_KINDS[kind]} :: {values_name(argument)}{bounds}"
+        if not argument.callback:
+            kind = DEFAULT_KINDS[form if argument.kind == "word" else argument.kind]
+            bounds = f"({sizes[argument.name]})" if is_list(argument) else ""
+            yield f"{kind} :: {argument.name}{bounds}"
 
 
 def settings(routine, form, literals):
@@ -167,7 +163,7 @@ def settings(routine, form, literals):
             kind = form if argument.kind == "word" else argument.kind
             typed = DEFAULT_KINDS.get(kind, "real")
             yield (f"{values_name(argument)} = "
-                   + (f"[{typed} :: {value}]" if has_entries(argument) else value))
+                   + (f"[{typed} :: {value}]" if is_list(argument) else value))
         elif argument.kept_when:
             yield f"{argument.name} = 0"
 
@@ -177,23 +173,29 @@ def invocation(routine):
     return statement(f"call {routine.name}({names})")
 
 
-def callbacks(routine, directives=()):
-    lines = [line for argument in routine.arguments if argument.callback
-             for line in function(
-                 argument.callback, argument.name,
-                 [f"value = {values_name(argument)}({argument.callback.arguments[0].name})"],
-                 [directive.format(argument.name) for directive in directives])]
-    return ["contains", *indented(lines, 2)] if lines else []
+def host_name(routine):
+    return f"host_of_{routine.name}" if any(a.callback for a in routine.arguments) else ""
+
+
+def host_module(routine, directives):
+    """What a routine calls back, in a module: an inner one would want an executable stack."""
+    called = [a for a in routine.arguments if a.callback]
+    functions = [line for a in called for line in function(
+        a.callback, a.name, [f"value = {values_name(a)}({a.callback.arguments[0].name})"],
+        [directive.format(a.name) for directive in directives])]
+    values = [f"{DEFAULT_KINDS[a.callback.result]}, allocatable :: {values_name(a)}(:)"
+              for a in called]
+    return [f"module {host_name(routine)}", *indented(["use kezlib", "implicit none", *values], 2),
+            "contains", *indented(functions, 2), f"end module {host_name(routine)}", ""]
 
 
 def call(routine, literals, sizes):
     form = form_of(routine, literals, LANGUAGE)
-    kept = ["save"] if any(a.callback for a in routine.arguments) else []
     printed = [f'print *, "{a.name} =", {a.name}' for a in routine.outputs()]
-    for_windows = "  ! For 32-bit Windows here: !GCC$ ATTRIBUTES STDCALL :: {}"
+    host = host_name(routine)
+    for_windows = "! For 32-bit Windows here: !GCC$ ATTRIBUTES STDCALL :: {}"
     return "\n".join([
-        "program worked_call", *indented([
-            "use, intrinsic :: ieee_arithmetic", "use kezlib", "implicit none", *kept,
-            *variables(routine, form, sizes), *settings(routine, form, literals),
-            *invocation(routine), *printed], 2),
-        *callbacks(routine, [for_windows]), "end program worked_call"]) + "\n"
+        *(host_module(routine, [for_windows]) if host else []), "program worked_call", *indented([
+            "use, intrinsic :: ieee_arithmetic", "use kezlib", *([f"use {host}"] if host else []),
+            "implicit none", *variables(routine, form, sizes), *settings(routine, form, literals),
+            *invocation(routine), *printed], 2), "end program worked_call"]) + "\n"

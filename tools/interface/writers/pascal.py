@@ -4,7 +4,7 @@ import itertools
 import textwrap
 from xml.sax.saxutils import escape
 
-from ..languages import Language, Literals, form_of, forms, wrapped
+from ..languages import Language, Literals, form_of, forms, is_list, wrapped
 from . import NOTICE
 
 RESERVED = frozenset("""
@@ -51,7 +51,7 @@ def type_of(argument, form):
 def parameters(routine, form, compiler):
     """Neighbours that are alike share a type."""
     def alike(argument):
-        return passed(argument, compiler), type_of(argument, form), bool(argument.extent)
+        return passed(argument, compiler), type_of(argument, form), is_list(argument)
 
     groups = itertools.groupby(routine.arguments, alike)
     return "; ".join(
@@ -129,7 +129,7 @@ def variable(argument):
 def variables(routine, form, sizes):
     for argument in routine.arguments:
         kind = "Single" if argument.callback else type_of(argument, form)
-        array = "array of " if argument.name in sizes and argument.extent else ""
+        array = "array of " if is_list(argument) else ""
         yield f"{variable(argument)}: {array}{kind};"
 
 
@@ -137,7 +137,7 @@ def settings(routine, literals, sizes):
     """An array gets one entry at least: the first is what is passed."""
     for argument in routine.arguments:
         name, value = variable(argument), literals.get(argument.name)
-        if argument.extent:
+        if is_list(argument):
             yield f"{name} := [{value}];" if value else f"{name} := nil;"
             yield f"SetLength({name}, Max(1, {sizes[argument.name]}));"
         elif value or argument.kept_when:
@@ -145,7 +145,7 @@ def settings(routine, literals, sizes):
 
 
 def invocation(routine):
-    actual = (f"@{a.name}" if a.callback else variable(a) + ("[0]" if a.extent else "")
+    actual = (f"@{a.name}" if a.callback else variable(a) + ("[0]" if is_list(a) else "")
               for a in routine.arguments)
     return statement(f"{routine.name}({', '.join(actual)});")
 
@@ -160,7 +160,7 @@ def callbacks(routine):
 
 def printed(argument, sizes):
     name = LANGUAGE.name(argument.name)
-    if not argument.extent:
+    if not is_list(argument):
         return [f"WriteLn('{argument.name} = ', {name});"]
     return [f"Write('{argument.name} =');",
             f"for Entry := 1 to {sizes[argument.name]} do Write(' ', {name}[Entry - 1]);",
@@ -168,7 +168,7 @@ def printed(argument, sizes):
 
 
 def call(routine, literals, sizes):
-    has_entries = any(argument.extent for argument in routine.outputs())
+    has_entries = any(map(is_list, routine.outputs()))
     names = [*variables(routine, form_of(routine, literals, LANGUAGE), sizes),
              *(["Entry: Integer;"] if has_entries else [])]
     steps = [*settings(routine, literals, sizes), *invocation(routine),
