@@ -1,5 +1,4 @@
-"""fortran_calls.py PROGRAM.F90: writes a program that makes the worked calls through the module.
-fortran_calls.py --check OUTPUT: compares what it printed."""
+"""Writes a program that makes the worked calls through the module: see worked_calls.main."""
 
 import worked_calls
 from interface.writers import fortran
@@ -75,4 +74,4 @@ def write():
 
 
 if __name__ == "__main__":
-    worked_calls.main(write)
+    worked_calls.main(fortran, write)

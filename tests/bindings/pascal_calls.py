@@ -1,5 +1,4 @@
-"""pascal_calls.py PROGRAM.pas: writes a program that makes the worked calls through the unit.
-pascal_calls.py --check OUTPUT: compares what it printed."""
+"""Writes a program that makes the worked calls through the unit: see worked_calls.main."""
 
 import worked_calls
 from interface.writers import pascal
@@ -93,4 +92,4 @@ def write():
 
 
 if __name__ == "__main__":
-    worked_calls.main(write)
+    worked_calls.main(pascal, write)

@@ -6,6 +6,7 @@ Of a call it prints one line: its number, then the bits of every output, 8 hexad
 
 import dataclasses
 import pathlib
+import re
 import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
@@ -124,9 +125,50 @@ def check(lines):
     print(f"{len(ROWS)} calls of {len(INTERFACE.routines)} routines passed")
 
 
-def main(write):
-    """PROGRAM: writes the source of the proof. With --check: reads its output."""
-    if sys.argv[1] == "--check":
-        check(pathlib.Path(sys.argv[2]).read_text().splitlines())
+def copies():
+    """Rows that a manual could show: a callback, words, a list of either kind, ordinary ones."""
+    for name in ("kezlci", "kezpre", "kezpnl", "kezmer1", "kezmer16", "kezpos1", "kezphip"):
+        yield next(row for row in ROWS if row.routine.name == name)
+
+
+def copied(row, writer):
+    """The worked call as a manual shows it."""
+    literals = {name: writer.LANGUAGE.literals.joint.join(
+        writer.LANGUAGE.literals.of(text, row.kinds[name]) for text in texts)
+        for name, texts in row.given.items()}
+    return writer.call(row.routine, literals, {name: len(t) for name, t in held(row).items()})
+
+
+def printed_faults(row, text):
+    """What is wrong with the results as text, NAME = VALUE ...; a kept one prints anything."""
+    shown = dict(re.findall(r"(\w+) =((?:\s+[-+.\w]+)*?)(?=\s+\w+ =|\s*$)", text))
+    for name, wanted in whole(row, row.wanted).items():
+        values = shown[name].split()
+        if len(values) != len(wanted):
+            yield f"{row.place}: {name}: {values}"
+        for value, literal in zip(values, wanted):
+            bits = rows.word(value, row.kinds[name])
+            if literal != "." and not rows.meets(bits, None, literal, row.kinds[name]):
+                yield f"{row.place}: {name}: {value} instead of {literal}"
+
+
+def check_copied(source, printed):
+    (row,) = (row for row in copies() if row.routine.name == pathlib.Path(source).stem)
+    if found := list(printed_faults(row, pathlib.Path(printed).read_text())):
+        sys.exit("\n".join(found))
+
+
+def main(writer, write):
+    """PROGRAM: writes the source of the proof. --check OUTPUT: compares what it printed.
+    --copy FOLDER SUFFIX: writes calls as a manual shows them. --check-copied SOURCE OUTPUT."""
+    command, *operands = sys.argv[1:]
+    if command == "--check":
+        check(pathlib.Path(operands[0]).read_text().splitlines())
+    elif command == "--copy":
+        for row in copies():
+            path = pathlib.Path(operands[0]) / f"{row.routine.name}.{operands[1]}"
+            path.write_text(copied(row, writer))
+    elif command == "--check-copied":
+        check_copied(*operands)
     else:
-        pathlib.Path(sys.argv[1]).write_text(write())
+        pathlib.Path(command).write_text(write())
