@@ -4,7 +4,6 @@ import worked_calls
 from interface.writers import fortran
 
 ANSWER = 'write (*, "(*(1x, z8.8))", advance="no") transfer({}, [0])'
-STANDARD_CALL = ["#ifdef _WIN32", "!GCC$ ATTRIBUTES STDCALL :: {}", "#endif"]
 TYPES = {"real": "real(c_float)", "integer": "integer(c_int32_t)"}
 
 
@@ -53,7 +52,7 @@ def use(name, family):
     return "\n".join([
         f"subroutine use_{name}()", "use kezlib", "implicit none", "abstract interface",
         *fortran.statement(f"subroutine {used}({names}) bind(c)"), "import",
-        *(line.format(used) for line in STANDARD_CALL),
+        *fortran.conventions(used, "_WIN32"),
         *(dummy(argument, family) for argument in arguments), f"end subroutine {used}",
         "end interface", f"procedure({used}), pointer :: with_{name}",
         f"with_{name} => {name}", f"if (.not. associated(with_{name})) stop 1",
@@ -65,7 +64,7 @@ def write():
     names = [*(f"use_{name}" for name in families),
              *(f"row{number}" for number in range(len(worked_calls.ROWS)))]
     hosts = [line for routine in worked_calls.INTERFACE.routines if fortran.host_name(routine)
-             for line in fortran.host_module(routine, STANDARD_CALL)]
+             for line in fortran.host_module(routine)]
     return "\n".join([
         *hosts, *(use(*family) for family in families.items()),
         *(calling(number, row) for number, row in enumerate(worked_calls.ROWS)),

@@ -6,7 +6,7 @@ from interface.writers import pascal
 BEGINNING = """\
 program Calls;
 {$IFDEF MSWINDOWS}{$APPTYPE CONSOLE}{$ENDIF}
-{$IFDEF MODE_DELPHI}{$MODE DELPHI}{$ELSE}{$MODE OBJFPC}{$ENDIF}
+{$MODE OBJFPC}
 uses Math, SysUtils, KezLib;
 
 function Real(Bits: LongWord): Single;

@@ -47,8 +47,8 @@ def statement(text):
     return [line + " &" for line in lines[:-1]] + lines[-1:]
 
 
-def conventions(name):
-    return ["#ifdef KEZ_STANDARD_CALL", f"!GCC$ ATTRIBUTES STDCALL :: {name}",
+def conventions(name, where="KEZ_STANDARD_CALL"):
+    return [f"#ifdef {where}", f"!GCC$ ATTRIBUTES STDCALL :: {name}",
             f"!DIR$ ATTRIBUTES STDCALL :: {name}", "#endif"]
 
 
@@ -177,12 +177,12 @@ def host_name(routine):
     return f"host_of_{routine.name}" if any(a.callback for a in routine.arguments) else ""
 
 
-def host_module(routine, directives):
+def host_module(routine):
     """What a routine calls back, in a module: an inner one would want an executable stack."""
     called = [a for a in routine.arguments if a.callback]
     functions = [line for a in called for line in function(
         a.callback, a.name, [f"value = {values_name(a)}({a.callback.arguments[0].name})"],
-        [directive.format(a.name) for directive in directives])]
+        conventions(a.name, "_WIN32"))]
     values = [f"{DEFAULT_KINDS[a.callback.result]}, allocatable :: {values_name(a)}(:)"
               for a in called]
     return [f"module {host_name(routine)}", *indented(["use kezlib", "implicit none", *values], 2),
@@ -193,9 +193,8 @@ def call(routine, literals, sizes):
     form = form_of(routine, literals, LANGUAGE)
     printed = [f'print *, "{a.name} =", {a.name}' for a in routine.outputs()]
     host = host_name(routine)
-    for_windows = "! For 32-bit Windows here: !GCC$ ATTRIBUTES STDCALL :: {}"
     return "\n".join([
-        *(host_module(routine, [for_windows]) if host else []), "program worked_call", *indented([
+        *(host_module(routine) if host else []), "program worked_call", *indented([
             "use, intrinsic :: ieee_arithmetic", "use kezlib", *([f"use {host}"] if host else []),
             "implicit none", *variables(routine, form, sizes), *settings(routine, form, literals),
             *invocation(routine), *printed], 2), "end program worked_call"]) + "\n"

@@ -1,0 +1,94 @@
+#!/bin/sh
+# pascal_test.sh PACKAGE WORK [BUILDS]
+#
+# Calls the library from Free Pascal by the unit of an installed package. BUILDS has the DLLs, in
+# windows-x86 and windows-x64; without it they are not tried.
+set -eu
+. "$(dirname "$0")/../shell.sh"
+
+tests=$(cd "$(dirname "$0")" && pwd)
+examples=$tests/../../examples
+tools=$tests/../../tools
+package=$(cd "$1" && pwd)
+work=$(cd "$2" && pwd)
+builds=${3:+$(cd "$3" && pwd)}
+unit=$package/share/kezlib/bindings/pascal/kezlib.pas
+# Warnings, notes and hints are shown, and end the compilation.
+warnings="-vewnh -Sewnh"
+export LD_LIBRARY_PATH="$package/lib${LD_LIBRARY_PATH:+:$LD_LIBRARY_PATH}"
+cd "$work"
+
+calls() { python3 -B "$tests/pascal_calls.py" "$@"; }
+
+# built PROGRAM SOURCE: in the mode that the program itself does not set.
+built() {
+    # shellcheck disable=SC2086 # options are words
+    quietly $compile $warnings "-Fu$(dirname "$unit")" -FU. "-Fl$package/lib" "-o$1" "$2"
+}
+
+# changed EXPRESSION: the unit with a declaration that sed changes lets the calls not compile.
+changed() {
+    mkdir -p changed
+    sed "$1" "$unit" >changed/kezlib.pas
+    ! cmp -s "$unit" changed/kezlib.pas || fail "this changes nothing: $1"
+    # shellcheck disable=SC2086
+    (cd changed && quietly fpc $warnings kezlib.pas)
+    # shellcheck disable=SC2086
+    ! fpc $warnings -Fuchanged -FEchanged "-Fl$package/lib" calls.pas >changed/log 2>&1 ||
+        fail "nobody sees this change of the unit: $1"
+    grep -q 'calls.pas.*Error' changed/log || fail "this fails for another reason: $1"
+}
+
+# all_on MACHINE MODE: every program, in a folder of its own.
+all_on() {
+    mkdir -p "$1-$2"
+    cd "$1-$2"
+    [ -z "$run" ] || cp "$builds/$1/KezLib.dll" .
+    for source in "$work/calls.pas" "$examples/host.pas" "$examples/shear.pas" \
+        "$work"/page/*.pas "$work"/copied/*.pas; do
+        sed "s/{\$MODE OBJFPC}/{\$MODE $2}/" "$source" >program.pas
+        built program.exe program.pas
+        $run ./program.exe >results || fail "this ends with an error on $1: $source"
+        tr -d '\r' <results >printed
+        case $source in
+            */calls.pas)
+                said=$(calls --check printed) || fail "on $1, mode $2: $said"
+                echo "$1, mode $2: $said"
+                ;;
+            */host.pas) expect_answer cat printed ;;
+            # By hand: (4000 mm2 190 mm + 1800 mm2 90 mm) / 5800 mm2, and of what is above
+            # 4000 mm2 31.034 mm + 10 mm (21.034 mm)^2 / 2.
+            */shear.pas)
+                printf '%s\n' 'area 5800.0 mm2, centroid 159.0 mm above the foot' \
+                    'above it 4210.3 mm2 with a first moment of 126350 mm3, where it is 10.0 mm wide' |
+                    cmp - printed || fail "another answer on $1: $(cat printed)"
+                ;;
+            */page/*) cmp printed "${source%.pas}.txt" || fail "the page differs: $(cat printed)" ;;
+            *) calls --check-copied "$source" printed || fail "wrong on $1: $source" ;;
+        esac
+    done
+    cd "$work"
+}
+
+mkdir -p page copied
+python3 -B "$tests/page.py" "$tests/../../bindings/pascal/README.md" pascal page pas
+calls calls.pas
+calls --copy copied pas
+run='' compile=fpc
+all_on linux objfpc
+all_on linux delphi
+changed '/^procedure kezpds/s/out d: Single/out d: Integer/'
+changed '/^procedure kezpds/s/out d/constref d/'
+changed '/^procedure kezpds/s/constref x1/var x1/'
+changed '/^procedure kezphip/,/winapi/s/fail: Integer/fail: Single/'
+
+if [ -n "$builds" ]; then
+    "$tools/fpc-windows" compilers
+    run=$tools/wine-x64 compile=$work/compilers/fpc-windows-x64
+    all_on windows-x64 delphi
+    run=$tools/wine-x86 compile=$work/compilers/fpc-windows-x86
+    all_on windows-x86 objfpc
+    echo "$said, on Linux and with both DLLs"
+else
+    echo "$said, on Linux; not run: both DLLs"
+fi
