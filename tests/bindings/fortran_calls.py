@@ -32,16 +32,14 @@ def calling(number, row):
 
 
 def dummy(argument, family):
-    used = worked_calls.use(argument.name, family)
-    bounds, name = argument.extent, argument.name
     if argument.callback:
-        return f"procedure({argument.callback.name}) :: {name}"
-    if bounds in ("", "1"):
-        bounds = ""
-    elif not bounds.isdigit():  # entries behind those that are written are the caller's
-        bounds, used = "*", used if used == "in" else "in,out"
-    return (f"{TYPES[family[0].kinds[name]]}, intent({used.replace(',', '')}) :: {name}"
-            + (f"({bounds})" if bounds else ""))
+        return f"procedure({argument.callback.name}) :: {argument.name}"
+    used, bounds = worked_calls.use(argument.name, family), ""
+    if argument.extent not in ("", "1"):  # entries behind those that are written are the caller's
+        used = used if used == "in" else "in,out"
+        bounds = f"({argument.extent if argument.extent.isdigit() else '*'})"
+    kind = TYPES[family[0].kinds[argument.name]]
+    return f"{kind}, intent({used.replace(',', '')}) :: {argument.name}{bounds}"
 
 
 def use(name, family):

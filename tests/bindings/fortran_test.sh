@@ -51,12 +51,8 @@ all_on() {
     # shellcheck disable=SC2086
     expect_answer $run ./host.exe
     built shear.exe "$examples/shear.f90"
-    # By hand: (4000 mm2 190 mm + 1800 mm2 90 mm) / 5800 mm2, and of what is above
-    # 4000 mm2 31.034 mm + 10 mm (21.034 mm)^2 / 2.
-    $run ./shear.exe | tr -d '\r' >shear
-    printf '%s\n' 'area 5800.0 mm2, centroid 159.0 mm above the foot' \
-        'above it 4210.3 mm2 with a first moment of 126350 mm3, where it is 10.0 mm wide' |
-        cmp - shear || fail "another answer from shear on $machine: $(cat shear)"
+    $run ./shear.exe | tr -d '\r' >printed
+    expect_shear printed
     for source in "$work"/page/*.F90 "$work"/copied/*.F90; do
         built program.exe "$source"
         $run ./program.exe | tr -d '\r' >printed
@@ -74,7 +70,7 @@ calls calls.F90
 calls --copy copied F90
 system='' run='' link="-L$package/lib -lKezLib -Wl,-rpath,$package/lib"
 all_on linux gfortran
-changed '/subroutine kezpds/,/end subroutine/s/real(c_float), intent(out)/integer(c_int32_t), intent(out)/'
+changed '/subroutine kezpds/,/end subroutine/s/real(c_float)\(.*:: d\)/integer(c_int32_t)\1/'
 changed '/subroutine kezpds/,/end subroutine/s/intent(out)/intent(in)/'
 changed '/subroutine kezphip/,/end subroutine/s/intent(inout) :: fail/intent(out) :: fail/'
 

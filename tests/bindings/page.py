@@ -1,5 +1,5 @@
-"""page.py PAGE LANGUAGE FOLDER SUFFIX: writes the programs of a binding's page, and beside each what
-the page says that it prints: FOLDER/1.SUFFIX and FOLDER/1.txt, ..."""
+"""page.py PAGE LANGUAGE FOLDER SUFFIX: writes the programs of a binding's page, and beside each
+what the page says that it prints: FOLDER/1.SUFFIX and FOLDER/1.txt, ..."""
 
 import pathlib
 import re

@@ -53,12 +53,12 @@ def conventions(name, where="KEZ_STANDARD_CALL"):
 
 
 def intent(argument):
-    """What is behind the extent of an array, or is kept, belongs to the caller: a compiler may
-    forget it before a call that it believes to write everything."""
+    """What is kept, or of an array stands behind its extent, belongs to the caller: of a section
+    that is intent(out) a compiler copies back more than was written."""
     if argument.direction == "in":
         return "in"
-    open_ended = is_list(argument) and not argument.extent.isdigit()
-    return "inout" if argument.direction == "in,out" or argument.kept_when or open_ended else "out"
+    kept = argument.direction == "in,out" or argument.kept_when or is_list(argument)
+    return "inout" if kept else "out"
 
 
 def declared(argument, form):
