@@ -1,5 +1,6 @@
 """Writes a program that makes the worked calls through the module: see worked_calls.main."""
 
+import row_values
 import worked_calls
 from interface.writers import fortran
 
@@ -8,7 +9,7 @@ TYPES = {"real": "real(c_float)", "integer": "integer(c_int32_t)"}
 
 
 def literal(text, kind):
-    bits = worked_calls.bits_before(text, kind)
+    bits = row_values.word(text, kind)
     if kind == "integer":  # the least one has no literal
         return "transfer(-0.0, 0)" if bits == 1 << 31 else f"{worked_calls.signed(bits)}"
     if text == "." or text[:2] == "0x" or "n" in text:
@@ -17,11 +18,8 @@ def literal(text, kind):
 
 
 def calling(number, row):
-    routine, held = row.routine, worked_calls.held(row)
-    form = next((row.kinds[a.name] for a in routine.arguments if a.kind == "word"), None)
-    literals = {name: fortran.LANGUAGE.literals.joint.join(
-        literal(text, row.kinds[name]) for text in texts) for name, texts in held.items()}
-    sizes = {name: len(texts) for name, texts in held.items()}
+    routine, form = row.routine, row_values.form(row)
+    literals, sizes = row_values.texts(row, literal, fortran.LANGUAGE.literals.joint)
     host = fortran.host_name(routine)
     return "\n".join([
         f"subroutine row{number}()", f"use kezlib, only: {routine.name}",

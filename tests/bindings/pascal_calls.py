@@ -1,5 +1,6 @@
 """Writes a program that makes the worked calls through the unit: see worked_calls.main."""
 
+import row_values
 import worked_calls
 from interface.writers import pascal
 
@@ -33,7 +34,7 @@ TYPES = {"real": "Single", "integer": "Integer"}
 
 
 def literal(text, kind):
-    bits = worked_calls.bits_before(text, kind)
+    bits = row_values.word(text, kind)
     if kind == "integer":
         return str(worked_calls.signed(bits))
     if text == "." or text[:2] == "0x":
@@ -56,11 +57,8 @@ def own_variables(row, form, sizes):
 
 
 def calling(number, row):
-    held = worked_calls.held(row)
-    form = next((row.kinds[a.name] for a in row.routine.arguments if a.kind == "word"), None)
-    literals = {name: ", ".join(literal(text, row.kinds[name]) for text in texts)
-                for name, texts in held.items()}
-    sizes = {name: len(texts) for name, texts in held.items()}
+    form = row_values.form(row)
+    literals, sizes = row_values.texts(row, literal, ", ")
     return "\n".join([
         f"procedure Row{number};", "var", *own_variables(row, form, sizes), "begin",
         *pascal.settings(row.routine, literals, sizes), *pascal.invocation(row.routine),

@@ -9,21 +9,18 @@ import pathlib
 import re
 import sys
 
-ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
-sys.path.insert(0, str(ROOT / "tools"))
-import interface  # noqa: E402
-from interface import arithmetic, rows  # noqa: E402
-
-# In place of the rows' own: a signalling not-a-number changes on its way through the x87.
-POISON = 0x7FE5A5A5
+from row_values import form, held, texts, word  # it says where to find the next
+import interface
+from interface import rows
 
 INTERFACE = interface.read()
 
 
 def has_signalling(literals):
-    """Whether one is the bits of a not-a-number that changes on its way, as above."""
-    words = [int(text, 16) for text in literals if text[:2] == "0x"]
-    return any(word & 0x7FC00000 == 0x7F800000 and word & 0x3FFFFF for word in words)
+    """Whether one is the bits of a not-a-number that changes on its way
+    through the x87."""
+    bits = [int(text, 16) for text in literals if text[:2] == "0x"]
+    return any(one & 0x7FC00000 == 0x7F800000 and one & 0x3FFFFF for one in bits)
 
 
 def in_other_kind(row):
@@ -52,29 +49,11 @@ def all_rows():
 ROWS = list(all_rows())
 
 
-def integers(row):
-    """The values of those that are read."""
-    for argument in row.routine.inputs():
-        if argument.kind == "integer":
-            values = [signed(bits_before(text, "integer")) for text in row.given[argument.name]]
-            yield argument.name, values if argument.extent else values[0]
-
-
-def whole(row, literals):
-    """The literals of each argument, with poison for the entries that a row leaves out."""
-    known = dict(integers(row))
-    counts = {a.name: arithmetic.evaluate(a.extent, known) if a.extent else 1
-              for a in row.routine.arguments}
-    return {name: texts + ["."] * (counts[name] - len(texts)) for name, texts in literals.items()}
-
-
-def held(row):
-    """By argument what it holds before the call: outputs hold poison."""
-    return whole(row, dict.fromkeys(row.wanted, []) | row.given)
-
-
-def bits_before(literal, kind):
-    return POISON if literal == "." else rows.word(literal, kind)
+def wanted(row):
+    """The literals of each output: an entry that a row leaves out is to be untouched."""
+    entries = held(row)
+    return {name: literals + ["."] * (len(entries[name]) - len(literals))
+            for name, literals in row.wanted.items()}
 
 
 def signed(bits):
@@ -85,8 +64,9 @@ def families():
     """The rows of each routine, or of each kind of words of one, by the declaration's name."""
     found = {}
     for row in ROWS:
-        kind = next((row.kinds[a.name] for a in row.routine.arguments if a.kind == "word"), "")
-        found.setdefault("_".join(filter(None, [row.routine.name, kind])), []).append(row)
+        words = any(a.kind == "word" for a in row.routine.arguments)
+        name = f"{row.routine.name}_{form(row)}" if words else row.routine.name
+        found.setdefault(name, []).append(row)
     return found
 
 
@@ -95,17 +75,17 @@ def use(name, family):
     untouched goes in too."""
     if all(name not in row.wanted for row in family):
         return "in"
-    untouched = any("." in whole(row, row.wanted)[name] for row in family)
+    untouched = any("." in wanted(row)[name] for row in family)
     return "in,out" if untouched or any(name in row.given for row in family) else "out"
 
 
-def faults(row, words):
+def faults(row, results):
     """What a row's results are and should not be."""
-    before, results = held(row), iter(words)
-    for name, wanted in whole(row, row.wanted).items():
-        for given, literal in zip(before[name], wanted):
+    before, results = held(row), iter(results)
+    for name, literals in wanted(row).items():
+        for given, literal in zip(before[name], literals):
             bits, kind = next(results, None), row.kinds[name]
-            if bits is None or not rows.meets(bits, bits_before(given, kind), literal, kind):
+            if bits is None or not rows.meets(bits, word(given, kind), literal, kind):
                 got = "nothing" if bits is None else f"{bits:08x}"
                 yield f"{row.place}: {row.routine.name} {name}: {got} instead of {literal}"
     if next(results, None) is not None:
@@ -133,20 +113,18 @@ def copies():
 
 def copied(row, writer):
     """The worked call as a manual shows it."""
-    literals = {name: writer.LANGUAGE.literals.joint.join(
-        writer.LANGUAGE.literals.of(text, row.kinds[name]) for text in texts)
-        for name, texts in row.given.items()}
-    return writer.call(row.routine, literals, {name: len(t) for name, t in held(row).items()})
+    literals, sizes = texts(row, writer.LANGUAGE.literals.of, writer.LANGUAGE.literals.joint)
+    return writer.call(row.routine, {name: literals[name] for name in row.given}, sizes)
 
 
 def printed_faults(row, text):
     """What is wrong with the results as text, NAME = VALUE ...; a kept one prints anything."""
     shown = dict(re.findall(r"(\w+) =((?:\s+[-+.\w]+)*?)(?=\s+\w+ =|\s*$)", text))
-    for name, wanted in whole(row, row.wanted).items():
+    for name, literals in wanted(row).items():
         values = shown[name].split()
-        if len(values) != len(wanted):
+        if len(values) != len(literals):
             yield f"{row.place}: {name}: {values}"
-        for value, literal in zip(values, wanted):
+        for value, literal in zip(values, literals):
             bits = rows.word(value, row.kinds[name])
             if literal != "." and not rows.meets(bits, None, literal, row.kinds[name]):
                 yield f"{row.place}: {name}: {value} instead of {literal}"
