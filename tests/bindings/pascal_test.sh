@@ -66,7 +66,7 @@ all_on() {
                 ;;
             */host.pas) expect_answer cat printed ;;
             */shear.pas) expect_shear printed ;;
-            */page/*) cmp printed "${source%.pas}.txt" || fail "the page differs: $(cat printed)" ;;
+            */page/*) cmp printed "${source%.pas}.prints" || fail "the page differs: $(cat printed)" ;;
             *) calls --check-copied "$source" printed || fail "wrong on $1: $source" ;;
         esac
     done
@@ -74,7 +74,11 @@ all_on() {
 }
 
 mkdir -p page copied
-python3 -B "$tests/page.py" "$tests/../../bindings/pascal/README.md" pascal page pas
+python3 -B "$tests/page_blocks.py" "$tests/../../bindings/pascal/README.md" pascal page
+for block in page/[0-9]; do
+    [ -e "$block.prints" ] || fail "the page does not say what its program $block prints"
+    mv "$block" "$block.pas"
+done
 calls calls.pas
 calls --copy copied pas
 run='' compile=fpc
