@@ -1,0 +1,92 @@
+// Charts: the plane with a scale of its own for each axis, and curves of a design value.
+
+import { mark } from "./marks.js";
+import { at, exists } from "./places.js";
+import { grid } from "./plane.js";
+import { scene } from "./scene.js";
+import { number } from "./svg.js";
+
+const CHART = { ticks: true, margin: 34, project: ([x, y]) => [x, y], backdrop: grid };
+
+export const chart = (marks, more) => scene(CHART, marks, { stretched: true, ...more });
+
+// From a point straight to both axes, with its values.
+export function read(where, names = []) {
+  const place = at(where);
+  return mark([place], (sheet, [p], colour) => {
+    const { frame } = sheet;
+    const [x, y] = sheet.to(p);
+    const [, bottom] = [frame.left, frame.bottom];
+    sheet.strokeAt([[x, y], [x, bottom]], `${colour} thin dashed`, { weight: 0.3 });
+    sheet.strokeAt([[x, y], [frame.left, y]], `${colour} thin dashed`, { weight: 0.3 });
+    sheet.label(names[0], [[x, bottom - 12]], "ink");
+    sheet.label(names[1], [[frame.left + 12, y]], colour);
+  });
+}
+
+const SAMPLES = 96;
+
+function samples(name, term, result, range, v, call) {
+  if (!call) return [];
+  const [low, high] = range(v);
+  if (!(Math.abs(high - low) < 1e30)) return [];
+  return Array.from({ length: SAMPLES + 1 }, (_, i) => {
+    const x = low + ((high - low) * i) / SAMPLES;
+    const found = call(name, { ...v.inputs, [term]: Math.fround(x) });
+    return [x, found?.[result] ?? NaN, 0];
+  }).filter(exists);
+}
+
+// How a result runs over one of the inputs, and where the call stands on it.
+function curveMark(name, term, result, range) {
+  const here = (v) => [v.scalar(term), v.scalar(result), 0];
+  const curve = (v, sheet) => samples(name, term, result, range, v, sheet.options.call);
+  const corners = (v) => [[range(v)[0], 0, 0], [range(v)[1], 0, 0], here(v)].filter(exists);
+  return {
+    terms: [term, result],
+    span: (v, options) => [...corners(v), ...samples(name, term, result, range, v, options?.call)],
+    say: (v) => `${result} = ${number(v.scalar(result))} at ${term} = ${number(v.scalar(term))}`,
+    paint(sheet, v) {
+      const all = curve(v, sheet);
+      if (all.length) sheet.stroke(all, "ink");
+      const p = here(v);
+      if (!exists(p)) return;
+      const [x, y] = sheet.to(p);
+      sheet.strokeAt([[x, y], [x, sheet.frame.bottom]], "soft thin dashed", { weight: 0.2 });
+      sheet.strokeAt([[x, y], [sheet.frame.left, y]], "accent thin dashed", { weight: 0.2 });
+      sheet.dot(p, "accent");
+      sheet.label(`${result} = ${number(v.scalar(result))}`, [[x, y]], "accent");
+      sheet.label(term, [[sheet.frame.right - 12, sheet.frame.bottom - 4]], "soft");
+    },
+  };
+}
+
+export const curve = (name, term, result, range, { marks = [], ...more } = {}) =>
+  chart([curveMark(name, term, result, range), ...marks], more);
+
+// Samples over a range, the trapezoids between them, and the one that is left out.
+export function trapezoids(list, count, from, to) {
+  const places = (v) => {
+    const all = v.array(list).slice(0, v.count(count, 60));
+    const [a, b] = [v.scalar(from), v.scalar(to)];
+    return all.map((y, i) => [all.length > 1 ? a + ((b - a) * i) / (all.length - 1) : a, y, 0]);
+  };
+  const ground = ([x]) => [x, 0, 0];
+  return {
+    terms: [list, count, from, to],
+    span: (v) => places(v).flatMap((p) => [p, ground(p)]).filter(exists),
+    say: (v) => `samples ${places(v).map(([, y]) => number(y)).join(", ")}`,
+    paint(sheet, v) {
+      const all = places(v).filter(exists);
+      const kept = all.filter((_, i) => i !== all.length - 2 || all.length < 3);
+      if (all.length > 1) sheet.wash([ground(all[0]), ...all, ground(all.at(-1))], "accent-wash");
+      all.forEach((p, i) => {
+        const out = all.length > 2 && i === all.length - 2;
+        sheet.stroke([ground(p), p], out ? "soft thin dashed" : "accent thin");
+        sheet.dot(p, out ? "soft" : "ink");
+        sheet.label(out ? "left out" : `${list}(${i + 1})`, [sheet.to(p)], out ? "soft" : "ink");
+      });
+      if (kept.length > 1) sheet.stroke(all, "ink thin");
+    },
+  };
+}

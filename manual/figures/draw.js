@@ -1,0 +1,35 @@
+// The picture of a call: `draw(name, inputs, results, options)` gives the text of an SVG.
+//
+// `inputs` and `results` hold numbers and arrays by argument, as the JavaScript binding takes and
+// gives them; a result that was kept is undefined. Options:
+//   title       the picture's name, e.g. the first sentence on the routine
+//   small       for tables: no words, no axes
+//   dimensions  of outlines: false numbers the vertices in place of the dimensions
+//   standalone  with the style sheet inside; a page has STYLE once
+//   view        {sx, sy, left, top}: held, as of a picture before, while a point is dragged
+//   call        (name, inputs) => results, for curves
+//
+// A picture of the plane says how it is scaled: x of the page, in units of its viewBox, is
+// data-left + data-scale x, and y is data-top - data-scale y. An element of class `handle` is a
+// point that can be moved: data-x and data-y name the inputs that hold its coordinates, and
+// data-entry, 1-based, their entry where these are arrays.
+//
+// Whatever the numbers are, there is a picture, if only of words.
+
+import { nothing } from "./sheet.js";
+import { TABLE } from "./table.js";
+import { callValues } from "./values.js";
+
+export { STYLE } from "./svg.js";
+
+export const NAMES = Object.keys(TABLE);
+
+// The arguments that a routine's row knows of, as terms.
+export const termsOf = (name) => TABLE[name].terms;
+
+export function draw(name, inputs, results, options = {}) {
+  const row = Object.hasOwn(TABLE, name) ? TABLE[name] : undefined;
+  const title = options.title ?? name;
+  if (!row) return nothing(title, "Nothing to draw.", options);
+  return row.draw(title, callValues(inputs, results), options);
+}

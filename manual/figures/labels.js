@@ -1,0 +1,76 @@
+// Where the words stand: each label takes the place around its anchor that covers least.
+
+const DIRECTIONS = Array.from({ length: 16 }, (_, i) => (i * Math.PI) / 8);
+const GAPS = [9, 16, 28, 44];
+const LETTER = 0.56; // mean width of a letter, of the height
+
+export const textWidth = (text, size = 17) => [...text].length * size * LETTER + 2;
+
+function boxAround([x, y], width, height, direction, gap) {
+  const [c, s] = [Math.cos(direction), -Math.sin(direction)];
+  const reach = gap - 4;
+  const left = x + c * (reach + width / 2) - width / 2;
+  const top = y + s * (reach + height / 2) - height / 2;
+  return { left, top, right: left + width, bottom: top + height };
+}
+
+const overlap = (p, q) =>
+  Math.max(0, Math.min(p.right, q.right) - Math.max(p.left, q.left)) *
+  Math.max(0, Math.min(p.bottom, q.bottom) - Math.max(p.top, q.top));
+
+const outside = (box, frame) =>
+  Math.max(0, frame.left - box.left) + Math.max(0, box.right - frame.right) +
+  Math.max(0, frame.top - box.top) + Math.max(0, box.bottom - frame.bottom);
+
+// Length of the part of a stroke that is within a box.
+export function lengthWithin(box, [x1, y1], [x2, y2]) {
+  let [from, to] = [0, 1];
+  const sides = [[x1 - x2, x1 - box.left], [x2 - x1, box.right - x1],
+    [y1 - y2, y1 - box.top], [y2 - y1, box.bottom - y1]];
+  for (const [step, room] of sides) {
+    if (step === 0 && room < 0) return 0;
+    if (step < 0) from = Math.max(from, room / step);
+    if (step > 0) to = Math.min(to, room / step);
+  }
+  return to > from ? (to - from) * Math.hypot(x2 - x1, y2 - y1) : 0;
+}
+
+function cost(box, taken, strokes, frame) {
+  const words = taken.reduce((total, other) => total + overlap(box, other), 0);
+  const lines = strokes.reduce(
+    (total, [p, q, weight]) => total + weight * lengthWithin(box, p, q), 0);
+  return 3 * words + lines + 60 * outside(box, frame);
+}
+
+function candidates(label) {
+  return label.anchors.flatMap((anchor, rank) => GAPS.flatMap((gap) =>
+    DIRECTIONS.map((direction) => ({
+      box: boxAround(anchor, label.width, label.height, direction, gap),
+      penalty: gap * 0.7 + rank * 4 + (direction % Math.PI === 0 ? 0 : 1),
+    }))));
+}
+
+const moved = (start, end, low, high) => Math.max(0, low - start) - Math.max(0, end - high);
+
+// Whatever was found, the words stay in the picture as far as they fit.
+function kept(box, frame) {
+  const right = moved(box.left, box.right, frame.left, frame.right);
+  const down = moved(box.top, box.bottom, frame.top, frame.bottom);
+  return { left: box.left + right, right: box.right + right,
+    top: box.top + down, bottom: box.bottom + down };
+}
+
+// The labels' boxes, in the order of the labels.
+export function placeLabels(labels, strokes, dots, frame) {
+  const taken = [...dots];
+  return labels.map((label) => {
+    let best = { total: Infinity };
+    for (const { box, penalty } of candidates(label)) {
+      const total = penalty + cost(box, taken, strokes, frame);
+      if (total < best.total) best = { total, box };
+    }
+    const box = kept(best.box, frame);
+    taken.push(box);
+    return box;
+  });
+}

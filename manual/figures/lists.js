@@ -1,0 +1,182 @@
+// Lists as rows of cells, one below the other, with links that say where an entry went.
+
+import { textWidth } from "./labels.js";
+import { assemble, nothing, Sheet, stripLines } from "./sheet.js";
+import { frameOf, stripOf, words } from "./scene.js";
+import { number } from "./svg.js";
+import { nameOf } from "./values.js";
+
+const LEFT = 92;
+const CELL = 40;
+const WIDEST = 62;
+const MOST = 12;
+
+const text = (value) => number(value);
+
+// A row of cells: the entries of an argument. `links` says how to find the entry of row `to`, else
+// of the row before, that an entry comes from:
+//   equal     the first of the same value that has no link yet
+//   value     the first of the same value
+//   position  the entry is that position
+//   index     the same position
+export function cells(term, { count, links, to, chosen, of, label, struck, stop } = {}) {
+  return {
+    terms: [term, count, chosen, of, stop].filter(Boolean),
+    label: label ?? term,
+    links, to, struck,
+    tone: (v) => (v.isResult(term) ? "accent" : "ink"),
+    values(v) {
+      const all = v.array(term);
+      return all.slice(0, v.count(count, all.length));
+    },
+    used: (v) => (stop ? v.count(stop, 60) : Infinity),
+    picked: (v) => new Set(chosen ? v.array(chosen).slice(0, v.count(of, 60)) : []),
+  };
+}
+
+// The positions from one to another, in either direction.
+export function run(first, last, most) {
+  return {
+    terms: [first, last, most],
+    label: "run",
+    tone: () => "ink",
+    values(v) {
+      const [from, to] = [v.scalar(first), v.scalar(last)];
+      if (!(Math.abs(to - from) < 60)) return [];
+      const step = to < from ? -1 : 1;
+      return Array.from({ length: Math.floor(Math.abs(to - from)) + 1 }, (_, i) => from + step * i);
+    },
+    used: () => Infinity,
+    picked: () => new Set(),
+  };
+}
+
+const same = (a, b) => a === b || (Number.isNaN(a) && Number.isNaN(b));
+
+const FINDERS = {
+  equal(values, source) {
+    const free = source.map(() => true);
+    return values.map((value) => {
+      const found = source.findIndex((other, i) => free[i] && same(value, other));
+      if (found >= 0) free[found] = false;
+      return found;
+    });
+  },
+  value: (values, source) => values.map((value) => source.findIndex((other) => same(value, other))),
+  position: (values, source) => values.map((value) =>
+    (value >= 1 && value <= source.length ? value - 1 : -1)),
+  index: (values, source) => values.map((_, i) => (i < source.length ? i : -1)),
+};
+
+function layout(rows, v, frame) {
+  const all = rows.map((row) => row.values(v));
+  const widest = Math.max(1, ...all.map((values) => Math.min(values.length, MOST + 1)));
+  const letters = Math.max(...all.flatMap((values) => values.map((value) => textWidth(text(value)))), 0);
+  const wide = Math.max(34, Math.min(WIDEST, letters + 18));
+  const width = Math.min(Math.max(wide, 46), (frame.right - frame.left - LEFT - 6) / widest);
+  const room = (frame.bottom - frame.top - rows.length * CELL - 26) / Math.max(1, rows.length - 1);
+  const step = CELL + Math.max(12, Math.min(70, room));
+  const top = frame.top + 26 + Math.max(0, (frame.bottom - frame.top - 26
+    - (rows.length - 1) * step - CELL) / 2);
+  const left = frame.left + LEFT + Math.max(0,
+    (frame.right - frame.left - LEFT - widest * width) / 2 - 30);
+  return { all, width, left, at: (r, i) => [left + i * width, top + r * step] };
+}
+
+function paintCell(sheet, [x, y], width, value, { tone, faint, picked, struck }) {
+  const look = faint ? "faint" : tone;
+  const corners = [[x, y], [x + width, y], [x + width, y + CELL], [x, y + CELL]];
+  const d = corners.map((p, i) => `${i ? "L" : "M"}${p[0].toFixed(1)} ${p[1].toFixed(1)}`).join("");
+  sheet.put("dots", `<path class="${look} thin ${picked ? "accent-wash" : "paper-fill"}" d="${d}Z"/>`);
+  const narrow = textWidth(value) > width - 4;
+  const shown = narrow ? `${[...value].slice(0, Math.max(1, Math.floor(width / 9.5) - 2)).join("")}…`
+    : value;
+  sheet.words(shown, x + width / 2, y + CELL / 2 + 6, faint ? "soft" : tone);
+  if (struck) sheet.strokeAt([[x + 6, y + CELL - 7], [x + width - 6, y + 7]], "accent", { layer: "dots" });
+}
+
+function paintRow(sheet, row, r, place, v) {
+  const values = place.all[r];
+  const [used, picked] = [row.used(v), row.picked(v)];
+  const [x, y] = place.at(r, 0);
+  sheet.words(row.label.replace("'", ""), x - 14, y + CELL / 2 + (row.note ? 0 : 6), row.tone(v), "end");
+  if (row.note) sheet.words(row.note, x - 14, y + CELL / 2 + 18, "tick", "end");
+  if (!values.length) sheet.words("no entry", x + 8, y + CELL / 2 + 6, "soft", "start");
+  values.slice(0, MOST).forEach((value, i) => paintCell(sheet, place.at(r, i), place.width, text(value),
+    { tone: picked.has(i + 1) ? "accent" : row.tone(v), faint: i >= used, picked: picked.has(i + 1),
+      struck: row.struck?.(v, i) }));
+  if (values.length > MOST) {
+    const [end] = place.at(r, MOST);
+    sheet.words("…", end + 12, y + CELL / 2 + 6, "soft", "start");
+  }
+  if (r === 0) {
+    values.slice(0, MOST).forEach((_, i) =>
+      sheet.words(String(i + 1), place.at(0, i)[0] + place.width / 2, y - 9, "tick"));
+  }
+}
+
+function paintLinks(sheet, rows, r, place, v) {
+  const row = rows[r];
+  if (!row.links) return;
+  const from = row.to ?? r - 1;
+  const values = place.all[r].slice(0, row.used(v));
+  const found = FINDERS[row.links](values, place.all[from]);
+  const [upper, lower] = from < r ? [CELL, 0] : [0, CELL];
+  found.forEach((source, i) => {
+    if (source < 0 || source >= MOST || i >= MOST) return;
+    const [x1, y1] = place.at(from, source);
+    const [x2, y2] = place.at(r, i);
+    const half = place.width / 2;
+    sheet.arrowAt([x1 + half, y1 + upper], [x2 + half, y2 + lower], "accent", "accent thin");
+  });
+}
+
+// Which entries of two rows belong together.
+export const pairs = (first, second, count) => ({
+  terms: [first, second, count],
+  paint(sheet, place, v) {
+    const total = v.count(count, Math.min(v.array(first).length, v.array(second).length));
+    for (let k = 0; k < total; k += 1) {
+      const [i, j] = [v.array(first)[k] - 1, v.array(second)[k] - 1];
+      if (!(i >= 0 && j >= 0 && i < MOST && j < MOST)) continue;
+      const [p, q] = [place.at(0, i), place.at(1, j)];
+      const half = place.width / 2;
+      sheet.strokeAt([[p[0] + half, p[1] + CELL], [q[0] + half, q[1]]], "accent");
+    }
+  },
+});
+
+const sayRow = (row, values) => `${row.label.replace("'", "")}${row.note ? ` ${row.note}` : ""}: ${
+  values.map(text).join(", ") || "no entry"}`;
+
+function drawLists(row, title, v, options) {
+  const strip = stripOf(row, v);
+  const lines = stripLines(strip);
+  const frame = frameOf(lines, options, { ticks: false });
+  const place = layout(row.rows, v, frame);
+  if (!place.all.some((values) => values.length)) {
+    return nothing(title, "Nothing to draw: the lists are empty.", options);
+  }
+  const sheet = new Sheet({ to: (p) => p, sx: 1, sy: 1 }, frame, options);
+  row.rows.forEach((_, r) => paintLinks(sheet, row.rows, r, place, v));
+  row.links.forEach((link) => link.paint(sheet, place, v));
+  row.rows.forEach((line, r) => paintRow(sheet, line, r, place, v));
+  const says = [...row.rows.map((line, r) => sayRow(line, place.all[r])),
+    ...strip.map((word) => word.text)];
+  return assemble({ title, says: says.map((item) => `${item}.`), content: sheet.content(), lines,
+    options });
+}
+
+// Rows that show one argument before and after the call say so.
+function noted(rows) {
+  const names = rows.map((row) => row.terms[0]).map(nameOf);
+  return rows.map((row, i) => (names.filter((name) => name === names[i]).length > 1
+    ? { ...row, note: row.terms[0].endsWith("'") ? "after" : "before" } : row));
+}
+
+export function lists(rows, { tell = "", silent = "", links = [], ...more } = {}) {
+  const row = { rows: noted(rows), links, tell, ...more };
+  const terms = [...rows, ...links].flatMap((part) => part.terms);
+  return { terms: [...terms, ...words(tell), ...words(silent)],
+    draw: (title, v, options) => drawLists(row, title, v, options) };
+}

@@ -1,0 +1,219 @@
+// The plane: a grid with coordinates, lines and circles by their coefficients, outlines.
+
+import { niceStep, ticksWithin } from "./fit.js";
+import { mark, spoken, turningArc } from "./marks.js";
+import { add, at, exists, length, list, minus, onSurface, surface, unit } from "./places.js";
+import { scene } from "./scene.js";
+import { number } from "./svg.js";
+
+function gridLines(sheet, low, high, steps) {
+  const { frame } = sheet;
+  for (const x of ticksWithin(low[0], high[0], steps[0])) {
+    const [X] = sheet.to([x, 0, 0]);
+    const look = Math.abs(x) < steps[0] / 2 ? "soft" : "faint";
+    sheet.strokeAt([[X, frame.top], [X, frame.bottom]], look, { weight: 0.1, layer: "back" });
+    sheet.tick(number(Number(x.toPrecision(6))), X, frame.bottom + 17, "middle");
+  }
+  for (const y of ticksWithin(low[1], high[1], steps[1])) {
+    const [, Y] = sheet.to([0, y, 0]);
+    const look = Math.abs(y) < steps[1] / 2 ? "soft" : "faint";
+    sheet.strokeAt([[frame.left, Y], [frame.right, Y]], look, { weight: 0.1, layer: "back" });
+    sheet.tick(number(Number(y.toPrecision(6))), frame.left - 6, Y + 5, "end");
+  }
+}
+
+export function grid(sheet) {
+  if (sheet.small) return;
+  const { frame, view } = sheet;
+  const low = [(frame.left - view.left) / view.sx, (view.top - frame.bottom) / view.sy];
+  const high = [(frame.right - view.left) / view.sx, (view.top - frame.top) / view.sy];
+  const equal = view.sx === view.sy;
+  const one = niceStep(high[0] - low[0], 9);
+  const steps = equal ? [one, one] : [one, niceStep(high[1] - low[1], 6)];
+  gridLines(sheet, low, high, steps);
+}
+
+const PLANE = { flat: true, ticks: true, margin: 40, project: ([x, y]) => [x, y], backdrop: grid };
+
+export const plane = (marks, more) => scene(PLANE, marks, more);
+
+// The ends of a line where it leaves the frame; `way` and `from` are of the page.
+function acrossFrame(from, way, frame) {
+  let [low, high] = [-Infinity, Infinity];
+  const sides = [[frame.left, frame.right], [frame.top, frame.bottom]];
+  sides.forEach(([first, second], i) => {
+    if (Math.abs(way[i]) < 1e-9) {
+      if (from[i] < first || from[i] > second) low = Infinity;
+      return;
+    }
+    const cuts = [(first - from[i]) / way[i], (second - from[i]) / way[i]];
+    low = Math.max(low, Math.min(...cuts));
+    high = Math.min(high, Math.max(...cuts));
+  });
+  return low < high ? [low, high].map((t) => [from[0] + t * way[0], from[1] + t * way[1]]) : null;
+}
+
+function paintLine(sheet, p, way, colour, label, look = "") {
+  const a = sheet.to(p);
+  const b = sheet.to(add(p, way));
+  const size = Math.hypot(b[0] - a[0], b[1] - a[1]);
+  const ends = acrossFrame(a, [(b[0] - a[0]) / size, (b[1] - a[1]) / size], sheet.frame);
+  if (!ends) return;
+  sheet.strokeAt(ends, `${colour} ${look}`);
+  const [p1, p2] = ends;
+  const share = (t) => [p1[0] + t * (p2[0] - p1[0]), p1[1] + t * (p2[1] - p1[1])];
+  sheet.label(label, [0.9, 0.1, 0.78, 0.22, 0.66].map(share), colour);
+}
+
+// The line a x + b y + c = 0; `normal` draws (a, b) on it, towards its positive side.
+export function line(text, label, { tone, normal = false, look } = {}) {
+  const terms = text.split(" ");
+  const name = label ?? terms.join(", ").replaceAll("'", "");
+  const near = (v) => onSurface([0, 0, 0], text, v);
+  return {
+    terms,
+    span: (v) => [near(v)].filter(exists),
+    say: (v) => `line ${name} = ${spoken(terms.map(v.scalar))}`,
+    paint(sheet, v) {
+      const { normal: side } = surface(text, v);
+      const p = onSurface(sheet.whole.middle, text, v);
+      const colour = tone ?? (terms.some(v.isResult) ? "accent" : "ink");
+      if (!exists(p)) return;
+      paintLine(sheet, p, unit([-side[1], side[0], 0]), colour, name, look);
+      if (normal) paintSide(sheet, p, side, colour, terms);
+    },
+  };
+}
+
+function paintSide(sheet, p, side, colour, terms) {
+  const tip = add(p, unit(side), 44 / sheet.view.sx);
+  sheet.arrow(p, tip, colour, `${colour} thin`);
+  sheet.label(`(${terms[0]}, ${terms[1]})`, [sheet.to(tip)], colour);
+}
+
+// The line through two places, beyond both.
+export function through(from, to, label = "", { tone = "soft", look = "dashed" } = {}) {
+  return mark([at(from), at(to)], (sheet, [p, q], colour) => {
+    if (length(minus(q, p)) > 0) paintLine(sheet, p, minus(q, p), colour, label, look);
+  }, { tone });
+}
+
+const round = (centre, radius) => turningArc(centre, [radius, 0, 0], [0, 0, 1], 2 * Math.PI);
+
+const corners = ([x, y], r) => [[x - r, y - r, 0], [x + r, y + r, 0]];
+
+// A circle; `measure` gives centre and radius.
+function roundMark(terms, measure, name, { tone, look, wash } = {}) {
+  return {
+    terms,
+    span(v) {
+      const { centre, radius } = measure(v);
+      return exists([...centre, radius]) ? corners(centre, radius) : [];
+    },
+    say(v) {
+      const { centre, radius } = measure(v);
+      return name && `circle ${name} about ${spoken(centre, true)} of radius ${number(radius)}`;
+    },
+    paint(sheet, v) {
+      const { centre, radius } = measure(v);
+      if (!exists([...centre, radius])) return;
+      const colour = tone ?? (terms.some(v.isResult) ? "accent" : "ink");
+      const around = round(centre, radius);
+      if (wash) sheet.wash(around, `${colour}-wash`);
+      sheet.stroke(around, look ? `${colour} ${look}` : colour, { closed: true });
+      sheet.label(name, [0.3, 0.8, 1.2, 1.7].map((turn) =>
+        sheet.to(add(centre, [radius * Math.cos(turn * Math.PI), radius * Math.sin(turn * Math.PI), 0]))),
+      colour);
+    },
+  };
+}
+
+export function circle(text, more) {
+  const terms = text.split(" ");
+  return roundMark(terms, (v) => {
+    const [D, E, F] = terms.map(v.scalar);
+    return { centre: [-D / 2, -E / 2, 0], radius: Math.sqrt(D * D / 4 + E * E / 4 - F) };
+  }, terms.join(", "), more);
+}
+
+export function circleAbout(centre, radius, name = "", more) {
+  return roundMark([...at(centre).terms, radius], (v) => (
+    { centre: at(centre).where(v), radius: Math.abs(v.scalar(radius)) }), name, more);
+}
+
+export function circleThrough(centre, on, more) {
+  return roundMark([...at(centre).terms, ...at(on).terms], (v) => {
+    const middle = at(centre).where(v);
+    return { centre: middle, radius: length(minus(at(on).where(v), middle)) };
+  }, "", more);
+}
+
+// Part of a circle about a centre, counter-clockwise from one place by an angle.
+export function arcOf(centre, from, reach, { tone, look = "", label, wash } = {}) {
+  return mark([at(centre), at(from)], (sheet, [o, p], colour, v) => {
+    const arc = turningArc(o, minus(p, o), [0, 0, 1], reach(v));
+    if (!arc.every(exists)) return;
+    if (wash) sheet.wash(arc, wash);
+    sheet.stroke(arc, `${colour} ${look}`);
+    sheet.label(label?.(v), [0.5, 0.4, 0.6].map((t) =>
+      sheet.to(arc[Math.floor(t * (arc.length - 1))])), colour);
+  }, { tone, terms: label ? label.terms : [], say: (v) => label?.(v) });
+}
+
+const handleOfEntry = (names, v, i) =>
+  (names.length === 2 && !names.some((name) => v.isResult(name)) ? { x: names[0], y: names[1],
+    entry: i + 1 } : null);
+
+// An outline by its lists. Vertices are numbered, and can be taken hold of where they are inputs.
+export function polygon(text, count, { tone, look = "", wash = true, numbers = true } = {}) {
+  const vertices = list(text, count);
+  const places = (v) => vertices.items(v).filter(exists);
+  const name = vertices.names.join(", ").replaceAll("'", "");
+  return {
+    terms: vertices.terms,
+    span: places,
+    say: (v) => `outline ${name}: ${places(v).map((p) => spoken(p, p[2] === 0)).join(" ")}`,
+    paint(sheet, v) {
+      const all = places(v);
+      const colour = tone ?? (vertices.names.some(v.isResult) ? "accent" : "ink");
+      if (!all.length) return;
+      if (wash) sheet.wash(all, wash === true ? `${colour}-wash` : wash);
+      sheet.stroke(all, `${colour} ${look}`, { closed: true });
+      all.forEach((p, i) => {
+        sheet.drop?.(p);
+        sheet.dot(p, colour, handleOfEntry(vertices.names, v, i), 3.5);
+        if (numbers && all.length <= 24) sheet.label(String(i + 1), [sheet.to(p)], colour);
+      });
+    },
+  };
+}
+
+// Points of lists. `chosen` says which are results: by a list of positions, or by their flags.
+export function points(text, count, { tone, chosen, flags, join = false, numbers = true } = {}) {
+  const all = list(text, count);
+  const name = all.names.join(", ").replaceAll("'", "");
+  const isChosen = (v) => {
+    const found = chosen ? new Set(v.array(chosen)) : null;
+    return (i) => Boolean(found?.has(i + 1));
+  };
+  const text1 = (v, i) => (flags ? String(number(v.array(flags)[i] ?? NaN)) : String(i + 1));
+  return {
+    terms: [...all.terms, ...[chosen, flags].filter(Boolean)],
+    span: (v) => all.items(v).filter(exists),
+    say: (v) => `points ${name}: ${all.items(v).map((p, i) =>
+      `${spoken(p, all.names.length === 2)}${flags ? ` has ${text1(v, i)}` : ""}`).join(" ")}`,
+    paint(sheet, v) {
+      const inset = isChosen(v);
+      const base = tone ?? (all.names.some(v.isResult) ? "accent" : "ink");
+      const items = all.items(v);
+      if (join && items.every(exists)) sheet.stroke(items, `${base} thin`);
+      items.forEach((p, i) => {
+        if (!exists(p)) return;
+        const colour = inset(i) || flags ? "accent" : base;
+        sheet.drop?.(p);
+        sheet.dot(p, colour, handleOfEntry(all.names, v, i), inset(i) ? 6 : 4.5);
+        if (numbers || flags) sheet.label(text1(v, i), [sheet.to(p)], colour);
+      });
+    },
+  };
+}

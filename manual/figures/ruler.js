@@ -1,0 +1,136 @@
+// A number line: entries of a table as strokes on it, values as points, intervals and ranges as
+// bands.
+
+import { exists } from "./places.js";
+import { scene } from "./scene.js";
+import { niceStep, ticksWithin } from "./fit.js";
+import { number } from "./svg.js";
+
+const onLine = (x) => [x, 0, 0];
+
+function backdrop(sheet) {
+  const { frame, view } = sheet;
+  const y = sheet.to(onLine(0))[1];
+  sheet.strokeAt([[frame.left, y], [frame.right, y]], "soft", { layer: "back" });
+  sheet.head([frame.left, y], [frame.right, y], "soft");
+  const low = (frame.left - view.left) / view.sx;
+  const high = (frame.right - view.left) / view.sx;
+  for (const x of ticksWithin(low, high, niceStep(high - low, 9))) {
+    const X = sheet.to(onLine(x))[0];
+    sheet.strokeAt([[X, y - 4], [X, y + 4]], "soft", { layer: "back" });
+    sheet.tick(number(Number(x.toPrecision(6))), X, y + 62, "middle");
+  }
+}
+
+const RULER = { margin: 50, project: ([x]) => [x, 0], backdrop };
+
+const finite = (numbers) => numbers.map(onLine).filter(exists);
+
+// Entries of an ascending table.
+export function entries(name, count, { chosen, of } = {}) {
+  const all = (v) => v.array(name).slice(0, v.count(count, v.array(name).length));
+  const picked = (v) => new Set(chosen ? v.array(chosen).slice(0, v.count(of, 60)) : []);
+  return {
+    terms: [name, count, chosen, of].filter(Boolean),
+    span: (v) => finite(all(v)),
+    say: (v) => `table ${name}: ${all(v).map(number).join(", ")}`,
+    paint(sheet, v) {
+      all(v).forEach((x, i) => {
+        if (!exists(onLine(x))) return;
+        const [X, Y] = sheet.to(onLine(x));
+        const tone = picked(v).has(i + 1) ? "accent" : "ink";
+        sheet.strokeAt([[X, Y - 18], [X, Y + 18]], tone);
+        sheet.label(`${name}(${i + 1})`, [[X, Y + 20]], tone);
+      });
+    },
+  };
+}
+
+function band(sheet, from, to, tone, half) {
+  const [[x1, y], [x2]] = [sheet.to(onLine(from)), sheet.to(onLine(to))];
+  const corners = [[x1, y - half], [x2, y - half], [x2, y + half], [x1, y + half]];
+  sheet.put("wash", `<path class="${tone}-wash" d="M${corners.map((p) =>
+    p.map((value) => value.toFixed(1)).join(" ")).join("L")}Z"/>`);
+  return [x1, x2, y];
+}
+
+// The interval of a table that a result names.
+export const interval = (name, index) => ({
+  terms: [name, index],
+  paint(sheet, v) {
+    const i = v.scalar(index);
+    const [from, to] = [v.array(name)[i - 1], v.array(name)[i]];
+    if (exists([from ?? NaN, to ?? NaN])) band(sheet, from, to, "accent", 18);
+  },
+});
+
+export const range = (low, high) => ({
+  terms: [low, high],
+  span: (v) => finite([v.scalar(low), v.scalar(high)]),
+  say: (v) => `range from ${low} = ${number(v.scalar(low))} to ${high} = ${number(v.scalar(high))}`,
+  paint(sheet, v) {
+    const ends = [v.scalar(low), v.scalar(high)];
+    if (!exists(ends)) return;
+    const [x1, x2, y] = band(sheet, ...ends, "ink", 34);
+    for (const [x, name] of [[x1, low], [x2, high]]) {
+      sheet.strokeAt([[x, y - 34], [x, y + 34]], "ink thin");
+      sheet.label(name, [[x, y - 36]], "ink");
+    }
+  },
+});
+
+// A distance above the line, from an end of the range to an entry.
+export const gap = (term, from, entry) => ({
+  terms: [term],
+  say: (v) => `${term} = ${number(v.scalar(term))}`,
+  paint(sheet, v) {
+    const [p, q] = [v.scalar(from), entry(v) ?? NaN];
+    if (!exists([p, q, v.scalar(term)])) return;
+    const [[x1, y], [x2]] = [sheet.to(onLine(p)), sheet.to(onLine(q))];
+    sheet.strokeAt([[x1, y - 50], [x2, y - 50]], "accent thin");
+    for (const x of [x1, x2]) sheet.strokeAt([[x, y - 56], [x, y - 44]], "accent thin");
+    sheet.label(`${term} = ${number(v.scalar(term))}`, [[(x1 + x2) / 2, y - 54]], "accent");
+  },
+});
+
+export const value = (name) => ({
+  terms: [name],
+  span: (v) => finite([v.scalar(name)]),
+  say: (v) => `${name} = ${number(v.scalar(name))}`,
+  paint(sheet, v) {
+    const x = v.scalar(name);
+    if (!exists([x])) return;
+    const [X, Y] = sheet.to(onLine(x));
+    sheet.strokeAt([[X, Y], [X, Y - 58]], "ink thin", { weight: 0.3 });
+    sheet.dot(onLine(x), "ink", null, 5);
+    sheet.label(`${name} = ${number(x)}`, [[X, Y - 60], [X, Y - 84]], "ink");
+  },
+});
+
+// The numbers on one side of zero or on the other, and on which one a value is.
+export const sides = (name, positive) => ({
+  terms: [name],
+  span: () => finite([0]),
+  paint(sheet, v) {
+    const far = (sheet.frame.right - sheet.frame.left) / sheet.view.sx;
+    const isPositive = v.scalar(name) > 0;
+    band(sheet, 0, isPositive ? far : -far, "accent", 24);
+    const [x, y] = sheet.to(onLine(0));
+    sheet.strokeAt([[x, y - 30], [x, y + 30]], "ink");
+    for (const [text, X] of [[positive[0], x + 90], [positive[1], x - 90]]) {
+      sheet.label(text, [[X, y + 30]], "soft");
+    }
+  },
+});
+
+export const zero = {
+  terms: [],
+  span: () => finite([0]),
+  paint(sheet) {
+    const [x, y] = sheet.to(onLine(0));
+    sheet.strokeAt([[x, y - 30], [x, y + 30]], "accent");
+    sheet.label("0", [[x, y + 32]], "accent");
+  },
+};
+
+export const ruler = (marks, more) => scene(RULER, marks, more);

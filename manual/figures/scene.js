@@ -1,0 +1,73 @@
+// A scene is a list of marks on a sheet, above the words of what is told rather than drawn.
+
+import { fit } from "./fit.js";
+import { add, length, minus, times } from "./places.js";
+import { assemble, nothing, Sheet, stripHeight, stripLines } from "./sheet.js";
+import { HEIGHT, number, px, WIDTH } from "./svg.js";
+import { nameOf } from "./values.js";
+
+const NOTHING = "Nothing to draw: the numbers give no picture.";
+
+// One told value: "rel = 3 (perpendicular)". A result that was kept has none.
+function told(term, v, meanings) {
+  const kept = v.isResult(term) && v.results[nameOf(term)] === undefined;
+  const value = v.scalar(term);
+  const meaning = meanings[nameOf(term)]?.[value];
+  const name = nameOf(term);
+  const text = kept ? `${name} kept` : `${name} = ${number(value)}${meaning ? `: ${meaning}` : ""}`;
+  return { text, tone: v.isResult(term) ? "accent" : "ink" };
+}
+
+export const words = (text) => (text ? text.split(" ") : []);
+
+export function stripOf(row, v) {
+  const all = words(row.tell).map((term) => told(term, v, row.meanings ?? {}));
+  return [...all.filter(({ tone }) => tone === "accent"), ...all.filter(({ tone }) => tone === "ink")];
+}
+
+function wholeOf(places) {
+  if (!places.length) return { middle: [0, 0, 0], reach: 0 };
+  const low = [0, 1, 2].map((i) => Math.min(...places.map((p) => p[i])));
+  const high = [0, 1, 2].map((i) => Math.max(...places.map((p) => p[i])));
+  return { low, high, middle: times(add(low, high), 0.5), reach: length(minus(high, low)) / 2 };
+}
+
+export function frameOf(lines, { small }, { ticks }) {
+  if (small) return { left: 0, top: 0, right: WIDTH, bottom: HEIGHT };
+  const foot = stripHeight(lines) + (ticks ? 26 : 6);
+  return { left: ticks ? 46 : 6, top: 6, right: WIDTH - 6, bottom: HEIGHT - foot };
+}
+
+// Where a page finds the coordinates: x = (left + scale x), y = (top - scale y) in units of viewBox.
+const anchors = (view) => ({ "data-scale": px6(view.sx), "data-left": px(view.left),
+  "data-top": px(view.top) });
+
+const px6 = (value) => String(Number(value.toPrecision(6)));
+
+export function drawScene(row, kind, title, v, options) {
+  const strip = stripOf(row, v);
+  const lines = stripLines(strip);
+  const frame = frameOf(lines, options, kind);
+  const first = row.marks.flatMap((mark) => mark.span?.(v) ?? []);
+  const whole = wholeOf(first);
+  whole.reach ||= length(whole.middle) / 4 || 1;
+  const later = row.marks.flatMap((mark) => mark.late?.(v, whole) ?? []);
+  const places = [...first, ...later];
+  if (!places.length) return nothing(title, NOTHING, options);
+  const margin = options.small ? 44 : kind.margin;
+  const view = fit(kind.around?.(places) ?? places, kind.project ?? kind.chooseView(first), frame,
+    { margin, stretched: row.stretched, held: options.view });
+  const sheet = Object.assign(new Sheet(view, frame, options), { whole });
+  kind.backdrop(sheet, wholeOf(places), row, v);
+  for (const mark of row.marks) mark.paint(sheet, v);
+  const says = [...row.marks.map((mark) => mark.say?.(v)), ...strip.map(({ text }) => text)];
+  return assemble({ title, says: says.filter(Boolean).map((text) => `${text}.`), lines, options,
+    content: sheet.content(), root: kind.flat && !row.stretched ? anchors(view) : {} });
+}
+
+// A row of a table: the marks, then what is told in words and what is deliberately not shown.
+export function scene(kind, marks, { tell = "", silent = "", ...more } = {}) {
+  const row = { marks, tell, ...more };
+  const terms = [...marks.flatMap((mark) => mark.terms), ...words(tell), ...words(silent)];
+  return { terms, draw: (title, v, options) => drawScene(row, kind, title, v, options) };
+}

@@ -1,0 +1,184 @@
+// The sheet a picture is drawn on: it turns places into positions of the page, remembers what
+// labels have to keep away from, and puts the picture together.
+
+import { lengthWithin, placeLabels, textWidth } from "./labels.js";
+import { element, escape, HEIGHT, number, path, px, STYLE, WIDTH } from "./svg.js";
+
+const LAYERS = ["wash", "back", "strokes", "dots"];
+const LINE = 24; // of the words below the picture
+const OFF = 1e5; // page positions beyond do not count
+
+export const HEIGHT_OF_TEXT = 17;
+
+const near = ([x, y]) => Math.abs(x) < OFF && Math.abs(y) < OFF;
+
+export class Sheet {
+  constructor(view, frame, options) {
+    Object.assign(this, { view, frame, options });
+    this.layers = Object.fromEntries(LAYERS.map((name) => [name, []]));
+    this.strokes = [];
+    this.dots = [];
+    this.labels = [];
+    this.ticks = [];
+    this.fixed = [];
+  }
+
+  get small() {
+    return Boolean(this.options.small);
+  }
+
+  to(place) {
+    return this.view.to(place);
+  }
+
+  put(layer, text) {
+    this.layers[layer].push(text);
+  }
+
+  // A stroke through positions of the page. Labels mind it by its weight.
+  strokeAt(points, look, { closed = false, weight = 1, layer = "strokes" } = {}) {
+    this.put(layer, element("path", { class: look, d: path(points, closed) }));
+    const all = closed ? [...points, points[0]] : points;
+    for (let i = 1; i < all.length; i += 1) {
+      if (near(all[i - 1]) && near(all[i])) this.strokes.push([all[i - 1], all[i], weight]);
+    }
+  }
+
+  stroke(places, look, more) {
+    this.strokeAt(places.map((place) => this.to(place)), look, more);
+  }
+
+  wash(places, look) {
+    this.put("wash", element("path", {
+      class: look, d: path(places.map((place) => this.to(place)), true), "fill-rule": "evenodd" }));
+  }
+
+  // A head at the second position, for a stroke that comes from the first.
+  head(from, to, tone) {
+    const way = Math.atan2(to[1] - from[1], to[0] - from[0]);
+    const size = Math.min(this.small ? 13 : 12, Math.hypot(to[0] - from[0], to[1] - from[1]));
+    const side = (turn) => [to[0] - size * Math.cos(way + turn), to[1] - size * Math.sin(way + turn)];
+    if (!(size > 1)) return;
+    this.put("dots", element("path", {
+      class: `${tone}-fill`, d: path([to, side(0.38), side(-0.38)], true) }));
+  }
+
+  arrowAt(from, to, tone, look = tone) {
+    this.strokeAt([from, to], look);
+    this.head(from, to, tone);
+  }
+
+  arrow(p, q, tone, look = tone) {
+    this.arrowAt(this.to(p), this.to(q), tone, look);
+  }
+
+  dot(place, tone, handle, radius = 4.5) {
+    const [x, y] = this.to(place);
+    const spot = element("circle", {
+      class: `${tone}-fill`, cx: px(x), cy: px(y), r: this.small ? radius + 1.5 : radius });
+    this.dots.push({ left: x - 6, right: x + 6, top: y - 6, bottom: y + 6 });
+    this.put("dots", handle && !this.small ? this.handle([x, y], spot, place, handle) : spot);
+  }
+
+  handle([x, y], spot, place, { x: nameX, y: nameY, entry }) {
+    const reach = element("circle", { class: "reach", cx: px(x), cy: px(y), r: 14 });
+    const of = entry === undefined ? "" : ` of entry ${entry}`;
+    return element("g", {
+      class: "handle", tabindex: 0, role: "slider", "data-x": nameX, "data-y": nameY,
+      "data-entry": entry,
+      "aria-label": `${nameX}, ${nameY}${of}`, "aria-valuenow": Number(place[0].toPrecision(4)),
+      "aria-valuetext": `${number(place[0])}, ${number(place[1])}`,
+    }, reach + spot);
+  }
+
+  // Words at the first anchor, a position of the page, or at a later one where that is worse.
+  label(text, anchors, tone) {
+    const inside = anchors.filter(near);
+    if (this.small || !text || !inside.length) return;
+    this.labels.push({ text, tone, anchors: inside,
+      width: textWidth(text), height: HEIGHT_OF_TEXT + 2 });
+  }
+
+  tick(text, x, y, anchor) {
+    if (!this.small) this.ticks.push({ text, x, y, anchor });
+  }
+
+  // Words that stand where they are put.
+  words(text, x, y, tone, anchor = "middle") {
+    this.fixed.push(element("text", { class: tone, x: px(x), y: px(y), "text-anchor": anchor },
+      escape(text)));
+  }
+
+  // The words of ticks, which stand where they stand.
+  tickTexts() {
+    return this.ticks.map(({ text, x, y, anchor }) => element("text", {
+      class: "tick", x: px(x), y: px(y), "text-anchor": anchor }, escape(text))).join("");
+  }
+
+  tickBoxes() {
+    return this.ticks.map(({ text, x, y, anchor }) => {
+      const width = textWidth(text, 15);
+      const left = x - width * { start: 0, middle: 0.5, end: 1 }[anchor];
+      return { left, right: left + width, top: y - 13, bottom: y + 3 };
+    });
+  }
+
+  labelTexts() {
+    const { frame } = this;
+    const room = { left: 4, right: WIDTH - 4, top: 4, bottom: frame.bottom + 2 };
+    const boxes = placeLabels(this.labels, this.strokes, [...this.dots, ...this.tickBoxes()], room);
+    return this.labels.map(({ text, tone, width }, i) => element("text", {
+      class: tone, x: px(boxes[i].left + 1), y: px(boxes[i].bottom - 4),
+      textLength: undefined, "data-width": Math.round(width) }, escape(text))).join("");
+  }
+
+  content() {
+    const { left, top, right, bottom } = this.frame;
+    const [width, height] = [right - left, bottom - top];
+    const box = { x: left, y: top, width, height, viewBox: `${left} ${top} ${width} ${height}` };
+    const layers = LAYERS.map((name) => this.layers[name].join("")).join("");
+    return element("svg", box, layers) + this.fixed.join("") + this.tickTexts() +
+      this.labelTexts();
+  }
+}
+
+export const crosses = (box, strokes) =>
+  strokes.some(([p, q]) => lengthWithin(box, p, q) > 0);
+
+// The words below the picture, in lines of its width.
+export function stripLines(words) {
+  const lines = [];
+  let used = Infinity;
+  for (const word of words) {
+    const width = textWidth(word.text) + 18;
+    if (used + width > WIDTH - 8) {
+      lines.push([]);
+      used = 10;
+    }
+    lines.at(-1).push({ ...word, x: used });
+    used += width;
+  }
+  return lines;
+}
+
+export const stripHeight = (lines) => (lines.length ? lines.length * LINE + 8 : 0);
+
+const stripTexts = (lines) => lines.map((line, i) => line.map(({ text, tone, x }) =>
+  element("text", { class: tone, x: px(x),
+    y: HEIGHT - 9 - LINE * (lines.length - 1 - i) }, escape(text))).join("")).join("");
+
+// The whole picture. `root` has further attributes of the svg.
+export function assemble({ title, says, content, lines = [], options, root = {} }) {
+  const words = element("title", {}, escape(title)) + element("desc", {}, escape(says.join(" ")));
+  const style = options.standalone ? element("style", {}, STYLE) : "";
+  return element("svg", {
+    xmlns: "http://www.w3.org/2000/svg", class: "kez-figure", role: "img",
+    viewBox: `0 0 ${WIDTH} ${HEIGHT}`, "aria-label": title, ...root,
+  }, words + style + content + (options.small ? "" : stripTexts(lines)));
+}
+
+export function nothing(title, why, options) {
+  const content = element("text", {
+    class: "soft", x: WIDTH / 2, y: HEIGHT / 2, "text-anchor": "middle" }, escape(why));
+  return assemble({ title, says: [why], content, options });
+}

@@ -1,0 +1,58 @@
+// Text of SVG: elements, numbers, and the one style sheet of all pictures.
+
+export const WIDTH = 560;
+export const HEIGHT = 400;
+
+const ENTITIES = { "&": "&amp;", "<": "&lt;", ">": "&gt;", '"': "&quot;", "'": "&#39;" };
+
+export const escape = (text) => String(text).replace(/[&<>"']/g, (letter) => ENTITIES[letter]);
+
+// A coordinate of the page. What lies far outside is cut off in any case.
+export const px = (value) => String(Math.round(Math.max(-1e5, Math.min(1e5, value)) * 10) / 10);
+
+export function number(value) {
+  if (Number.isNaN(value)) return "not a number";
+  if (!Number.isFinite(value)) return value < 0 ? "minus infinity" : "infinity";
+  const size = Math.abs(value);
+  const text = size >= 1e6 && Number.isInteger(value) && size < 1e10 ? String(value)
+    : String(Number(value.toPrecision(4)));
+  return text.replace(/^-/, "\u2212");
+}
+
+export function element(tag, attributes, content = "") {
+  const given = Object.entries(attributes).filter(([, value]) => value !== undefined);
+  const list = given.map(([name, value]) => ` ${name}="${escape(value)}"`).join("");
+  return content === "" ? `<${tag}${list}/>` : `<${tag}${list}>${content}</${tag}>`;
+}
+
+export const path = (points, closed = false) =>
+  points.map(([x, y], i) => `${i ? "L" : "M"}${px(x)} ${px(y)}`).join("") + (closed ? "Z" : "");
+
+// The page sets the colours as custom properties; a picture that stands alone has those of light.
+export const STYLE = `
+.kez-figure { display: block; width: 100%; height: auto; font: 17px system-ui, sans-serif; }
+.kez-figure path, .kez-figure circle, .kez-figure rect { fill: none; stroke-linecap: round;
+  stroke-linejoin: round; }
+.kez-figure .ink { stroke: var(--ink, #1f2937); stroke-width: 2; }
+.kez-figure .soft { stroke: var(--soft, #6b7280); stroke-width: 1.3; }
+.kez-figure .faint { stroke: var(--faint, #e0e3e8); stroke-width: 1; }
+.kez-figure .accent { stroke: var(--accent, #1d5fa5); stroke-width: 2.6; }
+.kez-figure .thin { stroke-width: 1.4; }
+.kez-figure .dashed { stroke-dasharray: 5 5; }
+.kez-figure .ink-fill { fill: var(--ink, #1f2937); }
+.kez-figure .soft-fill { fill: var(--soft, #6b7280); }
+.kez-figure .accent-fill { fill: var(--accent, #1d5fa5); }
+.kez-figure .paper-fill { fill: var(--paper, #fff); }
+.kez-figure .ink-wash { fill: var(--ink, #1f2937); fill-opacity: 0.08; }
+.kez-figure .accent-wash { fill: var(--accent, #1d5fa5); fill-opacity: 0.16; }
+.kez-figure text[class] { stroke: var(--paper, #fff); stroke-width: 4; stroke-linejoin: round;
+  paint-order: stroke; }
+.kez-figure text.ink { fill: var(--ink, #1f2937); }
+.kez-figure text.accent { fill: var(--accent, #1d5fa5); font-weight: 600; }
+.kez-figure text.soft { fill: var(--soft, #6b7280); }
+.kez-figure text.tick { fill: var(--soft, #6b7280); font-size: 15px; }
+.kez-figure .handle { cursor: grab; outline: none; }
+.kez-figure .handle .reach { fill: transparent; }
+.kez-figure .handle:focus .reach, .kez-figure .handle:hover .reach {
+  stroke: var(--accent, #1d5fa5); stroke-width: 2; }
+`;

@@ -1,0 +1,161 @@
+// Circles and arcs, placement of lists and outlines in the plane.
+
+import { area, cap, gyration, levers, turns, vertexAngles, wedge } from "./figure.js";
+import { angle, direction, distance, point, segment, spot, square, turn, vector }
+  from "./marks.js";
+import { add, along, at, between, derived, dot, fixed, footOn, length, middle, minus, mixed,
+  ORIGIN, sum, times, turned, turnedAbout, unit } from "./places.js";
+import { arcOf, circle, circleAbout, circleThrough, line, plane, points, polygon, through }
+  from "./plane.js";
+import { number } from "./svg.js";
+
+const P0 = at("x0 y0");
+const P1 = at("x1 y1");
+const P2 = at("x2 y2");
+const P = at("x y");
+
+const GUIDE = [circleThrough(P0, P1), segment(P1, P2), point(P0), point(P1), point(P2)];
+const MEASURED = along(P1, P2, "L");
+const edge = (sign) => derived("x1 y1 x2 y2 L w", (v) =>
+  along(P1, P2, v.scalar("L") + (sign * v.scalar("w")) / 2).where(v));
+
+const LEFT_EDGE = edge(-1);
+const RIGHT_EDGE = edge(1);
+
+const REACHED = [spot(MEASURED, "soft"), distance(P1, MEASURED, "L", { tone: "ink", shift: 18 })];
+
+// A place on the line from another at an angle to the guide.
+const atAngle = (from) => derived("x1 y1 x2 y2 theta", (v) => {
+  const way = unit(minus(P2.where(v), P1.where(v)));
+  return add(from.where(v), turnedAbout(way, [0, 0, 1], v.scalar("theta")));
+});
+
+// The chord's middle, raised over the chord as the routine raises it.
+const RAISED = derived("x0 y0 x1 y1 x2 y2 sense h", (v) => {
+  const [o, p, q] = [P0, P1, P2].map((place) => place.where(v));
+  const [u, w] = [minus(p, o), minus(q, o)];
+  const half = Math.acos(Math.max(-1, Math.min(1, dot(u, w) / length(u) / length(w)))) / 2;
+  const towards = add(o, turnedAbout(u, [0, 0, 1], -v.scalar("sense") * half));
+  const mid = times(add(p, q), 0.5);
+  return add(mid, unit(minus(towards, mid)), v.scalar("h"));
+});
+
+const CHORD_MIDDLE = middle(P1, P2);
+
+const DPHI_TURNED = turned(P1, P0, "dphi");
+
+const KINDS = ["", "a point", "a polygon", "a circle", "a segment", "the rest of a circle"];
+
+// Where the arc over a chord is highest.
+const TOP = derived("x1 y1 x2 y2 cx cy R", (v) => {
+  const centre = at("cx cy").where(v);
+  return add(centre, unit(minus(CHORD_MIDDLE.where(v), centre)), v.scalar("R"));
+});
+
+// Angle from one ray to another about P0, counter-clockwise or the short way.
+const between0 = (v) => {
+  const [u, w] = [P1, P2].map((place) => minus(place.where(v), P0.where(v)));
+  return Math.atan2(u[0] * w[1] - u[1] * w[0], dot(u, w));
+};
+
+const named = (term) => Object.assign((v) => `${term} = ${number(v.scalar(term))}`,
+  { terms: [term] });
+
+const rest = (v) => {
+  const phi = between0(v);
+  return phi >= 0 ? phi - 2 * Math.PI : phi + 2 * Math.PI;
+};
+
+const X_AXIS = fixed(1, 0);
+
+const CIRCLE = {
+  kezcer: plane([circle("D E F"), point("xc yc"),
+    distance("xc yc", sum("xc yc", mixed("r", 0)), "r", { tone: "ink" })], { tell: "D E F" }),
+  kezlci: plane([line("a b c"), circle("D E F"), point("x1 y1"), point("x2 y2")], { tell: "n" }),
+  kezc12: plane([circle("D1 E1 F1"), circle("D2 E2 F2"),
+    segment("x1 y1", "x2 y2", "", { look: "thin dashed", tone: "soft" }), point("x1 y1"),
+    point("x2 y2")], { tell: "n" }),
+  kezcin: plane([circleThrough("X.1 Y.1", "X.2 Y.2"), line("a b c"), point("X.1 Y.1", "X(1), Y(1)"),
+    point("X.2 Y.2", "X(2), Y(2)"), point("x2 y2"), point("x3 y3")], { tell: "k",
+    meanings: { k: ["", "in the positive region", "in the negative region",
+      "segment of phi positive", "segment of 2 pi - phi positive"] } }),
+  kezcer6: plane([...GUIDE, ...REACHED, through(P0, MEASURED), point(P)], { tell: "status sense" }),
+  kezcer8: plane([...GUIDE, ...REACHED, segment(MEASURED, P, "", { look: "thin dashed", tone: "soft" }),
+    square(MEASURED, P2, P), point(P)], { tell: "status sense" }),
+  kezcer9: plane([...GUIDE, distance(P1, MEASURED, "L", { tone: "ink", shift: 18 }),
+    spot(MEASURED, "soft"), distance(LEFT_EDGE, RIGHT_EDGE, "w", { tone: "ink", shift: -18 }),
+    segment(LEFT_EDGE, "xa ya", "", { look: "thin dashed", tone: "soft" }),
+    segment(RIGHT_EDGE, "xb yb", "", { look: "thin dashed", tone: "soft" }),
+    square(LEFT_EDGE, P1, "xa ya"), square(RIGHT_EDGE, P2, "xb yb"),
+    point("xa ya"), point("xb yb")], { tell: "status sense" }),
+  kezcer4: plane([...GUIDE, ...REACHED, through(MEASURED, atAngle(MEASURED)),
+    angle(MEASURED, P2, atAngle(MEASURED), "theta", { tone: "ink" }), point(P)], { tell: "status" }),
+  kezcer10: plane([...GUIDE, through(P1, P2), turn(P1, P0, "dphi"), spot(DPHI_TURNED, "soft"),
+    through(DPHI_TURNED, atAngle(DPHI_TURNED)),
+    angle(P, sum(P, between(P2, P1)), sum(P, between(atAngle(DPHI_TURNED), DPHI_TURNED)), "theta",
+      { tone: "ink" }), point(P)], { tell: "status" }),
+  kezcer5: plane([...GUIDE, ...REACHED, through(MEASURED, RAISED),
+    distance(CHORD_MIDDLE, RAISED, "h", { tone: "ink" }), spot(RAISED, "soft"), point(P)],
+  { tell: "status sense" }),
+  kezcer2: plane([circleAbout("c1x c1y", "R", "", { look: "thin", tone: "soft" }),
+    circleAbout("c2x c2y", "R", "", { look: "thin", tone: "soft" }), circleAbout("cx cy", "R"),
+    segment(P1, P2), point(P1), point(P2), point("c1x c1y", undefined, { tone: "accent" }),
+    point("c2x c2y", undefined, { tone: "accent" }), distance("cx cy", P1, "R", { tone: "ink" })],
+  { tell: "status sense" }),
+  kezcer1: plane([circleAbout("cx cy", "R", "", { look: "thin dashed", tone: "soft" }),
+    segment(P1, P2), arcOf("cx cy", P1, chordAngle, { tone: "accent" }), point(P1), point(P2),
+    distance(CHORD_MIDDLE, TOP, "f", { tone: "ink" }), point("cx cy"),
+    distance("cx cy", P2, "R")], { tell: "status sense" }),
+  kezarc1: plane([segment(P0, P1), segment(P0, P2), arcOf(P0, P1, rest, { tone: "accent",
+    look: "thin dashed", label: named("s2") }), arcOf(P0, P1, between0, { tone: "accent",
+    label: named("s1") }), point(P0), point(P1), point(P2)], { tell: "status" }),
+  kezacp: plane([circleThrough(P0, P1, { look: "thin", tone: "soft" }), cap(P0, P1, P2, "kind"),
+    segment(P1, P2, "", { look: "thin" }), point(P0), point(P1), point(P2), point("xs ys")],
+  { tell: "area kind" }),
+};
+
+// From the first end of the chord to the second about the centre, the short way.
+function chordAngle(v) {
+  const centre = at("cx cy").where(v);
+  const [u, w] = [P1, P2].map((place) => minus(place.where(v), centre));
+  return Math.atan2(u[0] * w[1] - u[1] * w[0], dot(u, w));
+}
+
+const FIRST = at("X.1 Y.1");
+
+const PLACEMENT = {
+  keztra: plane([polygon("X Y", "n"), polygon("X' Y'", "n"),
+    vector(ORIGIN, "tx ty", "tx, ty"), vector(FIRST, at("X.1' Y.1'"), "", { look: "thin dashed" })],
+  { silent: "n" }),
+  kezrot: plane([polygon("X Y", "n"), polygon("X' Y'", "n"), turns("X Y", "n", "angle", "mode")],
+    { tell: "mode", silent: "n" }),
+  kezcer3: plane([segment(P0, P, "", { look: "thin" }), segment(P0, "xo yo", "", { look: "thin" }),
+    point(P0), point(P), turn(P, P0, "dphi"), point("xo yo")], { tell: "status" }),
+};
+
+const OUTLINES = {
+  kezapl: plane([polygon("X Y", "n", { wash: "accent-wash" })], { tell: "area", silent: "n" }),
+  kezair: plane([area("X Y", "n", "kind")], { tell: "area' kind factor A0", silent: "n",
+    meanings: { kind: KINDS } }),
+  kezspl: plane([polygon("X Y", "n"), levers("X Y", "n", 2, ["Sx", "Sy"])],
+    { tell: "Sx Sy", silent: "n" }),
+  kezstm: plane([area("X Y", "n", "kind"), levers("X Y", "n", "kind", ["Sx", "Sy"])],
+    { tell: "Sx' Sy' kind factor A0", silent: "n", meanings: { kind: KINDS } }),
+  kezipl: plane([polygon("X Y", "n"), gyration("X Y", "n", ["Ix", "Iy"])],
+    { tell: "Ix Iy Ixy", silent: "n" }),
+  kezcnv: plane([polygon("X Y", "n"), vertexAngles("X Y", "n")], { tell: "flag", silent: "n",
+    meanings: { flag: { 0: "convex", "-1": "not convex" } } }),
+  kezaxph: plane([segment(ORIGIN, X_AXIS, "", { tone: "soft" }), direction("x y"),
+    angle(ORIGIN, X_AXIS, P, "phi", { radius: 70 })]),
+  kezhin: plane([through(P1, P2), segment(P1, P2), point(P0), point(P1), point(P2), point("x3 y3"),
+    distance(P0, footOn(P0, P1, P2), "h0"), distance("x3 y3", footOn("x3 y3", P1, P2), "h3"),
+    square(footOn(P0, P1, P2), P2, P0), square(footOn("x3 y3", P1, P2), P1, "x3 y3"),
+    distance(P1, footOn(P0, P1, P2), "a0", { shift: 24 }),
+    distance(P1, footOn("x3 y3", P1, P2), "a3", { shift: 48 }),
+    distance(P1, P2, "L", { shift: 72 })], { silent: "z0 z1 z2 z3" }),
+  kezapp: plane([wedge(P0, P1, P2), segment(P0, P1), segment(P0, P2),
+    point(P0), point(P1), point(P2),
+    points("X Y", "n", { flags: "flag" })], { silent: "n" }),
+};
+
+export const CIRCLES = { ...CIRCLE, ...PLACEMENT, ...OUTLINES };

@@ -1,0 +1,148 @@
+// Lines, planes and placement in space.
+
+import { turns } from "./figure.js";
+import { angle, direction, distance, outline, point, segment, spot, square, swing, vector }
+  from "./marks.js";
+import { add, at, derived, foot, footOn, mixed, ORIGIN, sum } from "./places.js";
+import { line, plane, points, polygon } from "./plane.js";
+import { axes, beyond, facet, legs, meeting, patch, space } from "./space.js";
+
+const P0 = at("x0 y0 z0");
+const P1 = at("x1 y1 z1");
+const P2 = at("x2 y2 z2");
+const P3 = at("x3 y3 z3");
+const P4 = at("x4 y4 z4");
+const P = at("x y z");
+const TESTED = at("px py pz");
+const U = "ux uy uz";
+const W = "wx wy wz";
+const D1 = "dx1 dy1 dz1";
+const D2 = "dx2 dy2 dz2";
+
+const ENDS = [point(P1), point(P2)];
+const PLANE = "A B C D";
+const FIRST = "a1 b1 c1 d1";
+const SECOND = "a2 b2 c2 d2";
+
+const CLASSES = ["null", "general", "parallel to x", "parallel to y", "parallel to z",
+  "parallel to xy", "parallel to yz", "parallel to xz"];
+const PLANES = ["", "general", "parallel to the x axis", "parallel to the y axis",
+  "parallel to the z axis", "parallel to xy", "parallel to yz", "parallel to xz", "the xy plane",
+  "the yz plane", "the xz plane"];
+const LINES = ["oblique", "parallel", "parallel, opposite", "same line", "same line, opposite",
+  "perpendicular", "skew", "undefined"];
+const NO_YES = ["no", "yes"];
+const IN_PLANE = { meanings: { status: { 0: "in the plane", "-1": "outside", 1: "no normal" } } };
+
+const lineThrough = (p, q) => [beyond(p, q), point(p), point(q)];
+
+const lineAlong = (p, way) => [beyond(p, sum(p, way), "", { look: "thin" }), point(p),
+  direction(way, { from: at(p) })];
+
+const CROSSINGS = {
+  kezlni: plane([line("a1 b1 c1"), line("a2 b2 c2"), point("x y")], { tell: "status" }),
+  kezpsn: space([vector(P1, P2, ""), ...ENDS, legs(P1, P2)],
+    { tell: "code", meanings: { code: CLASSES } }),
+  kezln6: space([...lineAlong(P0, "u v w"), point(TESTED, undefined, { tone: "accent" })],
+    { tell: "code onLine tol", meanings: { code: CLASSES, onLine: NO_YES } }),
+  kezln7: space([patch(FIRST, undefined, { meets: [SECOND] }),
+    patch(SECOND, undefined, { meets: [FIRST] }), meeting(FIRST, SECOND),
+    point(TESTED)], { tell: "code onLine l m n tol", meanings: { code: CLASSES, onLine: NO_YES } }),
+  kez3lni: space([...lineAlong(P1, D1), ...lineAlong(P2, D2), point("xi' yi' zi'", "xi, yi, zi")],
+    { tell: "status", meanings: { status: LINES } }),
+  kezpli: space([patch(PLANE), ...lineAlong("x0 y0 z0", "u v w"),
+    segment("x0 y0 z0", "xi yi zi", "", { look: "thin dashed", tone: "soft" }), point("xi yi zi")],
+  { tell: "status" }),
+};
+
+const TWO_LINES = [...lineThrough(P1, P2), ...lineThrough(P3, P4)];
+
+const PLANES_BY = {
+  kezpl1: space([facet(P1, P2, P3, { tone: "ink" }), ...ENDS, point(P3), patch(PLANE)],
+    { tell: "A B C D status" }),
+  kezpl2: space([...TWO_LINES, point(P0), patch(PLANE, undefined, { through: P0 })],
+    { tell: "A B C D status" }),
+  kezpl3: space([...TWO_LINES, patch(PLANE, undefined, { through: P1 })],
+    { tell: "A B C D status" }),
+  kezpl4: space([vector(P1, P2, ""), ...ENDS, point(P0), patch(PLANE, undefined, { through: P0 })],
+    { tell: "A B C D status" }),
+  kezpl5: space([outline([mixed("p", 0), mixed(0, "q"), mixed(0, 0, "r")],
+    { tone: "accent", look: "thin", wash: true }), segment(ORIGIN, mixed("p", 0), "p"),
+  segment(ORIGIN, mixed(0, "q"), "q"), segment(ORIGIN, mixed(0, 0, "r"), "r")],
+  { tell: "A B C D status" }),
+  kezpl6: space([...lineAlong(P1, D1), ...lineAlong(P2, D2), patch(PLANE)],
+    { tell: "A B C D status" }),
+  kezpl7: space([facet(P1, P2, P3, { tone: "ink" }), beyond(P1, P2, "", { look: "thin" }), ...ENDS,
+    point(P3), swing(P3, P1, P2, "angle"), patch(PLANE, undefined, { through: P1 })],
+  { tell: "A B C D status" }),
+};
+
+const MEASURES = {
+  kezplv: space([direction(U), direction(W), angle(ORIGIN, U, W, undefined, { tone: "accent" })],
+    { tell: "rel", silent: "e f", meanings: { rel: { ...LINES, "-1": "first is zero" } } }),
+  kezpld: space([patch(PLANE), point(P), distance(foot(P, PLANE), P, "dist")]),
+  kezplp: space([patch(PLANE)], { tell: "code", meanings: { code: PLANES } }),
+  kezpsp: space([facet(P1, P2, P3), ...ENDS, point(P3), point(P, undefined, { tone: "accent" })],
+    { tell: "status tol", ...IN_PLANE }),
+  kezpspg: space([patch(PLANE), point(P, undefined, { tone: "accent" }),
+    segment(foot(P, PLANE), P, "", { tone: "accent", look: "thin dashed" })],
+  { tell: "status tol", ...IN_PLANE }),
+  kezpnp: space([patch(PLANE, "A, B, C, D"), points("x y z", "n", { chosen: "idx" })],
+    { tell: "count D'", silent: "n" }),
+};
+
+const LINE = lineThrough(P1, P2);
+
+const toLine = (distanceTerm) => [...LINE, point(TESTED),
+  distance(footOn(TESTED, P1, P2), TESTED, distanceTerm), square(footOn(TESTED, P1, P2), P2, TESTED)];
+
+const NEAR = {
+  kez3lda: space(toLine("dist"), { tell: "status" }),
+  kez3lds: space(toLine("dist")),
+  kez3ldb: space(toLine("dist"), { tell: "status" }),
+  kezpnl: space([...LINE, points("x y zof", "n", { chosen: "idx" })],
+    { tell: "status count tol", silent: "n" }),
+};
+
+const SYSTEM = "m1 m2 m3 m4 m5 m6 m7 m8 m9";
+const O = at("x0 y0 z0");
+
+// The steps of a point along the local axes, which are its local coordinates.
+const step = (count) => derived(`p p' ${SYSTEM} mode`, (v) => {
+  const local = v.array(v.scalar("mode") === 1 ? "p" : "p'");
+  const system = SYSTEM.split(" ").map(v.scalar);
+  return [0, 1, 2].slice(0, count).reduce((place, i) =>
+    add(place, system.slice(3 * i, 3 * i + 3), local[i] ?? NaN), [0, 0, 0]);
+});
+
+const LEG = { tone: "soft", look: "thin dashed" };
+
+const moved = (names) => names.split(" ").map((name) => `${name}'`).join(" ");
+
+const placed = [polygon("x y z", "n"), polygon(moved("x y z"), "n")];
+
+// A list that is turned about an axis; its third coordinate there stays.
+const turning = (after, axis) => space([polygon("x y z", "n"), polygon(after, "n"),
+  turns("x y z", "n", "angle", "mode", { axis })], { tell: "mode", silent: "n" });
+
+const PLACEMENT = {
+  kezaxe: space([point(O), point("xa ya za"), point("xb yb zb"), segment(O, "xa ya za", "",
+    { look: "thin" }), facet(O, "xa ya za", "xb yb zb", { tone: "ink" }), axes(O, SYSTEM)],
+  { tell: "status" }),
+  keztrn: space([axes(ORIGIN, SYSTEM, { tone: "ink", share: 0.8 }), segment(ORIGIN, step(1), "", LEG),
+    segment(step(1), step(2), "", LEG), segment(step(2), step(3), "", LEG),
+    point(step(3), "p", { tone: "accent" })], { tell: "p.1' p.2' p.3' p.1 p.2 p.3 mode" }),
+  kez3tra: space([...placed, vector(ORIGIN, "ox oy oz", "ox, oy, oz")], { silent: "n" }),
+  kezrotx: turning("x y' z'", [1, 0, 0]),
+  kezroty: turning("x' y z'", [0, -1, 0]),
+  kezrotz: turning("x' y' z", [0, 0, 1]),
+  kezptr: space([...placed, spot(ORIGIN, "soft"), vector("x.1 y.1 z.1", sum("x.1 y.1 z.1", "tx ty tz"), "tx, ty, tz")],
+    { tell: "ax ay az", silent: "n" }),
+  kezptrl: space([point(O), point("xa ya za"), point("xb yb zb"),
+    facet(O, "xa ya za", "xb yb zb", { tone: "ink" }), ...placed],
+  { tell: "status tx ty tz ax ay az", silent: "n" }),
+  kezorv: space([polygon("X Y Z", undefined, { wash: false, look: "thin dashed", numbers: false }),
+    polygon("X' Y' Z'")], { tell: "order.1 order.2 order.3 order.4" }),
+};
+
+export const SPACE = { ...CROSSINGS, ...PLANES_BY, ...MEASURES, ...NEAR, ...PLACEMENT };

@@ -1,0 +1,64 @@
+#!/usr/bin/env python3
+"""Prints as JSON every routine's arguments and its first worked call, for tests of the pictures."""
+
+import json
+import math
+import pathlib
+import sys
+
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "tools"))
+
+from interface import reader, rows  # noqa: E402
+
+
+def value_of(literal, kind):
+    """A number; None where the row says that it is kept, or that anything may be there."""
+    if literal == ".":
+        return None
+    if literal.startswith("0x"):
+        bits = int(literal, 16)
+        return bits - (bits >> 31 << 32) if kind == "integer" else rows.single(bits)
+    if kind == "integer":
+        return int(literal)
+    value, _, rest = literal.partition("~")
+    return rows.single(rows.single_bits(float(value or rest)))
+
+
+def plain(value):
+    """JSON has no name for what is not finite."""
+    return value if value is None or math.isfinite(value) else str(value)
+
+
+def values(row, literals):
+    found = {}
+    for argument in row.routine.arguments:
+        if argument.name in literals:
+            numbers = [plain(value_of(text, row.kinds[argument.name]))
+                       for text in literals[argument.name]]
+            is_list = argument.extent or argument.kind == "callback"
+            found[argument.name] = numbers if is_list else numbers[0]
+    return found
+
+
+def call(row):
+    return {"comment": row.comment, "inputs": values(row, row.given),
+            "results": values(row, row.wanted)}
+
+
+def described(routine):
+    return {"group": routine.group,
+            "arguments": [{"name": argument.name, "kind": argument.kind,
+                           "direction": argument.direction, "list": bool(argument.extent)}
+                          for argument in routine.arguments]}
+
+
+def main():
+    interface = reader.read()
+    found = {routine.name: described(routine) for routine in interface.routines}
+    for row in rows.read_rows(interface):
+        found[row.routine.name].setdefault("call", call(row))
+    print(json.dumps(found))
+
+
+if __name__ == "__main__":
+    main()
