@@ -18,20 +18,44 @@ const text = (value) => number(value);
 //   equal     the first of the same value that has no link yet
 //   value     the first of the same value
 //   position  the entry is that position
-//   index     the same position
-export function cells(term, { count, links, to, chosen, of, label, struck, stop } = {}) {
+//   mirror    the same position from the end
+//   block     one after another, from entry `start` on
+// Entries behind `stop` are faint. Those are filled that `chosen` lists or `chosenAt` names, that
+// stand in `block` n of the counts, or whose value stands `within` another argument.
+export function cells(term, { count, links, chosen, of, stop, block, from, to, within, chosenAt } = {}) {
+  const listed = (v) => v.array(chosen).slice(0, v.count(of, 60));
+  const common = (v) => positionsOf(v.array(term), new Set(v.array(within)));
+  const picked = { block: (v) => blockOf(block, v), within: common, chosen: listed,
+    chosenAt: (v) => [v.scalar(chosenAt)] };
+  const picks = Object.entries({ block, within, chosen, chosenAt }).find(([, value]) => value);
+  const start = (v) => blockOf(from, v)[0] - 1;
   return {
-    terms: [term, count, chosen, of, stop].filter(Boolean),
-    label: label ?? term,
-    links, to, struck,
+    terms: [term, count, chosen, of, stop, within, chosenAt, ...(block ?? [])].filter(Boolean),
+    label: term,
+    links: typeof links === "string" ? [{ by: links, to, start: from && start }] : links ?? [],
     tone: (v) => (v.isResult(term) ? "accent" : "ink"),
     values(v) {
       const all = v.array(term);
       return all.slice(0, v.count(count, all.length));
     },
     used: (v) => (stop ? v.count(stop, 60) : Infinity),
-    picked: (v) => new Set(chosen ? v.array(chosen).slice(0, v.count(of, 60)) : []),
+    picked: (v) => new Set(picks ? picked[picks[0]](v) : []),
   };
+}
+
+const positionsOf = (values, wanted) =>
+  values.flatMap((value, i) => (wanted.has(value) ? [i + 1] : []));
+
+// Of two lists that are joined: the entries of the row above, then those of the row below.
+export const joined = (count) => [{ by: "block", to: 0, start: () => 0 },
+  { by: "block", to: 2, start: (v) => -Math.max(0, v.scalar(count)) }];
+
+// The positions of the entries of block n, where blocks of these counts stand one after another.
+function blockOf([counts, n], v) {
+  const all = v.array(counts).slice(0, v.count(n, 60));
+  const size = all.pop() ?? 0;
+  const start = all.reduce((total, count) => total + count, 0);
+  return Array.from({ length: Math.max(0, Math.min(60, size)) }, (_, i) => start + i + 1);
 }
 
 // The positions from one to another, in either direction.
@@ -39,6 +63,7 @@ export function run(first, last, most) {
   return {
     terms: [first, last, most],
     label: "run",
+    links: [],
     tone: () => "ink",
     values(v) {
       const [from, to] = [v.scalar(first), v.scalar(last)];
@@ -63,9 +88,11 @@ const FINDERS = {
     });
   },
   value: (values, source) => values.map((value) => source.findIndex((other) => same(value, other))),
+  mirror: (values, source) => values.map((_, i) => source.length - 1 - i),
   position: (values, source) => values.map((value) =>
     (value >= 1 && value <= source.length ? value - 1 : -1)),
-  index: (values, source) => values.map((_, i) => (i < source.length ? i : -1)),
+  block: (values, source, start) =>
+    values.map((_, i) => (start + i < source.length ? start + i : -1)),
 };
 
 function layout(rows, v, frame) {
@@ -83,7 +110,7 @@ function layout(rows, v, frame) {
   return { all, width, left, at: (r, i) => [left + i * width, top + r * step] };
 }
 
-function paintCell(sheet, [x, y], width, value, { tone, faint, picked, struck }) {
+function paintCell(sheet, [x, y], width, value, { tone, faint, picked }) {
   const look = faint ? "faint" : tone;
   const corners = [[x, y], [x + width, y], [x + width, y + CELL], [x, y + CELL]];
   const d = corners.map((p, i) => `${i ? "L" : "M"}${p[0].toFixed(1)} ${p[1].toFixed(1)}`).join("");
@@ -92,7 +119,6 @@ function paintCell(sheet, [x, y], width, value, { tone, faint, picked, struck })
   const shown = narrow ? `${[...value].slice(0, Math.max(1, Math.floor(width / 9.5) - 2)).join("")}…`
     : value;
   sheet.words(shown, x + width / 2, y + CELL / 2 + 6, faint ? "soft" : tone);
-  if (struck) sheet.strokeAt([[x + 6, y + CELL - 7], [x + width - 6, y + 7]], "accent", { layer: "dots" });
 }
 
 function paintRow(sheet, row, r, place, v) {
@@ -103,8 +129,7 @@ function paintRow(sheet, row, r, place, v) {
   if (row.note) sheet.words(row.note, x - 14, y + CELL / 2 + 18, "tick", "end");
   if (!values.length) sheet.words("no entry", x + 8, y + CELL / 2 + 6, "soft", "start");
   values.slice(0, MOST).forEach((value, i) => paintCell(sheet, place.at(r, i), place.width, text(value),
-    { tone: picked.has(i + 1) ? "accent" : row.tone(v), faint: i >= used, picked: picked.has(i + 1),
-      struck: row.struck?.(v, i) }));
+    { tone: picked.has(i + 1) ? "accent" : row.tone(v), faint: i >= used, picked: picked.has(i + 1) }));
   if (values.length > MOST) {
     const [end] = place.at(r, MOST);
     sheet.words("…", end + 12, y + CELL / 2 + 6, "soft", "start");
@@ -115,21 +140,34 @@ function paintRow(sheet, row, r, place, v) {
   }
 }
 
-function paintLinks(sheet, rows, r, place, v) {
-  const row = rows[r];
-  if (!row.links) return;
-  const from = row.to ?? r - 1;
-  const values = place.all[r].slice(0, row.used(v));
-  const found = FINDERS[row.links](values, place.all[from]);
-  const [upper, lower] = from < r ? [CELL, 0] : [0, CELL];
-  found.forEach((source, i) => {
-    if (source < 0 || source >= MOST || i >= MOST) return;
-    const [x1, y1] = place.at(from, source);
-    const [x2, y2] = place.at(r, i);
-    const half = place.width / 2;
-    sheet.arrowAt([x1 + half, y1 + upper], [x2 + half, y2 + lower], "accent", "accent thin");
-  });
+function paintLink(sheet, place, [from, source], [to, entry]) {
+  const [upper, lower] = from < to ? [CELL, 0] : [0, CELL];
+  const [x1, y1] = place.at(from, source);
+  const [x2, y2] = place.at(to, entry);
+  const half = place.width / 2;
+  sheet.arrowAt([x1 + half, y1 + upper], [x2 + half, y2 + lower], "accent", "accent thin");
 }
+
+function paintLinks(sheet, row, r, place, v) {
+  const values = place.all[r].slice(0, Math.min(MOST, row.used(v)));
+  for (const { by, to: from = r - 1, start } of row.links) {
+    FINDERS[by](values, place.all[from], start?.(v)).forEach((source, i) => {
+      if (source >= 0 && source < MOST) paintLink(sheet, place, [from, source], [r, i]);
+    });
+  }
+}
+
+// For each entry of the first row the entry of the second that it is counted to.
+export const mapped = (index) => ({
+  terms: [index],
+  paint(sheet, place, v) {
+    v.array(index).slice(0, Math.min(MOST, place.all[0].length)).forEach((target, i) => {
+      if (target >= 1 && target <= Math.min(MOST, place.all[1].length)) {
+        paintLink(sheet, place, [0, i], [1, target - 1]);
+      }
+    });
+  },
+});
 
 // Which entries of two rows belong together.
 export const pairs = (first, second, count) => ({
@@ -158,7 +196,7 @@ function drawLists(row, title, v, options) {
     return nothing(title, "Nothing to draw: the lists are empty.", options);
   }
   const sheet = new Sheet({ to: (p) => p, sx: 1, sy: 1 }, frame, options);
-  row.rows.forEach((_, r) => paintLinks(sheet, row.rows, r, place, v));
+  row.rows.forEach((line, r) => paintLinks(sheet, line, r, place, v));
   row.links.forEach((link) => link.paint(sheet, place, v));
   row.rows.forEach((line, r) => paintRow(sheet, line, r, place, v));
   const says = [...row.rows.map((line, r) => sayRow(line, place.all[r])),

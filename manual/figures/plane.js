@@ -137,8 +137,10 @@ export function circle(text, more) {
 }
 
 export function circleAbout(centre, radius, name = "", more) {
-  return roundMark([...at(centre).terms, radius], (v) => (
-    { centre: at(centre).where(v), radius: Math.abs(v.scalar(radius)) }), name, more);
+  const [terms, size] = typeof radius === "string" ? [[radius], (v) => v.scalar(radius)]
+    : [radius.terms, radius.of];
+  return roundMark([...at(centre).terms, ...terms], (v) => (
+    { centre: at(centre).where(v), radius: Math.abs(size(v)) }), name, more);
 }
 
 export function circleThrough(centre, on, more) {
@@ -150,14 +152,19 @@ export function circleThrough(centre, on, more) {
 
 // Part of a circle about a centre, counter-clockwise from one place by an angle.
 export function arcOf(centre, from, reach, { tone, look = "", label, wash } = {}) {
-  return mark([at(centre), at(from)], (sheet, [o, p], colour, v) => {
-    const arc = turningArc(o, minus(p, o), [0, 0, 1], reach(v));
+  const places = (v) => {
+    const o = at(centre).where(v);
+    return turningArc(o, minus(at(from).where(v), o), [0, 0, 1], reach(v));
+  };
+  const drawn = mark([at(centre), at(from)], (sheet, _, colour, v) => {
+    const arc = places(v);
     if (!arc.every(exists)) return;
     if (wash) sheet.wash(arc, wash);
     sheet.stroke(arc, `${colour} ${look}`);
     sheet.label(label?.(v), [0.5, 0.4, 0.6].map((t) =>
       sheet.to(arc[Math.floor(t * (arc.length - 1))])), colour);
   }, { tone, terms: label ? label.terms : [], say: (v) => label?.(v) });
+  return { ...drawn, span: (v) => places(v).filter(exists) };
 }
 
 const handleOfEntry = (names, v, i) =>
@@ -188,31 +195,57 @@ export function polygon(text, count, { tone, look = "", wash = true, numbers = t
   };
 }
 
+// Parallel lines of lists, each with its place in the order.
+export function parallels(text, count, order) {
+  const names = text.split(" ");
+  const all = (v) => {
+    const arrays = names.map(v.array);
+    const total = v.count(count, Math.min(...arrays.map((array) => array.length)));
+    return Array.from({ length: total }, (_, i) => arrays.map((array) => array[i]));
+  };
+  const near = ([a, b, c]) => [(-a * c) / (a * a + b * b), (-b * c) / (a * a + b * b), 0];
+  return {
+    terms: [...names, count, order],
+    span: (v) => all(v).map(near).filter(exists),
+    say: (v) => `lines ${all(v).map((row) => spoken(row)).join(" ")} in the order ${
+      v.array(order).map(number).join(", ")}`,
+    paint(sheet, v) {
+      all(v).forEach((row, i) => {
+        if (!exists(near(row))) return;
+        const place = v.array(order).indexOf(i + 1) + 1;
+        paintLine(sheet, near(row), unit([-row[1], row[0], 0]), "ink",
+          place ? `line ${i + 1} is number ${place}` : `line ${i + 1}`);
+      });
+    },
+  };
+}
+
 // Points of lists. `chosen` says which are results: by a list of positions, or by their flags.
-export function points(text, count, { tone, chosen, flags, join = false, numbers = true } = {}) {
+export function points(text, count, { tone, chosen, of, flags, numbers = true } = {}) {
   const all = list(text, count);
   const name = all.names.join(", ").replaceAll("'", "");
   const isChosen = (v) => {
-    const found = chosen ? new Set(v.array(chosen)) : null;
-    return (i) => Boolean(found?.has(i + 1));
+    const found = new Set(chosen ? v.array(chosen).slice(0, v.count(of, 60)) : []);
+    return (i) => found.has(i + 1);
   };
-  const text1 = (v, i) => (flags ? String(number(v.array(flags)[i] ?? NaN)) : String(i + 1));
+  const marks = flags ? flags.split(" ") : [];
+  const wordOf = (v, i) => (flags
+    ? marks.map((flag) => number(v.array(flag)[i] ?? NaN)).join(" ") : String(i + 1));
   return {
-    terms: [...all.terms, ...[chosen, flags].filter(Boolean)],
+    terms: [...all.terms, ...[chosen, of].filter(Boolean), ...marks],
     span: (v) => all.items(v).filter(exists),
     say: (v) => `points ${name}: ${all.items(v).map((p, i) =>
-      `${spoken(p, all.names.length === 2)}${flags ? ` has ${text1(v, i)}` : ""}`).join(" ")}`,
+      `${spoken(p, all.names.length === 2)}${flags ? ` has ${wordOf(v, i)}` : ""}`).join(" ")}`,
     paint(sheet, v) {
       const inset = isChosen(v);
       const base = tone ?? (all.names.some(v.isResult) ? "accent" : "ink");
       const items = all.items(v);
-      if (join && items.every(exists)) sheet.stroke(items, `${base} thin`);
       items.forEach((p, i) => {
         if (!exists(p)) return;
-        const colour = inset(i) || flags ? "accent" : base;
+        const colour = inset(i) || (flags && !chosen) ? "accent" : base;
         sheet.drop?.(p);
         sheet.dot(p, colour, handleOfEntry(all.names, v, i), inset(i) ? 6 : 4.5);
-        if (numbers || flags) sheet.label(text1(v, i), [sheet.to(p)], colour);
+        if (numbers || flags) sheet.label(wordOf(v, i), [sheet.to(p)], flags ? "accent" : colour);
       });
     },
   };

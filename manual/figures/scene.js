@@ -48,7 +48,7 @@ export function drawScene(row, kind, title, v, options) {
   const strip = stripOf(row, v);
   const lines = stripLines(strip);
   const frame = frameOf(lines, options, kind);
-  const first = row.marks.flatMap((mark) => mark.span?.(v) ?? []);
+  const first = row.marks.flatMap((mark) => mark.span?.(v, options) ?? []);
   const whole = wholeOf(first);
   whole.reach ||= length(whole.middle) / 4 || 1;
   const later = row.marks.flatMap((mark) => mark.late?.(v, whole) ?? []);

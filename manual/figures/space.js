@@ -216,19 +216,41 @@ export function solid(start, vectors, { tone } = {}) {
   return {
     terms: parts.flatMap((part) => part.terms),
     span: (v) => all(v).filter(exists),
-    paint(sheet, v) {
-      const places = all(v);
-      if (!places.every(exists)) return;
-      const colour = tone ?? "soft";
-      for (const face of [[0, 1, 3, 2], [0, 2, 6, 4], [0, 1, 5, 4]]) {
-        sheet.wash(face.map((i) => places[i]), `${colour === "soft" ? "ink" : colour}-wash`);
-      }
-      for (let i = 0; i < 8; i += 1) {
-        for (const k of [1, 2, 4]) {
-          if (!(i & k)) sheet.stroke([places[i], places[i | k]], `${colour} thin`, { weight: 0.4 });
-        }
-      }
-    },
+    paint: (sheet, v) => paintBlock(sheet, all(v), tone ?? "soft"),
+  };
+}
+
+const FACES = [[0, 1, 3, 2], [0, 2, 6, 4], [0, 1, 5, 4]];
+
+// Corner i and its neighbours i + 1, i + 2 and i + 4.
+function paintBlock(sheet, corners, tone) {
+  if (!corners.every(exists)) return;
+  for (const face of FACES) {
+    sheet.wash(face.map((i) => corners[i]), tone === "accent" ? "accent-wash" : "ink-wash");
+  }
+  corners.forEach((p, i) => [1, 2, 4].filter((k) => !(i & k)).forEach((k) =>
+    sheet.stroke([p, corners[i | k]], `${tone} thin`, { weight: 0.4 })));
+}
+
+// Where three planes meet.
+function corner(texts, v) {
+  const planes = texts.map((text) => surface(text, v));
+  const [n1, n2, n3] = planes.map((one) => one.normal);
+  const [d1, d2, d3] = planes.map((one) => one.constant);
+  const sum = add(add(times(cross(n2, n3), d1), times(cross(n3, n1), d2)), times(cross(n1, n2), d3));
+  return times(sum, -1 / (n1[0] * cross(n2, n3)[0] + n1[1] * cross(n2, n3)[1]
+    + n1[2] * cross(n2, n3)[2]));
+}
+
+// The block that three slabs, of two planes each, have in common.
+export function block(...slabs) {
+  const corners = (v) => [0, 1, 2, 3, 4, 5, 6, 7].map((i) =>
+    corner(slabs.map((slab, k) => slab[(i >> k) & 1]), v));
+  return {
+    terms: slabs.flat().flatMap((text) => text.split(" ")),
+    span: (v) => corners(v).filter(exists),
+    say: (v) => `block with the corners ${corners(v).map((p) => spoken(p)).join(" ")}`,
+    paint: (sheet, v) => paintBlock(sheet, corners(v), "ink"),
   };
 }
 

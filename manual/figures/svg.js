@@ -38,6 +38,7 @@ export const STYLE = `
 .kez-figure .faint { stroke: var(--faint, #e0e3e8); stroke-width: 1; }
 .kez-figure .accent { stroke: var(--accent, #1d5fa5); stroke-width: 2.6; }
 .kez-figure .thin { stroke-width: 1.4; }
+.kez-figure .heavy { stroke-width: 8; stroke-linecap: butt !important; stroke-linejoin: miter; }
 .kez-figure .dashed { stroke-dasharray: 5 5; }
 .kez-figure .ink-fill { fill: var(--ink, #1f2937); }
 .kez-figure .soft-fill { fill: var(--soft, #6b7280); }

@@ -1,0 +1,56 @@
+// Sketches of what design values belong to: channels, edge stiffeners and stressed panels.
+
+import { add, exists, minus } from "./places.js";
+import { number } from "./svg.js";
+
+// The wall of a channel, web at the left, lips at the right: the outline, and its centre-line.
+function wall(v) {
+  const [B, H, C, t] = ["B", "H", "C", "t"].map(v.scalar);
+  const [h, lip] = [H / 2, C > 1e-5 ? Math.max(C, t) : t];
+  const outer = [[B, h - lip, 0], [B, h, 0], [0, h, 0], [0, -h, 0], [B, -h, 0], [B, lip - h, 0]];
+  const inner = C > 1e-5 ? [[B - t, lip - h, 0], [B - t, t - h, 0], [t, t - h, 0], [t, h - t, 0],
+    [B - t, h - t, 0], [B - t, h - lip, 0]] : [[t, t - h, 0], [t, h - t, 0]];
+  return [...outer, ...inner];
+}
+
+// From the web's centre-line to the centroid, of the thin wall.
+function centroid(v) {
+  const [B, H, C, t] = ["B", "H", "C", "t"].map(v.scalar);
+  const [b, h, c] = [B - t, H - t, C > 1e-5 ? C - t / 2 : 0];
+  return (b * b + 2 * b * c) / (h + 2 * b + 2 * c) + t / 2;
+}
+
+export const CHANNEL = {
+  terms: ["B", "H", "C", "t"],
+  span: (v) => wall(v).filter(exists),
+  say: (v) => `channel of B = ${number(v.scalar("B"))}, H = ${number(v.scalar("H"))}, C = ${
+    number(v.scalar("C"))}, t = ${number(v.scalar("t"))}`,
+  paint(sheet, v) {
+    const all = wall(v);
+    if (!all.every(exists)) return;
+    sheet.wash(all, "ink-wash");
+    sheet.stroke(all, "ink", { closed: true });
+  },
+};
+
+export const corner = (i) => (v) => wall(v)[i - 1] ?? [NaN, NaN, NaN];
+
+const centre = (v) => [centroid(v), 0, 0];
+const shear = (v) => [centroid(v) - v.scalar("x0"), 0, 0];
+
+// Centroid and shear centre of a channel, and how far they are apart.
+export const CENTRES = {
+  terms: ["x0"],
+  span: (v) => [centre(v), shear(v)].filter(exists),
+  say: (v) => `x0 = ${number(v.scalar("x0"))} from the centroid to the shear centre`,
+  paint(sheet, v) {
+    const [g, s] = [centre(v), shear(v)];
+    if (!exists(g) || !exists(s)) return;
+    sheet.arrow(g, s, "accent");
+    for (const [p, name, tone] of [[g, "centroid", "ink"], [s, "shear centre", "accent"]]) {
+      sheet.dot(p, tone, null, 6);
+      sheet.label(name, [sheet.to(p)], tone);
+    }
+    sheet.label(`x0 = ${number(v.scalar("x0"))}`, [sheet.to(add(g, minus(s, g), 0.5))], "accent");
+  },
+};

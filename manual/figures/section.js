@@ -1,0 +1,141 @@
+// Outlines of sections with their dimensions, and channels by their dimensions.
+
+import { drawable } from "./values.js";
+import { add, cross, dot, exists, minus, times } from "./places.js";
+import { turningArc } from "./marks.js";
+import { scene } from "./scene.js";
+import { number } from "./svg.js";
+
+const MOST = 12; // contours
+const SPACING = 27; // of dimension lines
+
+const SECTION = { margin: 70, project: ([x, y]) => [x, y], backdrop: () => {} };
+
+export const section = (marks, more) => scene(SECTION, marks, more);
+
+const first = (v, name) => {
+  const value = v.scalar(name);
+  return drawable(value) ? [value] : v.array(name);
+};
+
+export function vertices(v) {
+  const [x, y] = [v.array("x"), v.array("y")];
+  return x.map((value, i) => [value, y[i] ?? NaN, 0]);
+}
+
+// The contours of the record that all builders write.
+export function contours(v) {
+  const [counts, kinds, signs] = ["nv", "kind", "sign"].map((name) => first(v, name));
+  const all = vertices(v);
+  let start = 0;
+  return counts.slice(0, Math.min(MOST, v.count("nc", MOST))).map((count, i) => {
+    const places = all.slice(start, start + Math.max(0, count)).filter(exists);
+    start += Math.max(0, count) || 0;
+    return { places, start, kind: kinds[i], hole: signs[i] < 0 };
+  });
+}
+
+// A circular segment by centre and chord, as the smaller part of its circle.
+function segmentArc([centre, from, to]) {
+  const [u, w] = [minus(from, centre), minus(to, centre)];
+  return turningArc(centre, u, [0, 0, 1], Math.atan2(cross(u, w)[2], dot(u, w)));
+}
+
+function paintContour(sheet, { places, kind, hole }, isFillet) {
+  if (kind === 4 && places.length === 3) {
+    const arc = segmentArc(places);
+    sheet.wash(arc, "paper-fill");
+    sheet.stroke(arc, "accent thin");
+    return;
+  }
+  sheet.wash(places, hole ? "paper-fill" : "accent-wash");
+  if (!isFillet) sheet.stroke(places, "accent", { closed: true });
+}
+
+function paintNumbers(sheet, v) {
+  vertices(v).forEach((p, i) => {
+    if (!exists(p)) return;
+    sheet.dot(p, "accent", null, 3);
+    sheet.label(String(i + 1), [sheet.to(p)], "accent");
+  });
+}
+
+// All contours of a builder's result.
+export const OUTLINE = {
+  terms: ["nc", "nv", "x", "y", "kind", "sign"],
+  span: (v) => vertices(v).filter(exists),
+  say: (v) => `${v.scalar("nc")} contours with the vertices ${vertices(v).map(([x, y]) =>
+    `(${number(x)}, ${number(y)})`).join(" ")}`,
+  paint(sheet, v) {
+    const all = contours(v);
+    const filleted = all.some(({ kind }) => kind === 4);
+    all.forEach((contour) =>
+      paintContour(sheet, contour, filleted && contour.places.length === 3));
+    if (sheet.options.dimensions === false) paintNumbers(sheet, v);
+  },
+};
+
+const placeOf = (where, v) => (typeof where === "function" ? where(v)
+  : vertices(v)[where - 1] ?? [NaN, NaN, NaN]);
+
+// Between two vertices, the middle.
+export const mid = (i, j) => (v) => times(add(placeOf(i, v), placeOf(j, v)), 0.5);
+
+const SIDES = { top: [1, -1], bottom: [1, 1], left: [0, -1], right: [0, 1] };
+
+// Page position of the dimension line: outside on a side, or at a place within.
+function lineAt(sheet, v, ends, { side, level = 1, at }) {
+  if (side) {
+    const [axis, sign] = SIDES[side];
+    const { low, high, middle } = sheet.whole;
+    const edges = [low ?? middle, high ?? middle].map((p) => sheet.to(p)[axis]);
+    return Math[sign < 0 ? "min" : "max"](...edges) + sign * (SPACING * level - 6);
+  }
+  const axis = ends.along === 0 ? 1 : 0;
+  const where = at === undefined ? times(add(ends.p, ends.q), 0.5) : placeOf(at, v);
+  return sheet.to(where)[axis];
+}
+
+function paintDimension(sheet, v, term, { p, q, along }, where) {
+  const level = lineAt(sheet, v, { p, q, along }, where);
+  const onLine = (place) => (along === 0 ? [sheet.to(place)[0], level] : [level, sheet.to(place)[1]]);
+  const ends = [onLine(p), onLine(q)];
+  [p, q].forEach((place, i) => sheet.strokeAt([sheet.to(place), ends[i]], "soft thin", { weight: 0.2 }));
+  const size = Math.hypot(ends[1][0] - ends[0][0], ends[1][1] - ends[0][1]);
+  const tone = v.isResult(term) ? "accent" : "ink";
+  const tips = arrows(sheet, ends, size < 34, along, tone);
+  const middle = [(ends[0][0] + ends[1][0]) / 2, (ends[0][1] + ends[1][1]) / 2];
+  sheet.label(term, size < 34 ? [...tips, middle] : [middle], tone);
+}
+
+// Heads from within, or from outside where there is no room. Gives where words may stand.
+function arrows(sheet, [a, b], isShort, along, tone) {
+  if (!isShort) {
+    sheet.arrowAt(a, b, tone, `${tone} thin`);
+    sheet.arrowAt(b, a, tone, `${tone} thin`);
+    return [];
+  }
+  const sign = Math.sign(b[along] - a[along]) || 1;
+  const away = (p, by) => p.map((value, i) => (i === along ? value + by * sign : value));
+  sheet.arrowAt(away(a, -18), a, tone, `${tone} thin`);
+  sheet.arrowAt(away(b, 18), b, tone, `${tone} thin`);
+  return [away(b, 18), away(a, -18)];
+}
+
+// The dimension of an argument between two vertices, measured along x or, at the left, at the right
+// or where said, along y. `when` leaves it out.
+export function dim(term, i, j, { upright, when = () => true, ...where } = {}) {
+  const along = upright || where.side === "left" || where.side === "right" ? 1 : 0;
+  const ends = (v) => ({ p: placeOf(i, v), q: placeOf(j, v), along });
+  return {
+    terms: [term],
+    dimension: (v) => when(v) && Math.abs(ends(v).p[along] - ends(v).q[along]),
+    say: (v) => (when(v) ? `${term} = ${number(v.scalar(term))}` : null),
+    paint(sheet, v) {
+      const { p, q } = ends(v);
+      if (sheet.small || sheet.options.dimensions === false || !when(v)) return;
+      if (exists(p) && exists(q)) paintDimension(sheet, v, term, ends(v), where);
+    },
+  };
+}
+
