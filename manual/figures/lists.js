@@ -7,8 +7,8 @@ import { number } from "./svg.js";
 import { nameOf } from "./values.js";
 
 const LEFT = 92;
-const CELL = 40;
-const WIDEST = 62;
+const CELL = 44;
+const WIDEST = 78;
 const MOST = 12;
 
 const text = (value) => number(value);
@@ -100,7 +100,7 @@ function layout(rows, v, frame) {
   const widest = Math.max(1, ...all.map((values) => Math.min(values.length, MOST + 1)));
   const letters = Math.max(...all.flatMap((values) => values.map((value) => textWidth(text(value)))), 0);
   const wide = Math.max(34, Math.min(WIDEST, letters + 18));
-  const width = Math.min(Math.max(wide, 46), (frame.right - frame.left - LEFT - 6) / widest);
+  const width = Math.min(Math.max(wide, 60), (frame.right - frame.left - LEFT - 6) / widest);
   const room = (frame.bottom - frame.top - rows.length * CELL - 26) / Math.max(1, rows.length - 1);
   const step = CELL + Math.max(12, Math.min(70, room));
   const top = frame.top + 26 + Math.max(0, (frame.bottom - frame.top - 26

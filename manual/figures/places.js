@@ -74,7 +74,9 @@ export const footOn = (p, q, r) =>
 export const foot = (p, text) =>
   place([...at(p).terms, ...text.split(" ")], (v) => onSurface(at(p).where(v), text, v));
 
+// Normal and constant of a line a, b, c or a plane A, B, C, D, or of one that is derived.
 export function surface(text, v) {
+  if (typeof text !== "string") return text.of(v);
   const all = text.split(" ").map(v.scalar);
   const [a, b, c, d] = all.length === 3 ? [all[0], all[1], 0, all[2]] : all;
   return { normal: [a, b, c], constant: d };

@@ -13,7 +13,8 @@ function told(term, v, meanings) {
   const kept = v.isResult(term) && v.results[nameOf(term)] === undefined;
   const value = v.scalar(term);
   const meaning = meanings[nameOf(term)]?.[value];
-  const name = nameOf(term);
+  const name = nameOf(term) + term.replace(/^[^.]*(?:\.(\d+))?'?$/, (_, entry) =>
+    (entry ? `(${entry})` : ""));
   const text = kept ? `${name} kept` : `${name} = ${number(value)}${meaning ? `: ${meaning}` : ""}`;
   return { text, tone: v.isResult(term) ? "accent" : "ink" };
 }
@@ -55,7 +56,9 @@ export function drawScene(row, kind, title, v, options) {
   const places = [...first, ...later];
   if (!places.length) return nothing(title, NOTHING, options);
   const margin = options.small ? 44 : kind.margin;
-  const view = fit(kind.around?.(places) ?? places, kind.project ?? kind.chooseView(first), frame,
+  const normals = row.marks.flatMap((mark) => mark.normals?.(v) ?? []);
+  const project = kind.project ?? kind.chooseView(first, normals);
+  const view = fit(kind.around?.(places) ?? places, project, frame,
     { margin, stretched: row.stretched, held: options.view });
   const sheet = Object.assign(new Sheet(view, frame, options), { whole });
   kind.backdrop(sheet, wholeOf(places), row, v);

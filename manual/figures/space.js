@@ -3,13 +3,12 @@
 
 import { niceStep, ticksWithin } from "./fit.js";
 import { arcBetween, mark, spoken } from "./marks.js";
-import { add, at, cross, exists, length, minus, onSurface, surface, times, unit }
-  from "./places.js";
+import { add, at, exists, length, minus, times, unit } from "./places.js";
 import { scene } from "./scene.js";
 import { number } from "./svg.js";
 
 // Where one looks from, the first as long as it shows the points apart.
-const AZIMUTHS = [0.62, 0.95, 0.35, 1.2];
+const AZIMUTHS = [0.62, 0.95, 0.35, 1.25, 0.15];
 const ELEVATION = 0.4;
 
 const [CE, SE] = [Math.cos(ELEVATION), Math.sin(ELEVATION)];
@@ -30,11 +29,16 @@ function clearness(places, project) {
   return least;
 }
 
-function chooseView(places) {
-  const views = AZIMUTHS.map(projection);
+// How far a plane is turned towards the eye.
+const openness = ([x, y, z], azimuth) =>
+  Math.abs(x * CE * Math.cos(azimuth) + y * CE * Math.sin(azimuth) + z * SE);
+
+function chooseView(places, normals) {
   const some = places.slice(0, 16);
-  const clear = views.map((view) => clearness(some, view));
-  return clear[0] > 0.45 ? views[0] : views[clear.indexOf(Math.max(...clear))];
+  const clear = AZIMUTHS.map((azimuth) => Math.min(clearness(some, projection(azimuth)),
+    ...normals.map((normal) => 1.5 * openness(normal, azimuth))));
+  const best = clear[0] > 0.45 ? 0 : clear.indexOf(Math.max(...clear));
+  return projection(AZIMUTHS[best]);
 }
 
 const boxOf = (low, high) => [0, 1, 2, 3, 4, 5, 6, 7].map((i) =>
@@ -131,126 +135,18 @@ export function beyond(from, to, label = "", { tone, look = "" } = {}) {
   };
 }
 
-// Two directions in a plane, one of them level.
-function spread(normal) {
-  const n = unit(normal);
-  const level = cross([0, 0, 1], n);
-  const u = length(level) > 1e-3 ? unit(level) : [0, 1, 0];
-  return [u, cross(n, u)];
-}
-
-// Where a plane is drawn: near the picture's middle, and where it meets the others of its group.
-function anchorOf(text, { meets, from }, v, whole) {
-  let p = from ? from.where(v) : whole.middle;
-  for (let i = 0; i < 30; i += 1) {
-    for (const other of meets) {
-      const q = onSurface(p, other, v);
-      if (exists(q)) p = q;
-    }
-    p = onSurface(p, text, v);
-  }
-  return p;
-}
-
-// The plane A x + B y + C z + D = 0, as a patch with its normal.
-export function patch(text, label, { tone, meets = [], through: from, normal = true,
-  share = 0.75 } = {}) {
-  const terms = text.split(" ");
-  const name = label ?? terms.join(", ").replaceAll("'", "");
-  const corners = (v, whole) => {
-    const [u, w] = spread(surface(text, v).normal).map((way) => times(way, share * whole.reach));
-    const p = anchorOf(text, { meets, from }, v, whole);
-    return [add(add(p, u), w), add(minus(p, u), w), minus(minus(p, u), w), minus(add(p, u), w)];
-  };
+// An axis through the origin, along a unit vector.
+export function axisLine(axis, name) {
+  const ends = (whole) => [times(axis, -0.25 * whole.reach), times(axis, 1.1 * whole.reach)];
   return {
-    terms: [...terms, ...(from?.terms ?? []), ...meets.flatMap((other) => other.split(" "))],
-    late: (v, whole) => corners(v, whole).filter(exists),
-    say: (v) => `plane ${name} = ${spoken([...terms.map(v.scalar)].slice(0, 3))} with ${
-      terms[3]} = ${number(v.scalar(terms[3]))}`,
-    paint(sheet, v) {
-      const all = corners(v, sheet.whole);
-      if (!all.every(exists)) return;
-      const colour = tone ?? (terms.some(v.isResult) ? "accent" : "ink");
-      sheet.wash(all, `${colour}-wash`);
-      sheet.stroke(all, `${colour} thin`, { closed: true, weight: 0.6 });
-      sheet.label(name, all.map((p) => sheet.to(p)), colour);
-      if (normal) paintNormal(sheet, anchorOf(text, { meets, from }, v, sheet.whole), text, v, colour);
+    terms: [],
+    span: () => [[0, 0, 0]],
+    late: (_, whole) => ends(whole),
+    paint(sheet) {
+      const [p, q] = ends(sheet.whole);
+      sheet.arrow(p, q, "soft");
+      sheet.label(name, [sheet.to(q)], "soft");
     },
-  };
-}
-
-function paintNormal(sheet, p, text, v, colour) {
-  const tip = add(p, unit(surface(text, v).normal), 0.4 * sheet.whole.reach);
-  if (exists(tip)) sheet.arrow(p, tip, colour, `${colour} thin`);
-}
-
-// The line in which two planes meet, as far as their patches go.
-export function meeting(first, second, { tone = "accent", share = 0.75 } = {}) {
-  return {
-    terms: [...first.split(" "), ...second.split(" ")],
-    paint(sheet, v) {
-      const way = cross(surface(first, v).normal, surface(second, v).normal);
-      const p = anchorOf(first, { meets: [second] }, v, sheet.whole);
-      const reach = times(unit(way), share * sheet.whole.reach);
-      if (exists(p) && exists(reach)) sheet.stroke([minus(p, reach), add(p, reach)], tone);
-    },
-  };
-}
-
-// The plane through three places, as the parallelogram or the triangle of them.
-export function facet(p, q, r, { tone, look = "thin" } = {}) {
-  return mark([at(p), at(q), at(r)], (sheet, corners, colour) => {
-    sheet.wash(corners, `${colour}-wash`);
-    sheet.stroke(corners, `${colour} ${look}`, { closed: true, weight: 0.6 });
-  }, { tone });
-}
-
-// The parallelepiped of three vectors at a place.
-export function solid(start, vectors, { tone } = {}) {
-  const parts = [at(start), ...vectors];
-  const corner = ([p, ...ways], i) => ways.reduce((q, way, k) => ((i >> k) & 1 ? add(q, way) : q), p);
-  const all = (v) => {
-    const found = parts.map((part) => part.where(v));
-    return [0, 1, 2, 3, 4, 5, 6, 7].map((i) => corner(found, i));
-  };
-  return {
-    terms: parts.flatMap((part) => part.terms),
-    span: (v) => all(v).filter(exists),
-    paint: (sheet, v) => paintBlock(sheet, all(v), tone ?? "soft"),
-  };
-}
-
-const FACES = [[0, 1, 3, 2], [0, 2, 6, 4], [0, 1, 5, 4]];
-
-// Corner i and its neighbours i + 1, i + 2 and i + 4.
-function paintBlock(sheet, corners, tone) {
-  if (!corners.every(exists)) return;
-  for (const face of FACES) {
-    sheet.wash(face.map((i) => corners[i]), tone === "accent" ? "accent-wash" : "ink-wash");
-  }
-  corners.forEach((p, i) => [1, 2, 4].filter((k) => !(i & k)).forEach((k) =>
-    sheet.stroke([p, corners[i | k]], `${tone} thin`, { weight: 0.4 })));
-}
-
-// Where three planes meet.
-function corner(texts, v) {
-  const planes = texts.map((text) => surface(text, v));
-  const [n1, n2, n3] = planes.map((one) => one.normal);
-  const [d1, d2, d3] = planes.map((one) => one.constant);
-  const sum = add(add(times(cross(n2, n3), d1), times(cross(n3, n1), d2)), times(cross(n1, n2), d3));
-  return times(sum, -1 / (n1[0] * cross(n2, n3)[0] + n1[1] * cross(n2, n3)[1]
-    + n1[2] * cross(n2, n3)[2]));
-}
-
-// The block that three slabs, of two planes each, have in common.
-export function block(...slabs) {
-  const corners = (v) => [0, 1, 2, 3, 4, 5, 6, 7].map((i) =>
-    corner(slabs.map((slab, k) => slab[(i >> k) & 1]), v));
-  return {
-    terms: slabs.flat().flatMap((text) => text.split(" ")),
-    span: (v) => corners(v).filter(exists),
-    say: (v) => `block with the corners ${corners(v).map((p) => spoken(p)).join(" ")}`,
-    paint: (sheet, v) => paintBlock(sheet, corners(v), "ink"),
   };
 }
 

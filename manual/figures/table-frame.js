@@ -8,7 +8,8 @@ import { along, at, between, derived, fixed, foot, footOn, mixed, ORIGIN, sum }
   from "./places.js";
 import { line, plane, points, through } from "./plane.js";
 import { entries, interval, ruler, sides, value, zero } from "./ruler.js";
-import { beyond, legs, meeting, patch, shadows, solid, space } from "./space.js";
+import { meeting, patch, solid } from "./planes.js";
+import { beyond, legs, shadows, space } from "./space.js";
 
 const P1 = at("x1 y1 z1");
 const P2 = at("x2 y2 z2");

@@ -4,7 +4,8 @@ import { cells, joined, lists, mapped, pairs } from "./lists.js";
 import { circleAbout, line, parallels, plane, points, polygon } from "./plane.js";
 import { angle, point, segment } from "./marks.js";
 import { derived, mixed } from "./places.js";
-import { block, patch, space } from "./space.js";
+import { block, patch } from "./planes.js";
+import { space } from "./space.js";
 
 const before = cells("a", { count: "n" });
 

@@ -5,7 +5,8 @@ import { angle, direction, distance, outline, point, segment, spot, square, swin
   from "./marks.js";
 import { add, at, derived, foot, footOn, mixed, ORIGIN, sum } from "./places.js";
 import { line, plane, points, polygon } from "./plane.js";
-import { axes, beyond, facet, legs, meeting, patch, space } from "./space.js";
+import { facet, intercepts, meeting, patch, planeOf } from "./planes.js";
+import { axes, axisLine, beyond, legs, space } from "./space.js";
 
 const P0 = at("x0 y0 z0");
 const P1 = at("x1 y1 z1");
@@ -81,8 +82,8 @@ const MEASURES = {
   kezplv: space([direction(U), direction(W), angle(ORIGIN, U, W, undefined, { tone: "accent" })],
     { tell: "rel", silent: "e f", meanings: { rel: { ...LINES, "-1": "first is zero" } } }),
   kezpld: space([patch(PLANE), point(P), distance(foot(P, PLANE), P, "dist")]),
-  kezplp: space([patch(PLANE)], { tell: "code", meanings: { code: PLANES } }),
-  kezpsp: space([facet(P1, P2, P3), ...ENDS, point(P3), point(P, undefined, { tone: "accent" })],
+  kezplp: space([intercepts(PLANE), patch(PLANE)], { tell: "code", meanings: { code: PLANES } }),
+  kezpsp: space([patch(planeOf(P1, P2, P3), ""), facet(P1, P2, P3), ...ENDS, point(P3), point(P, undefined, { tone: "accent" })],
     { tell: "status tol", ...IN_PLANE }),
   kezpspg: space([patch(PLANE), point(P, undefined, { tone: "accent" }),
     segment(foot(P, PLANE), P, "", { tone: "accent", look: "thin dashed" })],
@@ -94,6 +95,7 @@ const MEASURES = {
 const LINE = lineThrough(P1, P2);
 
 const toLine = (distanceTerm) => [...LINE, point(TESTED),
+  segment(P1, footOn(TESTED, P1, P2), "", { tone: "soft", look: "thin dashed" }),
   distance(footOn(TESTED, P1, P2), TESTED, distanceTerm), square(footOn(TESTED, P1, P2), P2, TESTED)];
 
 const NEAR = {
@@ -119,10 +121,12 @@ const LEG = { tone: "soft", look: "thin dashed" };
 
 const moved = (names) => names.split(" ").map((name) => `${name}'`).join(" ");
 
-const placed = [polygon("x y z", "n"), polygon(moved("x y z"), "n")];
+const placed = [polygon("x y z", "n"), polygon(moved("x y z"), "n"),
+  vector("x.1 y.1 z.1", "x.1' y.1' z.1'", "", { look: "thin dashed" })];
 
 // A list that is turned about an axis; its third coordinate there stays.
-const turning = (after, axis) => space([polygon("x y z", "n"), polygon(after, "n"),
+const turning = (after, axis, name) => space([axisLine(axis.map(Math.abs), name),
+  polygon("x y z", "n"), polygon(after, "n"),
   turns("x y z", "n", "angle", "mode", { axis })], { tell: "mode", silent: "n" });
 
 const PLACEMENT = {
@@ -133,9 +137,9 @@ const PLACEMENT = {
     segment(step(1), step(2), "", LEG), segment(step(2), step(3), "", LEG),
     point(step(3), "p", { tone: "accent" })], { tell: "p.1' p.2' p.3' p.1 p.2 p.3 mode" }),
   kez3tra: space([...placed, vector(ORIGIN, "ox oy oz", "ox, oy, oz")], { silent: "n" }),
-  kezrotx: turning("x y' z'", [1, 0, 0]),
-  kezroty: turning("x' y z'", [0, -1, 0]),
-  kezrotz: turning("x' y' z", [0, 0, 1]),
+  kezrotx: turning("x y' z'", [1, 0, 0], "x axis"),
+  kezroty: turning("x' y z'", [0, -1, 0], "y axis"),
+  kezrotz: turning("x' y' z", [0, 0, 1], "z axis"),
   kezptr: space([...placed, spot(ORIGIN, "soft"), vector("x.1 y.1 z.1", sum("x.1 y.1 z.1", "tx ty tz"), "tx, ty, tz")],
     { tell: "ax ay az", silent: "n" }),
   kezptrl: space([point(O), point("xa ya za"), point("xb yb zb"),
