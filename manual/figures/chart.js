@@ -1,5 +1,6 @@
 // Charts: the plane with a scale of its own for each axis, and curves of a design value.
 
+import { fit } from "./fit.js";
 import { mark } from "./marks.js";
 import { at, exists } from "./places.js";
 import { grid } from "./plane.js";
@@ -22,6 +23,25 @@ export function read(where, names = []) {
     sheet.label(names[0], [[x, bottom - 12]], "ink");
     sheet.label(names[1], [[frame.left + 12, y]], colour);
   });
+}
+
+// A sketch in a corner of the chart, with a scale of its own.
+export function inset(marks, { left = 0.66, top = 0.05, width = 0.32, height = 0.42 } = {}) {
+  return {
+    terms: marks.flatMap((one) => one.terms),
+    say: (v) => marks.map((one) => one.say?.(v)).filter(Boolean).join(". "),
+    paint(sheet, v) {
+      const places = marks.flatMap((one) => one.span(v));
+      if (sheet.small || !places.length) return;
+      const outer = sheet.frame;
+      const [wide, high] = [outer.right - outer.left, outer.bottom - outer.top];
+      const frame = { left: outer.left + left * wide, right: outer.left + (left + width) * wide,
+        top: outer.top + top * high, bottom: outer.top + (top + height) * high };
+      const view = fit(places, CHART.project, frame, { margin: 14 });
+      const part = Object.assign(Object.create(sheet), { view, frame });
+      for (const one of marks) one.paint(part, v);
+    },
+  };
 }
 
 const SAMPLES = 96;

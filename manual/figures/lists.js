@@ -3,7 +3,7 @@
 import { textWidth } from "./labels.js";
 import { assemble, nothing, Sheet, stripLines } from "./sheet.js";
 import { frameOf, stripOf, words } from "./scene.js";
-import { number } from "./svg.js";
+import { entry } from "./svg.js";
 import { nameOf } from "./values.js";
 
 const LEFT = 92;
@@ -11,7 +11,7 @@ const CELL = 44;
 const WIDEST = 78;
 const MOST = 12;
 
-const text = (value) => number(value);
+const text = entry;
 
 // A row of cells: the entries of an argument. `links` says how to find the entry of row `to`, else
 // of the row before, that an entry comes from:

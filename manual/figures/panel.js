@@ -46,6 +46,23 @@ export const PANEL = {
   },
 };
 
+// The stresses at a panel's edges by their ratio.
+export const STRESSED = {
+  terms: ["b", "psi"],
+  span: (v) => [[0, 0, 0], [1, 0, 0], [0, 0.5, 0], [1, 0.5 * v.scalar("psi"), 0]].filter(exists),
+  paint(sheet, v) {
+    const psi = v.scalar("psi");
+    const diagram = [[0, 0, 0], [0, 0.5, 0], [1, 0.5 * psi, 0], [1, 0, 0]];
+    if (!diagram.every(exists)) return;
+    sheet.wash(diagram, "ink-wash");
+    sheet.stroke(diagram, "ink thin", { closed: true });
+    plate(sheet, 0, 1, "ink heavy");
+    sheet.label("1", [sheet.to(diagram[1])], "ink");
+    sheet.label("psi", [sheet.to(diagram[2])], "ink");
+    sheet.label("b", [sheet.to([0.5, 0, 0])], "ink");
+  },
+};
+
 const below = (level) => ({ side: "bottom", level });
 
 export const panelDims = [

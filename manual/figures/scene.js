@@ -55,7 +55,7 @@ export function drawScene(row, kind, title, v, options) {
   const later = row.marks.flatMap((mark) => mark.late?.(v, whole) ?? []);
   const places = [...first, ...later];
   if (!places.length) return nothing(title, NOTHING, options);
-  const margin = options.small ? 44 : kind.margin;
+  const margin = options.small ? 44 : row.margin ?? kind.margin;
   const normals = row.marks.flatMap((mark) => mark.normals?.(v) ?? []);
   const project = kind.project ?? kind.chooseView(first, normals);
   const view = fit(kind.around?.(places) ?? places, project, frame,

@@ -9,7 +9,7 @@ import { number } from "./svg.js";
 const MOST = 12; // contours
 const SPACING = 27; // of dimension lines
 
-const SECTION = { margin: 70, project: ([x, y]) => [x, y], backdrop: () => {} };
+const SECTION = { margin: 62, project: ([x, y]) => [x, y], backdrop: () => {} };
 
 export const section = (marks, more) => scene(SECTION, marks, more);
 
@@ -78,8 +78,10 @@ export const OUTLINE = {
 const placeOf = (where, v) => (typeof where === "function" ? where(v)
   : vertices(v)[where - 1] ?? [NaN, NaN, NaN]);
 
-// Between two vertices, the middle.
-export const mid = (i, j) => (v) => times(add(placeOf(i, v), placeOf(j, v)), 0.5);
+// Between two vertices, a part of the way.
+export const share = (i, j, t) => (v) => add(times(placeOf(i, v), 1 - t), placeOf(j, v), t);
+
+export const mid = (i, j) => share(i, j, 0.5);
 
 const SIDES = { top: [1, -1], bottom: [1, 1], left: [0, -1], right: [0, 1] };
 

@@ -10,14 +10,23 @@ export const escape = (text) => String(text).replace(/[&<>"']/g, (letter) => ENT
 // A coordinate of the page. What lies far outside is cut off in any case.
 export const px = (value) => String(Math.round(Math.max(-1e5, Math.min(1e5, value)) * 10) / 10);
 
+const signed = (text) => text.replace(/^-/, "\u2212");
+
+const shortened = (value) => {
+  const size = Math.abs(value);
+  if (size === 0 || (size >= 1e-4 && size < 1e6)) return String(Number(value.toPrecision(4)));
+  return value.toExponential(3).replace(/\.?0*e\+?/, "e");
+};
+
+// A value in words, to four digits.
 export function number(value) {
   if (Number.isNaN(value)) return "not a number";
   if (!Number.isFinite(value)) return value < 0 ? "minus infinity" : "infinity";
-  const size = Math.abs(value);
-  const text = size >= 1e6 && Number.isInteger(value) && size < 1e10 ? String(value)
-    : String(Number(value.toPrecision(4)));
-  return text.replace(/^-/, "\u2212");
+  return signed(shortened(value));
 }
+
+// An entry of a list, whose whole numbers have all digits.
+export const entry = (value) => (Number.isInteger(value) ? signed(String(value)) : number(value));
 
 export function element(tag, attributes, content = "") {
   const given = Object.entries(attributes).filter(([, value]) => value !== undefined);

@@ -55,8 +55,8 @@ def described(routine):
 def main():
     interface = reader.read()
     found = {routine.name: described(routine) for routine in interface.routines}
-    for row in rows.read_rows(interface):
-        found[row.routine.name].setdefault("call", call(row))
+    for name, (first, *_) in rows.worked_calls(interface).items():
+        found[name]["call"] = call(first)
     print(json.dumps(found))
 
 
