@@ -84,29 +84,38 @@ function curveMark(name, term, result, range) {
 export const curve = (name, term, result, range, { marks = [], ...more } = {}) =>
   chart([curveMark(name, term, result, range), ...marks], more);
 
-// Samples over a range, the trapezoids between them, and the one that is left out.
-export function trapezoids(list, count, from, to) {
+// Samples over a range as bars, whose area is the integral: one step wide, half as wide at the ends.
+// The last one within has none.
+export function bars(list, count, from, to) {
   const places = (v) => {
     const all = v.array(list).slice(0, v.count(count, 60));
     const [a, b] = [v.scalar(from), v.scalar(to)];
     return all.map((y, i) => [all.length > 1 ? a + ((b - a) * i) / (all.length - 1) : a, y, 0]);
   };
-  const ground = ([x]) => [x, 0, 0];
   return {
     terms: [list, count, from, to],
-    span: (v) => places(v).flatMap((p) => [p, ground(p)]).filter(exists),
+    span: (v) => places(v).flatMap(([x, y]) => [[x, y, 0], [x, 0, 0]]).filter(exists),
     say: (v) => `samples ${places(v).map(([, y]) => number(y)).join(", ")}`,
     paint(sheet, v) {
-      const all = places(v).filter(exists);
-      const kept = all.filter((_, i) => i !== all.length - 2 || all.length < 3);
-      if (all.length > 1) sheet.wash([ground(all[0]), ...all, ground(all.at(-1))], "accent-wash");
+      const all = places(v);
+      const leftOut = all.length > 2 ? all.length - 2 : -1;
+      if (!all.every(exists)) return;
+      if (all.length > 1) sheet.stroke(all, "soft thin dashed");
       all.forEach((p, i) => {
-        const out = all.length > 2 && i === all.length - 2;
-        sheet.stroke([ground(p), p], out ? "soft thin dashed" : "accent thin");
-        sheet.dot(p, out ? "soft" : "ink");
-        sheet.label(out ? "left out" : `${list}(${i + 1})`, [sheet.to(p)], out ? "soft" : "ink");
+        if (i !== leftOut) paintBar(sheet, all, i);
+        sheet.dot(p, i === leftOut ? "soft" : "ink");
+        sheet.label(i === leftOut ? "left out" : `${list}(${i + 1})`, [sheet.to(p)],
+          i === leftOut ? "soft" : "ink");
       });
-      if (kept.length > 1) sheet.stroke(all, "ink thin");
     },
   };
+}
+
+function paintBar(sheet, all, i) {
+  const [x, y] = all[i];
+  const half = all.length > 1 ? (all[1][0] - all[0][0]) / 2 : 0;
+  const [low, high] = [i > 0 ? x - half : x, i < all.length - 1 ? x + half : x];
+  const corners = [[low, 0, 0], [low, y, 0], [high, y, 0], [high, 0, 0]];
+  sheet.wash(corners, "accent-wash");
+  sheet.stroke(corners, "accent thin", { closed: true });
 }

@@ -18,14 +18,25 @@
 
 import { nothing } from "./sheet.js";
 import { TABLE } from "./table.js";
-import { callValues } from "./values.js";
+import { callValues, nameOf } from "./values.js";
 
 export { STYLE } from "./svg.js";
 
 export const NAMES = Object.keys(TABLE);
 
-// The arguments that a routine's row knows of, as terms.
-export const termsOf = (name) => TABLE[name].terms;
+const namesOf = (terms) => [...new Set(terms.map(nameOf))];
+
+// The arguments that a routine's picture shows, and those that it deliberately does not.
+export const notShownBy = (name) => namesOf(TABLE[name].silent);
+export const shownBy = (name) =>
+  namesOf(TABLE[name].shown).filter((shown) => !notShownBy(name).includes(shown));
+
+// What a section's dimension lines measure, by argument.
+export const dimensionsOf = (name, inputs, results) => {
+  const v = callValues(inputs, results);
+  return TABLE[name].marks.filter((mark) => mark.dimension?.(v) !== undefined)
+    .map((mark) => ({ name: mark.terms[0], length: mark.dimension(v) }));
+};
 
 export function draw(name, inputs, results, options = {}) {
   const row = Object.hasOwn(TABLE, name) ? TABLE[name] : undefined;

@@ -95,30 +95,34 @@ const FINDERS = {
     values.map((_, i) => (start + i < source.length ? start + i : -1)),
 };
 
-function layout(rows, v, frame) {
+const widthOf = (values) =>
+  Math.max(60, Math.min(WIDEST, 18 + Math.max(0, ...values.map((value) => textWidth(text(value))))));
+
+// Width and places of the cells. Small pictures have neither names nor positions beside them.
+function layout(rows, v, frame, small) {
   const all = rows.map((row) => row.values(v));
-  const widest = Math.max(1, ...all.map((values) => Math.min(values.length, MOST + 1)));
-  const letters = Math.max(...all.flatMap((values) => values.map((value) => textWidth(text(value)))), 0);
-  const wide = Math.max(34, Math.min(WIDEST, letters + 18));
-  const width = Math.min(Math.max(wide, 60), (frame.right - frame.left - LEFT - 6) / widest);
-  const room = (frame.bottom - frame.top - rows.length * CELL - 26) / Math.max(1, rows.length - 1);
-  const step = CELL + Math.max(12, Math.min(70, room));
-  const top = frame.top + 26 + Math.max(0, (frame.bottom - frame.top - 26
-    - (rows.length - 1) * step - CELL) / 2);
-  const left = frame.left + LEFT + Math.max(0,
-    (frame.right - frame.left - LEFT - widest * width) / 2 - 30);
-  return { all, width, left, at: (r, i) => [left + i * width, top + r * step] };
+  const longest = Math.max(1, ...all.map((values) => Math.min(values.length, MOST + 1)));
+  const [wide, high] = [frame.right - frame.left, frame.bottom - frame.top];
+  const [beside, above] = small ? [20, 20] : [LEFT, 26];
+  const width = Math.min(small ? 120 : widthOf(all.flat()), (wide - beside - (small ? 20 : 6)) / longest);
+  const cell = small ? Math.min(90, high / (1.7 * rows.length)) : CELL;
+  const room = (high - rows.length * cell - above - (small ? above : 0)) / Math.max(1, rows.length - 1);
+  const step = cell + Math.max(12, Math.min(small ? 110 : 70, room));
+  const top = frame.top + above + Math.max(0, (high - above - (rows.length - 1) * step - cell) / 2);
+  const left = frame.left + beside + Math.max(0, (wide - beside - longest * width) / 2
+    - (small ? beside / 2 : 30));
+  return { all, width, cell, at: (r, i) => [left + i * width, top + r * step] };
 }
 
-function paintCell(sheet, [x, y], width, value, { tone, faint, picked }) {
+function paintCell(sheet, [x, y], { width, cell }, value, { tone, faint, picked }) {
   const look = faint ? "faint" : tone;
-  const corners = [[x, y], [x + width, y], [x + width, y + CELL], [x, y + CELL]];
-  const d = corners.map((p, i) => `${i ? "L" : "M"}${p[0].toFixed(1)} ${p[1].toFixed(1)}`).join("");
-  sheet.put("dots", `<path class="${look} thin ${picked ? "accent-wash" : "paper-fill"}" d="${d}Z"/>`);
+  const corners = [[x, y], [x + width, y], [x + width, y + cell], [x, y + cell]];
+  sheet.strokeAt(corners, `${look} thin ${picked ? "accent-wash" : "paper-fill"}`,
+    { closed: true, layer: "dots" });
   const narrow = textWidth(value) > width - 4;
   const shown = narrow ? `${[...value].slice(0, Math.max(1, Math.floor(width / 9.5) - 2)).join("")}…`
     : value;
-  sheet.words(shown, x + width / 2, y + CELL / 2 + 6, faint ? "soft" : tone);
+  sheet.words(shown, x + width / 2, y + cell / 2 + 6, faint ? "soft" : tone);
 }
 
 function paintRow(sheet, row, r, place, v) {
@@ -128,7 +132,7 @@ function paintRow(sheet, row, r, place, v) {
   sheet.words(row.label.replace("'", ""), x - 14, y + CELL / 2 + (row.note ? 0 : 6), row.tone(v), "end");
   if (row.note) sheet.words(row.note, x - 14, y + CELL / 2 + 18, "tick", "end");
   if (!values.length) sheet.words("no entry", x + 8, y + CELL / 2 + 6, "soft", "start");
-  values.slice(0, MOST).forEach((value, i) => paintCell(sheet, place.at(r, i), place.width, text(value),
+  values.slice(0, MOST).forEach((value, i) => paintCell(sheet, place.at(r, i), place, text(value),
     { tone: picked.has(i + 1) ? "accent" : row.tone(v), faint: i >= used, picked: picked.has(i + 1) }));
   if (values.length > MOST) {
     const [end] = place.at(r, MOST);
@@ -141,7 +145,7 @@ function paintRow(sheet, row, r, place, v) {
 }
 
 function paintLink(sheet, place, [from, source], [to, entry]) {
-  const [upper, lower] = from < to ? [CELL, 0] : [0, CELL];
+  const [upper, lower] = from < to ? [place.cell, 0] : [0, place.cell];
   const [x1, y1] = place.at(from, source);
   const [x2, y2] = place.at(to, entry);
   const half = place.width / 2;
@@ -179,7 +183,7 @@ export const pairs = (first, second, count) => ({
       if (!(i >= 0 && j >= 0 && i < MOST && j < MOST)) continue;
       const [p, q] = [place.at(0, i), place.at(1, j)];
       const half = place.width / 2;
-      sheet.strokeAt([[p[0] + half, p[1] + CELL], [q[0] + half, q[1]]], "accent");
+      sheet.strokeAt([[p[0] + half, p[1] + place.cell], [q[0] + half, q[1]]], "accent");
     }
   },
 });
@@ -191,7 +195,7 @@ function drawLists(row, title, v, options) {
   const strip = stripOf(row, v);
   const lines = stripLines(strip);
   const frame = frameOf(lines, options, { ticks: false });
-  const place = layout(row.rows, v, frame);
+  const place = layout(row.rows, v, frame, options.small);
   if (!place.all.some((values) => values.length)) {
     return nothing(title, "Nothing to draw: the lists are empty.", options);
   }
@@ -215,6 +219,6 @@ function noted(rows) {
 export function lists(rows, { tell = "", silent = "", links = [], ...more } = {}) {
   const row = { rows: noted(rows), links, tell, ...more };
   const terms = [...rows, ...links].flatMap((part) => part.terms);
-  return { terms: [...terms, ...words(tell), ...words(silent)],
+  return { shown: [...terms, ...words(tell)], silent: words(silent),
     draw: (title, v, options) => drawLists(row, title, v, options) };
 }

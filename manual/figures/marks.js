@@ -108,7 +108,7 @@ export function distance(from, to, term, { tone, shift = 0 } = {}) {
     const tick = ([x, y]) => [-6, 6].map(
       (s) => [x + s * Math.cos(across), y + s * Math.sin(across)]);
     sheet.strokeAt([a, b], `${colour} thin`);
-    for (const end of [a, b]) sheet.strokeAt(tick(end), `${colour} thin`, { weight: 0 });
+    for (const end of [a, b]) sheet.strokeAt(tick(end), `${colour} thin`);
     const mid = (t) => [a[0] + t * (b[0] - a[0]), a[1] + t * (b[1] - a[1])];
     sheet.label(say(v), [mid(0.5), mid(0.3), mid(0.7)], colour);
   }, { tone, terms: [term], say });
@@ -145,8 +145,8 @@ export function angle(vertex, from, to, term, { radius = 46, tone, name } = {}) 
     const arc = arcBetween(o, minus(p, o), minus(q, o), size);
     if (!arc.every(exists)) return;
     sheet.stroke(arc, `${colour} thin`);
-    sheet.label(label(v), [arc[Math.floor(arc.length / 2)], ...arc].map((place) => sheet.to(place)),
-      colour);
+    const parts = [0.5, 0.25, 0.75].map((t) => arc[Math.round(t * (arc.length - 1))]);
+    sheet.label(label(v), parts.map((place) => sheet.to(place)), colour);
   }, { tone, terms: term === undefined ? [] : [term], say: (v) => label(v) });
 }
 

@@ -8,6 +8,9 @@ import { number } from "./svg.js";
 
 const onLine = (x) => [x, 0, 0];
 
+// Heights above and below the line, which small pictures need larger.
+const tall = (sheet, height) => (sheet.small ? 2.4 * height : height);
+
 function backdrop(sheet) {
   const { frame, view } = sheet;
   const y = sheet.to(onLine(0))[1];
@@ -39,18 +42,18 @@ export function entries(name, count, { chosen, of } = {}) {
         if (!exists(onLine(x))) return;
         const [X, Y] = sheet.to(onLine(x));
         const tone = picked(v).has(i + 1) ? "accent" : "ink";
-        sheet.strokeAt([[X, Y - 18], [X, Y + 18]], tone);
+        sheet.strokeAt([[X, Y - tall(sheet, 18)], [X, Y + tall(sheet, 18)]], tone);
         sheet.label(`${name}(${i + 1})`, [[X, Y + 20]], tone);
       });
     },
   };
 }
 
-function band(sheet, from, to, tone, half) {
+function band(sheet, from, to, tone, height) {
+  const half = tall(sheet, height);
   const [[x1, y], [x2]] = [sheet.to(onLine(from)), sheet.to(onLine(to))];
   const corners = [[x1, y - half], [x2, y - half], [x2, y + half], [x1, y + half]];
-  sheet.put("wash", `<path class="${tone}-wash" d="M${corners.map((p) =>
-    p.map((value) => value.toFixed(1)).join(" ")).join("L")}Z"/>`);
+  sheet.washAt(corners, `${tone}-wash`);
   return [x1, x2, y];
 }
 
@@ -72,8 +75,9 @@ export const range = (low, high) => ({
     const ends = [v.scalar(low), v.scalar(high)];
     if (!exists(ends)) return;
     const [x1, x2, y] = band(sheet, ...ends, "ink", 34);
+    const half = tall(sheet, 34);
     for (const [x, name] of [[x1, low], [x2, high]]) {
-      sheet.strokeAt([[x, y - 34], [x, y + 34]], "ink thin");
+      sheet.strokeAt([[x, y - half], [x, y + half]], "ink thin");
       sheet.label(name, [[x, y - 36]], "ink");
     }
   },
@@ -87,9 +91,10 @@ export const gap = (term, from, entry) => ({
     const [p, q] = [v.scalar(from), entry(v) ?? NaN];
     if (!exists([p, q, v.scalar(term)])) return;
     const [[x1, y], [x2]] = [sheet.to(onLine(p)), sheet.to(onLine(q))];
-    sheet.strokeAt([[x1, y - 50], [x2, y - 50]], "accent thin");
-    for (const x of [x1, x2]) sheet.strokeAt([[x, y - 56], [x, y - 44]], "accent thin");
-    sheet.label(`${term} = ${number(v.scalar(term))}`, [[(x1 + x2) / 2, y - 54]], "accent");
+    const above = y - tall(sheet, 50);
+    sheet.strokeAt([[x1, above], [x2, above]], "accent thin");
+    for (const x of [x1, x2]) sheet.strokeAt([[x, above - 6], [x, above + 6]], "accent thin");
+    sheet.label(`${term} = ${number(v.scalar(term))}`, [[(x1 + x2) / 2, above - 4]], "accent");
   },
 });
 
@@ -101,7 +106,7 @@ export const value = (name) => ({
     const x = v.scalar(name);
     if (!exists([x])) return;
     const [X, Y] = sheet.to(onLine(x));
-    sheet.strokeAt([[X, Y], [X, Y - 58]], "ink thin", { weight: 0.3 });
+    sheet.strokeAt([[X, Y], [X, Y - tall(sheet, 58)]], "ink thin", { weight: 0.3 });
     sheet.dot(onLine(x), "ink", null, 5);
     sheet.label(`${name} = ${number(x)}`, [[X, Y - 60], [X, Y - 84]], "ink");
   },
@@ -116,7 +121,7 @@ export const sides = (name, positive) => ({
     const isPositive = v.scalar(name) > 0;
     band(sheet, 0, isPositive ? far : -far, "accent", 24);
     const [x, y] = sheet.to(onLine(0));
-    sheet.strokeAt([[x, y - 30], [x, y + 30]], "ink");
+    sheet.strokeAt([[x, y - tall(sheet, 30)], [x, y + tall(sheet, 30)]], "ink");
     for (const [text, X] of [[positive[0], x + 90], [positive[1], x - 90]]) {
       sheet.label(text, [[X, y + 30]], "soft");
     }
@@ -128,7 +133,7 @@ export const zero = {
   span: () => finite([0]),
   paint(sheet) {
     const [x, y] = sheet.to(onLine(0));
-    sheet.strokeAt([[x, y - 30], [x, y + 30]], "accent");
+    sheet.strokeAt([[x, y - tall(sheet, 30)], [x, y + tall(sheet, 30)]], "accent");
     sheet.label("0", [[x, y + 32]], "accent");
   },
 };

@@ -71,6 +71,6 @@ export function drawScene(row, kind, title, v, options) {
 // A row of a table: the marks, then what is told in words and what is deliberately not shown.
 export function scene(kind, marks, { tell = "", silent = "", ...more } = {}) {
   const row = { marks, tell, ...more };
-  const terms = [...marks.flatMap((mark) => mark.terms), ...words(tell), ...words(silent)];
-  return { terms, draw: (title, v, options) => drawScene(row, kind, title, v, options) };
+  const shown = [...marks.flatMap((mark) => mark.terms), ...words(tell)];
+  return { shown, silent: words(silent), marks, draw: (title, v, options) => drawScene(row, kind, title, v, options) };
 }

@@ -10,6 +10,9 @@ const OFF = 1e5; // page positions beyond do not count
 
 export const HEIGHT_OF_TEXT = 17;
 
+// What is not a number has no place on the page.
+const drawn = (points) => points.length > 0 && points.flat().every(Number.isFinite);
+
 const near = ([x, y]) => Math.abs(x) < OFF && Math.abs(y) < OFF;
 
 export class Sheet {
@@ -27,6 +30,11 @@ export class Sheet {
     return Boolean(this.options.small);
   }
 
+  // Whether points can be taken hold of: not where a scale of its own belongs to each axis.
+  get holds() {
+    return !this.small && this.view.sx === this.view.sy;
+  }
+
   to(place) {
     return this.view.to(place);
   }
@@ -37,6 +45,7 @@ export class Sheet {
 
   // A stroke through positions of the page. Labels mind it by its weight.
   strokeAt(points, look, { closed = false, weight = 1, layer = "strokes" } = {}) {
+    if (!drawn(points)) return;
     this.put(layer, element("path", { class: look, d: path(points, closed) }));
     const all = closed ? [...points, points[0]] : points;
     for (let i = 1; i < all.length; i += 1) {
@@ -48,15 +57,18 @@ export class Sheet {
     this.strokeAt(places.map((place) => this.to(place)), look, more);
   }
 
+  washAt(points, look) {
+    if (drawn(points)) this.put("wash", element("path", { class: look, d: path(points, true) }));
+  }
+
   wash(places, look) {
-    this.put("wash", element("path", {
-      class: look, d: path(places.map((place) => this.to(place)), true), "fill-rule": "evenodd" }));
+    this.washAt(places.map((place) => this.to(place)), look);
   }
 
   // A head at the second position, for a stroke that comes from the first.
   head(from, to, tone) {
     const way = Math.atan2(to[1] - from[1], to[0] - from[0]);
-    const size = Math.min(this.small ? 13 : 12, Math.hypot(to[0] - from[0], to[1] - from[1]));
+    const size = Math.min(this.small ? 26 : 12, Math.hypot(to[0] - from[0], to[1] - from[1]));
     const side = (turn) => [to[0] - size * Math.cos(way + turn), to[1] - size * Math.sin(way + turn)];
     if (!(size > 1)) return;
     this.put("dots", element("path", {
@@ -74,10 +86,11 @@ export class Sheet {
 
   dot(place, tone, handle, radius = 4.5) {
     const [x, y] = this.to(place);
+    if (!drawn([[x, y]])) return;
     const spot = element("circle", {
-      class: `${tone}-fill`, cx: px(x), cy: px(y), r: this.small ? radius + 1.5 : radius });
+      class: `${tone}-fill`, cx: px(x), cy: px(y), r: this.small ? 2.4 * radius : radius });
     this.dots.push({ left: x - 6, right: x + 6, top: y - 6, bottom: y + 6 });
-    this.put("dots", handle && !this.small ? this.handle([x, y], spot, place, handle) : spot);
+    this.put("dots", handle && this.holds ? this.handle([x, y], spot, place, handle) : spot);
   }
 
   handle([x, y], spot, place, { x: nameX, y: nameY, entry }) {
@@ -105,6 +118,7 @@ export class Sheet {
 
   // Words that stand where they are put.
   words(text, x, y, tone, anchor = "middle") {
+    if (this.small) return;
     this.fixed.push(element("text", { class: tone, x: px(x), y: px(y), "text-anchor": anchor },
       escape(text)));
   }
@@ -172,7 +186,7 @@ export function assemble({ title, says, content, lines = [], options, root = {} 
   const words = element("title", {}, escape(title)) + element("desc", {}, escape(says.join(" ")));
   const style = options.standalone ? element("style", {}, STYLE) : "";
   return element("svg", {
-    xmlns: "http://www.w3.org/2000/svg", class: "kez-figure", role: "img",
+    xmlns: "http://www.w3.org/2000/svg", class: options.small ? "kez-figure small" : "kez-figure", role: "img",
     viewBox: `0 0 ${WIDTH} ${HEIGHT}`, "aria-label": title, ...root,
   }, words + style + content + (options.small ? "" : stripTexts(lines)));
 }

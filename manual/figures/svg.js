@@ -55,6 +55,10 @@ export const STYLE = `
 .kez-figure .paper-fill { fill: var(--paper, #fff); }
 .kez-figure .ink-wash { fill: var(--ink, #1f2937); fill-opacity: 0.08; }
 .kez-figure .accent-wash { fill: var(--accent, #1d5fa5); fill-opacity: 0.16; }
+.kez-figure.small .ink, .kez-figure.small .accent { stroke-width: 6; }
+.kez-figure.small .thin, .kez-figure.small .soft { stroke-width: 3.5; }
+.kez-figure.small .heavy { stroke-width: 18; }
+.kez-figure.small .dashed { stroke-dasharray: 12 12; }
 .kez-figure text[class] { stroke: var(--paper, #fff); stroke-width: 4; stroke-linejoin: round;
   paint-order: stroke; }
 .kez-figure text.ink { fill: var(--ink, #1f2937); }

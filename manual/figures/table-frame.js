@@ -1,11 +1,11 @@
 // Points and vectors, lines in the plane, angles and relations, tables, sampling.
 
-import { chart, read, trapezoids } from "./chart.js";
+import { chart, read, bars } from "./chart.js";
 import { cells, lists, run } from "./lists.js";
 import { angle, direction, distance, division, outline, point, pointer, segment, square, vector }
   from "./marks.js";
-import { along, at, between, derived, fixed, foot, footOn, mixed, ORIGIN, sum }
-  from "./places.js";
+import { add, along, at, between, derived, fixed, foot, footOn, length, minus, mixed, ORIGIN, sum,
+  unit } from "./places.js";
 import { line, plane, points, through } from "./plane.js";
 import { entries, interval, ruler, sides, value, zero } from "./ruler.js";
 import { meeting, patch, solid } from "./planes.js";
@@ -78,7 +78,12 @@ const Q0 = at("x0 y0");
 const Q = at("x y");
 const ON_AXIS = sum(Q0, fixed(1.5, 0));
 
-const BISECTED = sum(Q0, mixed("-b", "a"));
+// On the bisector, as far from the vertex as the point of the first ray.
+const BISECTED = derived("x0 y0 x1 y1 a b", (v) => {
+  const vertex = Q0.where(v);
+  const way = [-v.scalar("b"), v.scalar("a"), 0];
+  return add(vertex, unit(way), length(minus(Q1.where(v), vertex)));
+});
 
 const LINES_IN_PLANE = {
   kezln3: plane([line("a b c", undefined, { normal: true }), point(Q1), point(Q2)],
@@ -163,7 +168,7 @@ const SAMPLING = {
     distance(P1, STEPS, "realstep", { tone: "accent", shift: 26 })], { tell: "nseg npts step" }),
   keznst: space([segment(P1, P2), points("xs ys zs", "n", { numbers: true }), ...ENDS,
     distance(P1, along(P1, P2, "step"), "step", { tone: "ink", shift: 26 })], { silent: "n" }),
-  kezinr: chart([trapezoids("y", "n", "a", "b")], { tell: "s a b", silent: "n" }),
+  kezinr: chart([bars("y", "n", "a", "b")], { tell: "s a b", silent: "n" }),
   kezpar: lists([cells("list1", { count: "count1", links: "equal", to: 1 }), run("i1", "i2", "nmax"),
     cells("list2", { count: "count2", links: "equal" })], { tell: "count1 count2 i1 i2 nmax" }),
 };

@@ -7,7 +7,7 @@ import { PANEL, panelDims, STIFFENER, stiffenerDims, STRESSED } from "./panel.js
 import { entries, gap, range, ruler } from "./ruler.js";
 import { contours, dim, mid, OUTLINE, section, share, vertices } from "./section.js";
 
-const PASSED = "v1 v2 v3 v4 v5 v6 v7 value";
+const PASSED = "kind v1 v2 v3 v4 v5 v6 v7 value";
 
 const builder = (dimensions, { also = "", ...more } = {}) =>
   section([OUTLINE, ...dimensions], { tell: "nc", silent: `${PASSED}${also}`, ...more });
@@ -44,7 +44,7 @@ const inFrontOf = (where) => (v) => {
 const atWeb = (place) => (v) => [v.array("x")[0] ?? NaN, place(v)[1], 0];
 
 const BUILDERS = {
-  kezsec_b: builder([dim("b", 1, 4, top), dim("h", 1, 2, left)]),
+  kezsec_b: builder([dim("b", 1, 4, top), dim("h", 1, 2, left)], { also: " nv" }),
   kezsec_t: builder([dim("b", 1, 8, top), dim("h", 1, 4, left), dim("tf", 8, 7, right),
     dim("tw", 4, 5, bottom)]),
   kezsec_h: builder([...LYING, dim("tw", 11, 4, { ...upright, at: mid(11, 10) })]),

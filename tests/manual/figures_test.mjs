@@ -1,0 +1,155 @@
+// The manual's pictures: that each shows what its call is about, and that no numbers break one.
+
+import assert from "node:assert/strict";
+import { execFileSync } from "node:child_process";
+import { test } from "node:test";
+import { fileURLToPath } from "node:url";
+
+import { dimensionsOf, draw, NAMES, notShownBy, shownBy } from "../../manual/figures/draw.js";
+
+const SCRIPT = fileURLToPath(new URL("calls.py", import.meta.url));
+const ROUTINES = JSON.parse(execFileSync("python3", ["-B", SCRIPT], { maxBuffer: 1 << 26 }));
+
+// A number; what is kept is undefined, of a list the entry that was there before.
+const numberOf = (value, before) =>
+  (value === null ? before : typeof value === "string" ? Number(value.replace("inf", "Infinity"))
+    : value);
+
+const valuesOf = (given, before = {}) => Object.fromEntries(Object.entries(given).map(
+  ([name, value]) => [name, Array.isArray(value)
+    ? value.map((entry, i) => numberOf(entry, before[name]?.[i] ?? 0))
+    : numberOf(value, before[name])]));
+
+const callOf = (name) => {
+  const inputs = valuesOf(ROUTINES[name].call.inputs);
+  return { inputs, results: valuesOf(ROUTINES[name].call.results, inputs) };
+};
+
+const pictureOf = (name, options) => {
+  const { inputs, results } = callOf(name);
+  return draw(name, inputs, results, options);
+};
+
+const attribute = (text, name) => new RegExp(`(?:^|\\s)${name}="([^"]*)"`).exec(text)?.[1];
+
+// Seeded, as the library's own: the same numbers on every machine.
+function generator(seed) {
+  let state = seed;
+  return (below) => {
+    state = (Math.imul(state, 1664525) + 1013904223) >>> 0;
+    return Math.floor((state / 2 ** 32) * below);
+  };
+}
+
+function assertSound(svg, about) {
+  assert.match(svg, /^<svg [^>]*role="img"/, about);
+  const unwritten = svg.replace(/<title>.*?<\/desc>|<text[^>]*>[^<]*<\/text>/gs, "")
+    .replace(/aria-value\w+="[^"]*"/g, "");
+  assert.ok(!/NaN|undefined|Infinity|null/.test(unwritten), about);
+}
+
+test("every routine has a picture, and every argument its place in it", () => {
+  assert.deepEqual([...NAMES].sort(), Object.keys(ROUTINES).sort());
+  for (const name of NAMES) {
+    const known = [...shownBy(name), ...notShownBy(name)].sort();
+    const declared = ROUTINES[name].arguments.map((argument) => argument.name).sort();
+    assert.deepEqual([...new Set(known)], declared, name);
+  }
+});
+
+test("pictures have shapes, words for those who cannot see, and words in the frame", () => {
+  for (const name of NAMES) {
+    const svg = pictureOf(name, { title: `About ${name}` });
+    assertSound(svg, name);
+    assert.ok((svg.match(/<(path|circle) class/g) ?? []).length >= 3, `${name} has shapes`);
+    assert.match(svg, new RegExp(`<title>About ${name}</title><desc>[^<]*\\d[^<]*</desc>`), name);
+    for (const [label] of svg.matchAll(/<text [^>]*>/g)) {
+      const [x, y] = [Number(attribute(label, "x")), Number(attribute(label, "y"))];
+      const width = Number(attribute(label, "data-width") ?? 0);
+      assert.ok(x >= 0 && x + width <= 560 && y >= 12 && y <= 400, `${name}: ${label}`);
+    }
+    assert.ok(!/<text|class="handle"/.test(pictureOf(name, { small: true })), name);
+  }
+});
+
+const CHANGES = [(x) => x + 1, (x) => x - 1, (x) => 1.5 * x, (x) => -x];
+
+// Whether one of the changes of an argument's value, before or after the call, gives another picture.
+function matters(name, call, argument) {
+  const before = draw(name, call.inputs, call.results);
+  return ["inputs", "results"].some((side) => CHANGES.some((change) => {
+    const value = call[side][argument];
+    if (value === undefined) return false;
+    const other = Array.isArray(value) ? value.map(change) : change(value);
+    const { inputs, results } = { ...call, [side]: { ...call[side], [argument]: other } };
+    return draw(name, inputs, results) !== before;
+  }));
+}
+
+test("what a picture shows of a call changes the picture", () => {
+  for (const name of NAMES) {
+    const call = callOf(name);
+    const given = { ...call.results, ...call.inputs };
+    const unchanged = shownBy(name).filter(
+      (argument) => given[argument] !== undefined && !matters(name, call, argument));
+    assert.deepEqual(unchanged, [], name);
+  }
+});
+
+const SPECIAL = [0, -0, 1, -1, 1e-5, 1e-30, 0.5, 7, -3.25, 1e9, 1e20, -3.4e38, 3.4e38, Infinity,
+  -Infinity, NaN, 2147483647, -2147483648];
+
+test("no numbers break a picture", () => {
+  const random = generator(20240229);
+  const special = () => (random(4) ? SPECIAL[random(SPECIAL.length)] : random(2000) / 100 - 10);
+  const hostile = (value) => (Array.isArray(value)
+    ? Array.from({ length: random(2) ? value.length : random(80) }, special) : special());
+  const mixed = (values) => Object.fromEntries(Object.entries(values).map(([name, value]) =>
+    [name, random(3) ? hostile(value) : random(12) ? value : undefined]));
+  for (const name of NAMES) {
+    const { inputs, results } = callOf(name);
+    for (let i = 0; i < 30; i += 1) {
+      const [given, found] = [mixed(inputs), random(8) ? mixed(results) : null];
+      const about = `${name} ${JSON.stringify([given, found])}`;
+      const options = { small: random(4) === 0, call: () => found };
+      assertSound(draw(name, given, found, options), about);
+    }
+  }
+  assertSound(draw("no such routine", null, undefined), "an unknown name");
+});
+
+test("a handle stands where its inputs say, by the picture's scale", () => {
+  let count = 0;
+  for (const name of NAMES) {
+    const svg = pictureOf(name);
+    const root = /^<svg [^>]*>/.exec(svg)[0];
+    const [scale, left, top] = ["scale", "left", "top"].map(
+      (part) => Number(attribute(root, `data-${part}`)));
+    const { inputs } = callOf(name);
+    for (const [, group, spot] of svg.matchAll(/(<g class="handle"[^>]*>)<circle[^>]*>(<circle[^>]*>)/g)) {
+      const place = ["x", "y"].map((axis) => {
+        const value = inputs[attribute(group, `data-${axis}`)];
+        return Array.isArray(value) ? value[attribute(group, "data-entry") - 1] : value;
+      });
+      assert.ok(Math.abs(left + scale * place[0] - attribute(spot, "cx")) < 0.2, `${name}: ${group}`);
+      assert.ok(Math.abs(top - scale * place[1] - attribute(spot, "cy")) < 0.2, `${name}: ${group}`);
+      assert.match(group, /tabindex="0" role="slider".*aria-label="[^"]+".*aria-valuenow="/, name);
+      count += 1;
+    }
+  }
+  assert.ok(count > 60, `${count} handles`);
+});
+
+test("a dimension line is as long as the dimension", () => {
+  const builders = NAMES.filter((name) => name.startsWith("kezsec_"));
+  assert.equal(builders.length, 12);
+  for (const name of builders) {
+    const { inputs, results } = callOf(name);
+    const found = dimensionsOf(name, inputs, results).filter(({ length }) => length !== false);
+    for (const { name: argument, length } of found) {
+      assert.ok(Math.abs(length - Math.abs(inputs[argument])) < 1e-3, `${name}: ${argument}, ${length}`);
+    }
+    const wanted = Object.keys(inputs).filter((argument) => !["value", "nw", "nf"].includes(argument));
+    assert.deepEqual([...new Set(found.map((one) => one.name))].sort(), wanted.sort(), name);
+  }
+});
