@@ -7,9 +7,28 @@ import { number } from "./svg.js";
 function wall(v) {
   const [B, H, C, t] = ["B", "H", "C", "t"].map(v.scalar);
   const [h, lip] = [H / 2, C > 1e-5 ? Math.max(C, t) : t];
-  const outer = [[B, h - lip, 0], [B, h, 0], [0, h, 0], [0, -h, 0], [B, -h, 0], [B, lip - h, 0]];
-  const inner = C > 1e-5 ? [[B - t, lip - h, 0], [B - t, t - h, 0], [t, t - h, 0], [t, h - t, 0],
-    [B - t, h - t, 0], [B - t, h - lip, 0]] : [[t, t - h, 0], [t, h - t, 0]];
+  const outer = [
+    [B, h - lip, 0],
+    [B, h, 0],
+    [0, h, 0],
+    [0, -h, 0],
+    [B, -h, 0],
+    [B, lip - h, 0],
+  ];
+  const inner =
+    C > 1e-5
+      ? [
+          [B - t, lip - h, 0],
+          [B - t, t - h, 0],
+          [t, t - h, 0],
+          [t, h - t, 0],
+          [B - t, h - t, 0],
+          [B - t, h - lip, 0],
+        ]
+      : [
+          [t, t - h, 0],
+          [t, h - t, 0],
+        ];
   return [...outer, ...inner];
 }
 
@@ -23,8 +42,10 @@ function centroid(v) {
 export const CHANNEL = {
   terms: ["B", "H", "C", "t"],
   span: (v) => wall(v).filter(exists),
-  say: (v) => `channel of B = ${number(v.scalar("B"))}, H = ${number(v.scalar("H"))}, C = ${
-    number(v.scalar("C"))}, t = ${number(v.scalar("t"))}`,
+  say: (v) =>
+    `channel of B = ${number(v.scalar("B"))}, H = ${number(v.scalar("H"))}, C = ${number(
+      v.scalar("C"),
+    )}, t = ${number(v.scalar("t"))}`,
   paint(sheet, v) {
     const all = wall(v);
     if (!all.every(exists)) return;
@@ -47,7 +68,10 @@ export const CENTRES = {
     const [g, s] = [centre(v), shear(v)];
     if (!exists(g) || !exists(s)) return;
     sheet.arrow(g, s, "accent");
-    for (const [p, name, tone] of [[g, "centroid", "ink"], [s, "shear centre", "accent"]]) {
+    for (const [p, name, tone] of [
+      [g, "centroid", "ink"],
+      [s, "shear centre", "accent"],
+    ]) {
       sheet.dot(p, tone, null, 6);
       sheet.label(name, [sheet.to(p)], tone);
     }

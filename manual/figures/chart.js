@@ -18,8 +18,22 @@ export function read(where, names = []) {
     const { frame } = sheet;
     const [x, y] = sheet.to(p);
     const [, bottom] = [frame.left, frame.bottom];
-    sheet.strokeAt([[x, y], [x, bottom]], `${colour} thin dashed`, { weight: 0.3 });
-    sheet.strokeAt([[x, y], [frame.left, y]], `${colour} thin dashed`, { weight: 0.3 });
+    sheet.strokeAt(
+      [
+        [x, y],
+        [x, bottom],
+      ],
+      `${colour} thin dashed`,
+      { weight: 0.3 },
+    );
+    sheet.strokeAt(
+      [
+        [x, y],
+        [frame.left, y],
+      ],
+      `${colour} thin dashed`,
+      { weight: 0.3 },
+    );
     sheet.label(names[0], [[x, bottom - 12]], "ink");
     sheet.label(names[1], [[frame.left + 12, y]], colour);
   });
@@ -29,14 +43,22 @@ export function read(where, names = []) {
 export function inset(marks, { left = 0.66, top = 0.05, width = 0.32, height = 0.42 } = {}) {
   return {
     terms: marks.flatMap((one) => one.terms),
-    say: (v) => marks.map((one) => one.say?.(v)).filter(Boolean).join(". "),
+    say: (v) =>
+      marks
+        .map((one) => one.say?.(v))
+        .filter(Boolean)
+        .join(". "),
     paint(sheet, v) {
       const places = marks.flatMap((one) => one.span(v));
       if (sheet.small || !places.length) return;
       const outer = sheet.frame;
       const [wide, high] = [outer.right - outer.left, outer.bottom - outer.top];
-      const frame = { left: outer.left + left * wide, right: outer.left + (left + width) * wide,
-        top: outer.top + top * high, bottom: outer.top + (top + height) * high };
+      const frame = {
+        left: outer.left + left * wide,
+        right: outer.left + (left + width) * wide,
+        top: outer.top + top * high,
+        bottom: outer.top + (top + height) * high,
+      };
       const view = fit(places, CHART.project, frame, { margin: 14 });
       const part = Object.assign(Object.create(sheet), { view, frame });
       for (const one of marks) one.paint(part, v);
@@ -72,8 +94,22 @@ function curveMark(name, term, result, range) {
       const p = here(v);
       if (!exists(p)) return;
       const [x, y] = sheet.to(p);
-      sheet.strokeAt([[x, y], [x, sheet.frame.bottom]], "soft thin dashed", { weight: 0.2 });
-      sheet.strokeAt([[x, y], [sheet.frame.left, y]], "accent thin dashed", { weight: 0.2 });
+      sheet.strokeAt(
+        [
+          [x, y],
+          [x, sheet.frame.bottom],
+        ],
+        "soft thin dashed",
+        { weight: 0.2 },
+      );
+      sheet.strokeAt(
+        [
+          [x, y],
+          [sheet.frame.left, y],
+        ],
+        "accent thin dashed",
+        { weight: 0.2 },
+      );
       sheet.dot(p, "accent");
       sheet.label(`${result} = ${number(v.scalar(result))}`, [[x, y]], "accent");
       sheet.label(term, [[sheet.frame.right - 12, sheet.frame.bottom - 4]], "soft");
@@ -84,8 +120,8 @@ function curveMark(name, term, result, range) {
 export const curve = (name, term, result, range, { marks = [], ...more } = {}) =>
   chart([curveMark(name, term, result, range), ...marks], more);
 
-// Samples over a range as bars, whose area is the integral: one step wide, half as wide at the ends.
-// The last one within has none.
+// Samples over a range as bars, whose area is the integral: one step wide, half as wide at the
+// ends. The last one within has none.
 export function bars(list, count, from, to) {
   const places = (v) => {
     const all = v.array(list).slice(0, v.count(count, 60));
@@ -94,8 +130,17 @@ export function bars(list, count, from, to) {
   };
   return {
     terms: [list, count, from, to],
-    span: (v) => places(v).flatMap(([x, y]) => [[x, y, 0], [x, 0, 0]]).filter(exists),
-    say: (v) => `samples ${places(v).map(([, y]) => number(y)).join(", ")}`,
+    span: (v) =>
+      places(v)
+        .flatMap(([x, y]) => [
+          [x, y, 0],
+          [x, 0, 0],
+        ])
+        .filter(exists),
+    say: (v) =>
+      `samples ${places(v)
+        .map(([, y]) => number(y))
+        .join(", ")}`,
     paint(sheet, v) {
       const all = places(v);
       const leftOut = all.length > 2 ? all.length - 2 : -1;
@@ -104,8 +149,11 @@ export function bars(list, count, from, to) {
       all.forEach((p, i) => {
         if (i !== leftOut) paintBar(sheet, all, i);
         sheet.dot(p, i === leftOut ? "soft" : "ink");
-        sheet.label(i === leftOut ? "left out" : `${list}(${i + 1})`, [sheet.to(p)],
-          i === leftOut ? "soft" : "ink");
+        sheet.label(
+          i === leftOut ? "left out" : `${list}(${i + 1})`,
+          [sheet.to(p)],
+          i === leftOut ? "soft" : "ink",
+        );
       });
     },
   };
@@ -115,7 +163,12 @@ function paintBar(sheet, all, i) {
   const [x, y] = all[i];
   const half = all.length > 1 ? (all[1][0] - all[0][0]) / 2 : 0;
   const [low, high] = [i > 0 ? x - half : x, i < all.length - 1 ? x + half : x];
-  const corners = [[low, 0, 0], [low, y, 0], [high, y, 0], [high, 0, 0]];
+  const corners = [
+    [low, 0, 0],
+    [low, y, 0],
+    [high, y, 0],
+    [high, 0, 0],
+  ];
   sheet.wash(corners, "accent-wash");
   sheet.stroke(corners, "accent thin", { closed: true });
 }

@@ -34,7 +34,8 @@ export const shownBy = (name) =>
 // What a section's dimension lines measure, by argument.
 export const dimensionsOf = (name, inputs, results) => {
   const v = callValues(inputs, results);
-  return TABLE[name].marks.filter((mark) => mark.dimension?.(v) !== undefined)
+  return TABLE[name].marks
+    .filter((mark) => mark.dimension?.(v) !== undefined)
     .map((mark) => ({ name: mark.terms[0], length: mark.dimension(v) }));
 };
 

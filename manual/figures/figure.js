@@ -1,4 +1,5 @@
-// Figures of the plane as areas: polygons, circles and their segments, and what is measured on them.
+// Figures of the plane as areas: polygons, circles and their segments, and what is measured on
+// them.
 
 import { arcBetween, spoken, turningArc } from "./marks.js";
 import { add, at, cross, dot, exists, length, list, minus, times, unit } from "./places.js";
@@ -23,8 +24,8 @@ function outlineOf(text, count, kind, v) {
   const needed = { 1: 1, 2: v.count(count, all.length), 3: 2, 4: 3, 5: 3 }[kind] ?? 0;
   const used = all.slice(0, needed);
   if (used.length < needed || !used.every(exists)) return { used: [], outline: [] };
-  const outline = { 3: circleOutline, 4: segmentOutline, 5: (p) => segmentOutline(p, true) }[kind]
-    ?? ((p) => p);
+  const outline =
+    { 3: circleOutline, 4: segmentOutline, 5: (p) => segmentOutline(p, true) }[kind] ?? ((p) => p);
   return { used, outline: outline(used).filter(exists) };
 }
 
@@ -35,7 +36,10 @@ export function area(text, count, kind) {
   return {
     terms: [...names, count, kind].filter((term) => typeof term === "string"),
     span: (v) => found(v).outline,
-    say: (v) => `figure through ${found(v).used.map((p) => spoken(p, true)).join(" ")}`,
+    say: (v) =>
+      `figure through ${found(v)
+        .used.map((p) => spoken(p, true))
+        .join(" ")}`,
     paint(sheet, v) {
       const { used, outline } = found(v);
       if (outline.length > 1) {
@@ -54,7 +58,10 @@ export function area(text, count, kind) {
 export function cap(centre, from, to, kind) {
   const parts = [centre, from, to].map(at);
   const outline = (v) =>
-    segmentOutline(parts.map((part) => part.where(v)), v.scalar(kind) === 5).filter(exists);
+    segmentOutline(
+      parts.map((part) => part.where(v)),
+      v.scalar(kind) === 5,
+    ).filter(exists);
   return {
     terms: [...parts.flatMap((part) => part.terms), kind],
     span: outline,
@@ -86,10 +93,10 @@ function centroidOf(outline) {
   return [x / size, y / size, 0];
 }
 
-// The centroid and its distances from the axes, of which first moments are the products with the area.
+// The centroid and its distances from the axes: times the area they are the first moments.
 export function levers(text, count, kind, [first, second]) {
-  const outline = (v) => outlineOf(text, count, typeof kind === "string" ? v.scalar(kind) : kind, v)
-    .outline;
+  const outline = (v) =>
+    outlineOf(text, count, typeof kind === "string" ? v.scalar(kind) : kind, v).outline;
   return {
     terms: [first, second],
     span: (v) => [[0, 0, 0], ...outline(v)],
@@ -97,10 +104,16 @@ export function levers(text, count, kind, [first, second]) {
       if (!outline(v).length) return;
       const p = centroidOf(outline(v));
       if (!exists(p)) return;
-      for (const [foot, name] of [[[p[0], 0, 0], first], [[0, p[1], 0], second]]) {
+      for (const [foot, name] of [
+        [[p[0], 0, 0], first],
+        [[0, p[1], 0], second],
+      ]) {
         sheet.arrow(foot, p, "accent", "accent thin");
-        sheet.label(`${name} / area`, [0.5, 0.3, 0.7].map((t) =>
-          sheet.to(add(times(foot, 1 - t), p, t))), "accent");
+        sheet.label(
+          `${name} / area`,
+          [0.5, 0.3, 0.7].map((t) => sheet.to(add(times(foot, 1 - t), p, t))),
+          "accent",
+        );
       }
       sheet.dot(p, "accent", null, 6);
     },
@@ -120,12 +133,31 @@ export function gyration(text, count, [first, second]) {
       const { left, right, top, bottom } = sheet.frame;
       const [X, Y] = sheet.to([j, i, 0]);
       const [OX, OY] = sheet.to([0, 0, 0]);
-      sheet.strokeAt([[left, Y], [right, Y]], "accent thin dashed");
-      sheet.strokeAt([[X, top], [X, bottom]], "accent thin dashed");
+      sheet.strokeAt(
+        [
+          [left, Y],
+          [right, Y],
+        ],
+        "accent thin dashed",
+      );
+      sheet.strokeAt(
+        [
+          [X, top],
+          [X, bottom],
+        ],
+        "accent thin dashed",
+      );
       sheet.arrowAt([right - 60, OY], [right - 60, Y], "accent", "accent thin");
       sheet.arrowAt([OX, top + 26], [X, top + 26], "accent", "accent thin");
       sheet.label(`√(${first} / area)`, [[right - 60, (Y + OY) / 2]], "accent");
-      sheet.label(`√(${second} / area)`, [[X, top + 26], [(X + OX) / 2, top + 26]], "accent");
+      sheet.label(
+        `√(${second} / area)`,
+        [
+          [X, top + 26],
+          [(X + OX) / 2, top + 26],
+        ],
+        "accent",
+      );
     },
   };
 }
@@ -160,15 +192,27 @@ export function turns(text, count, term, mode, { axis = Z } = {}) {
     paint(sheet, v) {
       const sign = v.scalar(mode) === 1 ? -1 : 1;
       const angle = Math.max(-6.3, Math.min(6.3, sign * v.scalar(term)));
-      places.items(v).slice(0, 8).forEach((p, i) => {
-        const centre = times(axis, dot(axis, p) / dot(axis, axis));
-        const arc = turningArc(centre, minus(p, centre), unit(axis), angle * Math.sign(length(axis)));
-        if (!arc.every(exists)) return;
-        sheet.stroke(arc, "accent thin dashed", { weight: 0.5 });
-        sheet.head(...arc.slice(-2).map((place) => sheet.to(place)), "accent");
-        if (i === 0) sheet.label(`${term} = ${number(v.scalar(term))}`,
-          [sheet.to(arc[arc.length >> 1])], "ink");
-      });
+      places
+        .items(v)
+        .slice(0, 8)
+        .forEach((p, i) => {
+          const centre = times(axis, dot(axis, p) / dot(axis, axis));
+          const arc = turningArc(
+            centre,
+            minus(p, centre),
+            unit(axis),
+            angle * Math.sign(length(axis)),
+          );
+          if (!arc.every(exists)) return;
+          sheet.stroke(arc, "accent thin dashed", { weight: 0.5 });
+          sheet.head(...arc.slice(-2).map((place) => sheet.to(place)), "accent");
+          if (i === 0)
+            sheet.label(
+              `${term} = ${number(v.scalar(term))}`,
+              [sheet.to(arc[arc.length >> 1])],
+              "ink",
+            );
+        });
     },
   };
 }

@@ -36,9 +36,13 @@ export function fit(places, project, frame, { margin, stretched = false, held })
   const [sx, sy] = stretched ? scales : [one, one];
   const centre = [(frame.left + frame.right) / 2, (frame.top + frame.bottom) / 2];
   const view = { sx, sy, left: centre[0] - sx * u.middle, top: centre[1] + sy * w.middle };
-  return { ...view, ...held, project,
+  return {
+    ...view,
+    ...held,
+    project,
     to(place) {
       const [x, y] = project(place);
       return [this.left + this.sx * x, this.top - this.sy * y];
-    } };
+    },
+  };
 }

@@ -19,14 +19,20 @@ const overlap = (p, q) =>
   Math.max(0, Math.min(p.bottom, q.bottom) - Math.max(p.top, q.top));
 
 const outside = (box, frame) =>
-  Math.max(0, frame.left - box.left) + Math.max(0, box.right - frame.right) +
-  Math.max(0, frame.top - box.top) + Math.max(0, box.bottom - frame.bottom);
+  Math.max(0, frame.left - box.left) +
+  Math.max(0, box.right - frame.right) +
+  Math.max(0, frame.top - box.top) +
+  Math.max(0, box.bottom - frame.bottom);
 
 // Length of the part of a stroke that is within a box.
 export function lengthWithin(box, [x1, y1], [x2, y2]) {
   let [from, to] = [0, 1];
-  const sides = [[x1 - x2, x1 - box.left], [x2 - x1, box.right - x1],
-    [y1 - y2, y1 - box.top], [y2 - y1, box.bottom - y1]];
+  const sides = [
+    [x1 - x2, x1 - box.left],
+    [x2 - x1, box.right - x1],
+    [y1 - y2, y1 - box.top],
+    [y2 - y1, box.bottom - y1],
+  ];
   for (const [step, room] of sides) {
     if (step === 0 && room < 0) return 0;
     if (step < 0) from = Math.max(from, room / step);
@@ -38,16 +44,21 @@ export function lengthWithin(box, [x1, y1], [x2, y2]) {
 function cost(box, taken, strokes, frame) {
   const words = taken.reduce((total, other) => total + overlap(box, other), 0);
   const lines = strokes.reduce(
-    (total, [p, q, weight]) => total + weight * lengthWithin(box, p, q), 0);
+    (total, [p, q, weight]) => total + weight * lengthWithin(box, p, q),
+    0,
+  );
   return 3 * words + lines + 60 * outside(box, frame);
 }
 
 function candidates(label) {
-  return label.anchors.flatMap((anchor, rank) => GAPS.flatMap((gap) =>
-    DIRECTIONS.map((direction) => ({
-      box: boxAround(anchor, label.width, label.height, direction, gap),
-      penalty: gap * 0.7 + rank * 4 + (direction % Math.PI === 0 ? 0 : 1),
-    }))));
+  return label.anchors.flatMap((anchor, rank) =>
+    GAPS.flatMap((gap) =>
+      DIRECTIONS.map((direction) => ({
+        box: boxAround(anchor, label.width, label.height, direction, gap),
+        penalty: gap * 0.7 + rank * 4 + (direction % Math.PI === 0 ? 0 : 1),
+      })),
+    ),
+  );
 }
 
 const moved = (start, end, low, high) => Math.max(0, low - start) - Math.max(0, end - high);
@@ -56,8 +67,12 @@ const moved = (start, end, low, high) => Math.max(0, low - start) - Math.max(0, 
 function kept(box, frame) {
   const right = moved(box.left, box.right, frame.left, frame.right);
   const down = moved(box.top, box.bottom, frame.top, frame.bottom);
-  return { left: box.left + right, right: box.right + right,
-    top: box.top + down, bottom: box.bottom + down };
+  return {
+    left: box.left + right,
+    right: box.right + right,
+    top: box.top + down,
+    bottom: box.bottom + down,
+  };
 }
 
 // The labels' boxes, in the order of the labels.

@@ -22,17 +22,24 @@ const text = entry;
 //   block     one after another, from entry `start` on
 // Entries behind `stop` are faint. Those are filled that `chosen` lists or `chosenAt` names, that
 // stand in `block` n of the counts, or whose value stands `within` another argument.
-export function cells(term, { count, links, chosen, of, stop, block, from, to, within, chosenAt } = {}) {
+export function cells(
+  term,
+  { count, links, chosen, of, stop, block, from, to, within, chosenAt } = {},
+) {
   const listed = (v) => v.array(chosen).slice(0, v.count(of, 60));
   const common = (v) => positionsOf(v.array(term), new Set(v.array(within)));
-  const picked = { block: (v) => blockOf(block, v), within: common, chosen: listed,
-    chosenAt: (v) => [v.scalar(chosenAt)] };
+  const picked = {
+    block: (v) => blockOf(block, v),
+    within: common,
+    chosen: listed,
+    chosenAt: (v) => [v.scalar(chosenAt)],
+  };
   const picks = Object.entries({ block, within, chosen, chosenAt }).find(([, value]) => value);
   const start = (v) => blockOf(from, v)[0] - 1;
   return {
     terms: [term, count, chosen, of, stop, within, chosenAt, ...(block ?? [])].filter(Boolean),
     label: term,
-    links: typeof links === "string" ? [{ by: links, to, start: from && start }] : links ?? [],
+    links: typeof links === "string" ? [{ by: links, to, start: from && start }] : (links ?? []),
     tone: (v) => (v.isResult(term) ? "accent" : "ink"),
     values(v) {
       const all = v.array(term);
@@ -47,8 +54,10 @@ const positionsOf = (values, wanted) =>
   values.flatMap((value, i) => (wanted.has(value) ? [i + 1] : []));
 
 // Of two lists that are joined: the entries of the row above, then those of the row below.
-export const joined = (count) => [{ by: "block", to: 0, start: () => 0 },
-  { by: "block", to: 2, start: (v) => -Math.max(0, v.scalar(count)) }];
+export const joined = (count) => [
+  { by: "block", to: 0, start: () => 0 },
+  { by: "block", to: 2, start: (v) => -Math.max(0, v.scalar(count)) },
+];
 
 // The positions of the entries of block n, where blocks of these counts stand one after another.
 function blockOf([counts, n], v) {
@@ -89,14 +98,17 @@ const FINDERS = {
   },
   value: (values, source) => values.map((value) => source.findIndex((other) => same(value, other))),
   mirror: (values, source) => values.map((_, i) => source.length - 1 - i),
-  position: (values, source) => values.map((value) =>
-    (value >= 1 && value <= source.length ? value - 1 : -1)),
+  position: (values, source) =>
+    values.map((value) => (value >= 1 && value <= source.length ? value - 1 : -1)),
   block: (values, source, start) =>
     values.map((_, i) => (start + i < source.length ? start + i : -1)),
 };
 
 const widthOf = (values) =>
-  Math.max(60, Math.min(WIDEST, 18 + Math.max(0, ...values.map((value) => textWidth(text(value))))));
+  Math.max(
+    60,
+    Math.min(WIDEST, 18 + Math.max(0, ...values.map((value) => textWidth(text(value))))),
+  );
 
 // Width and places of the cells. Small pictures have neither names nor positions beside them.
 function layout(rows, v, frame, small) {
@@ -104,23 +116,37 @@ function layout(rows, v, frame, small) {
   const longest = Math.max(1, ...all.map((values) => Math.min(values.length, MOST + 1)));
   const [wide, high] = [frame.right - frame.left, frame.bottom - frame.top];
   const [beside, above] = small ? [20, 20] : [LEFT, 26];
-  const width = Math.min(small ? 120 : widthOf(all.flat()), (wide - beside - (small ? 20 : 6)) / longest);
+  const width = Math.min(
+    small ? 120 : widthOf(all.flat()),
+    (wide - beside - (small ? 20 : 6)) / longest,
+  );
   const cell = small ? Math.min(90, high / (1.7 * rows.length)) : CELL;
-  const room = (high - rows.length * cell - above - (small ? above : 0)) / Math.max(1, rows.length - 1);
+  const room =
+    (high - rows.length * cell - above - (small ? above : 0)) / Math.max(1, rows.length - 1);
   const step = cell + Math.max(12, Math.min(small ? 110 : 70, room));
   const top = frame.top + above + Math.max(0, (high - above - (rows.length - 1) * step - cell) / 2);
-  const left = frame.left + beside + Math.max(0, (wide - beside - longest * width) / 2
-    - (small ? beside / 2 : 30));
+  const left =
+    frame.left +
+    beside +
+    Math.max(0, (wide - beside - longest * width) / 2 - (small ? beside / 2 : 30));
   return { all, width, cell, at: (r, i) => [left + i * width, top + r * step] };
 }
 
 function paintCell(sheet, [x, y], { width, cell }, value, { tone, faint, picked }) {
   const look = faint ? "faint" : tone;
-  const corners = [[x, y], [x + width, y], [x + width, y + cell], [x, y + cell]];
-  sheet.strokeAt(corners, `${look} thin ${picked ? "accent-wash" : "paper-fill"}`,
-    { closed: true, layer: "dots" });
+  const corners = [
+    [x, y],
+    [x + width, y],
+    [x + width, y + cell],
+    [x, y + cell],
+  ];
+  sheet.strokeAt(corners, `${look} thin ${picked ? "accent-wash" : "paper-fill"}`, {
+    closed: true,
+    layer: "dots",
+  });
   const narrow = textWidth(value) > width - 4;
-  const shown = narrow ? `${[...value].slice(0, Math.max(1, Math.floor(width / 9.5) - 2)).join("")}…`
+  const shown = narrow
+    ? `${[...value].slice(0, Math.max(1, Math.floor(width / 9.5) - 2)).join("")}…`
     : value;
   sheet.words(shown, x + width / 2, y + cell / 2 + 6, faint ? "soft" : tone);
 }
@@ -129,18 +155,34 @@ function paintRow(sheet, row, r, place, v) {
   const values = place.all[r];
   const [used, picked] = [row.used(v), row.picked(v)];
   const [x, y] = place.at(r, 0);
-  sheet.words(row.label.replace("'", ""), x - 14, y + CELL / 2 + (row.note ? 0 : 6), row.tone(v), "end");
+  sheet.words(
+    row.label.replace("'", ""),
+    x - 14,
+    y + CELL / 2 + (row.note ? 0 : 6),
+    row.tone(v),
+    "end",
+  );
   if (row.note) sheet.words(row.note, x - 14, y + CELL / 2 + 18, "tick", "end");
   if (!values.length) sheet.words("no entry", x + 8, y + CELL / 2 + 6, "soft", "start");
-  values.slice(0, MOST).forEach((value, i) => paintCell(sheet, place.at(r, i), place, text(value),
-    { tone: picked.has(i + 1) ? "accent" : row.tone(v), faint: i >= used, picked: picked.has(i + 1) }));
+  values
+    .slice(0, MOST)
+    .forEach((value, i) =>
+      paintCell(sheet, place.at(r, i), place, text(value), {
+        tone: picked.has(i + 1) ? "accent" : row.tone(v),
+        faint: i >= used,
+        picked: picked.has(i + 1),
+      }),
+    );
   if (values.length > MOST) {
     const [end] = place.at(r, MOST);
     sheet.words("…", end + 12, y + CELL / 2 + 6, "soft", "start");
   }
   if (r === 0) {
-    values.slice(0, MOST).forEach((_, i) =>
-      sheet.words(String(i + 1), place.at(0, i)[0] + place.width / 2, y - 9, "tick"));
+    values
+      .slice(0, MOST)
+      .forEach((_, i) =>
+        sheet.words(String(i + 1), place.at(0, i)[0] + place.width / 2, y - 9, "tick"),
+      );
   }
 }
 
@@ -165,11 +207,13 @@ function paintLinks(sheet, row, r, place, v) {
 export const mapped = (index) => ({
   terms: [index],
   paint(sheet, place, v) {
-    v.array(index).slice(0, Math.min(MOST, place.all[0].length)).forEach((target, i) => {
-      if (target >= 1 && target <= Math.min(MOST, place.all[1].length)) {
-        paintLink(sheet, place, [0, i], [1, target - 1]);
-      }
-    });
+    v.array(index)
+      .slice(0, Math.min(MOST, place.all[0].length))
+      .forEach((target, i) => {
+        if (target >= 1 && target <= Math.min(MOST, place.all[1].length)) {
+          paintLink(sheet, place, [0, i], [1, target - 1]);
+        }
+      });
   },
 });
 
@@ -183,13 +227,21 @@ export const pairs = (first, second, count) => ({
       if (!(i >= 0 && j >= 0 && i < MOST && j < MOST)) continue;
       const [p, q] = [place.at(0, i), place.at(1, j)];
       const half = place.width / 2;
-      sheet.strokeAt([[p[0] + half, p[1] + place.cell], [q[0] + half, q[1]]], "accent");
+      sheet.strokeAt(
+        [
+          [p[0] + half, p[1] + place.cell],
+          [q[0] + half, q[1]],
+        ],
+        "accent",
+      );
     }
   },
 });
 
-const sayRow = (row, values) => `${row.label.replace("'", "")}${row.note ? ` ${row.note}` : ""}: ${
-  values.map(text).join(", ") || "no entry"}`;
+const sayRow = (row, values) =>
+  `${row.label.replace("'", "")}${row.note ? ` ${row.note}` : ""}: ${
+    values.map(text).join(", ") || "no entry"
+  }`;
 
 function drawLists(row, title, v, options) {
   const strip = stripOf(row, v);
@@ -203,22 +255,35 @@ function drawLists(row, title, v, options) {
   row.rows.forEach((line, r) => paintLinks(sheet, line, r, place, v));
   row.links.forEach((link) => link.paint(sheet, place, v));
   row.rows.forEach((line, r) => paintRow(sheet, line, r, place, v));
-  const says = [...row.rows.map((line, r) => sayRow(line, place.all[r])),
-    ...strip.map((word) => word.text)];
-  return assemble({ title, says: says.map((item) => `${item}.`), content: sheet.content(), lines,
-    options });
+  const says = [
+    ...row.rows.map((line, r) => sayRow(line, place.all[r])),
+    ...strip.map((word) => word.text),
+  ];
+  return assemble({
+    title,
+    says: says.map((item) => `${item}.`),
+    content: sheet.content(),
+    lines,
+    options,
+  });
 }
 
 // Rows that show one argument before and after the call say so.
 function noted(rows) {
   const names = rows.map((row) => row.terms[0]).map(nameOf);
-  return rows.map((row, i) => (names.filter((name) => name === names[i]).length > 1
-    ? { ...row, note: row.terms[0].endsWith("'") ? "after" : "before" } : row));
+  return rows.map((row, i) =>
+    names.filter((name) => name === names[i]).length > 1
+      ? { ...row, note: row.terms[0].endsWith("'") ? "after" : "before" }
+      : row,
+  );
 }
 
 export function lists(rows, { tell = "", silent = "", links = [], ...more } = {}) {
   const row = { rows: noted(rows), links, tell, ...more };
   const terms = [...rows, ...links].flatMap((part) => part.terms);
-  return { shown: [...terms, ...words(tell)], silent: words(silent),
-    draw: (title, v, options) => drawLists(row, title, v, options) };
+  return {
+    shown: [...terms, ...words(tell)],
+    silent: words(silent),
+    draw: (title, v, options) => drawLists(row, title, v, options),
+  };
 }

@@ -1,11 +1,27 @@
 // Marks that plane and space share. A mark has the terms it shows, the places that must be in the
 // picture, and says what it is in words; it is accented where one of its terms is a result.
 
-import { add, at, cross, dot, exists, length, minus, ORIGIN, times, turnedAbout, unit } from "./places.js";
+import {
+  add,
+  at,
+  cross,
+  dot,
+  exists,
+  length,
+  minus,
+  ORIGIN,
+  times,
+  turnedAbout,
+  unit,
+} from "./places.js";
 import { number } from "./svg.js";
 import { nameOf } from "./values.js";
 
-export const spoken = (p, flat) => `(${p.slice(0, flat ? 2 : 3).map(number).join(", ")})`;
+export const spoken = (p, flat) =>
+  `(${p
+    .slice(0, flat ? 2 : 3)
+    .map(number)
+    .join(", ")})`;
 
 const isFlat = (place) => !place.own || place.own.length === 2;
 
@@ -38,11 +54,15 @@ function handleOf(place, v) {
 export function point(where, label, { tone, held = true } = {}) {
   const place = at(where);
   const name = label ?? wordsOf(place);
-  return mark([place], (sheet, [p], colour, v) => {
-    sheet.drop?.(p);
-    sheet.dot(p, colour, held ? handleOf(place, v) : null);
-    sheet.label(name, [sheet.to(p)], colour);
-  }, { tone, say: (v) => name && `${name} at ${spoken(place.where(v), isFlat(place))}` });
+  return mark(
+    [place],
+    (sheet, [p], colour, v) => {
+      sheet.drop?.(p);
+      sheet.dot(p, colour, held ? handleOf(place, v) : null);
+      sheet.label(name, [sheet.to(p)], colour);
+    },
+    { tone, say: (v) => name && `${name} at ${spoken(place.where(v), isFlat(place))}` },
+  );
 }
 
 // A point that only helps to understand: no name, no handle.
@@ -51,18 +71,37 @@ export const spot = (where, tone) => point(where, "", { tone, held: false });
 const shares = (p, q, parts) => parts.map((t) => add(times(p, 1 - t), q, t));
 
 export function segment(from, to, label, { look, tone } = {}) {
-  return mark([at(from), at(to)], (sheet, [p, q], colour) => {
-    sheet.stroke([p, q], look ? `${colour} ${look}` : colour);
-    sheet.label(label, shares(p, q, [0.5, 0.35, 0.65]).map((place) => sheet.to(place)), colour);
-  }, { tone });
+  return mark(
+    [at(from), at(to)],
+    (sheet, [p, q], colour) => {
+      sheet.stroke([p, q], look ? `${colour} ${look}` : colour);
+      sheet.label(
+        label,
+        shares(p, q, [0.5, 0.35, 0.65]).map((place) => sheet.to(place)),
+        colour,
+      );
+    },
+    { tone },
+  );
 }
 
 export function vector(from, to, label, { tone, look } = {}) {
-  return mark([at(from), at(to)], (sheet, [p, q], colour) => {
-    sheet.arrow(p, q, colour, look ? `${colour} ${look}` : colour);
-    sheet.label(label, shares(p, q, [0.55, 0.4, 0.7, 1]).map((place) => sheet.to(place)), colour);
-  }, { tone, say: (v) => label && `${label} from ${spoken(at(from).where(v))} to ${
-    spoken(at(to).where(v))}` });
+  return mark(
+    [at(from), at(to)],
+    (sheet, [p, q], colour) => {
+      sheet.arrow(p, q, colour, look ? `${colour} ${look}` : colour);
+      sheet.label(
+        label,
+        shares(p, q, [0.55, 0.4, 0.7, 1]).map((place) => sheet.to(place)),
+        colour,
+      );
+    },
+    {
+      tone,
+      say: (v) =>
+        label && `${label} from ${spoken(at(from).where(v))} to ${spoken(at(to).where(v))}`,
+    },
+  );
 }
 
 // A direction drawn at a place, with its tip for a handle where it begins at the origin.
@@ -70,13 +109,20 @@ export function direction(text, { from = ORIGIN, label, tone } = {}) {
   const way = at(text);
   const start = at(from);
   const name = label ?? wordsOf(way);
-  return mark([start, { terms: way.terms, where: (v) => add(start.where(v), way.where(v)) }],
+  return mark(
+    [start, { terms: way.terms, where: (v) => add(start.where(v), way.where(v)) }],
     (sheet, [p, q], colour, v) => {
       sheet.arrow(p, q, colour);
       const handle = from === ORIGIN ? handleOf(way, v) : null;
       if (handle) sheet.dot(q, colour, handle, 3);
-      sheet.label(name, shares(p, q, [0.6, 0.8, 0.4, 1]).map((place) => sheet.to(place)), colour);
-    }, { tone, say: (v) => `direction ${name} = ${spoken(way.where(v), isFlat(way))}` });
+      sheet.label(
+        name,
+        shares(p, q, [0.6, 0.8, 0.4, 1]).map((place) => sheet.to(place)),
+        colour,
+      );
+    },
+    { tone, say: (v) => `direction ${name} = ${spoken(way.where(v), isFlat(way))}` },
+  );
 }
 
 // A direction whose length is not to scale, at a place: as long as asked, of the whole picture.
@@ -84,10 +130,12 @@ export function pointer(text, from, label, { share = 0.35, tone } = {}) {
   const way = at(text);
   const start = at(from);
   return {
-    ...mark([start], () => {}, { terms: way.terms,
-      say: (v) => `${label} = ${spoken(way.where(v))}` }),
-    late: (v, whole) => [add(start.where(v), unit(way.where(v)), share * whole.reach)]
-      .filter(exists),
+    ...mark([start], () => {}, {
+      terms: way.terms,
+      say: (v) => `${label} = ${spoken(way.where(v))}`,
+    }),
+    late: (v, whole) =>
+      [add(start.where(v), unit(way.where(v)), share * whole.reach)].filter(exists),
     paint(sheet, v) {
       const p = start.where(v);
       const q = add(p, unit(way.where(v)), share * sheet.whole.reach);
@@ -102,22 +150,29 @@ export function pointer(text, from, label, { share = 0.35, tone } = {}) {
 // "d = 5" between two places.
 export function distance(from, to, term, { tone, shift = 0 } = {}) {
   const say = (v) => `${nameOf(term)} = ${number(v.scalar(term))}`;
-  return mark([at(from), at(to)], (sheet, [p, q], colour, v) => {
-    const [a, b] = shifted(sheet.to(p), sheet.to(q), shift);
-    const across = Math.atan2(b[1] - a[1], b[0] - a[0]) + Math.PI / 2;
-    const tick = ([x, y]) => [-6, 6].map(
-      (s) => [x + s * Math.cos(across), y + s * Math.sin(across)]);
-    sheet.strokeAt([a, b], `${colour} thin`);
-    for (const end of [a, b]) sheet.strokeAt(tick(end), `${colour} thin`);
-    const mid = (t) => [a[0] + t * (b[0] - a[0]), a[1] + t * (b[1] - a[1])];
-    sheet.label(say(v), [mid(0.5), mid(0.3), mid(0.7)], colour);
-  }, { tone, terms: [term], say });
+  return mark(
+    [at(from), at(to)],
+    (sheet, [p, q], colour, v) => {
+      const [a, b] = shifted(sheet.to(p), sheet.to(q), shift);
+      const across = Math.atan2(b[1] - a[1], b[0] - a[0]) + Math.PI / 2;
+      const tick = ([x, y]) =>
+        [-6, 6].map((s) => [x + s * Math.cos(across), y + s * Math.sin(across)]);
+      sheet.strokeAt([a, b], `${colour} thin`);
+      for (const end of [a, b]) sheet.strokeAt(tick(end), `${colour} thin`);
+      const mid = (t) => [a[0] + t * (b[0] - a[0]), a[1] + t * (b[1] - a[1])];
+      sheet.label(say(v), [mid(0.5), mid(0.3), mid(0.7)], colour);
+    },
+    { tone, terms: [term], say },
+  );
 }
 
 function shifted(p, q, by) {
   const size = Math.hypot(q[0] - p[0], q[1] - p[1]) || 1;
   const [x, y] = [(-(q[1] - p[1]) / size) * by, ((q[0] - p[0]) / size) * by];
-  return [[p[0] + x, p[1] + y], [q[0] + x, q[1] + y]];
+  return [
+    [p[0] + x, p[1] + y],
+    [q[0] + x, q[1] + y],
+  ];
 }
 
 // The places of an arc about a vertex from one direction to another, the shorter way.
@@ -131,61 +186,84 @@ export function arcBetween(vertex, u, w, radius) {
 export function turningArc(vertex, start, axis, angle) {
   const steps = Math.max(2, Math.min(96, Math.ceil(Math.abs(angle) * 16) || 2));
   return Array.from({ length: steps + 1 }, (_, i) =>
-    add(vertex, turnedAbout(start, axis, (angle * i) / steps)));
+    add(vertex, turnedAbout(start, axis, (angle * i) / steps)),
+  );
 }
 
 const degrees = (radians) => `${number(Number(((radians * 180) / Math.PI).toPrecision(4)))}°`;
 
 // The angle at a vertex between the directions to two places. Its radius is one of the page.
 export function angle(vertex, from, to, term, { radius = 46, tone, name } = {}) {
-  const label = (v) => (term === undefined ? name
-    : `${nameOf(term)} = ${number(v.scalar(term))} (${degrees(v.scalar(term))})`);
-  return mark([at(vertex), at(from), at(to)], (sheet, [o, p, q], colour, v) => {
-    const size = radius / sheet.view.sx;
-    const arc = arcBetween(o, minus(p, o), minus(q, o), size);
-    if (!arc.every(exists)) return;
-    sheet.stroke(arc, `${colour} thin`);
-    const parts = [0.5, 0.25, 0.75].map((t) => arc[Math.round(t * (arc.length - 1))]);
-    sheet.label(label(v), parts.map((place) => sheet.to(place)), colour);
-  }, { tone, terms: term === undefined ? [] : [term], say: (v) => label(v) });
+  const label = (v) =>
+    term === undefined
+      ? name
+      : `${nameOf(term)} = ${number(v.scalar(term))} (${degrees(v.scalar(term))})`;
+  return mark(
+    [at(vertex), at(from), at(to)],
+    (sheet, [o, p, q], colour, v) => {
+      const size = radius / sheet.view.sx;
+      const arc = arcBetween(o, minus(p, o), minus(q, o), size);
+      if (!arc.every(exists)) return;
+      sheet.stroke(arc, `${colour} thin`);
+      const parts = [0.5, 0.25, 0.75].map((t) => arc[Math.round(t * (arc.length - 1))]);
+      sheet.label(
+        label(v),
+        parts.map((place) => sheet.to(place)),
+        colour,
+      );
+    },
+    { tone, terms: term === undefined ? [] : [term], say: (v) => label(v) },
+  );
 }
 
 // The way of a place that is turned about a centre, with a head at its end.
 export function turn(where, centre, term, { axis = [0, 0, 1], tone, label = true, sign = 1 } = {}) {
   const say = (v) => `${nameOf(term)} = ${number(v.scalar(term))} (${degrees(v.scalar(term))})`;
-  return mark([at(where), at(centre)], (sheet, [p, o], colour, v) => {
-    const turning = Math.max(-6.3, Math.min(6.3, sign * v.scalar(term)));
-    const arc = turningArc(o, minus(p, o), axis, turning);
-    if (!arc.every(exists)) return;
-    sheet.stroke(arc, `${colour} thin dashed`);
-    sheet.head(...arc.slice(-2).map((place) => sheet.to(place)), colour);
-    if (label) sheet.label(say(v), [sheet.to(arc[arc.length >> 1])], colour);
-  }, { tone, terms: [term], say });
+  return mark(
+    [at(where), at(centre)],
+    (sheet, [p, o], colour, v) => {
+      const turning = Math.max(-6.3, Math.min(6.3, sign * v.scalar(term)));
+      const arc = turningArc(o, minus(p, o), axis, turning);
+      if (!arc.every(exists)) return;
+      sheet.stroke(arc, `${colour} thin dashed`);
+      sheet.head(...arc.slice(-2).map((place) => sheet.to(place)), colour);
+      if (label) sheet.label(say(v), [sheet.to(arc[arc.length >> 1])], colour);
+    },
+    { tone, terms: [term], say },
+  );
 }
 
 // The way of a place that swings about the line through two others.
 export function swing(where, from, to, term) {
   const say = (v) => `${term} = ${number(v.scalar(term))} (${degrees(v.scalar(term))})`;
-  return mark([at(where), at(from), at(to)], (sheet, [p, q, r], colour, v) => {
-    const axis = unit(minus(r, q));
-    const centre = add(q, axis, dot(minus(p, q), axis));
-    const turning = Math.max(-6.3, Math.min(6.3, v.scalar(term)));
-    const arc = turningArc(centre, minus(p, centre), axis, turning);
-    if (!arc.every(exists)) return;
-    sheet.stroke(arc, "accent thin dashed");
-    sheet.head(...arc.slice(-2).map((place) => sheet.to(place)), "accent");
-    sheet.label(say(v), [sheet.to(arc[arc.length >> 1])], "ink");
-  }, { terms: [term], say });
+  return mark(
+    [at(where), at(from), at(to)],
+    (sheet, [p, q, r], colour, v) => {
+      const axis = unit(minus(r, q));
+      const centre = add(q, axis, dot(minus(p, q), axis));
+      const turning = Math.max(-6.3, Math.min(6.3, v.scalar(term)));
+      const arc = turningArc(centre, minus(p, centre), axis, turning);
+      if (!arc.every(exists)) return;
+      sheet.stroke(arc, "accent thin dashed");
+      sheet.head(...arc.slice(-2).map((place) => sheet.to(place)), "accent");
+      sheet.label(say(v), [sheet.to(arc[arc.length >> 1])], "ink");
+    },
+    { terms: [term], say },
+  );
 }
 
 // The small square of a right angle.
 export function square(vertex, from, to, { tone = "soft" } = {}) {
-  return mark([at(vertex), at(from), at(to)], (sheet, [o, p, q]) => {
-    const size = 11 / sheet.view.sx;
-    const [u, w] = [unit(minus(p, o)), unit(minus(q, o))].map((way) => times(way, size));
-    const corner = [add(o, u), add(add(o, u), w), add(o, w)];
-    if (corner.every(exists)) sheet.stroke(corner, `${tone} thin`, { weight: 0.4 });
-  }, { tone });
+  return mark(
+    [at(vertex), at(from), at(to)],
+    (sheet, [o, p, q]) => {
+      const size = 11 / sheet.view.sx;
+      const [u, w] = [unit(minus(p, o)), unit(minus(q, o))].map((way) => times(way, size));
+      const corner = [add(o, u), add(add(o, u), w), add(o, w)];
+      if (corner.every(exists)) sheet.stroke(corner, `${tone} thin`, { weight: 0.4 });
+    },
+    { tone },
+  );
 }
 
 export function fill(places, look = "ink-wash") {
@@ -194,20 +272,28 @@ export function fill(places, look = "ink-wash") {
 
 // A closed outline through places.
 export function outline(places, { look, tone, wash } = {}) {
-  return mark(places.map(at), (sheet, corners, colour) => {
-    if (wash) sheet.wash(corners, `${colour}-wash`);
-    sheet.stroke(corners, look ? `${colour} ${look}` : colour, { closed: true });
-  }, { tone });
+  return mark(
+    places.map(at),
+    (sheet, corners, colour) => {
+      if (wash) sheet.wash(corners, `${colour}-wash`);
+      sheet.stroke(corners, look ? `${colour} ${look}` : colour, { closed: true });
+    },
+    { tone },
+  );
 }
 
 // The points that divide a segment into equal parts.
 export function division(from, to, count) {
-  return mark([at(from), at(to)], (sheet, [p, q], colour, v) => {
-    const parts = Math.min(60, v.scalar(count));
-    for (let i = 1; i < parts; i += 1) {
-      const place = add(times(p, 1 - i / parts), q, i / parts);
-      sheet.drop?.(place);
-      sheet.dot(place, "accent");
-    }
-  }, { terms: [count] });
+  return mark(
+    [at(from), at(to)],
+    (sheet, [p, q], colour, v) => {
+      const parts = Math.min(60, v.scalar(count));
+      for (let i = 1; i < parts; i += 1) {
+        const place = add(times(p, 1 - i / parts), q, i / parts);
+        sheet.drop?.(place);
+        sheet.dot(place, "accent");
+      }
+    },
+    { terms: [count] },
+  );
 }

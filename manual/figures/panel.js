@@ -17,19 +17,27 @@ function stresses(v) {
   const [b, s1, s2] = ["b", "s1", "s2"].map(v.scalar);
   const scale = (0.34 * b) / Math.max(Math.abs(s1), Math.abs(s2));
   const ground = s2 < 0 ? 0.12 * b - s2 * scale : 0.12 * b;
-  return [[0, ground, 0], [0, ground + s1 * scale, 0], [b, ground + s2 * scale, 0], [b, ground, 0]];
+  return [
+    [0, ground, 0],
+    [0, ground + s1 * scale, 0],
+    [b, ground + s2 * scale, 0],
+    [b, ground, 0],
+  ];
 }
 
 function plate(sheet, from, to, look) {
-  const ends = [[from, 0, 0], [to, 0, 0]];
+  const ends = [
+    [from, 0, 0],
+    [to, 0, 0],
+  ];
   if (ends.every(exists)) sheet.stroke(ends, look);
 }
 
 export const PANEL = {
   terms: ["s1", "s2"],
   span: (v) => [[0, 0, 0], [v.scalar("b"), 0, 0], ...stresses(v)].filter(exists),
-  say: (v) => `stresses at the edges s1 = ${number(v.scalar("s1"))}, s2 = ${
-    number(v.scalar("s2"))}`,
+  say: (v) =>
+    `stresses at the edges s1 = ${number(v.scalar("s1"))}, s2 = ${number(v.scalar("s2"))}`,
   paint(sheet, v) {
     const b = v.scalar("b");
     const diagram = stresses(v);
@@ -49,10 +57,21 @@ export const PANEL = {
 // The stresses at a panel's edges by their ratio.
 export const STRESSED = {
   terms: ["b", "psi"],
-  span: (v) => [[0, 0, 0], [1, 0, 0], [0, 0.5, 0], [1, 0.5 * v.scalar("psi"), 0]].filter(exists),
+  span: (v) =>
+    [
+      [0, 0, 0],
+      [1, 0, 0],
+      [0, 0.5, 0],
+      [1, 0.5 * v.scalar("psi"), 0],
+    ].filter(exists),
   paint(sheet, v) {
     const psi = v.scalar("psi");
-    const diagram = [[0, 0, 0], [0, 0.5, 0], [1, 0.5 * psi, 0], [1, 0, 0]];
+    const diagram = [
+      [0, 0, 0],
+      [0, 0.5, 0],
+      [1, 0.5 * psi, 0],
+      [1, 0, 0],
+    ];
     if (!diagram.every(exists)) return;
     sheet.wash(diagram, "ink-wash");
     sheet.stroke(diagram, "ink thin", { closed: true });
@@ -85,17 +104,23 @@ export const STIFFENER = {
   terms: ["b", "z", "a", "s"],
   span: (v) => [CORNER, FAR, FOOT, TIP].map((place) => place(v)).filter(exists),
   paint(sheet, v) {
-    const [corner, far, start, foot, tip] = [CORNER, FAR, START, FOOT, TIP].map((place) => place(v));
+    const [corner, far, start, foot, tip] = [CORNER, FAR, START, FOOT, TIP].map((place) =>
+      place(v),
+    );
     if (![corner, far, start, foot, tip].every(exists)) return;
     sheet.stroke([foot, corner, start], "ink");
     sheet.stroke([start, far, tip], "accent heavy");
     const [z, a] = [v.scalar("z"), v.scalar("a")];
-    sheet.stroke([corner, [z, -z * DROP, 0], [z - a * DROP, -z * DROP - a, 0]],
-      "accent thin dashed");
+    sheet.stroke(
+      [corner, [z, -z * DROP, 0], [z - a * DROP, -z * DROP - a, 0]],
+      "accent thin dashed",
+    );
   },
 };
 
 export const stiffenerDims = [
-  dim("s", CORNER, FOOT, { side: "left" }), dim("a", FAR, TIP, { side: "right" }),
-  dim("b", START, FAR, { side: "top" }), dim("z", CORNER, FAR, { side: "top", level: 2 }),
+  dim("s", CORNER, FOOT, { side: "left" }),
+  dim("a", FAR, TIP, { side: "right" }),
+  dim("b", START, FAR, { side: "top" }),
+  dim("z", CORNER, FAR, { side: "top", level: 2 }),
 ];

@@ -8,28 +8,40 @@ export const minus = (p, q) => add(p, q, -1);
 export const times = (p, t) => p.map((value) => value * t);
 export const dot = (p, q) => p[0] * q[0] + p[1] * q[1] + p[2] * q[2];
 export const cross = (p, q) => [
-  p[1] * q[2] - p[2] * q[1], p[2] * q[0] - p[0] * q[2], p[0] * q[1] - p[1] * q[0]];
+  p[1] * q[2] - p[2] * q[1],
+  p[2] * q[0] - p[0] * q[2],
+  p[0] * q[1] - p[1] * q[0],
+];
 export const length = (p) => Math.hypot(...p);
 export const unit = (p) => times(p, 1 / length(p));
 export const exists = (p) => p.every(drawable);
 
 export const turnedAbout = (p, axis, angle) =>
-  add(add(times(p, Math.cos(angle)), cross(axis, p), Math.sin(angle)),
-    axis, dot(axis, p) * (1 - Math.cos(angle)));
+  add(
+    add(times(p, Math.cos(angle)), cross(axis, p), Math.sin(angle)),
+    axis,
+    dot(axis, p) * (1 - Math.cos(angle)),
+  );
 
 const place = (terms, where, also = {}) => ({ terms, where, ...also });
 
-const termsOf = (...parts) => parts.flatMap((part) =>
-  typeof part === "number" ? [] : typeof part === "string" ? [part] : part.terms);
+const termsOf = (...parts) =>
+  parts.flatMap((part) =>
+    typeof part === "number" ? [] : typeof part === "string" ? [part] : part.terms,
+  );
 
 // "x1 y1" or "x1 y1 z1": the place itself, which a pointer may take hold of in the plane.
 export function at(text) {
   if (typeof text !== "string") return text;
   const terms = text.split(" ");
-  return place(terms, (v) => {
-    const [x, y, z = 0] = terms.map(v.scalar);
-    return [x, y, z];
-  }, { own: terms });
+  return place(
+    terms,
+    (v) => {
+      const [x, y, z = 0] = terms.map(v.scalar);
+      return [x, y, z];
+    },
+    { own: terms },
+  );
 }
 
 export const fixed = (x, y, z = 0) => place([], () => [x, y, z]);

@@ -11,13 +11,27 @@ function gridLines(sheet, low, high, steps) {
   for (const x of ticksWithin(low[0], high[0], steps[0])) {
     const [X] = sheet.to([x, 0, 0]);
     const look = Math.abs(x) < steps[0] / 2 ? "soft" : "faint";
-    sheet.strokeAt([[X, frame.top], [X, frame.bottom]], look, { weight: 0.1, layer: "back" });
+    sheet.strokeAt(
+      [
+        [X, frame.top],
+        [X, frame.bottom],
+      ],
+      look,
+      { weight: 0.1, layer: "back" },
+    );
     sheet.tick(number(Number(x.toPrecision(6))), X, frame.bottom + 17, "middle");
   }
   for (const y of ticksWithin(low[1], high[1], steps[1])) {
     const [, Y] = sheet.to([0, y, 0]);
     const look = Math.abs(y) < steps[1] / 2 ? "soft" : "faint";
-    sheet.strokeAt([[frame.left, Y], [frame.right, Y]], look, { weight: 0.1, layer: "back" });
+    sheet.strokeAt(
+      [
+        [frame.left, Y],
+        [frame.right, Y],
+      ],
+      look,
+      { weight: 0.1, layer: "back" },
+    );
     sheet.tick(number(Number(y.toPrecision(6))), frame.left - 6, Y + 5, "end");
   }
 }
@@ -40,7 +54,10 @@ export const plane = (marks, more) => scene(PLANE, marks, more);
 // The ends of a line where it leaves the frame; `way` and `from` are of the page.
 function acrossFrame(from, way, frame) {
   let [low, high] = [-Infinity, Infinity];
-  const sides = [[frame.left, frame.right], [frame.top, frame.bottom]];
+  const sides = [
+    [frame.left, frame.right],
+    [frame.top, frame.bottom],
+  ];
   sides.forEach(([first, second], i) => {
     if (Math.abs(way[i]) < 1e-9) {
       if (from[i] < first || from[i] > second) low = Infinity;
@@ -93,14 +110,21 @@ function paintSide(sheet, p, side, colour, terms) {
 
 // The line through two places, beyond both.
 export function through(from, to, label = "", { tone = "soft", look = "dashed" } = {}) {
-  return mark([at(from), at(to)], (sheet, [p, q], colour) => {
-    if (length(minus(q, p)) > 0) paintLine(sheet, p, minus(q, p), colour, label, look);
-  }, { tone });
+  return mark(
+    [at(from), at(to)],
+    (sheet, [p, q], colour) => {
+      if (length(minus(q, p)) > 0) paintLine(sheet, p, minus(q, p), colour, label, look);
+    },
+    { tone },
+  );
 }
 
 const round = (centre, radius) => turningArc(centre, [radius, 0, 0], [0, 0, 1], 2 * Math.PI);
 
-const corners = ([x, y], r) => [[x - r, y - r, 0], [x + r, y + r, 0]];
+const corners = ([x, y], r) => [
+  [x - r, y - r, 0],
+  [x + r, y + r, 0],
+];
 
 // A circle; `measure` gives centre and radius.
 function roundMark(terms, measure, name, { tone, look, wash } = {}) {
@@ -121,33 +145,53 @@ function roundMark(terms, measure, name, { tone, look, wash } = {}) {
       const around = round(centre, radius);
       if (wash) sheet.wash(around, `${colour}-wash`);
       sheet.stroke(around, look ? `${colour} ${look}` : colour, { closed: true });
-      sheet.label(name, [0.3, 0.8, 1.2, 1.7].map((turn) =>
-        sheet.to(add(centre, [radius * Math.cos(turn * Math.PI), radius * Math.sin(turn * Math.PI), 0]))),
-      colour);
+      sheet.label(
+        name,
+        [0.3, 0.8, 1.2, 1.7].map((turn) =>
+          sheet.to(
+            add(centre, [radius * Math.cos(turn * Math.PI), radius * Math.sin(turn * Math.PI), 0]),
+          ),
+        ),
+        colour,
+      );
     },
   };
 }
 
 export function circle(text, more) {
   const terms = text.split(" ");
-  return roundMark(terms, (v) => {
-    const [D, E, F] = terms.map(v.scalar);
-    return { centre: [-D / 2, -E / 2, 0], radius: Math.sqrt(D * D / 4 + E * E / 4 - F) };
-  }, terms.join(", "), more);
+  return roundMark(
+    terms,
+    (v) => {
+      const [D, E, F] = terms.map(v.scalar);
+      return { centre: [-D / 2, -E / 2, 0], radius: Math.sqrt((D * D) / 4 + (E * E) / 4 - F) };
+    },
+    terms.join(", "),
+    more,
+  );
 }
 
 export function circleAbout(centre, radius, name = "", more) {
-  const [terms, size] = typeof radius === "string" ? [[radius], (v) => v.scalar(radius)]
-    : [radius.terms, radius.of];
-  return roundMark([...at(centre).terms, ...terms], (v) => (
-    { centre: at(centre).where(v), radius: Math.abs(size(v)) }), name, more);
+  const [terms, size] =
+    typeof radius === "string" ? [[radius], (v) => v.scalar(radius)] : [radius.terms, radius.of];
+  return roundMark(
+    [...at(centre).terms, ...terms],
+    (v) => ({ centre: at(centre).where(v), radius: Math.abs(size(v)) }),
+    name,
+    more,
+  );
 }
 
 export function circleThrough(centre, on, more) {
-  return roundMark([...at(centre).terms, ...at(on).terms], (v) => {
-    const middle = at(centre).where(v);
-    return { centre: middle, radius: length(minus(at(on).where(v), middle)) };
-  }, "", more);
+  return roundMark(
+    [...at(centre).terms, ...at(on).terms],
+    (v) => {
+      const middle = at(centre).where(v);
+      return { centre: middle, radius: length(minus(at(on).where(v), middle)) };
+    },
+    "",
+    more,
+  );
 }
 
 // Part of a circle about a centre, counter-clockwise from one place by an angle.
@@ -156,20 +200,28 @@ export function arcOf(centre, from, reach, { tone, look = "", label, wash } = {}
     const o = at(centre).where(v);
     return turningArc(o, minus(at(from).where(v), o), [0, 0, 1], reach(v));
   };
-  const drawn = mark([at(centre), at(from)], (sheet, _, colour, v) => {
-    const arc = places(v);
-    if (!arc.every(exists)) return;
-    if (wash) sheet.wash(arc, wash);
-    sheet.stroke(arc, `${colour} ${look}`);
-    sheet.label(label?.(v), [0.5, 0.4, 0.6].map((t) =>
-      sheet.to(arc[Math.floor(t * (arc.length - 1))])), colour);
-  }, { tone, terms: label ? label.terms : [], say: (v) => label?.(v) });
+  const drawn = mark(
+    [at(centre), at(from)],
+    (sheet, _, colour, v) => {
+      const arc = places(v);
+      if (!arc.every(exists)) return;
+      if (wash) sheet.wash(arc, wash);
+      sheet.stroke(arc, `${colour} ${look}`);
+      sheet.label(
+        label?.(v),
+        [0.5, 0.4, 0.6].map((t) => sheet.to(arc[Math.floor(t * (arc.length - 1))])),
+        colour,
+      );
+    },
+    { tone, terms: label ? label.terms : [], say: (v) => label?.(v) },
+  );
   return { ...drawn, span: (v) => places(v).filter(exists) };
 }
 
 const handleOfEntry = (names, v, i) =>
-  (names.length === 2 && !names.some((name) => v.isResult(name)) ? { x: names[0], y: names[1],
-    entry: i + 1 } : null);
+  names.length === 2 && !names.some((name) => v.isResult(name))
+    ? { x: names[0], y: names[1], entry: i + 1 }
+    : null;
 
 // An outline by its lists. Vertices are numbered, and can be taken hold of where they are inputs.
 export function polygon(text, count, { tone, look = "", wash = true, numbers = true } = {}) {
@@ -179,7 +231,10 @@ export function polygon(text, count, { tone, look = "", wash = true, numbers = t
   return {
     terms: vertices.terms,
     span: places,
-    say: (v) => `outline ${name}: ${places(v).map((p) => spoken(p, p[2] === 0)).join(" ")}`,
+    say: (v) =>
+      `outline ${name}: ${places(v)
+        .map((p) => spoken(p, p[2] === 0))
+        .join(" ")}`,
     paint(sheet, v) {
       const all = places(v);
       const colour = tone ?? (vertices.names.some(v.isResult) ? "accent" : "ink");
@@ -207,14 +262,21 @@ export function parallels(text, count, order) {
   return {
     terms: [...names, count, order],
     span: (v) => all(v).map(near).filter(exists),
-    say: (v) => `lines ${all(v).map((row) => spoken(row)).join(" ")} in the order ${
-      v.array(order).map(number).join(", ")}`,
+    say: (v) =>
+      `lines ${all(v)
+        .map((row) => spoken(row))
+        .join(" ")} in the order ${v.array(order).map(number).join(", ")}`,
     paint(sheet, v) {
       all(v).forEach((row, i) => {
         if (!exists(near(row))) return;
         const place = v.array(order).indexOf(i + 1) + 1;
-        paintLine(sheet, near(row), unit([-row[1], row[0], 0]), "ink",
-          place ? `line ${i + 1} is number ${place}` : `line ${i + 1}`);
+        paintLine(
+          sheet,
+          near(row),
+          unit([-row[1], row[0], 0]),
+          "ink",
+          place ? `line ${i + 1} is number ${place}` : `line ${i + 1}`,
+        );
       });
     },
   };
@@ -229,13 +291,16 @@ export function points(text, count, { tone, chosen, of, flags, numbers = true } 
     return (i) => found.has(i + 1);
   };
   const marks = flags ? flags.split(" ") : [];
-  const wordOf = (v, i) => (flags
-    ? marks.map((flag) => number(v.array(flag)[i] ?? NaN)).join(" ") : String(i + 1));
+  const wordOf = (v, i) =>
+    flags ? marks.map((flag) => number(v.array(flag)[i] ?? NaN)).join(" ") : String(i + 1);
   return {
     terms: [...all.terms, ...[chosen, of].filter(Boolean), ...marks],
     span: (v) => all.items(v).filter(exists),
-    say: (v) => `points ${name}: ${all.items(v).map((p, i) =>
-      `${spoken(p, all.names.length === 2)}${flags ? ` has ${wordOf(v, i)}` : ""}`).join(" ")}`,
+    say: (v) =>
+      `points ${name}: ${all
+        .items(v)
+        .map((p, i) => `${spoken(p, all.names.length === 2)}${flags ? ` has ${wordOf(v, i)}` : ""}`)
+        .join(" ")}`,
     paint(sheet, v) {
       const inset = isChosen(v);
       const base = tone ?? (all.names.some(v.isResult) ? "accent" : "ink");

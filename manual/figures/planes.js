@@ -1,8 +1,19 @@
 // Planes and blocks in space: patches with their normals, and what they have in common.
 
 import { mark, spoken } from "./marks.js";
-import { add, at, cross, dot, exists, length, minus, onSurface, surface, times, unit }
-  from "./places.js";
+import {
+  add,
+  at,
+  cross,
+  dot,
+  exists,
+  length,
+  minus,
+  onSurface,
+  surface,
+  times,
+  unit,
+} from "./places.js";
 import { number } from "./svg.js";
 
 // Two directions in a plane, one of them level.
@@ -29,8 +40,11 @@ function anchorOf(text, { meets, from }, v, whole) {
 const namesOf = (plane) => (typeof plane === "string" ? plane.split(" ") : plane.terms);
 
 // The plane A x + B y + C z + D = 0, or one of places, as a patch with its normal.
-export function patch(text, label, { tone, meets = [], through: from, normal = true,
-  share = 0.75 } = {}) {
+export function patch(
+  text,
+  label,
+  { tone, meets = [], through: from, normal = true, share = 0.75 } = {},
+) {
   const terms = namesOf(text);
   const name = label ?? terms.join(", ").replaceAll("'", "");
   const corners = (v, whole) => {
@@ -38,8 +52,10 @@ export function patch(text, label, { tone, meets = [], through: from, normal = t
     const p = anchorOf(text, { meets, from }, v, whole);
     return [add(add(p, u), w), add(minus(p, u), w), minus(minus(p, u), w), minus(add(p, u), w)];
   };
-  const say = (v) => `plane ${name} = ${spoken([...terms.map(v.scalar)].slice(0, 3))} with ${
-    terms[3]} = ${number(v.scalar(terms[3]))}`;
+  const say = (v) =>
+    `plane ${name} = ${spoken([...terms.map(v.scalar)].slice(0, 3))} with ${
+      terms[3]
+    } = ${number(v.scalar(terms[3]))}`;
   return {
     normals: (v) => [unit(surface(text, v).normal)].filter(exists),
     terms: [...terms, ...(from?.terms ?? []), ...meets.flatMap(namesOf)],
@@ -51,8 +67,13 @@ export function patch(text, label, { tone, meets = [], through: from, normal = t
       const colour = tone ?? (terms.some(v.isResult) ? "accent" : "ink");
       sheet.wash(all, `${colour}-wash`);
       sheet.stroke(all, `${colour} thin`, { closed: true, weight: 0.6 });
-      sheet.label(name, all.map((p) => sheet.to(p)), colour);
-      if (normal) paintNormal(sheet, anchorOf(text, { meets, from }, v, sheet.whole), text, v, colour);
+      sheet.label(
+        name,
+        all.map((p) => sheet.to(p)),
+        colour,
+      );
+      if (normal)
+        paintNormal(sheet, anchorOf(text, { meets, from }, v, sheet.whole), text, v, colour);
     },
   };
 }
@@ -110,16 +131,21 @@ export function intercepts(text) {
 
 // The plane through three places, as the parallelogram or the triangle of them.
 export function facet(p, q, r, { tone, look = "thin" } = {}) {
-  return mark([at(p), at(q), at(r)], (sheet, corners, colour) => {
-    sheet.wash(corners, `${colour}-wash`);
-    sheet.stroke(corners, `${colour} ${look}`, { closed: true, weight: 0.6 });
-  }, { tone });
+  return mark(
+    [at(p), at(q), at(r)],
+    (sheet, corners, colour) => {
+      sheet.wash(corners, `${colour}-wash`);
+      sheet.stroke(corners, `${colour} ${look}`, { closed: true, weight: 0.6 });
+    },
+    { tone },
+  );
 }
 
 // The parallelepiped of three vectors at a place.
 export function solid(start, vectors, { tone } = {}) {
   const parts = [at(start), ...vectors];
-  const corner = ([p, ...ways], i) => ways.reduce((q, way, k) => ((i >> k) & 1 ? add(q, way) : q), p);
+  const corner = ([p, ...ways], i) =>
+    ways.reduce((q, way, k) => ((i >> k) & 1 ? add(q, way) : q), p);
   const all = (v) => {
     const found = parts.map((part) => part.where(v));
     return [0, 1, 2, 3, 4, 5, 6, 7].map((i) => corner(found, i));
@@ -131,16 +157,26 @@ export function solid(start, vectors, { tone } = {}) {
   };
 }
 
-const FACES = [[0, 1, 3, 2], [0, 2, 6, 4], [0, 1, 5, 4]];
+const FACES = [
+  [0, 1, 3, 2],
+  [0, 2, 6, 4],
+  [0, 1, 5, 4],
+];
 
 // Corner i and its neighbours i + 1, i + 2 and i + 4.
 function paintBlock(sheet, corners, tone) {
   if (!corners.every(exists)) return;
   for (const face of FACES) {
-    sheet.wash(face.map((i) => corners[i]), tone === "accent" ? "accent-wash" : "ink-wash");
+    sheet.wash(
+      face.map((i) => corners[i]),
+      tone === "accent" ? "accent-wash" : "ink-wash",
+    );
   }
-  corners.forEach((p, i) => [1, 2, 4].filter((k) => !(i & k)).forEach((k) =>
-    sheet.stroke([p, corners[i | k]], `${tone} thin`, { weight: 0.4 })));
+  corners.forEach((p, i) =>
+    [1, 2, 4]
+      .filter((k) => !(i & k))
+      .forEach((k) => sheet.stroke([p, corners[i | k]], `${tone} thin`, { weight: 0.4 })),
+  );
 }
 
 // Where three planes meet.
@@ -148,19 +184,32 @@ function corner(texts, v) {
   const planes = texts.map((text) => surface(text, v));
   const [n1, n2, n3] = planes.map((one) => one.normal);
   const [d1, d2, d3] = planes.map((one) => one.constant);
-  const sum = add(add(times(cross(n2, n3), d1), times(cross(n3, n1), d2)), times(cross(n1, n2), d3));
-  return times(sum, -1 / (n1[0] * cross(n2, n3)[0] + n1[1] * cross(n2, n3)[1]
-    + n1[2] * cross(n2, n3)[2]));
+  const sum = add(
+    add(times(cross(n2, n3), d1), times(cross(n3, n1), d2)),
+    times(cross(n1, n2), d3),
+  );
+  return times(
+    sum,
+    -1 / (n1[0] * cross(n2, n3)[0] + n1[1] * cross(n2, n3)[1] + n1[2] * cross(n2, n3)[2]),
+  );
 }
 
 // The block that three slabs, of two planes each, have in common.
 export function block(...slabs) {
-  const corners = (v) => [0, 1, 2, 3, 4, 5, 6, 7].map((i) =>
-    corner(slabs.map((slab, k) => slab[(i >> k) & 1]), v));
+  const corners = (v) =>
+    [0, 1, 2, 3, 4, 5, 6, 7].map((i) =>
+      corner(
+        slabs.map((slab, k) => slab[(i >> k) & 1]),
+        v,
+      ),
+    );
   return {
     terms: slabs.flat().flatMap((text) => text.split(" ")),
     span: (v) => corners(v).filter(exists),
-    say: (v) => `block with the corners ${corners(v).map((p) => spoken(p)).join(" ")}`,
+    say: (v) =>
+      `block with the corners ${corners(v)
+        .map((p) => spoken(p))
+        .join(" ")}`,
     paint: (sheet, v) => paintBlock(sheet, corners(v), "ink"),
   };
 }

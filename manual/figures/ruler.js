@@ -14,13 +14,27 @@ const tall = (sheet, height) => (sheet.small ? 2.4 * height : height);
 function backdrop(sheet) {
   const { frame, view } = sheet;
   const y = sheet.to(onLine(0))[1];
-  sheet.strokeAt([[frame.left, y], [frame.right, y]], "soft", { layer: "back" });
+  sheet.strokeAt(
+    [
+      [frame.left, y],
+      [frame.right, y],
+    ],
+    "soft",
+    { layer: "back" },
+  );
   sheet.head([frame.left, y], [frame.right, y], "soft");
   const low = (frame.left - view.left) / view.sx;
   const high = (frame.right - view.left) / view.sx;
   for (const x of ticksWithin(low, high, niceStep(high - low, 9))) {
     const X = sheet.to(onLine(x))[0];
-    sheet.strokeAt([[X, y - 4], [X, y + 4]], "soft", { layer: "back" });
+    sheet.strokeAt(
+      [
+        [X, y - 4],
+        [X, y + 4],
+      ],
+      "soft",
+      { layer: "back" },
+    );
     sheet.tick(number(Number(x.toPrecision(6))), X, y + 62, "middle");
   }
 }
@@ -42,7 +56,13 @@ export function entries(name, count, { chosen, of } = {}) {
         if (!exists(onLine(x))) return;
         const [X, Y] = sheet.to(onLine(x));
         const tone = picked(v).has(i + 1) ? "accent" : "ink";
-        sheet.strokeAt([[X, Y - tall(sheet, 18)], [X, Y + tall(sheet, 18)]], tone);
+        sheet.strokeAt(
+          [
+            [X, Y - tall(sheet, 18)],
+            [X, Y + tall(sheet, 18)],
+          ],
+          tone,
+        );
         sheet.label(`${name}(${i + 1})`, [[X, Y + 20]], tone);
       });
     },
@@ -52,7 +72,12 @@ export function entries(name, count, { chosen, of } = {}) {
 function band(sheet, from, to, tone, height) {
   const half = tall(sheet, height);
   const [[x1, y], [x2]] = [sheet.to(onLine(from)), sheet.to(onLine(to))];
-  const corners = [[x1, y - half], [x2, y - half], [x2, y + half], [x1, y + half]];
+  const corners = [
+    [x1, y - half],
+    [x2, y - half],
+    [x2, y + half],
+    [x1, y + half],
+  ];
   sheet.washAt(corners, `${tone}-wash`);
   return [x1, x2, y];
 }
@@ -76,8 +101,17 @@ export const range = (low, high) => ({
     if (!exists(ends)) return;
     const [x1, x2, y] = band(sheet, ...ends, "ink", 34);
     const half = tall(sheet, 34);
-    for (const [x, name] of [[x1, low], [x2, high]]) {
-      sheet.strokeAt([[x, y - half], [x, y + half]], "ink thin");
+    for (const [x, name] of [
+      [x1, low],
+      [x2, high],
+    ]) {
+      sheet.strokeAt(
+        [
+          [x, y - half],
+          [x, y + half],
+        ],
+        "ink thin",
+      );
       sheet.label(name, [[x, y - 36]], "ink");
     }
   },
@@ -92,8 +126,21 @@ export const gap = (term, from, entry) => ({
     if (!exists([p, q, v.scalar(term)])) return;
     const [[x1, y], [x2]] = [sheet.to(onLine(p)), sheet.to(onLine(q))];
     const above = y - tall(sheet, 50);
-    sheet.strokeAt([[x1, above], [x2, above]], "accent thin");
-    for (const x of [x1, x2]) sheet.strokeAt([[x, above - 6], [x, above + 6]], "accent thin");
+    sheet.strokeAt(
+      [
+        [x1, above],
+        [x2, above],
+      ],
+      "accent thin",
+    );
+    for (const x of [x1, x2])
+      sheet.strokeAt(
+        [
+          [x, above - 6],
+          [x, above + 6],
+        ],
+        "accent thin",
+      );
     sheet.label(`${term} = ${number(v.scalar(term))}`, [[(x1 + x2) / 2, above - 4]], "accent");
   },
 });
@@ -106,9 +153,23 @@ export const value = (name) => ({
     const x = v.scalar(name);
     if (!exists([x])) return;
     const [X, Y] = sheet.to(onLine(x));
-    sheet.strokeAt([[X, Y], [X, Y - tall(sheet, 58)]], "ink thin", { weight: 0.3 });
+    sheet.strokeAt(
+      [
+        [X, Y],
+        [X, Y - tall(sheet, 58)],
+      ],
+      "ink thin",
+      { weight: 0.3 },
+    );
     sheet.dot(onLine(x), "ink", null, 5);
-    sheet.label(`${name} = ${number(x)}`, [[X, Y - 60], [X, Y - 84]], "ink");
+    sheet.label(
+      `${name} = ${number(x)}`,
+      [
+        [X, Y - 60],
+        [X, Y - 84],
+      ],
+      "ink",
+    );
   },
 });
 
@@ -121,8 +182,17 @@ export const sides = (name, positive) => ({
     const isPositive = v.scalar(name) > 0;
     band(sheet, 0, isPositive ? far : -far, "accent", 24);
     const [x, y] = sheet.to(onLine(0));
-    sheet.strokeAt([[x, y - tall(sheet, 30)], [x, y + tall(sheet, 30)]], "ink");
-    for (const [text, X] of [[positive[0], x + 90], [positive[1], x - 90]]) {
+    sheet.strokeAt(
+      [
+        [x, y - tall(sheet, 30)],
+        [x, y + tall(sheet, 30)],
+      ],
+      "ink",
+    );
+    for (const [text, X] of [
+      [positive[0], x + 90],
+      [positive[1], x - 90],
+    ]) {
       sheet.label(text, [[X, y + 30]], "soft");
     }
   },
@@ -133,7 +203,13 @@ export const zero = {
   span: () => finite([0]),
   paint(sheet) {
     const [x, y] = sheet.to(onLine(0));
-    sheet.strokeAt([[x, y - tall(sheet, 30)], [x, y + tall(sheet, 30)]], "accent");
+    sheet.strokeAt(
+      [
+        [x, y - tall(sheet, 30)],
+        [x, y + tall(sheet, 30)],
+      ],
+      "accent",
+    );
     sheet.label("0", [[x, y + 32]], "accent");
   },
 };

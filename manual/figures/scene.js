@@ -13,8 +13,8 @@ function told(term, v, meanings) {
   const kept = v.isResult(term) && v.results[nameOf(term)] === undefined;
   const value = v.scalar(term);
   const meaning = meanings[nameOf(term)]?.[value];
-  const name = nameOf(term) + term.replace(/^[^.]*(?:\.(\d+))?'?$/, (_, entry) =>
-    (entry ? `(${entry})` : ""));
+  const name =
+    nameOf(term) + term.replace(/^[^.]*(?:\.(\d+))?'?$/, (_, entry) => (entry ? `(${entry})` : ""));
   const text = kept ? `${name} kept` : `${name} = ${number(value)}${meaning ? `: ${meaning}` : ""}`;
   return { text, tone: v.isResult(term) ? "accent" : "ink" };
 }
@@ -23,7 +23,10 @@ export const words = (text) => (text ? text.split(" ") : []);
 
 export function stripOf(row, v) {
   const all = words(row.tell).map((term) => told(term, v, row.meanings ?? {}));
-  return [...all.filter(({ tone }) => tone === "accent"), ...all.filter(({ tone }) => tone === "ink")];
+  return [
+    ...all.filter(({ tone }) => tone === "accent"),
+    ...all.filter(({ tone }) => tone === "ink"),
+  ];
 }
 
 function wholeOf(places) {
@@ -39,9 +42,12 @@ export function frameOf(lines, { small }, { ticks }) {
   return { left: ticks ? 46 : 6, top: 6, right: WIDTH - 6, bottom: HEIGHT - foot };
 }
 
-// Where a page finds the coordinates: x = (left + scale x), y = (top - scale y) in units of viewBox.
-const anchors = (view) => ({ "data-scale": px6(view.sx), "data-left": px(view.left),
-  "data-top": px(view.top) });
+// Where a page finds the coordinates: x at left + scale x, y at top - scale y of the viewBox.
+const anchors = (view) => ({
+  "data-scale": px6(view.sx),
+  "data-left": px(view.left),
+  "data-top": px(view.top),
+});
 
 const px6 = (value) => String(Number(value.toPrecision(6)));
 
@@ -55,22 +61,36 @@ export function drawScene(row, kind, title, v, options) {
   const later = row.marks.flatMap((mark) => mark.late?.(v, whole) ?? []);
   const places = [...first, ...later];
   if (!places.length) return nothing(title, NOTHING, options);
-  const margin = options.small ? 44 : row.margin ?? kind.margin;
+  const margin = options.small ? 44 : (row.margin ?? kind.margin);
   const normals = row.marks.flatMap((mark) => mark.normals?.(v) ?? []);
   const project = kind.project ?? kind.chooseView(first, normals);
-  const view = fit(kind.around?.(places) ?? places, project, frame,
-    { margin, stretched: row.stretched, held: options.view });
+  const view = fit(kind.around?.(places) ?? places, project, frame, {
+    margin,
+    stretched: row.stretched,
+    held: options.view,
+  });
   const sheet = Object.assign(new Sheet(view, frame, options), { whole });
   kind.backdrop(sheet, wholeOf(places), row, v);
   for (const mark of row.marks) mark.paint(sheet, v);
   const says = [...row.marks.map((mark) => mark.say?.(v)), ...strip.map(({ text }) => text)];
-  return assemble({ title, says: says.filter(Boolean).map((text) => `${text}.`), lines, options,
-    content: sheet.content(), root: kind.flat && !row.stretched ? anchors(view) : {} });
+  return assemble({
+    title,
+    says: says.filter(Boolean).map((text) => `${text}.`),
+    lines,
+    options,
+    content: sheet.content(),
+    root: kind.flat && !row.stretched ? anchors(view) : {},
+  });
 }
 
 // A row of a table: the marks, then what is told in words and what is deliberately not shown.
 export function scene(kind, marks, { tell = "", silent = "", ...more } = {}) {
   const row = { marks, tell, ...more };
   const shown = [...marks.flatMap((mark) => mark.terms), ...words(tell)];
-  return { shown, silent: words(silent), marks, draw: (title, v, options) => drawScene(row, kind, title, v, options) };
+  return {
+    shown,
+    silent: words(silent),
+    marks,
+    draw: (title, v, options) => drawScene(row, kind, title, v, options),
+  };
 }

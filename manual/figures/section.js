@@ -64,19 +64,20 @@ function paintNumbers(sheet, v) {
 export const OUTLINE = {
   terms: ["nc", "nv", "x", "y", "kind", "sign"],
   span: (v) => vertices(v).filter(exists),
-  say: (v) => `${v.scalar("nc")} contours with the vertices ${vertices(v).map(([x, y]) =>
-    `(${number(x)}, ${number(y)})`).join(" ")}`,
+  say: (v) =>
+    `${v.scalar("nc")} contours with the vertices ${vertices(v)
+      .map(([x, y]) => `(${number(x)}, ${number(y)})`)
+      .join(" ")}`,
   paint(sheet, v) {
     const all = contours(v);
     const filleted = all.some(({ kind }) => kind === 4);
-    all.forEach((contour) =>
-      paintContour(sheet, contour, filleted && contour.places.length === 3));
+    all.forEach((contour) => paintContour(sheet, contour, filleted && contour.places.length === 3));
     if (sheet.options.dimensions === false) paintNumbers(sheet, v);
   },
 };
 
-const placeOf = (where, v) => (typeof where === "function" ? where(v)
-  : vertices(v)[where - 1] ?? [NaN, NaN, NaN]);
+const placeOf = (where, v) =>
+  typeof where === "function" ? where(v) : (vertices(v)[where - 1] ?? [NaN, NaN, NaN]);
 
 // Between two vertices, a part of the way.
 export const share = (i, j, t) => (v) => add(times(placeOf(i, v), 1 - t), placeOf(j, v), t);
@@ -100,9 +101,12 @@ function lineAt(sheet, v, ends, { side, level = 1, at }) {
 
 function paintDimension(sheet, v, term, { p, q, along }, where) {
   const level = lineAt(sheet, v, { p, q, along }, where);
-  const onLine = (place) => (along === 0 ? [sheet.to(place)[0], level] : [level, sheet.to(place)[1]]);
+  const onLine = (place) =>
+    along === 0 ? [sheet.to(place)[0], level] : [level, sheet.to(place)[1]];
   const ends = [onLine(p), onLine(q)];
-  [p, q].forEach((place, i) => sheet.strokeAt([sheet.to(place), ends[i]], "soft thin", { weight: 0.2 }));
+  [p, q].forEach((place, i) =>
+    sheet.strokeAt([sheet.to(place), ends[i]], "soft thin", { weight: 0.2 }),
+  );
   const size = Math.hypot(ends[1][0] - ends[0][0], ends[1][1] - ends[0][1]);
   const tone = v.isResult(term) ? "accent" : "ink";
   const tips = arrows(sheet, ends, size < 34, along, tone);
@@ -140,4 +144,3 @@ export function dim(term, i, j, { upright, when = () => true, ...where } = {}) {
     },
   };
 }
-

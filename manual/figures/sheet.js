@@ -54,7 +54,11 @@ export class Sheet {
   }
 
   stroke(places, look, more) {
-    this.strokeAt(places.map((place) => this.to(place)), look, more);
+    this.strokeAt(
+      places.map((place) => this.to(place)),
+      look,
+      more,
+    );
   }
 
   washAt(points, look) {
@@ -62,17 +66,28 @@ export class Sheet {
   }
 
   wash(places, look) {
-    this.washAt(places.map((place) => this.to(place)), look);
+    this.washAt(
+      places.map((place) => this.to(place)),
+      look,
+    );
   }
 
   // A head at the second position, for a stroke that comes from the first.
   head(from, to, tone) {
     const way = Math.atan2(to[1] - from[1], to[0] - from[0]);
     const size = Math.min(this.small ? 26 : 12, Math.hypot(to[0] - from[0], to[1] - from[1]));
-    const side = (turn) => [to[0] - size * Math.cos(way + turn), to[1] - size * Math.sin(way + turn)];
+    const side = (turn) => [
+      to[0] - size * Math.cos(way + turn),
+      to[1] - size * Math.sin(way + turn),
+    ];
     if (!(size > 1)) return;
-    this.put("dots", element("path", {
-      class: `${tone}-fill`, d: path([to, side(0.38), side(-0.38)], true) }));
+    this.put(
+      "dots",
+      element("path", {
+        class: `${tone}-fill`,
+        d: path([to, side(0.38), side(-0.38)], true),
+      }),
+    );
   }
 
   arrowAt(from, to, tone, look = tone) {
@@ -88,7 +103,11 @@ export class Sheet {
     const [x, y] = this.to(place);
     if (!drawn([[x, y]])) return;
     const spot = element("circle", {
-      class: `${tone}-fill`, cx: px(x), cy: px(y), r: this.small ? 2.4 * radius : radius });
+      class: `${tone}-fill`,
+      cx: px(x),
+      cy: px(y),
+      r: this.small ? 2.4 * radius : radius,
+    });
     this.dots.push({ left: x - 6, right: x + 6, top: y - 6, bottom: y + 6 });
     this.put("dots", handle && this.holds ? this.handle([x, y], spot, place, handle) : spot);
   }
@@ -96,20 +115,34 @@ export class Sheet {
   handle([x, y], spot, place, { x: nameX, y: nameY, entry }) {
     const reach = element("circle", { class: "reach", cx: px(x), cy: px(y), r: 14 });
     const of = entry === undefined ? "" : ` of entry ${entry}`;
-    return element("g", {
-      class: "handle", tabindex: 0, role: "slider", "data-x": nameX, "data-y": nameY,
-      "data-entry": entry,
-      "aria-label": `${nameX}, ${nameY}${of}`, "aria-valuenow": Number(place[0].toPrecision(4)),
-      "aria-valuetext": `${number(place[0])}, ${number(place[1])}`,
-    }, reach + spot);
+    return element(
+      "g",
+      {
+        class: "handle",
+        tabindex: 0,
+        role: "slider",
+        "data-x": nameX,
+        "data-y": nameY,
+        "data-entry": entry,
+        "aria-label": `${nameX}, ${nameY}${of}`,
+        "aria-valuenow": Number(place[0].toPrecision(4)),
+        "aria-valuetext": `${number(place[0])}, ${number(place[1])}`,
+      },
+      reach + spot,
+    );
   }
 
   // Words at the first anchor, a position of the page, or at a later one where that is worse.
   label(text, anchors, tone) {
     const inside = anchors.filter(near);
     if (this.small || !text || !inside.length) return;
-    this.labels.push({ text, tone, anchors: inside,
-      width: textWidth(text), height: HEIGHT_OF_TEXT + 2 });
+    this.labels.push({
+      text,
+      tone,
+      anchors: inside,
+      width: textWidth(text),
+      height: HEIGHT_OF_TEXT + 2,
+    });
   }
 
   tick(text, x, y, anchor) {
@@ -119,14 +152,27 @@ export class Sheet {
   // Words that stand where they are put.
   words(text, x, y, tone, anchor = "middle") {
     if (this.small) return;
-    this.fixed.push(element("text", { class: tone, x: px(x), y: px(y), "text-anchor": anchor },
-      escape(text)));
+    this.fixed.push(
+      element("text", { class: tone, x: px(x), y: px(y), "text-anchor": anchor }, escape(text)),
+    );
   }
 
   // The words of ticks, which stand where they stand.
   tickTexts() {
-    return this.ticks.map(({ text, x, y, anchor }) => element("text", {
-      class: "tick", x: px(x), y: px(y), "text-anchor": anchor }, escape(text))).join("");
+    return this.ticks
+      .map(({ text, x, y, anchor }) =>
+        element(
+          "text",
+          {
+            class: "tick",
+            x: px(x),
+            y: px(y),
+            "text-anchor": anchor,
+          },
+          escape(text),
+        ),
+      )
+      .join("");
   }
 
   tickBoxes() {
@@ -141,9 +187,21 @@ export class Sheet {
     const { frame } = this;
     const room = { left: 4, right: WIDTH - 4, top: 4, bottom: frame.bottom + 2 };
     const boxes = placeLabels(this.labels, this.strokes, [...this.dots, ...this.tickBoxes()], room);
-    return this.labels.map(({ text, tone, width }, i) => element("text", {
-      class: tone, x: px(boxes[i].left + 1), y: px(boxes[i].bottom - 4),
-      textLength: undefined, "data-width": Math.round(width) }, escape(text))).join("");
+    return this.labels
+      .map(({ text, tone, width }, i) =>
+        element(
+          "text",
+          {
+            class: tone,
+            x: px(boxes[i].left + 1),
+            y: px(boxes[i].bottom - 4),
+            textLength: undefined,
+            "data-width": Math.round(width),
+          },
+          escape(text),
+        ),
+      )
+      .join("");
   }
 
   content() {
@@ -151,13 +209,11 @@ export class Sheet {
     const [width, height] = [right - left, bottom - top];
     const box = { x: left, y: top, width, height, viewBox: `${left} ${top} ${width} ${height}` };
     const layers = LAYERS.map((name) => this.layers[name].join("")).join("");
-    return element("svg", box, layers) + this.fixed.join("") + this.tickTexts() +
-      this.labelTexts();
+    return element("svg", box, layers) + this.fixed.join("") + this.tickTexts() + this.labelTexts();
   }
 }
 
-export const crosses = (box, strokes) =>
-  strokes.some(([p, q]) => lengthWithin(box, p, q) > 0);
+export const crosses = (box, strokes) => strokes.some(([p, q]) => lengthWithin(box, p, q) > 0);
 
 // The words below the picture, in lines of its width.
 export function stripLines(words) {
@@ -177,22 +233,49 @@ export function stripLines(words) {
 
 export const stripHeight = (lines) => (lines.length ? lines.length * LINE + 8 : 0);
 
-const stripTexts = (lines) => lines.map((line, i) => line.map(({ text, tone, x }) =>
-  element("text", { class: tone, x: px(x),
-    y: HEIGHT - 9 - LINE * (lines.length - 1 - i) }, escape(text))).join("")).join("");
+const stripTexts = (lines) =>
+  lines
+    .map((line, i) =>
+      line
+        .map(({ text, tone, x }) =>
+          element(
+            "text",
+            { class: tone, x: px(x), y: HEIGHT - 9 - LINE * (lines.length - 1 - i) },
+            escape(text),
+          ),
+        )
+        .join(""),
+    )
+    .join("");
 
 // The whole picture. `root` has further attributes of the svg.
 export function assemble({ title, says, content, lines = [], options, root = {} }) {
   const words = element("title", {}, escape(title)) + element("desc", {}, escape(says.join(" ")));
   const style = options.standalone ? element("style", {}, STYLE) : "";
-  return element("svg", {
-    xmlns: "http://www.w3.org/2000/svg", class: options.small ? "kez-figure small" : "kez-figure", role: "img",
-    viewBox: `0 0 ${WIDTH} ${HEIGHT}`, "aria-label": title, ...root,
-  }, words + style + content + (options.small ? "" : stripTexts(lines)));
+  return element(
+    "svg",
+    {
+      xmlns: "http://www.w3.org/2000/svg",
+      class: options.small ? "kez-figure small" : "kez-figure",
+      role: "img",
+      viewBox: `0 0 ${WIDTH} ${HEIGHT}`,
+      "aria-label": title,
+      ...root,
+    },
+    words + style + content + (options.small ? "" : stripTexts(lines)),
+  );
 }
 
 export function nothing(title, why, options) {
-  const content = element("text", {
-    class: "soft", x: WIDTH / 2, y: HEIGHT / 2, "text-anchor": "middle" }, escape(why));
+  const content = element(
+    "text",
+    {
+      class: "soft",
+      x: WIDTH / 2,
+      y: HEIGHT / 2,
+      "text-anchor": "middle",
+    },
+    escape(why),
+  );
   return assemble({ title, says: [why], content, options });
 }

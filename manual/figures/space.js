@@ -21,11 +21,13 @@ const projection = (azimuth) => {
 // How far apart the nearest two of the points look, as a part of how far apart they are.
 function clearness(places, project) {
   let least = 1;
-  places.forEach((p, i) => places.slice(0, i).forEach((q) => {
-    const real = length(minus(p, q));
-    const [[x1, y1], [x2, y2]] = [project(p), project(q)];
-    if (real > 0) least = Math.min(least, Math.hypot(x1 - x2, y1 - y2) / real);
-  }));
+  places.forEach((p, i) =>
+    places.slice(0, i).forEach((q) => {
+      const real = length(minus(p, q));
+      const [[x1, y1], [x2, y2]] = [project(p), project(q)];
+      if (real > 0) least = Math.min(least, Math.hypot(x1 - x2, y1 - y2) / real);
+    }),
+  );
   return least;
 }
 
@@ -35,24 +37,32 @@ const openness = ([x, y, z], azimuth) =>
 
 function chooseView(places, normals) {
   const some = places.slice(0, 16);
-  const clear = AZIMUTHS.map((azimuth) => Math.min(clearness(some, projection(azimuth)),
-    ...normals.map((normal) => 1.5 * openness(normal, azimuth))));
+  const clear = AZIMUTHS.map((azimuth) =>
+    Math.min(
+      clearness(some, projection(azimuth)),
+      ...normals.map((normal) => 1.5 * openness(normal, azimuth)),
+    ),
+  );
   const best = clear[0] > 0.45 ? 0 : clear.indexOf(Math.max(...clear));
   return projection(AZIMUTHS[best]);
 }
 
-const boxOf = (low, high) => [0, 1, 2, 3, 4, 5, 6, 7].map((i) =>
-  [0, 1, 2].map((axis) => ((i >> axis) & 1 ? high[axis] : low[axis])));
+const boxOf = (low, high) =>
+  [0, 1, 2, 3, 4, 5, 6, 7].map((i) =>
+    [0, 1, 2].map((axis) => ((i >> axis) & 1 ? high[axis] : low[axis])),
+  );
 
-const extremes = (places) => [Math.min, Math.max].map((pick) =>
-  [0, 1, 2].map((i) => pick(...places.map((p) => p[i]))));
+const extremes = (places) =>
+  [Math.min, Math.max].map((pick) => [0, 1, 2].map((i) => pick(...places.map((p) => p[i]))));
 
 // The floor, a little larger than what stands on it.
 function around(places) {
   const [low, high] = extremes(places);
   const room = 0.08 * length(minus(high, low)) || 0.5;
-  return [...boxOf([low[0] - room, low[1] - room, low[2]], [high[0] + room, high[1] + room, low[2]]),
-    ...places];
+  return [
+    ...boxOf([low[0] - room, low[1] - room, low[2]], [high[0] + room, high[1] + room, low[2]]),
+    ...places,
+  ];
 }
 
 function paintFloor(sheet, low, high) {
@@ -71,8 +81,11 @@ function paintFloor(sheet, low, high) {
 function paintAxes(sheet, low, high, step) {
   const corner = low;
   const size = 0.5 * Math.max(high[0] - low[0], high[1] - low[1]);
-  const ends = [[high[0], low[1], low[2]], [low[0], high[1], low[2]],
-    [low[0], low[1], Math.max(high[2], low[2] + size * 0.4)]];
+  const ends = [
+    [high[0], low[1], low[2]],
+    [low[0], high[1], low[2]],
+    [low[0], low[1], Math.max(high[2], low[2] + size * 0.4)],
+  ];
   ["x", "y", "z"].forEach((name, i) => {
     sheet.stroke([corner, ends[i]], "soft", { weight: 0.5, layer: "back" });
     const [p, q] = [sheet.to(corner), sheet.to(ends[i])];
@@ -87,10 +100,12 @@ function paintAxes(sheet, low, high, step) {
 function tickAlong(sheet, ticks, where, anchor) {
   const [a, b] = [ticks[0], ticks[1]].map((t) => sheet.to(where(t ?? 0)));
   const every = Math.max(1, Math.ceil(34 / (Math.hypot(a[0] - b[0], a[1] - b[1]) || 1e9)));
-  ticks.filter((_, i) => i % every === 0).forEach((t) => {
-    const [x, y] = sheet.to(where(t));
-    sheet.tick(number(Number(t.toPrecision(6))), x + (anchor === "end" ? -5 : 5), y + 15, anchor);
-  });
+  ticks
+    .filter((_, i) => i % every === 0)
+    .forEach((t) => {
+      const [x, y] = sheet.to(where(t));
+      sheet.tick(number(Number(t.toPrecision(6))), x + (anchor === "end" ? -5 : 5), y + 15, anchor);
+    });
 }
 
 function backdrop(sheet, whole) {
@@ -103,7 +118,14 @@ function backdrop(sheet, whole) {
     if (sheet.small || Math.abs(p[2] - whole.low[2]) < 1e-3 * whole.reach) return;
     sheet.stroke([p, below], "soft dashed", { weight: 0.2, layer: "back" });
     const [x, y] = sheet.to(below);
-    sheet.strokeAt([[x - 3, y], [x + 3, y]], "soft", { weight: 0.1, layer: "back" });
+    sheet.strokeAt(
+      [
+        [x - 3, y],
+        [x + 3, y],
+      ],
+      "soft",
+      { weight: 0.1, layer: "back" },
+    );
   };
 }
 
@@ -152,13 +174,17 @@ export function axisLine(axis, name) {
 
 // The legs of a vector along the axes.
 export function legs(from, to, names = []) {
-  return mark([at(from), at(to)], (sheet, [p, q]) => {
-    const stops = [p, [q[0], p[1], p[2]], [q[0], q[1], p[2]], q];
-    for (let i = 0; i < 3; i += 1) {
-      sheet.stroke([stops[i], stops[i + 1]], "accent thin dashed", { weight: 0.5 });
-      sheet.label(names[i], [sheet.to(times(add(stops[i], stops[i + 1]), 0.5))], "accent");
-    }
-  }, { terms: names });
+  return mark(
+    [at(from), at(to)],
+    (sheet, [p, q]) => {
+      const stops = [p, [q[0], p[1], p[2]], [q[0], q[1], p[2]], q];
+      for (let i = 0; i < 3; i += 1) {
+        sheet.stroke([stops[i], stops[i + 1]], "accent thin dashed", { weight: 0.5 });
+        sheet.label(names[i], [sheet.to(times(add(stops[i], stops[i + 1]), 0.5))], "accent");
+      }
+    },
+    { terms: names },
+  );
 }
 
 // An axis system at a place: the nine numbers by their names.
@@ -168,9 +194,14 @@ export function axes(origin, names, { tone = "accent", share = 0.5, labels = tru
   return {
     terms: [...at(origin).terms, ...terms],
     span: (v) => [at(origin).where(v)].filter(exists),
-    late: (v, whole) => ways(v).map((way) =>
-      add(at(origin).where(v), way, share * whole.reach)).filter(exists),
-    say: (v) => `axes ${ways(v).map((way) => spoken(way)).join(" ")}`,
+    late: (v, whole) =>
+      ways(v)
+        .map((way) => add(at(origin).where(v), way, share * whole.reach))
+        .filter(exists),
+    say: (v) =>
+      `axes ${ways(v)
+        .map((way) => spoken(way))
+        .join(" ")}`,
     paint(sheet, v) {
       const p = at(origin).where(v);
       ways(v).forEach((way, i) => {
@@ -186,18 +217,29 @@ export function axes(origin, names, { tone = "accent", share = 0.5, labels = tru
 // What two vectors at one place look like from the three axes: on the walls behind and the floor.
 export function shadows(from, first, second, names) {
   const parts = [at(from), at(first), at(second)];
-  return mark(parts, (sheet, [p, q, r], colour, v) => {
-    const { low } = sheet.whole;
-    const room = 0.16 * sheet.whole.reach;
-    names.forEach((name, axis) => {
-      const flat = (place) => place.map((value, i) =>
-        (i === axis ? low[i] - (axis === 2 ? 0 : room) : value));
-      const [o, a, b] = [p, q, r].map(flat);
-      for (const tip of [a, b]) sheet.arrow(o, tip, "soft", "soft");
-      const arc = arcBetween(o, minus(a, o), minus(b, o), 40 / sheet.view.sx);
-      if (!arc.every(exists)) return;
-      sheet.stroke(arc, "accent thin");
-      sheet.label(`${name} = ${number(v.scalar(name))}`, [sheet.to(arc[arc.length >> 1])], "accent");
-    });
-  }, { terms: names, say: (v) => names.map((name) => `${name} = ${number(v.scalar(name))}`).join(", ") });
+  return mark(
+    parts,
+    (sheet, [p, q, r], colour, v) => {
+      const { low } = sheet.whole;
+      const room = 0.16 * sheet.whole.reach;
+      names.forEach((name, axis) => {
+        const flat = (place) =>
+          place.map((value, i) => (i === axis ? low[i] - (axis === 2 ? 0 : room) : value));
+        const [o, a, b] = [p, q, r].map(flat);
+        for (const tip of [a, b]) sheet.arrow(o, tip, "soft", "soft");
+        const arc = arcBetween(o, minus(a, o), minus(b, o), 40 / sheet.view.sx);
+        if (!arc.every(exists)) return;
+        sheet.stroke(arc, "accent thin");
+        sheet.label(
+          `${name} = ${number(v.scalar(name))}`,
+          [sheet.to(arc[arc.length >> 1])],
+          "accent",
+        );
+      });
+    },
+    {
+      terms: names,
+      say: (v) => names.map((name) => `${name} = ${number(v.scalar(name))}`).join(", "),
+    },
+  );
 }

@@ -14,6 +14,9 @@ const P1 = at("x1 y1");
 const P2 = at("x2 y2");
 const P = at("x y");
 
+// Lines that only help to see how a point was found.
+const HELP = { look: "thin dashed", tone: "soft" };
+
 const GUIDE = [circleThrough(P0, P1), segment(P1, P2), point(P0), point(P1), point(P2)];
 const MEASURED = along(P1, P2, "L");
 const edge = (sign) => derived("x1 y1 x2 y2 L w", (v) =>
@@ -73,23 +76,24 @@ const CIRCLE = {
     distance("xc yc", sum("xc yc", mixed("r", 0)), "r", { tone: "ink" })], { tell: "D E F" }),
   kezlci: plane([line("a b c"), circle("D E F"), point("x1 y1"), point("x2 y2")], { tell: "n" }),
   kezc12: plane([circle("D1 E1 F1"), circle("D2 E2 F2"),
-    segment("x1 y1", "x2 y2", "", { look: "thin dashed", tone: "soft" }), point("x1 y1"),
+    segment("x1 y1", "x2 y2", "", HELP), point("x1 y1"),
     point("x2 y2")], { tell: "n" }),
   kezcin: plane([circleThrough("X.1 Y.1", "X.2 Y.2"), line("a b c"), point("X.1 Y.1", "X(1), Y(1)"),
     point("X.2 Y.2", "X(2), Y(2)"), point("x2 y2"), point("x3 y3")], { tell: "k",
     meanings: { k: ["", "in the positive region", "in the negative region",
       "segment of phi positive", "segment of 2 pi - phi positive"] } }),
   kezcer6: plane([...GUIDE, ...REACHED, through(P0, MEASURED), point(P)], { tell: "status sense" }),
-  kezcer8: plane([...GUIDE, ...REACHED, segment(MEASURED, P, "", { look: "thin dashed", tone: "soft" }),
+  kezcer8: plane([...GUIDE, ...REACHED, segment(MEASURED, P, "", HELP),
     square(MEASURED, P2, P), point(P)], { tell: "status sense" }),
   kezcer9: plane([...GUIDE, distance(P1, MEASURED, "L", { tone: "ink", shift: 18 }),
     spot(MEASURED, "soft"), distance(LEFT_EDGE, RIGHT_EDGE, "w", { tone: "ink", shift: -18 }),
-    segment(LEFT_EDGE, "xa ya", "", { look: "thin dashed", tone: "soft" }),
-    segment(RIGHT_EDGE, "xb yb", "", { look: "thin dashed", tone: "soft" }),
+    segment(LEFT_EDGE, "xa ya", "", HELP),
+    segment(RIGHT_EDGE, "xb yb", "", HELP),
     square(LEFT_EDGE, P1, "xa ya"), square(RIGHT_EDGE, P2, "xb yb"),
     point("xa ya"), point("xb yb")], { tell: "status sense" }),
   kezcer4: plane([...GUIDE, ...REACHED, through(MEASURED, atAngle(MEASURED)),
-    angle(MEASURED, P2, atAngle(MEASURED), "theta", { tone: "ink" }), point(P)], { tell: "status" }),
+    angle(MEASURED, P2, atAngle(MEASURED), "theta", { tone: "ink" }), point(P)],
+  { tell: "status" }),
   kezcer10: plane([...GUIDE, through(P1, P2), turn(P1, P0, "dphi"), spot(DPHI_TURNED, "soft"),
     through(DPHI_TURNED, atAngle(DPHI_TURNED)),
     angle(P, sum(P, between(P2, P1)), sum(P, between(atAngle(DPHI_TURNED), DPHI_TURNED)), "theta",
@@ -102,7 +106,7 @@ const CIRCLE = {
     segment(P1, P2), point(P1), point(P2), point("c1x c1y", undefined, { tone: "accent" }),
     point("c2x c2y", undefined, { tone: "accent" }), distance("cx cy", P1, "R", { tone: "ink" })],
   { tell: "status sense" }),
-  kezcer1: plane([circleAbout("cx cy", "R", "", { look: "thin dashed", tone: "soft" }),
+  kezcer1: plane([circleAbout("cx cy", "R", "", HELP),
     segment(P1, P2), arcOf("cx cy", P1, chordAngle, { tone: "accent" }), point(P1), point(P2),
     distance(CHORD_MIDDLE, TOP, "f", { tone: "ink" }), point("cx cy"),
     distance("cx cy", P2, "R")], { tell: "status sense" }),

@@ -43,7 +43,8 @@ const POINTS = {
   kezpds: space([...ENDS, distance(P1, P2, "d")]),
   kezcnt: space([...ENDS, vector(P1, P2, "", { tone: "soft" }), legs(P1, P2, ["dx", "dy", "dz"])],
     { tell: "same dx dy dz", meanings: { same: NO_YES } }),
-  kezcnt1: ruler([zero, value("a"), value("b"), value("c")], { tell: "zero", meanings: { zero: NO_YES } }),
+  kezcnt1: ruler([zero, value("a"), value("b"), value("c")],
+    { tell: "zero", meanings: { zero: NO_YES } }),
   kez123: space([...ENDS, segment(P1, P2), segment(P1, P, "", { tone: "accent" }), point(P)],
     { tell: "same t" }),
   kezpre: space([...TWO_SEGMENTS, vector(P1, MOVED, "", { tone: "soft", look: "dashed" }),
@@ -169,8 +170,9 @@ const SAMPLING = {
   keznst: space([segment(P1, P2), points("xs ys zs", "n", { numbers: true }), ...ENDS,
     distance(P1, along(P1, P2, "step"), "step", { tone: "ink", shift: 26 })], { silent: "n" }),
   kezinr: chart([bars("y", "n", "a", "b")], { tell: "s a b", silent: "n" }),
-  kezpar: lists([cells("list1", { count: "count1", links: "equal", to: 1 }), run("i1", "i2", "nmax"),
-    cells("list2", { count: "count2", links: "equal" })], { tell: "count1 count2 i1 i2 nmax" }),
+  kezpar: lists([cells("list1", { count: "count1", links: "equal", to: 1 }),
+    run("i1", "i2", "nmax"), cells("list2", { count: "count2", links: "equal" })],
+  { tell: "count1 count2 i1 i2 nmax" }),
 };
 
 export const FRAME = { ...POINTS, ...LINES_IN_PLANE, ...ANGLES, ...TABLES, ...SAMPLING };

@@ -26,8 +26,11 @@ const LYING = [dim("d", 2, 7, bottom), dim("b1", 1, 2, left), dim("b2", 8, 7, ri
 const STANDING = [dim("d", 1, 6, left), dim("b1", 1, 12, top), dim("t1", 12, 11, right),
   dim("t2", 8, 7, right), dim("tw", 3, 10, { at: share(3, 4, 0.4) })];
 
-// The first vertex of a slot of the channel: those in the web come first.
-const slot = (number, vertex) => (v) => contours(v)[number(v)]?.places[vertex - 1] ?? [NaN, NaN, NaN];
+const NOWHERE = [NaN, NaN, NaN];
+
+// A vertex of a slot of the channel: those in the web come first.
+const slot = (number, vertex) => (v) =>
+  contours(v)[number(v)]?.places[vertex - 1] ?? NOWHERE;
 const webSlots = (v) => Math.round(v.scalar("nw"));
 const inWeb = (vertex) => slot(() => 1, vertex);
 const inFlange = (vertex) => slot((v) => 1 + Math.max(0, Math.min(2, webSlots(v) || 0)), vertex);
@@ -38,7 +41,7 @@ const lipped = { when: isLipped };
 const plain = { when: (v) => !isLipped(v) };
 // Where a dimension stands beside what it measures, towards the lips.
 const inFrontOf = (where) => (v) => {
-  const [x, y] = typeof where === "number" ? vertices(v)[where - 1] ?? [NaN, NaN] : where(v);
+  const [x, y] = typeof where === "number" ? vertices(v)[where - 1] ?? NOWHERE : where(v);
   return [x + 0.12 * v.scalar("b"), y, 0];
 };
 const atWeb = (place) => (v) => [v.array("x")[0] ?? NaN, place(v)[1], 0];
@@ -56,8 +59,9 @@ const BUILDERS = {
   kezsec_box: builder([dim("bt", 1, 12, top), dim("bb", 6, 7, bottom), dim("tt", 12, 11, right),
     dim("tb", 8, 7, right), dim("h", 1, 6, left), dim("tw", 3, 13, { at: share(3, 4, 0.3) }),
     dim("s", 13, 16, { at: share(13, 14, 0.6) })]),
-  kezsec_tab: builder([dim("b", 1, 12, top), dim("h", 1, 6, second(left)), dim("w", 3, 2, second(top)),
-    dim("tt", 3, 4, left), dim("tf", 12, 16, { ...upright, at: mid(13, 16) }),
+  kezsec_tab: builder([dim("b", 1, 12, top), dim("h", 1, 6, second(left)),
+    dim("w", 3, 2, second(top)), dim("tt", 3, 4, left),
+    dim("tf", 12, 16, { ...upright, at: mid(13, 16) }),
     dim("tw", 15, 7, bottom), dim("y0", (v) => [mid(10, 9)(v)[0], 0, 0], mid(10, 9), right)]),
   kezsec_rhs: builder([dim("b", 1, 4, top), dim("h", 1, 2, left),
     dim("t", 8, 4, { at: mid(1, 2) })]),
@@ -66,7 +70,8 @@ const BUILDERS = {
   kezsec_c: builder([dim("b", 1, 24, { ...third(top), ...lipped }),
     dim("b", 1, 8, { ...third(top), ...plain }), dim("h", 1, 6, { ...third(left), ...lipped }),
     dim("h", 1, 2, { ...third(left), ...plain }), dim("c", 24, 23, { ...right, ...lipped }),
-    dim("t", 6, 13, { ...lipped, at: share(6, 5, 0.3) }), dim("t", 5, 2, { ...plain, at: share(3, 5, 0.2) }),
+    dim("t", 6, 13, { ...lipped, at: share(6, 5, 0.3) }),
+    dim("t", 5, 2, { ...plain, at: share(3, 5, 0.2) }),
     dim("r", 21, 20, { ...lipped, at: share(21, 22, 0.5) }),
     dim("gd", 2, 3, { ...lipped, at: mid(3, 4) }), dim("gw", 2, 5, { ...left, ...lipped }),
     dim("gb", 3, 4, { ...upright, ...lipped, at: inFrontOf(3) }),
@@ -84,13 +89,15 @@ const BUILDERS = {
 const upTo = (term, share) => (v) => [0, share * v.scalar(term)];
 
 const DESIGN = {
-  kezro2: curve("kezro2", "b", "rho", upTo("b", 1.7), { marks: [inset([STRESSED], { left: 0.12, top: 0.52 })], tell: "rho t e1 e2 psi k" }),
+  kezro2: curve("kezro2", "b", "rho", upTo("b", 1.7),
+    { marks: [inset([STRESSED], { left: 0.12, top: 0.52 })], tell: "rho t e1 e2 psi k" }),
   kezef2: section([PANEL, ...panelDims], { tell: "t e1 e2" }),
   kezefr: curve("kezefr", "b", "beff", upTo("d", 0.6), { tell: "beff d t e1 e2" }),
   kezchi: section([STIFFENER, ...stiffenerDims], { tell: "chi tred t fy E nu n" }),
   kezshc_c: section([CHANNEL, CENTRES, dim("B", corner(3), corner(2), top),
     dim("H", corner(3), corner(4), left)], { tell: "x0 C t" }),
-  kezwar_c: curve("kezwar_c", "C", "Iw", upTo("H", 0.45), { marks: [inset([CHANNEL], { left: 0.14 })], tell: "Iw B H t" }),
+  kezwar_c: curve("kezwar_c", "C", "Iw", upTo("H", 0.45),
+    { marks: [inset([CHANNEL], { left: 0.14 })], tell: "Iw B H t" }),
   kezlul: ruler([range("lo", "hi"), entries("x", "n", { chosen: "idx", of: "count" }),
     gap("d1", "lo", (v) => v.array("x")[v.array("idx")[0] - 1]),
     gap("d2", "hi", (v) => v.array("x")[v.array("idx")[v.scalar("count") - 1] - 1])],

@@ -83,7 +83,8 @@ const MEASURES = {
     { tell: "rel", silent: "e f", meanings: { rel: { ...LINES, "-1": "first is zero" } } }),
   kezpld: space([patch(PLANE), point(P), distance(foot(P, PLANE), P, "dist")]),
   kezplp: space([intercepts(PLANE), patch(PLANE)], { tell: "code", meanings: { code: PLANES } }),
-  kezpsp: space([patch(planeOf(P1, P2, P3), ""), facet(P1, P2, P3), ...ENDS, point(P3), point(P, undefined, { tone: "accent" })],
+  kezpsp: space([patch(planeOf(P1, P2, P3), ""), facet(P1, P2, P3), ...ENDS, point(P3),
+    point(P, undefined, { tone: "accent" })],
     { tell: "status tol", ...IN_PLANE }),
   kezpspg: space([patch(PLANE), point(P, undefined, { tone: "accent" }),
     segment(foot(P, PLANE), P, "", { tone: "accent", look: "thin dashed" })],
@@ -96,7 +97,8 @@ const LINE = lineThrough(P1, P2);
 
 const toLine = (distanceTerm) => [...LINE, point(TESTED),
   segment(P1, footOn(TESTED, P1, P2), "", { tone: "soft", look: "thin dashed" }),
-  distance(footOn(TESTED, P1, P2), TESTED, distanceTerm), square(footOn(TESTED, P1, P2), P2, TESTED)];
+  distance(footOn(TESTED, P1, P2), TESTED, distanceTerm),
+  square(footOn(TESTED, P1, P2), P2, TESTED)];
 
 const NEAR = {
   kez3lda: space(toLine("dist"), { tell: "status" }),
@@ -133,14 +135,16 @@ const PLACEMENT = {
   kezaxe: space([point(O), point("xa ya za"), point("xb yb zb"), segment(O, "xa ya za", "",
     { look: "thin" }), facet(O, "xa ya za", "xb yb zb", { tone: "ink" }), axes(O, SYSTEM)],
   { tell: "status" }),
-  keztrn: space([axes(ORIGIN, SYSTEM, { tone: "ink", share: 0.8 }), segment(ORIGIN, step(1), "", LEG),
-    segment(step(1), step(2), "", LEG), segment(step(2), step(3), "", LEG),
+  keztrn: space([axes(ORIGIN, SYSTEM, { tone: "ink", share: 0.8 }),
+    segment(ORIGIN, step(1), "", LEG), segment(step(1), step(2), "", LEG),
+    segment(step(2), step(3), "", LEG),
     point(step(3), "p", { tone: "accent" })], { tell: "p.1' p.2' p.3' p.1 p.2 p.3 mode" }),
   kez3tra: space([...placed, vector(ORIGIN, "ox oy oz", "ox, oy, oz")], { silent: "n" }),
   kezrotx: turning("x y' z'", [1, 0, 0], "x axis"),
   kezroty: turning("x' y z'", [0, -1, 0], "y axis"),
   kezrotz: turning("x' y' z", [0, 0, 1], "z axis"),
-  kezptr: space([...placed, spot(ORIGIN, "soft"), vector("x.1 y.1 z.1", sum("x.1 y.1 z.1", "tx ty tz"), "tx, ty, tz")],
+  kezptr: space([...placed, spot(ORIGIN, "soft"),
+    vector("x.1 y.1 z.1", sum("x.1 y.1 z.1", "tx ty tz"), "tx, ty, tz")],
     { tell: "ax ay az", silent: "n" }),
   kezptrl: space([point(O), point("xa ya za"), point("xb yb zb"),
     facet(O, "xa ya za", "xb yb zb", { tone: "ink" }), ...placed],

@@ -34,7 +34,7 @@ export function callValues(inputs, results) {
     if (typeof term === "number") return term;
     const [, sign, name, entry, after] = TERM.exec(term);
     const value = entry ? array(name + after)[entry - 1] : plainNumber(holder(name, after));
-    return sign ? -value : value ?? NaN;
+    return sign ? -value : (value ?? NaN);
   };
 
   // How many entries a count speaks of, within the array; all of them without a count.

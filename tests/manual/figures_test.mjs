@@ -12,13 +12,21 @@ const ROUTINES = JSON.parse(execFileSync("python3", ["-B", SCRIPT], { maxBuffer:
 
 // A number; what is kept is undefined, of a list the entry that was there before.
 const numberOf = (value, before) =>
-  (value === null ? before : typeof value === "string" ? Number(value.replace("inf", "Infinity"))
-    : value);
+  value === null
+    ? before
+    : typeof value === "string"
+      ? Number(value.replace("inf", "Infinity"))
+      : value;
 
-const valuesOf = (given, before = {}) => Object.fromEntries(Object.entries(given).map(
-  ([name, value]) => [name, Array.isArray(value)
-    ? value.map((entry, i) => numberOf(entry, before[name]?.[i] ?? 0))
-    : numberOf(value, before[name])]));
+const valuesOf = (given, before = {}) =>
+  Object.fromEntries(
+    Object.entries(given).map(([name, value]) => [
+      name,
+      Array.isArray(value)
+        ? value.map((entry, i) => numberOf(entry, before[name]?.[i] ?? 0))
+        : numberOf(value, before[name]),
+    ]),
+  );
 
 const callOf = (name) => {
   const inputs = valuesOf(ROUTINES[name].call.inputs);
@@ -43,7 +51,8 @@ function generator(seed) {
 
 function assertSound(svg, about) {
   assert.match(svg, /^<svg [^>]*role="img"/, about);
-  const unwritten = svg.replace(/<title>.*?<\/desc>|<text[^>]*>[^<]*<\/text>/gs, "")
+  const unwritten = svg
+    .replace(/<title>.*?<\/desc>|<text[^>]*>[^<]*<\/text>/gs, "")
     .replace(/aria-value\w+="[^"]*"/g, "");
   assert.ok(!/NaN|undefined|Infinity|null/.test(unwritten), about);
 }
@@ -74,16 +83,18 @@ test("pictures have shapes, words for those who cannot see, and words in the fra
 
 const CHANGES = [(x) => x + 1, (x) => x - 1, (x) => 1.5 * x, (x) => -x];
 
-// Whether one of the changes of an argument's value, before or after the call, gives another picture.
+// Whether a change of an argument's value, before or after the call, gives another picture.
 function matters(name, call, argument) {
   const before = draw(name, call.inputs, call.results);
-  return ["inputs", "results"].some((side) => CHANGES.some((change) => {
-    const value = call[side][argument];
-    if (value === undefined) return false;
-    const other = Array.isArray(value) ? value.map(change) : change(value);
-    const { inputs, results } = { ...call, [side]: { ...call[side], [argument]: other } };
-    return draw(name, inputs, results) !== before;
-  }));
+  return ["inputs", "results"].some((side) =>
+    CHANGES.some((change) => {
+      const value = call[side][argument];
+      if (value === undefined) return false;
+      const other = Array.isArray(value) ? value.map(change) : change(value);
+      const { inputs, results } = { ...call, [side]: { ...call[side], [argument]: other } };
+      return draw(name, inputs, results) !== before;
+    }),
+  );
 }
 
 test("what a picture shows of a call changes the picture", () => {
@@ -91,21 +102,47 @@ test("what a picture shows of a call changes the picture", () => {
     const call = callOf(name);
     const given = { ...call.results, ...call.inputs };
     const unchanged = shownBy(name).filter(
-      (argument) => given[argument] !== undefined && !matters(name, call, argument));
+      (argument) => given[argument] !== undefined && !matters(name, call, argument),
+    );
     assert.deepEqual(unchanged, [], name);
   }
 });
 
-const SPECIAL = [0, -0, 1, -1, 1e-5, 1e-30, 0.5, 7, -3.25, 1e9, 1e20, -3.4e38, 3.4e38, Infinity,
-  -Infinity, NaN, 2147483647, -2147483648];
+const SPECIAL = [
+  0,
+  -0,
+  1,
+  -1,
+  1e-5,
+  1e-30,
+  0.5,
+  7,
+  -3.25,
+  1e9,
+  1e20,
+  -3.4e38,
+  3.4e38,
+  Infinity,
+  -Infinity,
+  NaN,
+  2147483647,
+  -2147483648,
+];
 
 test("no numbers break a picture", () => {
   const random = generator(20240229);
   const special = () => (random(4) ? SPECIAL[random(SPECIAL.length)] : random(2000) / 100 - 10);
-  const hostile = (value) => (Array.isArray(value)
-    ? Array.from({ length: random(2) ? value.length : random(80) }, special) : special());
-  const mixed = (values) => Object.fromEntries(Object.entries(values).map(([name, value]) =>
-    [name, random(3) ? hostile(value) : random(12) ? value : undefined]));
+  const hostile = (value) =>
+    Array.isArray(value)
+      ? Array.from({ length: random(2) ? value.length : random(80) }, special)
+      : special();
+  const mixed = (values) =>
+    Object.fromEntries(
+      Object.entries(values).map(([name, value]) => [
+        name,
+        random(3) ? hostile(value) : random(12) ? value : undefined,
+      ]),
+    );
   for (const name of NAMES) {
     const { inputs, results } = callOf(name);
     for (let i = 0; i < 30; i += 1) {
@@ -123,16 +160,25 @@ test("a handle stands where its inputs say, by the picture's scale", () => {
   for (const name of NAMES) {
     const svg = pictureOf(name);
     const root = /^<svg [^>]*>/.exec(svg)[0];
-    const [scale, left, top] = ["scale", "left", "top"].map(
-      (part) => Number(attribute(root, `data-${part}`)));
+    const [scale, left, top] = ["scale", "left", "top"].map((part) =>
+      Number(attribute(root, `data-${part}`)),
+    );
     const { inputs } = callOf(name);
-    for (const [, group, spot] of svg.matchAll(/(<g class="handle"[^>]*>)<circle[^>]*>(<circle[^>]*>)/g)) {
+    for (const [, group, spot] of svg.matchAll(
+      /(<g class="handle"[^>]*>)<circle[^>]*>(<circle[^>]*>)/g,
+    )) {
       const place = ["x", "y"].map((axis) => {
         const value = inputs[attribute(group, `data-${axis}`)];
         return Array.isArray(value) ? value[attribute(group, "data-entry") - 1] : value;
       });
-      assert.ok(Math.abs(left + scale * place[0] - attribute(spot, "cx")) < 0.2, `${name}: ${group}`);
-      assert.ok(Math.abs(top - scale * place[1] - attribute(spot, "cy")) < 0.2, `${name}: ${group}`);
+      assert.ok(
+        Math.abs(left + scale * place[0] - attribute(spot, "cx")) < 0.2,
+        `${name}: ${group}`,
+      );
+      assert.ok(
+        Math.abs(top - scale * place[1] - attribute(spot, "cy")) < 0.2,
+        `${name}: ${group}`,
+      );
       assert.match(group, /tabindex="0" role="slider".*aria-label="[^"]+".*aria-valuenow="/, name);
       count += 1;
     }
@@ -147,9 +193,14 @@ test("a dimension line is as long as the dimension", () => {
     const { inputs, results } = callOf(name);
     const found = dimensionsOf(name, inputs, results).filter(({ length }) => length !== false);
     for (const { name: argument, length } of found) {
-      assert.ok(Math.abs(length - Math.abs(inputs[argument])) < 1e-3, `${name}: ${argument}, ${length}`);
+      assert.ok(
+        Math.abs(length - Math.abs(inputs[argument])) < 1e-3,
+        `${name}: ${argument}, ${length}`,
+      );
     }
-    const wanted = Object.keys(inputs).filter((argument) => !["value", "nw", "nf"].includes(argument));
+    const wanted = Object.keys(inputs).filter(
+      (argument) => !["value", "nw", "nf"].includes(argument),
+    );
     assert.deepEqual([...new Set(found.map((one) => one.name))].sort(), wanted.sort(), name);
   }
 });
