@@ -214,32 +214,40 @@ export function axes(origin, names, { tone = "accent", share = 0.5, labels = tru
   };
 }
 
-// What two vectors at one place look like from the three axes: on the walls behind and the floor.
+// A place as it is seen along an axis, on a wall well behind everything.
+const onWall = (place, axis, whole) =>
+  place.map((value, i) => (i === axis ? whole.low[i] - 0.8 * whole.reach : value));
+
+// What two vectors at one place look like along the three axes: on two walls and on the floor.
 export function shadows(from, first, second, names) {
   const parts = [at(from), at(first), at(second)];
-  return mark(
-    parts,
-    (sheet, [p, q, r], colour, v) => {
-      const { low } = sheet.whole;
-      const room = 0.16 * sheet.whole.reach;
-      names.forEach((name, axis) => {
-        const flat = (place) =>
-          place.map((value, i) => (i === axis ? low[i] - (axis === 2 ? 0 : room) : value));
-        const [o, a, b] = [p, q, r].map(flat);
-        for (const tip of [a, b]) sheet.arrow(o, tip, "soft", "soft");
-        const arc = arcBetween(o, minus(a, o), minus(b, o), 40 / sheet.view.sx);
-        if (!arc.every(exists)) return;
-        sheet.stroke(arc, "accent thin");
-        sheet.label(
-          `${name} = ${number(v.scalar(name))}`,
-          [sheet.to(arc[arc.length >> 1])],
-          "accent",
-        );
+  const places = (v) => parts.map((part) => part.where(v));
+  const walls = (v, whole) =>
+    names.map((_, axis) => places(v).map((place) => onWall(place, axis, whole)));
+  const say = (v) => names.map((name) => `${name} = ${number(v.scalar(name))}`).join(", ");
+  return {
+    terms: [...parts.flatMap((part) => part.terms), ...names],
+    span: (v) => places(v).filter(exists),
+    late: (v, whole) => (whole.low ? walls(v, whole).flat().filter(exists) : []),
+    say,
+    paint(sheet, v) {
+      if (!sheet.whole.low) return;
+      walls(v, sheet.whole).forEach((wall, axis) => {
+        if (wall.every(exists)) paintShadow(sheet, wall, places(v), names[axis], v);
       });
     },
-    {
-      terms: names,
-      say: (v) => names.map((name) => `${name} = ${number(v.scalar(name))}`).join(", "),
-    },
+  };
+}
+
+function paintShadow(sheet, [vertex, first, second], places, name, v) {
+  sheet.wash([vertex, first, second], "accent-wash");
+  [vertex, first, second].forEach((shadow, i) =>
+    sheet.stroke([places[i], shadow], "soft thin dashed", { weight: 0.1, layer: "back" }),
   );
+  for (const tip of [first, second]) sheet.arrow(vertex, tip, "accent", "accent thin");
+  const size = 34 / sheet.view.sx;
+  const arc = arcBetween(vertex, minus(first, vertex), minus(second, vertex), size);
+  sheet.stroke(arc, "accent thin");
+  const middle = arc[arc.length >> 1];
+  sheet.label(`${name} = ${number(v.scalar(name))}`, [sheet.to(middle)], "accent");
 }

@@ -204,3 +204,70 @@ test("a dimension line is as long as the dimension", () => {
     assert.deepEqual([...new Set(found.map((one) => one.name))].sort(), wanted.sort(), name);
   }
 });
+
+const shapesOf = (svg) =>
+  [...svg.matchAll(/<path class="([^"]*)" d="([^"]*)"/g)].map(([, look, d]) => ({
+    look,
+    points: [...d.matchAll(/[ML](\S+) ([^MLZ]+)/g)].map(([, x, y]) => [Number(x), Number(y)]),
+  }));
+
+const resultsOf = (svg) =>
+  [...svg.matchAll(/<circle class="accent-fill" cx="([^"]*)" cy="([^"]*)"/g)].map(([, x, y]) => [
+    Number(x),
+    Number(y),
+  ]);
+
+function distanceToStroke([x, y], { points }) {
+  const gaps = points.slice(1).map(([x2, y2], i) => {
+    const [x1, y1] = points[i];
+    const [dx, dy] = [x2 - x1, y2 - y1];
+    const t = ((x - x1) * dx + (y - y1) * dy) / (dx * dx + dy * dy || 1);
+    const [px, py] = [x1 + Math.max(0, Math.min(1, t)) * dx, y1 + Math.max(0, Math.min(1, t)) * dy];
+    return Math.hypot(x - px, y - py);
+  });
+  return Math.min(...gaps);
+}
+
+test("results stand on the lines and circles on which they are found", () => {
+  const found = {
+    kezlci: 2,
+    kezc12: 2,
+    kezlni: 2,
+    kezcin: 2,
+    kezcer4: 2,
+    kezcer5: 2,
+    kezcer6: 2,
+    kezcer8: 2,
+    kezcer9: 2,
+    kezcer10: 2,
+    kez3lni: 2,
+    kezmed: 1,
+    kez123: 1,
+  };
+  for (const [name, lines] of Object.entries(found)) {
+    const svg = pictureOf(name);
+    const strokes = shapesOf(svg).filter(({ look }) => /^ink|dashed/.test(look));
+    assert.ok(resultsOf(svg).length > 0, name);
+    for (const dot of resultsOf(svg)) {
+      const near = strokes.filter((stroke) => distanceToStroke(dot, stroke) < 1);
+      assert.ok(near.length >= lines, `${name}: ${dot} is on ${near.length} of ${lines}`);
+    }
+  }
+});
+
+test("turns end where the results are", () => {
+  for (const name of ["kezrot", "kezcer3", "kezrotx", "kezroty", "kezrotz"]) {
+    const svg = pictureOf(name);
+    const arcs = shapesOf(svg).filter(
+      ({ look, points }) => /dashed/.test(look) && points.length > 4,
+    );
+    assert.ok(arcs.length > 0, name);
+    for (const { points } of arcs) {
+      const [x, y] = points.at(-1);
+      assert.ok(
+        resultsOf(svg).some(([X, Y]) => Math.hypot(X - x, Y - y) < 1),
+        `${name}: ${[x, y]}`,
+      );
+    }
+  }
+});
