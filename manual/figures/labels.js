@@ -26,6 +26,10 @@ const outside = (box, frame) =>
 
 // Length of the part of a stroke that is within a box.
 export function lengthWithin(box, [x1, y1], [x2, y2]) {
+  if (x1 < box.left && x2 < box.left) return 0;
+  if (x1 > box.right && x2 > box.right) return 0;
+  if (y1 < box.top && y2 < box.top) return 0;
+  if (y1 > box.bottom && y2 > box.bottom) return 0;
   let [from, to] = [0, 1];
   const sides = [
     [x1 - x2, x1 - box.left],
