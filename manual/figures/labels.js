@@ -25,7 +25,7 @@ const outside = (box, frame) =>
   Math.max(0, box.bottom - frame.bottom);
 
 // Length of the part of a stroke that is within a box.
-export function lengthWithin(box, [x1, y1], [x2, y2]) {
+function lengthWithin(box, [x1, y1], [x2, y2]) {
   if (x1 < box.left && x2 < box.left) return 0;
   if (x1 > box.right && x2 > box.right) return 0;
   if (y1 < box.top && y2 < box.top) return 0;

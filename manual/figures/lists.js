@@ -164,15 +164,13 @@ function paintRow(sheet, row, r, place, v) {
   );
   if (row.note) sheet.words(row.note, x - 14, y + CELL / 2 + 18, "tick", "end");
   if (!values.length) sheet.words("no entry", x + 8, y + CELL / 2 + 6, "soft", "start");
-  values
-    .slice(0, MOST)
-    .forEach((value, i) =>
-      paintCell(sheet, place.at(r, i), place, text(value), {
-        tone: picked.has(i + 1) ? "accent" : row.tone(v),
-        faint: i >= used,
-        picked: picked.has(i + 1),
-      }),
-    );
+  values.slice(0, MOST).forEach((value, i) =>
+    paintCell(sheet, place.at(r, i), place, text(value), {
+      tone: picked.has(i + 1) ? "accent" : row.tone(v),
+      faint: i >= used,
+      picked: picked.has(i + 1),
+    }),
+  );
   if (values.length > MOST) {
     const [end] = place.at(r, MOST);
     sheet.words("…", end + 12, y + CELL / 2 + 6, "soft", "start");

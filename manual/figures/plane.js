@@ -4,7 +4,7 @@ import { niceStep, ticksWithin } from "./fit.js";
 import { mark, spoken, turningArc } from "./marks.js";
 import { add, at, exists, length, list, minus, onSurface, surface, unit } from "./places.js";
 import { scene } from "./scene.js";
-import { number } from "./svg.js";
+import { number, tickText } from "./svg.js";
 
 function gridLines(sheet, low, high, steps) {
   const { frame } = sheet;
@@ -19,7 +19,7 @@ function gridLines(sheet, low, high, steps) {
       look,
       { weight: 0.1, layer: "back" },
     );
-    sheet.tick(number(Number(x.toPrecision(6))), X, frame.bottom + 17, "middle");
+    sheet.tick(tickText(x), X, frame.bottom + 17, "middle");
   }
   for (const y of ticksWithin(low[1], high[1], steps[1])) {
     const [, Y] = sheet.to([0, y, 0]);
@@ -32,7 +32,7 @@ function gridLines(sheet, low, high, steps) {
       look,
       { weight: 0.1, layer: "back" },
     );
-    sheet.tick(number(Number(y.toPrecision(6))), frame.left - 6, Y + 5, "end");
+    sheet.tick(tickText(y), frame.left - 6, Y + 5, "end");
   }
 }
 
@@ -233,7 +233,7 @@ export function polygon(text, count, { tone, look = "", wash = true, numbers = t
     span: places,
     say: (v) =>
       `outline ${name}: ${places(v)
-        .map((p) => spoken(p, p[2] === 0))
+        .map((p) => spoken(p, vertices.names.length === 2))
         .join(" ")}`,
     paint(sheet, v) {
       const all = places(v);

@@ -4,7 +4,7 @@
 import { exists } from "./places.js";
 import { scene } from "./scene.js";
 import { niceStep, ticksWithin } from "./fit.js";
-import { number } from "./svg.js";
+import { number, tickText } from "./svg.js";
 
 const onLine = (x) => [x, 0, 0];
 
@@ -35,7 +35,7 @@ function backdrop(sheet) {
       "soft",
       { layer: "back" },
     );
-    sheet.tick(number(Number(x.toPrecision(6))), X, y + 62, "middle");
+    sheet.tick(tickText(x), X, y + 62, "middle");
   }
 }
 

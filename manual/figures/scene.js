@@ -51,7 +51,7 @@ const anchors = (view) => ({
 
 const px6 = (value) => String(Number(value.toPrecision(6)));
 
-export function drawScene(row, kind, title, v, options) {
+function drawScene(row, kind, title, v, options) {
   const strip = stripOf(row, v);
   const lines = stripLines(strip);
   const frame = frameOf(lines, options, kind);

@@ -1,19 +1,25 @@
 // The sheet a picture is drawn on: it turns places into positions of the page, remembers what
 // labels have to keep away from, and puts the picture together.
 
-import { lengthWithin, placeLabels, textWidth } from "./labels.js";
+import { placeLabels, textWidth } from "./labels.js";
 import { element, escape, HEIGHT, number, path, px, STYLE, WIDTH } from "./svg.js";
 
 const LAYERS = ["wash", "back", "strokes", "dots"];
 const LINE = 24; // of the words below the picture
 const OFF = 1e5; // page positions beyond do not count
 
-export const HEIGHT_OF_TEXT = 17;
+const HEIGHT_OF_TEXT = 17;
 
 // What is not a number has no place on the page.
 const drawn = (points) => points.length > 0 && points.flat().every(Number.isFinite);
 
 const near = ([x, y]) => Math.abs(x) < OFF && Math.abs(y) < OFF;
+
+function boxOfTick({ text, x, y, anchor }) {
+  const width = textWidth(text, 15);
+  const left = x - width * { start: 0, middle: 0.5, end: 1 }[anchor];
+  return { left, right: left + width, top: y - 13, bottom: y + 3 };
+}
 
 export class Sheet {
   constructor(view, frame, options) {
@@ -46,7 +52,7 @@ export class Sheet {
   // A stroke through positions of the page. Labels mind it by its weight.
   strokeAt(points, look, { closed = false, weight = 1, layer = "strokes" } = {}) {
     if (!drawn(points)) return;
-    this.put(layer, element("path", { class: look, d: path(points, closed) }));
+    this.put(layer, element("path", { class: look.trim(), d: path(points, closed) }));
     const all = closed ? [...points, points[0]] : points;
     for (let i = 1; i < all.length; i += 1) {
       if (near(all[i - 1]) && near(all[i])) this.strokes.push([all[i - 1], all[i], weight]);
@@ -145,8 +151,11 @@ export class Sheet {
     });
   }
 
+  // Beside the frame there is room for a few letters, and no more.
   tick(text, x, y, anchor) {
-    if (!this.small) this.ticks.push({ text, x, y, anchor });
+    const one = { text, x, y, anchor };
+    const { left, right, bottom } = boxOfTick(one);
+    if (!this.small && left > 0 && right < WIDTH && bottom < HEIGHT) this.ticks.push(one);
   }
 
   // Words that stand where they are put.
@@ -175,18 +184,15 @@ export class Sheet {
       .join("");
   }
 
-  tickBoxes() {
-    return this.ticks.map(({ text, x, y, anchor }) => {
-      const width = textWidth(text, 15);
-      const left = x - width * { start: 0, middle: 0.5, end: 1 }[anchor];
-      return { left, right: left + width, top: y - 13, bottom: y + 3 };
-    });
-  }
-
   labelTexts() {
     const { frame } = this;
     const room = { left: 4, right: WIDTH - 4, top: 4, bottom: frame.bottom + 2 };
-    const boxes = placeLabels(this.labels, this.strokes, [...this.dots, ...this.tickBoxes()], room);
+    const boxes = placeLabels(
+      this.labels,
+      this.strokes,
+      [...this.dots, ...this.ticks.map(boxOfTick)],
+      room,
+    );
     return this.labels
       .map(({ text, tone, width }, i) =>
         element(
@@ -195,7 +201,6 @@ export class Sheet {
             class: tone,
             x: px(boxes[i].left + 1),
             y: px(boxes[i].bottom - 4),
-            textLength: undefined,
             "data-width": Math.round(width),
           },
           escape(text),
@@ -213,7 +218,6 @@ export class Sheet {
   }
 }
 
-export const crosses = (box, strokes) => strokes.some(([p, q]) => lengthWithin(box, p, q) > 0);
 
 // The words below the picture, in lines of its width.
 export function stripLines(words) {

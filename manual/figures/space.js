@@ -5,7 +5,7 @@ import { niceStep, ticksWithin } from "./fit.js";
 import { arcBetween, mark, spoken } from "./marks.js";
 import { add, at, exists, length, minus, times, unit } from "./places.js";
 import { scene } from "./scene.js";
-import { number } from "./svg.js";
+import { number, tickText } from "./svg.js";
 
 // Where one looks from, the first as long as it shows the points apart.
 const AZIMUTHS = [0.62, 0.95, 0.35, 1.25, 0.15];
@@ -86,15 +86,22 @@ function paintAxes(sheet, low, high, step) {
     [low[0], high[1], low[2]],
     [low[0], low[1], Math.max(high[2], low[2] + size * 0.4)],
   ];
+  const p = sheet.to(corner);
   ["x", "y", "z"].forEach((name, i) => {
-    sheet.stroke([corner, ends[i]], "soft", { weight: 0.5, layer: "back" });
-    const [p, q] = [sheet.to(corner), sheet.to(ends[i])];
+    const q = belowTop(p, sheet.to(ends[i]), sheet.frame.top + 18);
+    sheet.strokeAt([p, q], "soft", { weight: 0.5, layer: "back" });
     sheet.head(p, q, "soft");
     sheet.label(name, [q], "soft");
   });
   if (sheet.small) return;
   tickAlong(sheet, ticksWithin(low[0], high[0], step), (x) => [x, high[1], low[2]], "start");
   tickAlong(sheet, ticksWithin(low[1], high[1], step), (y) => [high[0], y, low[2]], "end");
+}
+
+// The end of an axis, or where it would leave the picture at the top.
+function belowTop([x1, y1], [x2, y2], top) {
+  const part = y2 < top && y1 > top ? (y1 - top) / (y1 - y2) : 1;
+  return [x1 + part * (x2 - x1), y1 + part * (y2 - y1)];
 }
 
 function tickAlong(sheet, ticks, where, anchor) {
@@ -104,7 +111,7 @@ function tickAlong(sheet, ticks, where, anchor) {
     .filter((_, i) => i % every === 0)
     .forEach((t) => {
       const [x, y] = sheet.to(where(t));
-      sheet.tick(number(Number(t.toPrecision(6))), x + (anchor === "end" ? -5 : 5), y + 15, anchor);
+      sheet.tick(tickText(t), x + (anchor === "end" ? -5 : 5), y + 15, anchor);
     });
 }
 

@@ -12,10 +12,10 @@ export const px = (value) => String(Math.round(Math.max(-1e5, Math.min(1e5, valu
 
 const signed = (text) => text.replace(/^-/, "\u2212");
 
-const shortened = (value) => {
+const shortened = (value, digits = 4) => {
   const size = Math.abs(value);
-  if (size === 0 || (size >= 1e-4 && size < 1e6)) return String(Number(value.toPrecision(4)));
-  return value.toExponential(3).replace(/\.?0*e\+?/, "e");
+  if (size === 0 || (size >= 1e-4 && size < 1e6)) return String(Number(value.toPrecision(digits)));
+  return value.toExponential(digits - 1).replace(/\.?0*e\+?/, "e");
 };
 
 // A value in words, to four digits.
@@ -24,6 +24,9 @@ export function number(value) {
   if (!Number.isFinite(value)) return value < 0 ? "minus infinity" : "infinity";
   return signed(shortened(value));
 }
+
+// A coordinate on an axis, which has more digits in common with the next one.
+export const tickText = (value) => signed(shortened(value, 6));
 
 // An entry of a list, whose whole numbers have all digits.
 export const entry = (value) => (Number.isInteger(value) ? signed(String(value)) : number(value));

@@ -23,7 +23,6 @@ const W = at("wx wy wz");
 
 // The second segment's vector, moved to where the first one starts.
 const MOVED = sum(P1, between(P4, P3));
-const TIP = sum(P1, W);
 
 const ENDS = [point(P1), point(P2)];
 const TWO_SEGMENTS = [...ENDS, point(P3), point(P4), vector(P1, P2), vector(P3, P4)];
