@@ -12,7 +12,7 @@
 // A picture of the plane says how it is scaled: x of the page, in units of its viewBox, is
 // data-left + data-scale x, and y is data-top - data-scale y. An element of class `handle` is a
 // point that can be moved: data-x and data-y name the inputs that hold its coordinates, and
-// data-entry, 1-based, their entry where these are arrays.
+// data-entry, 1-based, their entry where these are arrays. The root is an image, with handles a group.
 //
 // Whatever the numbers are, there is a picture, if only of words.
 

@@ -247,7 +247,7 @@ function drawLists(row, title, v, options) {
   const frame = frameOf(lines, options, { ticks: false });
   const place = layout(row.rows, v, frame, options.small);
   if (!place.all.some((values) => values.length)) {
-    return nothing(title, "Nothing to draw: the lists are empty.", options);
+    return nothing(title, "Nothing to draw: the lists are empty.", options, strip);
   }
   const sheet = new Sheet({ to: (p) => p, sx: 1, sy: 1 }, frame, options);
   row.rows.forEach((line, r) => paintLinks(sheet, line, r, place, v));

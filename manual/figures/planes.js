@@ -88,7 +88,9 @@ export function meeting(first, second, { tone = "accent", share = 0.75 } = {}) {
   return {
     terms: [...first.split(" "), ...second.split(" ")],
     paint(sheet, v) {
-      const way = cross(surface(first, v).normal, surface(second, v).normal);
+      const [n1, n2] = [first, second].map((text) => unit(surface(text, v).normal));
+      const way = cross(n1, n2);
+      if (!(length(way) > 5e-3)) return; // as good as parallel
       const p = anchorOf(first, { meets: [second] }, v, sheet.whole);
       const reach = times(unit(way), share * sheet.whole.reach);
       if (exists(p) && exists(reach)) sheet.stroke([minus(p, reach), add(p, reach)], tone);

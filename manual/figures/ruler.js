@@ -123,7 +123,7 @@ export const gap = (term, from, entry) => ({
   say: (v) => `${term} = ${number(v.scalar(term))}`,
   paint(sheet, v) {
     const [p, q] = [v.scalar(from), entry(v) ?? NaN];
-    if (!exists([p, q, v.scalar(term)])) return;
+    if (!exists([p, q, v.scalar(term)]) || v.scalar(term) === 0) return;
     const [[x1, y], [x2]] = [sheet.to(onLine(p)), sheet.to(onLine(q))];
     const above = y - tall(sheet, 50);
     sheet.strokeAt(

@@ -60,7 +60,7 @@ function drawScene(row, kind, title, v, options) {
   whole.reach ||= length(whole.middle) / 4 || 1;
   const later = row.marks.flatMap((mark) => mark.late?.(v, whole) ?? []);
   const places = [...first, ...later];
-  if (!places.length) return nothing(title, NOTHING, options);
+  if (!places.length) return nothing(title, NOTHING, options, strip);
   const margin = options.small ? 44 : (row.margin ?? kind.margin);
   const normals = row.marks.flatMap((mark) => mark.normals?.(v) ?? []);
   const project = kind.project ?? kind.chooseView(first, normals);

@@ -252,7 +252,8 @@ const stripTexts = (lines) =>
     )
     .join("");
 
-// The whole picture. `root` has further attributes of the svg.
+// The whole picture. `root` has further attributes of the svg. An image has no parts for those who
+// hear it; one with handles is a group of them.
 export function assemble({ title, says, content, lines = [], options, root = {} }) {
   const words = element("title", {}, escape(title)) + element("desc", {}, escape(says.join(" ")));
   const style = options.standalone ? element("style", {}, STYLE) : "";
@@ -261,7 +262,7 @@ export function assemble({ title, says, content, lines = [], options, root = {} 
     {
       xmlns: "http://www.w3.org/2000/svg",
       class: options.small ? "kez-figure small" : "kez-figure",
-      role: "img",
+      role: content.includes('class="handle"') ? "group" : "img",
       viewBox: `0 0 ${WIDTH} ${HEIGHT}`,
       "aria-label": title,
       ...root,
@@ -270,16 +271,13 @@ export function assemble({ title, says, content, lines = [], options, root = {} 
   );
 }
 
-export function nothing(title, why, options) {
+// In place of a picture: why there is none, above what is told in any case.
+export function nothing(title, why, options, strip = []) {
   const content = element(
     "text",
-    {
-      class: "soft",
-      x: WIDTH / 2,
-      y: HEIGHT / 2,
-      "text-anchor": "middle",
-    },
+    { class: "soft", x: WIDTH / 2, y: HEIGHT / 2, "text-anchor": "middle" },
     escape(why),
   );
-  return assemble({ title, says: [why], content, options });
+  const says = [why, ...strip.map(({ text }) => `${text}.`)];
+  return assemble({ title, says, content, lines: stripLines(strip), options });
 }

@@ -28,8 +28,12 @@ export function number(value) {
 // A coordinate on an axis, which has more digits in common with the next one.
 export const tickText = (value) => signed(shortened(value, 6));
 
-// An entry of a list, whose whole numbers have all digits.
-export const entry = (value) => (Number.isInteger(value) ? signed(String(value)) : number(value));
+// An entry of a list, in little room; its whole numbers have all digits.
+export function entry(value) {
+  if (Number.isNaN(value)) return "NaN";
+  if (!Number.isFinite(value)) return value < 0 ? "\u2212∞" : "∞";
+  return Number.isInteger(value) ? signed(String(value)) : number(value);
+}
 
 export function element(tag, attributes, content = "") {
   const given = Object.entries(attributes).filter(([, value]) => value !== undefined);
