@@ -23,15 +23,30 @@ function range(values) {
 // Of rounding noise nothing is made a picture of.
 const usable = (size, middle) => (size > 1e-7 * Math.abs(middle) ? size : 0);
 
+// The part of a frame that a margin leaves, which is one for all sides or has one for each.
+function within(frame, margin) {
+  const { left, right, top, bottom } =
+    typeof margin === "number"
+      ? { left: margin, right: margin, top: margin, bottom: margin }
+      : margin;
+  return {
+    left: frame.left + left,
+    right: frame.right - right,
+    top: frame.top + top,
+    bottom: frame.bottom - bottom,
+  };
+}
+
 // `project` gives two coordinates of a place, the second one upwards. Scales are equal unless
 // `stretched`. The view may be held from outside, so that it does not move under a pointer.
-export function fit(places, project, frame, { margin, stretched = false, held }) {
+export function fit(places, project, whole, { margin, stretched = false, held }) {
+  const frame = within(whole, margin);
   const flat = places.map(project);
   const [u, w] = [range(flat.map((p) => p[0])), range(flat.map((p) => p[1]))];
-  const room = [frame.right - frame.left - 2 * margin, frame.bottom - frame.top - 2 * margin];
+  const room = [frame.right - frame.left, frame.bottom - frame.top];
   const sizes = [usable(u.size, u.middle), usable(w.size, w.middle)];
-  const whole = Math.max(...sizes) || Math.max(Math.abs(u.middle), Math.abs(w.middle)) / 4 || 2;
-  const scales = sizes.map((size, i) => room[i] / (size || whole));
+  const largest = Math.max(...sizes) || Math.max(Math.abs(u.middle), Math.abs(w.middle)) / 4 || 2;
+  const scales = sizes.map((size, i) => room[i] / (size || largest));
   const one = Math.min(...scales);
   const [sx, sy] = stretched ? scales : [one, one];
   const centre = [(frame.left + frame.right) / 2, (frame.top + frame.bottom) / 2];

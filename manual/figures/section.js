@@ -9,9 +9,21 @@ import { number } from "./svg.js";
 const MOST = 12; // contours
 const SPACING = 27; // of dimension lines
 
-const SECTION = { margin: 62, project: ([x, y]) => [x, y], backdrop: () => {} };
+const SECTION = { project: ([x, y]) => [x, y], backdrop: () => {} };
 
-export const section = (marks, more) => scene(SECTION, marks, more);
+const MARGIN = { top: 26, bottom: 26, left: 44, right: 44 };
+
+// As much room on each side as the dimension lines there take.
+function marginOf(marks) {
+  const margin = { ...MARGIN };
+  for (const { side, level = 1 } of marks.flatMap((one) => one.outside ?? [])) {
+    const words = side === "left" || side === "right" ? 24 : 8;
+    margin[side] = Math.max(margin[side], SPACING * level + words);
+  }
+  return margin;
+}
+
+export const section = (marks, more) => scene(SECTION, marks, { margin: marginOf(marks), ...more });
 
 const first = (v, name) => {
   const value = v.scalar(name);
@@ -135,6 +147,7 @@ export function dim(term, i, j, { upright, when = () => true, ...where } = {}) {
   const ends = (v) => ({ p: placeOf(i, v), q: placeOf(j, v), along });
   return {
     terms: [term],
+    outside: where.side ? [where] : [],
     dimension: (v) => when(v) && Math.abs(ends(v).p[along] - ends(v).q[along]),
     say: (v) => (when(v) ? `${term} = ${number(v.scalar(term))}` : null),
     paint(sheet, v) {

@@ -2,13 +2,14 @@
 // labels have to keep away from, and puts the picture together.
 
 import { placeLabels, textWidth } from "./labels.js";
-import { element, escape, HEIGHT, number, path, px, STYLE, WIDTH } from "./svg.js";
+import { DARK, element, escape, HEIGHT, number, path, px, STYLE, WIDTH } from "./svg.js";
 
 const LAYERS = ["wash", "back", "strokes", "dots"];
 const LINE = 24; // of the words below the picture
 const OFF = 1e5; // page positions beyond do not count
 
 const HEIGHT_OF_TEXT = 17;
+const BESIDE = 3; // kept free beside words
 
 // What is not a number has no place on the page.
 const drawn = (points) => points.length > 0 && points.flat().every(Number.isFinite);
@@ -36,9 +37,9 @@ export class Sheet {
     return Boolean(this.options.small);
   }
 
-  // Whether points can be taken hold of: not where a scale of its own belongs to each axis.
+  // Whether points can be taken hold of: in a page, and where both axes have one scale.
   get holds() {
-    return !this.small && this.view.sx === this.view.sy;
+    return !this.small && !this.options.standalone && this.view.sx === this.view.sy;
   }
 
   to(place) {
@@ -146,7 +147,7 @@ export class Sheet {
       text,
       tone,
       anchors: inside,
-      width: textWidth(text),
+      width: textWidth(text) + 2 * BESIDE,
       height: HEIGHT_OF_TEXT + 2,
     });
   }
@@ -199,9 +200,9 @@ export class Sheet {
           "text",
           {
             class: tone,
-            x: px(boxes[i].left + 1),
+            x: px(boxes[i].left + BESIDE),
             y: px(boxes[i].bottom - 4),
-            "data-width": Math.round(width),
+            "data-width": Math.round(width - 2 * BESIDE),
           },
           escape(text),
         ),
@@ -256,7 +257,7 @@ const stripTexts = (lines) =>
 // hear it; one with handles is a group of them.
 export function assemble({ title, says, content, lines = [], options, root = {} }) {
   const words = element("title", {}, escape(title)) + element("desc", {}, escape(says.join(" ")));
-  const style = options.standalone ? element("style", {}, STYLE) : "";
+  const style = options.standalone ? element("style", {}, STYLE + DARK) : "";
   return element(
     "svg",
     {

@@ -77,3 +77,11 @@ export const STYLE = `
 .kez-figure .handle:focus .reach, .kez-figure .handle:hover .reach {
   stroke: var(--accent, #1d5fa5); stroke-width: 2; }
 `;
+
+// Of a picture on its own, which has no page to say what dark looks like.
+export const DARK = `
+@media (prefers-color-scheme: dark) {
+  .kez-figure { --ink: #e5e7eb; --soft: #9ca3af; --faint: #374151; --accent: #7cb7ff;
+    --paper: #0d1117; }
+}
+`;

@@ -9,8 +9,8 @@ import { contours, dim, mid, OUTLINE, section, share, vertices } from "./section
 
 const PASSED = "kind v1 v2 v3 v4 v5 v6 v7 value";
 
-const builder = (dimensions, { also = "", ...more } = {}) =>
-  section([OUTLINE, ...dimensions], { tell: "nc", silent: `${PASSED}${also}`, ...more });
+const builder = (dimensions, { also = "" } = {}) =>
+  section([OUTLINE, ...dimensions], { tell: "nc", silent: `${PASSED}${also}` });
 
 const top = { side: "top" };
 const bottom = { side: "bottom" };
@@ -80,7 +80,7 @@ const BUILDERS = {
       { ...second(left), ...hasWebSlot }),
     dim("sf", inFlange(1), inFlange(4), { ...top, ...hasFlangeSlot }),
     dim("xf", atWeb(inFlange(1)), mid(inFlange(1), inFlange(4)),
-      { ...second(top), ...hasFlangeSlot })], { also: " nw nf", margin: 80 }),
+      { ...second(top), ...hasFlangeSlot })], { also: " nw nf" }),
   kezsec_i: builder([...STANDING, dim("b2", 6, 7, second(bottom)),
     dim("r", 25, 15, { at: mid(25, 28) }), dim("dh", 37, 40, { at: 37 }),
     dim("g", mid(37, 40), mid(41, 44), bottom)]),
@@ -95,7 +95,7 @@ const DESIGN = {
   kezefr: curve("kezefr", "b", "beff", upTo("d", 0.6), { tell: "beff d t e1 e2" }),
   kezchi: section([STIFFENER, ...stiffenerDims], { tell: "chi tred t fy E nu n" }),
   kezshc_c: section([CHANNEL, CENTRES, dim("B", corner(3), corner(2), top),
-    dim("H", corner(3), corner(4), left)], { tell: "x0 C t" }),
+    dim("H", corner(2), corner(5), right)], { tell: "x0 C t" }),
   kezwar_c: curve("kezwar_c", "C", "Iw", upTo("H", 0.45),
     { marks: [inset([CHANNEL], { left: 0.14 })], tell: "Iw B H t" }),
   kezlul: ruler([range("lo", "hi"), entries("x", "n", { chosen: "idx", of: "count" }),
