@@ -155,8 +155,9 @@ export class Sheet {
   // Beside the frame there is room for a few letters, and no more.
   tick(text, x, y, anchor) {
     const one = { text, x, y, anchor };
-    const { left, right, bottom } = boxOfTick(one);
-    if (!this.small && left > 0 && right < WIDTH && bottom < HEIGHT) this.ticks.push(one);
+    const { left, right, top, bottom } = boxOfTick(one);
+    const fits = left > 0 && right < WIDTH && top > 0 && bottom < HEIGHT;
+    if (!this.small && fits) this.ticks.push(one);
   }
 
   // Words that stand where they are put.
@@ -218,7 +219,6 @@ export class Sheet {
     return element("svg", box, layers) + this.fixed.join("") + this.tickTexts() + this.labelTexts();
   }
 }
-
 
 // The words below the picture, in lines of its width.
 export function stripLines(words) {

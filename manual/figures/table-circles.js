@@ -49,25 +49,29 @@ const DPHI_TURNED = turned(P1, P0, "dphi");
 
 const KINDS = ["", "a point", "a polygon", "a circle", "a segment", "the rest of a circle"];
 
+// A rise of more than the radius belongs to more than half of the circle.
+const isLarge = (v) => v.scalar("f") > v.scalar("R");
+
 // Where the arc over a chord is highest.
-const TOP = derived("x1 y1 x2 y2 cx cy R", (v) => {
+const TOP = derived("x1 y1 x2 y2 cx cy R f", (v) => {
   const centre = at("cx cy").where(v);
-  return add(centre, unit(minus(CHORD_MIDDLE.where(v), centre)), v.scalar("R"));
+  const reach = isLarge(v) ? -v.scalar("R") : v.scalar("R");
+  return add(centre, unit(minus(CHORD_MIDDLE.where(v), centre)), reach);
 });
 
-// Angle from one ray to another about P0, counter-clockwise or the short way.
-const between0 = (v) => {
-  const [u, w] = [P1, P2].map((place) => minus(place.where(v), P0.where(v)));
+// The angle from P1 to P2 about a centre, the short way.
+function turnBetween(centre, v) {
+  const [u, w] = [P1, P2].map((place) => minus(place.where(v), centre.where(v)));
   return Math.atan2(u[0] * w[1] - u[1] * w[0], dot(u, w));
-};
+}
+
+const theOtherWay = (angle) => angle - (angle < 0 ? -2 : 2) * Math.PI;
 
 const named = (term) => Object.assign((v) => `${term} = ${number(v.scalar(term))}`,
   { terms: [term] });
 
-const rest = (v) => {
-  const phi = between0(v);
-  return phi >= 0 ? phi - 2 * Math.PI : phi + 2 * Math.PI;
-};
+const nearArc = (v) => turnBetween(P0, v);
+const rest = (v) => theOtherWay(nearArc(v));
 
 const X_AXIS = fixed(1, 0);
 
@@ -111,18 +115,17 @@ const CIRCLE = {
     distance(CHORD_MIDDLE, TOP, "f", { tone: "ink" }), point("cx cy"),
     distance("cx cy", P2, "R")], { tell: "status sense" }),
   kezarc1: plane([segment(P0, P1), segment(P0, P2), arcOf(P0, P1, rest, { tone: "accent",
-    look: "thin dashed", label: named("s2") }), arcOf(P0, P1, between0, { tone: "accent",
+    look: "thin dashed", label: named("s2") }), arcOf(P0, P1, nearArc, { tone: "accent",
     label: named("s1") }), point(P0), point(P1), point(P2)], { tell: "status" }),
   kezacp: plane([circleThrough(P0, P1, { look: "thin", tone: "soft" }), cap(P0, P1, P2, "kind"),
     segment(P1, P2, "", { look: "thin" }), point(P0), point(P1), point(P2), point("xs ys")],
   { tell: "area kind" }),
 };
 
-// From the first end of the chord to the second about the centre, the short way.
+// From the first end of the chord to the second about the arc's centre.
 function chordAngle(v) {
-  const centre = at("cx cy").where(v);
-  const [u, w] = [P1, P2].map((place) => minus(place.where(v), centre));
-  return Math.atan2(u[0] * w[1] - u[1] * w[0], dot(u, w));
+  const short = turnBetween(at("cx cy"), v);
+  return isLarge(v) ? theOtherWay(short) : short;
 }
 
 const FIRST = at("X.1 Y.1");

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Prints as JSON every routine's arguments and its first worked call, for tests of the pictures."""
+"""Prints as JSON every routine's arguments and its worked calls, for tests of the pictures."""
 
 import json
 import math
@@ -55,8 +55,8 @@ def described(routine):
 def main():
     interface = reader.read()
     found = {routine.name: described(routine) for routine in interface.routines}
-    for name, (first, *_) in rows.worked_calls(interface).items():
-        found[name]["call"] = call(first)
+    for name, worked in rows.worked_calls(interface).items():
+        found[name]["calls"] = [call(row) for row in worked]
     print(json.dumps(found))
 
 
