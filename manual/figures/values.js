@@ -27,7 +27,7 @@ export function callValues(inputs, results) {
     const [, , name, , after] = TERM.exec(term);
     const value = holder(name, after);
     if (typeof value === "function") return calledBack(value, given.n);
-    return isList(value) ? Array.from(value.slice(0, MOST), plainNumber) : [];
+    return isList(value) ? Array.from(Array.prototype.slice.call(value, 0, MOST), plainNumber) : [];
   };
 
   const scalar = (term) => {
