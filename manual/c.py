@@ -1,0 +1,87 @@
+"""Calls in C, which has the header and needs no binding."""
+
+import textwrap
+
+from interface import conditions
+from interface.languages import Language, Literals
+
+LANGUAGE = Language("C", "include/kezlib.h",
+                    literals=Literals(real="{}f", not_a_number="NAN", infinity="INFINITY"))
+TYPES = {"real": "float", "integer": "int32_t", "word": "void"}
+UNSET = {"real": "NAN", "integer": "INT32_MIN"}
+FORMATS = {"real": "%.9g", "integer": "%d"}
+
+
+def parameter(argument):
+    if argument.kind == "callback":
+        return f"{argument.callback.name} {argument.name}"
+    const = "const " if argument.direction == "in" else ""
+    pointed = argument.kind == "word" or not argument.extent
+    name = f"*{argument.name}" if pointed else f"{argument.name}[]"
+    return f"{const}{TYPES[argument.kind]} {name}"
+
+
+def wrapped(opening, parts, closing, width=88):
+    return "\n".join(textwrap.wrap(opening + ", ".join(parts) + closing, width,
+                                   subsequent_indent=" " * 4, break_long_words=False,
+                                   break_on_hyphens=False))
+
+
+def signature(routine):
+    return wrapped(f"void {routine.name}(", map(parameter, routine.arguments), ");")
+
+
+def kind_of(argument, real_words):
+    return argument.kind if argument.kind != "word" else "real" if real_words else "integer"
+
+
+def callback(argument, literals):
+    """In GNU C a function may stand in a function; elsewhere it goes above main."""
+    return (f"static float {argument.name}(const int32_t *i) {{\n"
+            f"  static const float values[] = {{{literals[argument.name]}}};\n"
+            "  return values[*i - 1];\n}")
+
+
+def scalar(argument, literals):
+    if argument.direction != "out" or argument.name in literals:
+        return f"{argument.name} = {literals[argument.name]}"
+    unset = f" = {UNSET[argument.kind]}" if argument.kept_when else ""
+    return argument.name + unset
+
+
+def scalar_declarations(routine, literals, real_words):
+    for direction, const in (("in", "const "), ("in,out", ""), ("out", "")):
+        for kind in ("real", "integer"):
+            found = [scalar(a, literals) for a in routine.arguments if not a.extent
+                     and a.direction == direction and kind_of(a, real_words) == kind]
+            if found:
+                yield wrapped(f"{const}{TYPES[kind]} ", found, ";")
+
+
+def array_declaration(argument, literals, sizes, real_words):
+    const = "const " if argument.direction == "in" else ""
+    given = argument.direction != "out" or argument.name in literals
+    values = f" = {{{literals[argument.name]}}}" if given else ""
+    kind = TYPES[kind_of(argument, real_words)]
+    return f"{const}{kind} {argument.name}[{sizes[argument.name]}]{values};"
+
+
+def printing(argument, sizes, real_words):
+    name, form = argument.name, FORMATS[kind_of(argument, real_words)]
+    if not argument.extent:
+        return f'printf("{name} = {form}\\n", {name});'
+    count = conditions.behind(argument.kept_when) if argument.kept_when else None
+    limit = count if count and count.isidentifier() else sizes[name]
+    return (f"for (int entry = 0; entry < {limit}; entry++) "
+            f'printf("{name}[%d] = {form}\\n", entry, {name}[entry]);')
+
+
+def call(routine, literals, sizes, real_words=True):
+    arrays = [a for a in routine.arguments if a.extent and a.kind != "callback"]
+    passed = [a.name if a.extent else f"&{a.name}" for a in routine.arguments]
+    lines = [callback(a, literals) for a in routine.arguments if a.kind == "callback"]
+    lines += scalar_declarations(routine, literals, real_words)
+    lines += [array_declaration(a, literals, sizes, real_words) for a in arrays]
+    lines.append(wrapped(f"{routine.name}(", passed, ");"))
+    lines += [printing(a, sizes, real_words) for a in routine.outputs()]
+    return "\n".join(lines)

@@ -1,0 +1,1 @@
+"""What the manual's pages say, from the header, the rows and the documents."""

@@ -1,0 +1,78 @@
+"""Text as HTML: the header's, which is plain text with tables, lists, sketches and `code`, and the
+documents', which are Markdown. Names of routines become links in both."""
+
+import html
+import re
+
+import markdown
+from markupsafe import Markup as Safe
+
+TABLES = ["tables", "fenced_code", "sane_lists", "toc"]
+EMPHASIS = ("em_strong", "em_strong2", "escape", "reference", "link", "short_reference", "autolink",
+            "automail", "html", "entity", "linebreak", "image_link", "image_reference",
+            "short_image_ref")
+
+
+def plain_converter():
+    """In the header's formulas a star multiplies, and brackets and signs are themselves."""
+    converter = markdown.Markdown(extensions=["tables"])
+    converter.preprocessors.deregister("html_block")
+    for block in ("reference", "setextheader", "hashheader", "quote", "hr"):
+        converter.parser.blockprocessors.deregister(block)
+    for pattern in EMPHASIS:
+        converter.inlinePatterns.deregister(pattern, strict=False)
+    return converter
+
+
+def with_lists_apart(text):
+    """A list stands right below the line that leads up to it in the header."""
+    return re.sub(r"(?m)^(?!- | )(.+)\n(?=- )", r"\1\n\n", text)
+
+
+class Prose:
+    """Knows the routines' names, and the pages to which links of the documents lead."""
+
+    def __init__(self, names, pages=None):
+        self.names = frozenset(names)
+        self.pages = pages or {}  # by file in the repository
+        self.plain = plain_converter()
+
+    def linked(self, text):
+        def link(match):
+            name = match[1]
+            return f'<a href="{name}.html">{match[0]}</a>' if name in self.names else match[0]
+
+        text = re.sub(r"<code>(kez\w+)</code>", link, text)
+        text = text.replace("<table>", '<div class="wide" tabindex="0"><table>').replace(
+            "</table>", "</table></div>").replace("<pre>", '<pre tabindex="0">')
+        return Safe(text)
+
+    def header(self, text):
+        return self.linked(self.plain.reset().convert(with_lists_apart(text)))
+
+    def inline(self, text):
+        """Of one paragraph."""
+        return Safe(re.sub(r"^<p>|</p>$", "", self.header(" ".join(text.split()))))
+
+    def without_files(self, text):
+        """A link to a file that has no page is its text."""
+        def resolve(match):
+            target = match[1]
+            if re.match(r"https?:|#", target):
+                return match[0]
+            page = self.pages.get(target)
+            return f'<a href="{page}">{match[2]}</a>' if page else match[2]
+
+        text = re.sub(r"<!--.*?-->", "", text, flags=re.DOTALL)
+        return re.sub(r'<a href="([^"]*)">(.*?)</a>', resolve, text, flags=re.DOTALL)
+
+    def document(self, text, level=2):
+        """Markdown whose first headings get this level."""
+        converter = markdown.Markdown(extensions=TABLES,
+                                      extension_configs={"toc": {"baselevel": level}})
+        return self.linked(self.without_files(converter.convert(text)))
+
+
+def plain_text(text):
+    """For attributes and the search: without the marks of code."""
+    return html.unescape(text.replace("`", ""))

@@ -1,0 +1,81 @@
+"""What a routine's page says."""
+
+import itertools
+import re
+from dataclasses import dataclass
+
+from interface.languages import shape
+
+DIRECTIONS = {"in": "in", "out": "out", "in,out": "in and out"}
+UNIT = re.compile(r" \((lengths?(?:\^\d)?|rad|stress)\)")
+NAME = re.compile(r"\bkez\w+\b")
+SOURCE = re.compile(r"EN 199\d-\d-\d(?:, (?:table )?\d[\d.]*\d(?: \([^)]*\))?)?(?: and table [\d.]+\d)?")
+TIME = re.compile(r"(?m)^Time: ((?:.|\n(?!\n))+)\.$")
+
+
+@dataclass
+class ArgumentRow:
+    names: list
+    direction: str
+    shape: str
+    meaning: str
+    unit: str
+    kept: str  # the cases in which it is not written
+
+
+def argument_row(group, names):
+    unit = UNIT.search(group.text)
+    return ArgumentRow(names, DIRECTIONS[group.direction], shape(group),
+                       UNIT.sub("", group.text) if unit else group.text, unit[1] if unit else "",
+                       group.kept_when)
+
+
+def argument_rows(routine):
+    """Neighbours that the header documents together stand together."""
+    def documented(a):
+        return a.direction, a.kind, a.extent, a.text, a.kept_when
+
+    for _, members in itertools.groupby(routine.arguments, documented):
+        members = list(members)
+        yield argument_row(members[0], [a.name for a in members])
+
+
+def whole_text(routine):
+    return "\n\n".join([routine.summary, routine.details, routine.kept,
+                        *(a.whole_text() for a in routine.arguments)])
+
+
+def time(routine):
+    found = TIME.search(routine.details)
+    return " ".join(found[1].split()) if found else ""
+
+
+def sources(routine):
+    text = " ".join(whole_text(routine).split())
+    return list(dict.fromkeys(SOURCE.findall(text)))
+
+
+def related(routine, interface):
+    """Routines that the text names, those that name it, and neighbours in the family."""
+    known = {r.name: r for r in interface.routines}
+    named = [n for n in NAME.findall(whole_text(routine)) if n in known]
+    naming = [r.name for r in interface.routines
+              if routine.name in NAME.findall(whole_text(r))]
+    family = [r.name for r in interface.routines if r.group == routine.group]
+    here = family.index(routine.name)
+    near = sorted(family, key=lambda name: abs(family.index(name) - here))[1:5]
+    names = dict.fromkeys([*named, *naming, *sorted(near, key=family.index)])
+    return [known[name] for name in names if name != routine.name]
+
+
+def family_text(routine, interface):
+    return next(g for g in interface.groups if g.title == routine.group)
+
+
+def leads_up(summary):
+    """A summary that ends in a colon leads up to a formula below it."""
+    return summary.endswith(":")
+
+
+def sentence(routine):
+    return routine.summary.rstrip(":.") + "."

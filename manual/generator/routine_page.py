@@ -1,0 +1,113 @@
+"""The values of a routine's page."""
+
+import json
+import urllib.parse
+from dataclasses import dataclass
+
+from interface import conditions
+from markupsafe import Markup as Safe
+
+from . import languages, routine, worked
+from .markup import plain_text
+
+
+@dataclass
+class Card:
+    """A routine where many stand beside each other."""
+
+    routine: object
+    small: str  # its picture
+
+    @property
+    def name(self):
+        return self.routine.name
+
+    @property
+    def href(self):
+        return f"{self.name}.html"
+
+    @property
+    def sentence(self):
+        return plain_text(routine.sentence(self.routine))
+
+
+def fragment(call):
+    """The part of the address that holds the inputs of a call."""
+    return urllib.parse.urlencode(call.inputs)
+
+
+def shown_call(call):
+    return {"sentence": call.sentence, "fragment": fragment(call),
+            "given": [{"name": n, "text": t or "[]"} for n, t in call.inputs.items()],
+            "results": [{"name": n, "text": "kept" if t is None else t or "[]"}
+                        for n, t in call.results.items()]}
+
+
+def argument_data(argument):
+    behind = conditions.behind(argument.kept_when) if argument.kept_when else None
+    return {"name": argument.name, "kind": argument.kind, "direction": argument.direction,
+            "extent": argument.extent, "kept": argument.kept_when, "behind": behind or ""}
+
+
+def page_data(r, calls, tabs):
+    """What the page's scripts need; in a script's element, where a tag would end it."""
+    data = {"name": r.name, "arguments": [argument_data(a) for a in r.arguments],
+            "example": calls[0].inputs,
+            "languages": [{"key": tab.key, "literals": vars(tab.literals),
+                           "template": languages.template(tab, r)} for tab in tabs]}
+    return Safe(json.dumps(data, ensure_ascii=False).replace("<", "\\u003c"))
+
+
+def tab_values(r, call, tabs, pages):
+    for tab in tabs:
+        yield {"key": tab.key, "title": tab.title, "how": "as statements",
+               "signature": tab.writer.signature(r),
+               "call": languages.filled(tab, r, call.row),
+               "page": tab.page if tab.page in pages else ""}
+    yield {"key": "kezcall", "title": "kezcall", "signature": "", "page": "kezcall.html",
+           "how": "as a row for it, with what it gives", "call": worked.row_text(call)}
+
+
+def input_rows(rows, call, prose):
+    inputs = {a.name: a for a in call.row.routine.inputs()}
+    for row in rows:
+        if set(row.names) <= set(inputs):
+            fields = [{"name": n, "value": call.inputs[n], "array": bool(inputs[n].extent)}
+                      for n in row.names]
+            yield {"meaning": prose.inline(row.meaning), "unit": row.unit, "fields": fields}
+
+
+def marked(rows, prose, word):
+    for row in rows:
+        row.meaning = prose.inline(row.meaning)
+        kept = f"{word[row.direction]} when {row.kept}" if row.kept else ""
+        row.kept = prose.inline(kept)
+        yield row
+
+
+def without_time(details):
+    return routine.TIME.sub("", details).strip()
+
+
+def routine_values(r, site):
+    prose, calls = site.prose, site.calls[r.name]
+    shown, folded = worked.shown_and_folded(calls)
+    group = routine.family_text(r, site.interface)
+    word = {"in": "", "out": "kept", "in and out": "unchanged"}
+    return {
+        "name": r.name, "summary": prose.inline(r.summary),
+        "family": {"title": group.title, "href": site.family_href(group.title),
+                   "text": prose.header(group.text)},
+        "in_family_text": f"`{r.name}`" in group.text,
+        "picture": Safe(site.drawn[r.name].picture),
+        "first": shown_call(calls[0]),
+        "input_rows": list(input_rows(routine.argument_rows(r), calls[0], prose)),
+        "details": prose.header(without_time(r.details)),
+        "argument_rows": list(marked(routine.argument_rows(r), prose, word)),
+        "kept": prose.inline(r.kept), "sources": routine.sources(r),
+        "time": routine.time(r),
+        "tabs": list(tab_values(r, calls[0], site.tabs, dict(site.language_pages()))),
+        "shown": [shown_call(call) for call in shown],
+        "folded": [shown_call(call) for call in folded],
+        "related": [site.cards[other.name] for other in routine.related(r, site.interface)],
+        "data": page_data(r, calls, site.tabs)}
