@@ -20,14 +20,19 @@ sys.path[:0] = [str(HERE), str(HERE.parent / "tools")]
 import jinja2  # noqa: E402
 from generator import documents, languages, pages, worked  # noqa: E402
 from generator.pictures import draw_all  # noqa: E402
+from generator.routine_page import page_data  # noqa: E402
 from interface import HEADER, ROOT, read  # noqa: E402
+
+
+def absolute(path):
+    return pathlib.Path(path).resolve()
 
 
 def parse_command():
     parser = argparse.ArgumentParser(description=__doc__,
                                      formatter_class=argparse.RawDescriptionHelpFormatter)
     for name in ("library", "work", "out"):
-        parser.add_argument(name, type=pathlib.Path, metavar=name.upper())
+        parser.add_argument(name, type=absolute, metavar=name.upper())
     return parser.parse_args()
 
 
@@ -57,13 +62,30 @@ def write_index(site, out):
         f"window.manualIndex = {json.dumps(site.index(), separators=(',', ':'))};\n")
 
 
-def bundle(library, assets):
+def bundle(library, scripts, *options):
+    """The library's module becomes part of what uses it."""
+    subprocess.run(["esbuild", "--bundle", "--log-level=warning", "--loader:.wasm=binary",
+                    f"--alias:kezlib={library}", *options, *(str(HERE / s) for s in scripts)],
+                   check=True)
+
+
+def drawn_pages(command, interface, calls, tabs):
+    """What node computes for the pages, by routine."""
+    bundle(command.library, ["pictures.mjs"], "--platform=node", "--format=esm",
+           f"--outfile={command.work / 'pictures.mjs'}")
+    questions = [{"routine": page_data(r, calls[r.name], tabs),
+                  "calls": [call.inputs for call in calls[r.name]]} for r in interface.routines]
+    drawn = draw_all(command.work / "pictures.mjs", questions, command.work)
+    for name, found in drawn.items():
+        for call, results in zip(calls[name], found.calls):
+            call.results = results
+    return drawn
+
+
+def write_scripts(command, assets):
     """Classic scripts: a page that comes from a disk may load no modules."""
-    command = ["esbuild", "--bundle", "--minify", "--format=iife", "--target=es2020",
-               "--log-level=warning", "--loader:.wasm=binary", f"--alias:kezlib={library}",
-               f"--outdir={assets}"]
-    subprocess.run([*command, *(str(HERE / f"browser/{name}.js")
-                                for name in ("theme", "page", "live"))], check=True)
+    bundle(command.library, [f"browser/{name}.js" for name in ("theme", "page", "live")],
+           "--minify", "--format=iife", "--target=es2020", f"--outdir={assets}")
 
 
 def main():
@@ -71,14 +93,16 @@ def main():
     shutil.rmtree(command.out, ignore_errors=True)
     assets = command.out / "assets"
     assets.mkdir(parents=True)
+    command.work.mkdir(parents=True, exist_ok=True)
     interface = read()
     calls = worked.worked_calls(interface)
-    drawn = draw_all(interface, calls, command.library.resolve(), command.work.resolve())
+    tabs = languages.tabs()
+    drawn = drawn_pages(command, interface, calls, tabs)
     readme = documents.Document(ROOT / "README.md")
-    site = pages.Site(interface, calls, drawn, languages.tabs(), readme)
+    site = pages.Site(interface, calls, drawn, tabs, readme)
     write_pages(site, command.out)
     write_index(site, command.out)
-    bundle(command.library.resolve(), assets)
+    write_scripts(command, assets)
     shutil.copy(HERE / "style.css", assets)
     shutil.copy(ROOT / "bench/plot.svg", assets)
     files = [file for file in command.out.rglob("*") if file.is_file()]

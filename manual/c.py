@@ -21,18 +21,23 @@ def parameter(argument):
     return f"{const}{TYPES[argument.kind]} {name}"
 
 
+SPACE = "\N{NO-BREAK SPACE}"
+
+
 def wrapped(opening, parts, closing, width=88):
-    return "\n".join(textwrap.wrap(opening + ", ".join(parts) + closing, width,
-                                   subsequent_indent=" " * 4, break_long_words=False,
-                                   break_on_hyphens=False))
+    """Lines that break between the parts only."""
+    text = ", ".join(part.replace(" ", SPACE) for part in parts)
+    lines = textwrap.wrap(opening.replace(" ", SPACE) + text + closing, width, break_long_words=False,
+                          subsequent_indent="    ", break_on_hyphens=False)
+    return "\n".join(lines).replace(SPACE, " ")
 
 
 def signature(routine):
     return wrapped(f"void {routine.name}(", map(parameter, routine.arguments), ");")
 
 
-def kind_of(argument, real_words):
-    return argument.kind if argument.kind != "word" else "real" if real_words else "integer"
+def kind_of(argument, form):
+    return form if argument.kind == "word" else argument.kind
 
 
 def callback(argument, literals):
@@ -49,25 +54,25 @@ def scalar(argument, literals):
     return argument.name + unset
 
 
-def scalar_declarations(routine, literals, real_words):
+def scalar_declarations(routine, literals, form):
     for direction, const in (("in", "const "), ("in,out", ""), ("out", "")):
         for kind in ("real", "integer"):
             found = [scalar(a, literals) for a in routine.arguments if not a.extent
-                     and a.direction == direction and kind_of(a, real_words) == kind]
+                     and a.direction == direction and kind_of(a, form) == kind]
             if found:
                 yield wrapped(f"{const}{TYPES[kind]} ", found, ";")
 
 
-def array_declaration(argument, literals, sizes, real_words):
+def array_declaration(argument, literals, sizes, form):
     const = "const " if argument.direction == "in" else ""
     given = argument.direction != "out" or argument.name in literals
     values = f" = {{{literals[argument.name]}}}" if given else ""
-    kind = TYPES[kind_of(argument, real_words)]
+    kind = TYPES[kind_of(argument, form)]
     return f"{const}{kind} {argument.name}[{sizes[argument.name]}]{values};"
 
 
-def printing(argument, sizes, real_words):
-    name, form = argument.name, FORMATS[kind_of(argument, real_words)]
+def printing(argument, sizes, form):
+    name, form = argument.name, FORMATS[kind_of(argument, form)]
     if not argument.extent:
         return f'printf("{name} = {form}\\n", {name});'
     count = conditions.behind(argument.kept_when) if argument.kept_when else None
@@ -76,12 +81,12 @@ def printing(argument, sizes, real_words):
             f'printf("{name}[%d] = {form}\\n", entry, {name}[entry]);')
 
 
-def call(routine, literals, sizes, real_words=True):
+def call(routine, literals, sizes, form="real"):
     arrays = [a for a in routine.arguments if a.extent and a.kind != "callback"]
     passed = [a.name if a.extent else f"&{a.name}" for a in routine.arguments]
     lines = [callback(a, literals) for a in routine.arguments if a.kind == "callback"]
-    lines += scalar_declarations(routine, literals, real_words)
-    lines += [array_declaration(a, literals, sizes, real_words) for a in arrays]
+    lines += scalar_declarations(routine, literals, form)
+    lines += [array_declaration(a, literals, sizes, form) for a in arrays]
     lines.append(wrapped(f"{routine.name}(", passed, ");"))
-    lines += [printing(a, sizes, real_words) for a in routine.outputs()]
+    lines += [printing(a, sizes, form) for a in routine.outputs()]
     return "\n".join(lines)

@@ -1,1 +1,107 @@
+// A routine's page: its inputs can be changed, and the library runs in the page.
+import { load } from "kezlib/browser.js";
+import { draw } from "../figures/figures.js";
+import { fragmentOf, textsInAddress } from "./address.js";
+import { callWith, FieldError, resultTexts, valuesOf } from "./call.js";
+import { startCopying } from "./clipboard.js";
+import { asRow, asStatements } from "./copies.js";
+import { Dragging } from "./drag.js";
+import { fadeResults, Fields, showResults } from "./fields.js";
 
+const routine = JSON.parse(document.getElementById("routine").textContent);
+const figure = document.getElementById("picture");
+const table = document.getElementById("results");
+const message = document.getElementById("message");
+
+class Live {
+  constructor(kez) {
+    this.kez = kez;
+    this.fields = new Fields(document.getElementById("fields"), () => this.changed());
+    this.dragging = new Dragging(figure, (handle, texts) => this.dragged(handle, texts));
+  }
+
+  /** Shows what the address says, over the example. */
+  restore() {
+    const texts = textsInAddress(location.hash);
+    const known = Object.entries(texts).filter(([name]) => name in routine.example);
+    this.fields.texts = { ...routine.example, ...Object.fromEntries(known) };
+    this.compute();
+  }
+
+  changed() {
+    const address = location.href.split("#")[0];
+    history.replaceState(null, "", address + fragmentOf(this.fields.texts, routine.example));
+    this.compute();
+  }
+
+  dragged({ x, y, entry }, texts) {
+    this.fields.setCoordinate(x, entry, texts.x);
+    this.fields.setCoordinate(y, entry, texts.y);
+    this.changed();
+  }
+
+  reset() {
+    this.fields.texts = routine.example;
+    this.changed();
+  }
+
+  compute() {
+    try {
+      const values = valuesOf(routine, this.fields.texts);
+      this.show(values, callWith(this.kez, routine, values));
+      this.fail(null);
+    } catch (error) {
+      this.fail(error);
+    }
+  }
+
+  show(values, results) {
+    const texts = resultTexts(routine, results);
+    showResults(table, routine, texts);
+    this.drawPicture(values, results);
+    this.writeCopies(texts);
+  }
+
+  drawPicture(values, results) {
+    const call = (name, inputs) => callWith(this.kez, { ...routine, name }, inputs);
+    figure.innerHTML = draw(routine.name, values, results, { call, view: this.dragging.view });
+  }
+
+  writeCopies(results) {
+    const { texts } = this.fields;
+    for (const code of document.querySelectorAll("[data-call]")) {
+      const language = routine.languages.find(({ key }) => key === code.dataset.call);
+      code.textContent = language
+        ? asStatements(routine, texts, language) : asRow(routine, texts, results);
+    }
+  }
+
+  /** Says in words what is wrong, and with which field. */
+  fail(error) {
+    const field = error instanceof FieldError ? error.field : undefined;
+    this.fields.blame(field ?? error?.message.match(/^\w+: (\w+)\b/)?.[1]);
+    message.textContent = error ? (field ? `${field}: ${error.message}` : error.message) : "";
+    if (error) fadeResults(table);
+  }
+}
+
+function startButtons(live) {
+  document.getElementById("reset").addEventListener("click", () => live.reset());
+  startCopying(document.getElementById("share"), () => location.href);
+  for (const button of document.querySelectorAll(".copy")) {
+    const code = button.closest(".copied").querySelector("code");
+    startCopying(button, () => code.textContent);
+  }
+}
+
+async function start() {
+  const live = new Live(await load());
+  startButtons(live);
+  live.restore();
+  addEventListener("hashchange", () => {
+    if (location.hash === "" || location.hash.includes("=")) live.restore();
+  });
+  document.documentElement.dataset.live = "";
+}
+
+start();

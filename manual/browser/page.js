@@ -1,1 +1,39 @@
+import { remember } from "./memory.js";
+import { startSearch } from "./search.js";
+import { startTabs } from "./tabs.js";
 
+const NARROW = "(max-width: 60rem)";
+
+function startTheme(button) {
+  const root = document.documentElement;
+  const isDark = () =>
+    root.dataset.theme
+      ? root.dataset.theme === "dark"
+      : matchMedia("(prefers-color-scheme: dark)").matches;
+  const label = () => {
+    button.textContent = isDark() ? "Light" : "Dark";
+    button.setAttribute("aria-label", `Change to ${button.textContent.toLowerCase()} colours`);
+  };
+  button.addEventListener("click", () => {
+    root.dataset.theme = isDark() ? "light" : "dark";
+    remember("theme", root.dataset.theme);
+    label();
+  });
+  label();
+}
+
+/** The table of contents stands open where there is room beside the text. */
+function foldContents(details) {
+  const narrow = matchMedia(NARROW);
+  const fold = () => {
+    details.open = !narrow.matches;
+  };
+  narrow.addEventListener("change", fold);
+  fold();
+}
+
+startTheme(document.getElementById("theme"));
+foldContents(document.querySelector(".side > details"));
+startSearch(
+  document.getElementById("search"), document.getElementById("found"), window.manualIndex);
+document.querySelectorAll(".tabs").forEach(startTabs);

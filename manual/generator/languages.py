@@ -1,5 +1,6 @@
 """The languages behind the tabs: C, and those that have a binding's writer."""
 
+import inspect
 from dataclasses import dataclass
 
 import c
@@ -36,25 +37,14 @@ def holes(routine):
     return given, sizes
 
 
-def template(tab, routine):
-    return tab.writer.call(routine, *holes(routine))
+def templates(tab, routine):
+    """The call with its holes, for lists of reals and of integers where it has such of either."""
+    call = tab.writer.call
+    if "form" not in inspect.signature(call).parameters:
+        return {"real": (text := call(routine, *holes(routine))), "integer": text}
+    return {form: call(routine, *holes(routine), form) for form in ("real", "integer")}
 
 
-def filled(tab, routine, row):
-    """The template with a row's values."""
-    text = template(tab, routine)
-    literals = tab.literals
-    for a in routine.inputs():
-        kind = row.kinds[a.name]
-        values = literals.joint.join(literals.of(v, kind) for v in row.given[a.name])
-        text = text.replace(f"«{a.name}»", values)
-    for a in routine.arguments:
-        if a.extent:
-            text = text.replace(f"«#{a.name}»", str(size(a, row)))
-    return text
-
-
-def size(argument, row):
-    """Entries of an array in a row."""
-    operands = row.given if argument.direction != "out" else row.wanted
-    return len(operands[argument.name])
+def data(tab, routine):
+    """What the page needs to write calls."""
+    return {"key": tab.key, "literals": vars(tab.literals), "templates": templates(tab, routine)}

@@ -1,16 +1,23 @@
-from dataclasses import dataclass
-from markupsafe import Markup as Safe
+"""Has the library compute what the pages show, and the figures drawn, by node."""
+
+import json
+import subprocess
+from dataclasses import dataclass, field
+
 
 @dataclass
 class Drawn:
     picture: str
     small: str
     dimensions: str
+    calls: list  # by worked call the results, texts by output, none where it was kept
+    copies: dict = field(default_factory=dict)  # the first call as text, by language
 
-SVG = Safe('<svg viewBox="0 0 640 420" role="img"><title>t</title><circle cx="320" cy="210" r="120" fill="none" stroke="currentColor"/></svg>')
 
-def draw_all(interface, calls, library, work):
-    for cs in calls.values():
-        for c in cs:
-            c.results = {a.name: None if c.row.wanted[a.name] == ["."] else " ".join(t.lstrip("~").split("~")[0] for t in c.row.wanted[a.name]) for a in c.row.routine.outputs()}
-    return {r.name: Drawn(SVG, SVG, SVG if r.name.startswith("kezsec") else "") for r in interface.routines}
+def draw_all(script, questions, work):
+    """The answers by routine. The questions are what its page's scripts know of it, and the inputs
+    of its worked calls."""
+    asked, answers = work / "questions.json", work / "answers.json"
+    asked.write_text(json.dumps(questions))
+    subprocess.run(["node", str(script), str(asked), str(answers)], check=True)
+    return {name: Drawn(**drawn) for name, drawn in json.loads(answers.read_text()).items()}

@@ -50,22 +50,24 @@ def argument_data(argument):
 
 
 def page_data(r, calls, tabs):
-    """What the page's scripts need; in a script's element, where a tag would end it."""
-    data = {"name": r.name, "arguments": [argument_data(a) for a in r.arguments],
+    """What the scripts need, in the page and when it is made."""
+    return {"name": r.name, "arguments": [argument_data(a) for a in r.arguments],
             "example": calls[0].inputs,
-            "languages": [{"key": tab.key, "literals": vars(tab.literals),
-                           "template": languages.template(tab, r)} for tab in tabs]}
+            "languages": [languages.data(tab, r) for tab in tabs]}
+
+
+def embedded(data):
+    """In a script's element, where a tag would end it."""
     return Safe(json.dumps(data, ensure_ascii=False).replace("<", "\\u003c"))
 
 
-def tab_values(r, call, tabs, pages):
+def tab_values(r, copies, tabs, pages):
     for tab in tabs:
         yield {"key": tab.key, "title": tab.title, "how": "as statements",
-               "signature": tab.writer.signature(r),
-               "call": languages.filled(tab, r, call.row),
+               "signature": tab.writer.signature(r), "call": copies[tab.key],
                "page": tab.page if tab.page in pages else ""}
     yield {"key": "kezcall", "title": "kezcall", "signature": "", "page": "kezcall.html",
-           "how": "as a row for it, with what it gives", "call": worked.row_text(call)}
+           "how": "as a row, with what it gives", "call": copies["kezcall"]}
 
 
 def input_rows(rows, call, prose):
@@ -106,8 +108,8 @@ def routine_values(r, site):
         "argument_rows": list(marked(routine.argument_rows(r), prose, word)),
         "kept": prose.inline(r.kept), "sources": routine.sources(r),
         "time": routine.time(r),
-        "tabs": list(tab_values(r, calls[0], site.tabs, dict(site.language_pages()))),
+        "tabs": list(tab_values(r, site.drawn[r.name].copies, site.tabs, dict(site.language_pages()))),
         "shown": [shown_call(call) for call in shown],
         "folded": [shown_call(call) for call in folded],
         "related": [site.cards[other.name] for other in routine.related(r, site.interface)],
-        "data": page_data(r, calls, site.tabs)}
+        "data": embedded(page_data(r, calls, site.tabs))}

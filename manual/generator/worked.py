@@ -36,13 +36,6 @@ def inputs(row):
     return {a.name: typed(row.given[a.name], row.kinds[a.name]) for a in row.routine.inputs()}
 
 
-def question(row):
-    """The bits of the inputs: text would lose not-a-number's."""
-    return {"name": row.routine.name, "kinds": row.kinds,
-            "words": {name: [word(literal, row.kinds[name]) for literal in literals]
-                      for name, literals in row.given.items()}}
-
-
 def worked_calls(interface):
     """By routine; a first row that says something comes first, then the others that do."""
     found = defaultdict(list)
@@ -59,16 +52,3 @@ def in_order_of_interest(calls):
 def shown_and_folded(calls):
     ordered = in_order_of_interest(calls)
     return ordered[:SHOWN], ordered[SHOWN:]
-
-
-def operand(text, array):
-    return f"[{text}]" if array else text
-
-
-def row_text(call):
-    """As kezcall reads it; an entry that was not written is a point."""
-    r = call.row.routine
-    given = [operand(call.inputs[a.name], a.extent) for a in r.inputs()]
-    wanted = [operand("." if call.results[a.name] is None else call.results[a.name], a.extent)
-              for a in r.outputs()]
-    return "  ".join([r.name, " ".join(given), "->", " ".join(wanted)])

@@ -1,0 +1,74 @@
+// One call of a routine with what stands in the fields: texts in, results out. The same code runs
+// when the pages are made and in them.
+import { looksReal, parse, shown, tokens } from "./numbers.js";
+
+const ARRAYS = { real: Float32Array, integer: Int32Array };
+
+// What the binding leaves in entries that the library has not written.
+const UNWRITTEN = { real: 0x7fe5a5a5, integer: -(2 ** 31) };
+
+/** What is wrong with the text of one field. */
+export class FieldError extends Error {
+  constructor(name, message) {
+    super(message);
+    this.field = name;
+  }
+}
+
+export const inputsOf = (routine) => routine.arguments.filter((a) => a.direction !== "out");
+export const outputsOf = (routine) => routine.arguments.filter((a) => a.direction !== "in");
+export const isArray = (argument) => argument.extent !== "" && argument.kind !== "callback";
+
+/** Of lists of either kind: reals if anything in them is one. */
+export function kindOfWords(routine, texts) {
+  const words = inputsOf(routine).filter((a) => a.kind === "word");
+  return words.some((a) => looksReal(texts[a.name])) ? "real" : "integer";
+}
+
+const kindOf = (argument, words) => ({ word: words, callback: "real" })[argument.kind] ?? argument.kind;
+
+function numbersOf(argument, text, kind) {
+  try {
+    return tokens(text).map((token) => parse(token, kind));
+  } catch (error) {
+    throw new FieldError(argument.name, error.message);
+  }
+}
+
+function valueOf(argument, text, words) {
+  const kind = kindOf(argument, words);
+  const numbers = numbersOf(argument, text, kind);
+  if (argument.kind === "callback") return (i) => numbers[i - 1] ?? NaN;
+  if (isArray(argument)) return ARRAYS[kind].from(numbers);
+  if (numbers.length !== 1)
+    throw new FieldError(argument.name, numbers.length ? "is several numbers" : "is empty");
+  return argument.kind === "word" && kind === "real" ? ARRAYS.real.from(numbers)[0] : numbers[0];
+}
+
+/** The values by argument that the binding takes. */
+export function valuesOf(routine, texts) {
+  const words = kindOfWords(routine, texts);
+  return Object.fromEntries(
+    inputsOf(routine).map((a) => [a.name, valueOf(a, texts[a.name], words)]));
+}
+
+export const callWith = (kez, routine, values) =>
+  kez[routine.name](...inputsOf(routine).map((a) => values[a.name]));
+
+function entryTexts(entries) {
+  const kind = entries instanceof Float32Array ? "real" : "integer";
+  const bits = new Int32Array(entries.buffer, entries.byteOffset, entries.length);
+  return Array.from(entries, (value, i) =>
+    bits[i] === UNWRITTEN[kind] ? "." : shown(value, kind));
+}
+
+/** A result as it is shown, null where nothing was written. */
+export function resultText(argument, value) {
+  if (value === undefined) return null;
+  if (typeof value === "number") return shown(value, argument.kind);
+  const texts = entryTexts(value);
+  return texts.length && texts.every((text) => text === ".") ? null : texts.join(" ");
+}
+
+export const resultTexts = (routine, results) =>
+  Object.fromEntries(outputsOf(routine).map((a) => [a.name, resultText(a, results[a.name])]));

@@ -1,0 +1,40 @@
+// Numbers as they are typed and shown: single precision and 32-bit integers, as kezcall has them.
+
+const REAL = /^[+-]?(\d+\.?\d*|\.\d+)(e[+-]?\d+)?$/i;
+const INTEGER = /^[+-]?\d+$/;
+const WORDS = { nan: NaN, inf: Infinity, infinity: Infinity };
+
+function parseReal(text) {
+  if (REAL.test(text)) return Number(text);
+  const word = WORDS[text.toLowerCase().replace(/^[+-]/, "")];
+  if (word === undefined) throw new RangeError(`“${text}” is no number`);
+  return text.startsWith("-") ? -word : word;
+}
+
+function parseInteger(text) {
+  if (!INTEGER.test(text)) throw new RangeError(`“${text}” is no integer`);
+  return Number(text);
+}
+
+export const parse = (text, kind) => (kind === "integer" ? parseInteger(text) : parseReal(text));
+
+export const tokens = (text) => text.split(/[\s,;]+/).filter(Boolean);
+
+/** Whether what stands in a list of either kind makes it one of reals. */
+export const looksReal = (text) => /[.en]/i.test(text);
+
+const same = (text, value) => Math.fround(Number(text)) === value;
+
+/** The shortest text that is read as this single again. */
+export function shortest(value) {
+  if (Number.isNaN(value)) return "nan";
+  if (!Number.isFinite(value)) return value < 0 ? "-inf" : "inf";
+  if (value === 0) return Object.is(value, -0) ? "-0" : "0";
+  for (let digits = 1; digits < 9; ++digits) {
+    const text = String(Number(value.toPrecision(digits)));
+    if (same(text, value)) return text;
+  }
+  return String(Number(value.toPrecision(9)));
+}
+
+export const shown = (value, kind) => (kind === "integer" ? String(value) : shortest(value));
