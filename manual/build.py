@@ -70,16 +70,16 @@ def bundle(library, scripts, *options):
 
 
 def drawn_pages(command, interface, calls, tabs):
-    """What node computes for the pages, by routine."""
+    """What node computes for the pages, by routine, and the style of its pictures."""
     bundle(command.library, ["pictures.mjs"], "--platform=node", "--format=esm",
            f"--outfile={command.work / 'pictures.mjs'}")
     questions = [{"routine": page_data(r, calls[r.name], tabs),
                   "calls": [call.inputs for call in calls[r.name]]} for r in interface.routines]
-    drawn = draw_all(command.work / "pictures.mjs", questions, command.work)
+    drawn, style = draw_all(command.work / "pictures.mjs", questions, command.work)
     for name, found in drawn.items():
         for call, results in zip(calls[name], found.calls):
             call.results = results
-    return drawn
+    return drawn, style
 
 
 def write_scripts(command, assets):
@@ -97,13 +97,13 @@ def main():
     interface = read()
     calls = worked.worked_calls(interface)
     tabs = languages.tabs()
-    drawn = drawn_pages(command, interface, calls, tabs)
+    drawn, style = drawn_pages(command, interface, calls, tabs)
     readme = documents.Document(ROOT / "README.md")
     site = pages.Site(interface, calls, drawn, tabs, readme)
     write_pages(site, command.out)
     write_index(site, command.out)
     write_scripts(command, assets)
-    shutil.copy(HERE / "style.css", assets)
+    (assets / "style.css").write_text((HERE / "style.css").read_text() + style)
     shutil.copy(ROOT / "bench/plot.svg", assets)
     files = [file for file in command.out.rglob("*") if file.is_file()]
     print(f"{sum(file.suffix == '.html' for file in files)} pages, "

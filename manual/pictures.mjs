@@ -1,15 +1,16 @@
 // Computes what the pages show: node pictures.mjs QUESTIONS ANSWERS. Of each routine the results of
-// its worked calls, in their order, by a library of its own, and the pictures of the first.
+// its worked calls, in their order, by a library of its own, and the pictures of the first; and the
+// pictures' style.
 import { readFileSync, writeFileSync } from "node:fs";
 import { load } from "kezlib/browser.js";
 import { callWith, resultTexts, valuesOf } from "./browser/call.js";
 import { asRow, asStatements } from "./browser/copies.js";
-import { draw } from "./figures/figures.js";
+import { draw, STYLE } from "./figures/figures.js";
 
 function answered(kez, routine, texts) {
   const values = valuesOf(routine, texts);
   const results = callWith(kez, routine, values);
-  return { values, results, texts: resultTexts(routine, results) };
+  return { values, results, texts: resultTexts(routine, results, texts) };
 }
 
 const DIMENSIONED = /^kezsec_/;
@@ -44,4 +45,4 @@ const [questions, answers] = process.argv.slice(2);
 const found = {};
 for (const question of JSON.parse(readFileSync(questions, "utf8")))
   found[question.routine.name] = await answer(question);
-writeFileSync(answers, JSON.stringify(found));
+writeFileSync(answers, JSON.stringify({ style: STYLE, routines: found }));

@@ -1,11 +1,14 @@
 // One call of a routine with what stands in the fields: texts in, results out. The same code runs
 // when the pages are made and in them.
-import { looksReal, parse, shown, tokens } from "./numbers.js";
+import { looksReal, parse, ROOM, shown, tokens } from "./numbers.js";
 
 const ARRAYS = { real: Float32Array, integer: Int32Array };
 
-// What the binding leaves in entries that the library has not written.
+// What the binding leaves in entries that the library has not written, and what stands in those
+// that are nothing but room for it: in texts a point, as in kezcall's rows.
 const UNWRITTEN = { real: 0x7fe5a5a5, integer: -(2 ** 31) };
+
+const EMPTY = { real: NaN, integer: UNWRITTEN.integer };
 
 /** What is wrong with the text of one field. */
 export class FieldError extends Error {
@@ -27,9 +30,21 @@ export function kindOfWords(routine, texts) {
 
 const kindOf = (argument, words) => ({ word: words, callback: "real" })[argument.kind] ?? argument.kind;
 
+const isRoom = (argument, token) => token === ROOM && argument.direction !== "in";
+
+function arrayOf(numbers, text, kind) {
+  const entries = ARRAYS[kind].from(numbers);
+  const bits = new Int32Array(entries.buffer);
+  tokens(text).forEach((token, i) => {
+    if (token === ROOM) bits[i] = UNWRITTEN[kind];
+  });
+  return entries;
+}
+
 function numbersOf(argument, text, kind) {
   try {
-    return tokens(text).map((token) => parse(token, kind));
+    return tokens(text).map((token) =>
+      isRoom(argument, token) ? EMPTY[kind] : parse(token, kind));
   } catch (error) {
     throw new FieldError(argument.name, error.message);
   }
@@ -39,7 +54,7 @@ function valueOf(argument, text, words) {
   const kind = kindOf(argument, words);
   const numbers = numbersOf(argument, text, kind);
   if (argument.kind === "callback") return (i) => numbers[i - 1] ?? NaN;
-  if (isArray(argument)) return ARRAYS[kind].from(numbers);
+  if (isArray(argument)) return arrayOf(numbers, text, kind);
   if (numbers.length !== 1)
     throw new FieldError(argument.name, numbers.length ? "is several numbers" : "is empty");
   return argument.kind === "word" && kind === "real" ? ARRAYS.real.from(numbers)[0] : numbers[0];
@@ -55,20 +70,26 @@ export function valuesOf(routine, texts) {
 export const callWith = (kez, routine, values) =>
   kez[routine.name](...inputsOf(routine).map((a) => values[a.name]));
 
-function entryTexts(entries) {
+function entryTexts(entries, mayBeRoom) {
   const kind = entries instanceof Float32Array ? "real" : "integer";
   const bits = new Int32Array(entries.buffer, entries.byteOffset, entries.length);
   return Array.from(entries, (value, i) =>
-    bits[i] === UNWRITTEN[kind] ? "." : shown(value, kind));
+    mayBeRoom && bits[i] === UNWRITTEN[kind] ? ROOM : shown(value, kind));
 }
+
+/** Whether a result may still hold what stood for nothing. */
+const mayBeRoom = (argument, before) =>
+  (before === undefined ? argument.kept !== "" : tokens(before).includes(ROOM));
 
 /** A result as it is shown, null where nothing was written. */
-export function resultText(argument, value) {
+function resultText(argument, value, before) {
   if (value === undefined) return null;
-  if (typeof value === "number") return shown(value, argument.kind);
-  const texts = entryTexts(value);
-  return texts.length && texts.every((text) => text === ".") ? null : texts.join(" ");
+  if (typeof value === "number")
+    return mayBeRoom(argument, before) && Object.is(value, EMPTY[argument.kind])
+      ? null : shown(value, argument.kind);
+  const texts = entryTexts(value, mayBeRoom(argument, before));
+  return texts.length && texts.every((text) => text === ROOM) ? null : texts.join(" ");
 }
 
-export const resultTexts = (routine, results) =>
-  Object.fromEntries(outputsOf(routine).map((a) => [a.name, resultText(a, results[a.name])]));
+export const resultTexts = (routine, results, inputs) => Object.fromEntries(
+  outputsOf(routine).map((a) => [a.name, resultText(a, results[a.name], inputs[a.name])]));

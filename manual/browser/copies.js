@@ -1,11 +1,11 @@
 // A call as text that a reader takes with him: in each language by its template, whose holes
 // «x1» and «#X» are what an argument holds and its number of entries; and as a row for kezcall.
 import { inputsOf, isArray, kindOfWords, outputsOf } from "./call.js";
-import { parse, shortest, tokens } from "./numbers.js";
+import { parse, ROOM, shortest, tokens } from "./numbers.js";
 import { sizeOf } from "./extents.js";
 
 function literal(token, kind, literals) {
-  const value = parse(token, kind);
+  const value = token === ROOM ? 0 : parse(token, kind);
   if (kind === "integer") return literals.integer.replace("{}", String(value));
   const single = Math.fround(value);
   if (Number.isNaN(single)) return literals.not_a_number;
@@ -41,10 +41,10 @@ const operand = (argument, text) => (isArray(argument) || argument.kind === "cal
 
 /** Entries that were not written, and those that the binding cuts off, are points. */
 function wanted(argument, routine, texts, result) {
-  if (!isArray(argument)) return result ?? ".";
+  if (!isArray(argument)) return result ?? ROOM;
   const written = tokens(result ?? "");
   const missing = Math.max(entries(argument, routine, texts) - written.length, 0);
-  return `[${[...written, ...Array(missing).fill(".")].join(" ")}]`;
+  return `[${[...written, ...Array(missing).fill(ROOM)].join(" ")}]`;
 }
 
 export function asRow(routine, texts, results) {

@@ -31,9 +31,10 @@ const sameHandle = (figure, { x, y, entry }) =>
     ({ dataset }) => dataset.x === x && dataset.y === y && dataset.entry === entry);
 
 export class Dragging {
-  /** `move(names, texts)` is told what the inputs of a handle become. */
-  constructor(figure, move) {
-    Object.assign(this, { figure, move, held: null });
+  /** `where(names)` says where the inputs of a handle are, `move(names, texts)` is told what they
+   * become. */
+  constructor(figure, where, move) {
+    Object.assign(this, { figure, where, move, held: null });
     figure.addEventListener("pointerdown", (event) => this.take(event));
     figure.addEventListener("pointermove", (event) => this.drag(event));
     for (const type of ["pointerup", "pointercancel"])
@@ -71,13 +72,16 @@ export class Dragging {
     event.preventDefault();
     const view = scaleOf(svg);
     const [right, up] = STEPS[event.key].map((step) => (step * KEY_STEP) / view.scale);
-    const [atX, atY] = this.where(handle);
     const names = { ...handle.dataset };
+    const [atX, atY] = this.where(names);
     this.place(names, view, [atX + right, atY + up]);
     sameHandle(this.figure, names)?.focus();
   }
 
-  where(handle) {
-    return handle.getAttribute("aria-valuetext").split(",").map(Number);
+  /** What the drawing is held to while a handle is, so that nothing moves under the pointer. */
+  get view() {
+    if (!this.held) return undefined;
+    const { scale, left, top } = this.held.view;
+    return { sx: scale, sy: scale, left, top };
   }
 }

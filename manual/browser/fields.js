@@ -1,5 +1,6 @@
 // The form with the inputs as text, and the table of the results.
 import { outputsOf } from "./call.js";
+import { tokens } from "./numbers.js";
 
 export class Fields {
   constructor(form, changed) {
@@ -30,6 +31,11 @@ export class Fields {
   }
 
   /** One coordinate, or one entry of an array of them. */
+  coordinate(name, entry) {
+    const entries = tokens(this.inputs.get(name)?.value ?? "");
+    return Number(entries[entry === undefined ? 0 : Number(entry) - 1]);
+  }
+
   setCoordinate(name, entry, text) {
     const input = this.inputs.get(name);
     if (!input) return;
@@ -37,7 +43,7 @@ export class Fields {
       input.value = text;
       return;
     }
-    const entries = input.value.split(/[\s,;]+/).filter(Boolean);
+    const entries = tokens(input.value);
     entries[Number(entry) - 1] = text;
     input.value = entries.join(" ");
   }

@@ -17,7 +17,8 @@ class Live {
   constructor(kez) {
     this.kez = kez;
     this.fields = new Fields(document.getElementById("fields"), () => this.changed());
-    this.dragging = new Dragging(figure, (handle, texts) => this.dragged(handle, texts));
+    this.dragging = new Dragging(
+      figure, (handle) => this.where(handle), (handle, texts) => this.dragged(handle, texts));
   }
 
   /** Shows what the address says, over the example. */
@@ -32,6 +33,10 @@ class Live {
     const address = location.href.split("#")[0];
     history.replaceState(null, "", address + fragmentOf(this.fields.texts, routine.example));
     this.compute();
+  }
+
+  where({ x, y, entry }) {
+    return [x, y].map((name) => this.fields.coordinate(name, entry));
   }
 
   dragged({ x, y, entry }, texts) {
@@ -56,7 +61,7 @@ class Live {
   }
 
   show(values, results) {
-    const texts = resultTexts(routine, results);
+    const texts = resultTexts(routine, results, this.fields.texts);
     showResults(table, routine, texts);
     this.drawPicture(values, results);
     this.writeCopies(texts);

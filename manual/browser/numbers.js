@@ -18,10 +18,14 @@ function parseInteger(text) {
 
 export const parse = (text, kind) => (kind === "integer" ? parseInteger(text) : parseReal(text));
 
+/** What stands for an entry that is only room, or was not written. */
+export const ROOM = ".";
+
 export const tokens = (text) => text.split(/[\s,;]+/).filter(Boolean);
 
 /** Whether what stands in a list of either kind makes it one of reals. */
-export const looksReal = (text) => /[.en]/i.test(text);
+export const looksReal = (text) =>
+  tokens(text).some((token) => token !== ROOM && /[.en]/i.test(token));
 
 const same = (text, value) => Math.fround(Number(text)) === value;
 

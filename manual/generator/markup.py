@@ -29,6 +29,18 @@ def with_lists_apart(text):
     return re.sub(r"(?m)^(?!- | )(.+)\n(?=- )", r"\1\n\n", text)
 
 
+def with_whole_rows(text):
+    """A row of a table whose first cell is empty goes on with the row above."""
+    lines = []
+    for line in text.splitlines():
+        cells = [cell.strip() for cell in line.strip().strip("|").split("|")]
+        if line.startswith("|") and not cells[0] and lines[-1].startswith("|"):
+            above = [cell.strip() for cell in lines.pop().strip().strip("|").split("|")]
+            line = "| " + " | ".join(f"{a} {b}".strip() for a, b in zip(above, cells)) + " |"
+        lines.append(line)
+    return "\n".join(lines)
+
+
 class Prose:
     """Knows the routines' names, and the pages to which links of the documents lead."""
 
@@ -48,7 +60,8 @@ class Prose:
         return Safe(text)
 
     def header(self, text):
-        return self.linked(self.plain.reset().convert(with_lists_apart(text)))
+        return self.linked(self.plain.reset().convert(
+            with_whole_rows(with_lists_apart(text))))
 
     def inline(self, text):
         """Of one paragraph."""

@@ -171,7 +171,7 @@ class Site:
         builders = [r for r in self.interface.routines if self.drawn[r.name].dimensions]
         group = next(g for g in self.interface.groups if g.title == builders[0].group)
         shapes = [{"name": r.name, "href": f"{r.name}.html",
-                   "summary": self.prose.inline(r.summary),
+                   "summary": self.prose.inline(routine.sentence(r)),
                    "picture": self.drawn[r.name].dimensions,
                    "dimensions": [row for row in routine.argument_rows(r)
                                   if row.direction == "in" and row.names != ["value"]]}

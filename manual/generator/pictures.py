@@ -15,9 +15,11 @@ class Drawn:
 
 
 def draw_all(script, questions, work):
-    """The answers by routine. The questions are what its page's scripts know of it, and the inputs
+    """The answers by routine, and the pictures' style. The questions are what its page's scripts know of it, and the inputs
     of its worked calls."""
     asked, answers = work / "questions.json", work / "answers.json"
     asked.write_text(json.dumps(questions))
     subprocess.run(["node", str(script), str(asked), str(answers)], check=True)
-    return {name: Drawn(**drawn) for name, drawn in json.loads(answers.read_text()).items()}
+    answered = json.loads(answers.read_text())
+    return ({name: Drawn(**drawn) for name, drawn in answered["routines"].items()},
+            answered["style"])

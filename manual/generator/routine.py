@@ -52,7 +52,8 @@ def time(routine):
 
 def sources(routine):
     text = " ".join(whole_text(routine).split())
-    return list(dict.fromkeys(SOURCE.findall(text)))
+    found = list(dict.fromkeys(SOURCE.findall(text)))
+    return [s for s in found if not any(other != s and other.startswith(s) for other in found)]
 
 
 def related(routine, interface):
@@ -72,10 +73,18 @@ def family_text(routine, interface):
     return next(g for g in interface.groups if g.title == routine.group)
 
 
-def leads_up(summary):
-    """A summary that ends in a colon leads up to a formula below it."""
-    return summary.endswith(":")
-
-
 def sentence(routine):
+    """The summary. One that ends in a colon leads up to what is said behind it."""
     return routine.summary.rstrip(":.") + "."
+
+
+FIRST = re.compile(r"(?:[^\n]|\n(?!\n))+?(?<! )(?<!\.\.)\.(?=\s|$)")
+
+
+def lead_and_description(routine):
+    """The first sentence, and what stands below it but for the time."""
+    details = TIME.sub("", routine.details)
+    found = FIRST.match(details) if routine.summary.endswith(":") else None
+    if not found:
+        return sentence(routine), details.rstrip()
+    return f"{routine.summary} {found[0]}", details[found.end():].strip()

@@ -87,24 +87,21 @@ def marked(rows, prose, word):
         yield row
 
 
-def without_time(details):
-    return routine.TIME.sub("", details).strip()
-
-
 def routine_values(r, site):
     prose, calls = site.prose, site.calls[r.name]
     shown, folded = worked.shown_and_folded(calls)
     group = routine.family_text(r, site.interface)
+    lead, description = routine.lead_and_description(r)
     word = {"in": "", "out": "kept", "in and out": "unchanged"}
     return {
-        "name": r.name, "summary": prose.inline(r.summary),
+        "name": r.name, "summary": prose.inline(lead),
         "family": {"title": group.title, "href": site.family_href(group.title),
                    "text": prose.header(group.text)},
         "in_family_text": f"`{r.name}`" in group.text,
         "picture": Safe(site.drawn[r.name].picture),
         "first": shown_call(calls[0]),
         "input_rows": list(input_rows(routine.argument_rows(r), calls[0], prose)),
-        "details": prose.header(without_time(r.details)),
+        "details": prose.header(description),
         "argument_rows": list(marked(routine.argument_rows(r), prose, word)),
         "kept": prose.inline(r.kept), "sources": routine.sources(r),
         "time": routine.time(r),

@@ -1,0 +1,204 @@
+// What a reader does on the pages: changing numbers, dragging, copying, searching.
+import assert from "node:assert/strict";
+import { mkdtempSync, writeFileSync } from "node:fs";
+import { tmpdir } from "node:os";
+import { after, afterEach, before, beforeEach, test } from "node:test";
+import { address, kezcall, launch, open, watchedTab } from "./browser.mjs";
+
+let browser;
+let tab;
+let faults;
+before(async () => (browser = await launch()));
+after(() => browser.close());
+beforeEach(async () => ({ tab, faults } = await watchedTab(browser)));
+afterEach(async () => {
+  assert.deepEqual(faults, []);
+  await tab.context().close();
+});
+
+const field = (name) => tab.locator(`#fields [name="${name}"]`);
+const picture = () => tab.locator("#picture").innerHTML();
+const message = () => tab.locator("#message").textContent();
+
+const fields = () => tab.evaluate(() =>
+  [...document.querySelectorAll("#fields input")].map((input) => [input.name, input.value]));
+
+const results = async () => Object.fromEntries(await tab.evaluate(() =>
+  [...document.querySelectorAll("#results tr")].map((row) =>
+    [row.cells[0].textContent, row.cells[1].textContent])));
+
+// Of kezcall's answer, by output what the page shows.
+function answered(text) {
+  return Object.fromEntries(text.trim().split("\n").map((line) => {
+    const [, name, value] = /^(\w+) +(?:= )?(.*?)(?: +unchanged)?$/.exec(line);
+    const shown = value === "not written" ? "kept" : value.replace(/^\[(.*)\]$/, "$1");
+    return [name, shown.split(" ").filter((token) => token !== ".").join(" ") || "kept"];
+  }));
+}
+
+// To some last places: sines and the like are the platform's.
+function agree(one, other) {
+  if (one === other || Object.is(Number(one), Number(other))) return true;
+  const [a, b] = [Number(one), Number(other)];
+  return Math.abs(a - b) <= 2e-6 * Math.max(Math.abs(a), Math.abs(b));
+}
+
+function assertSame(found, wanted, what) {
+  assert.deepEqual(Object.keys(found), Object.keys(wanted), what);
+  for (const [name, text] of Object.entries(wanted)) {
+    const [ours, theirs] = [found[name], text].map((each) => each.split(" ")
+      .filter((token) => token !== "."));
+    assert.ok(ours.length === theirs.length && ours.every((token, i) => agree(token, theirs[i])),
+      `${what}: ${name} is ${found[name]}, kezcall has ${text}`);
+  }
+}
+
+const isArray = async (name) =>
+  (await field(name).locator("xpath=..").getAttribute("class")) === "array";
+
+async function askedOfKezcall() {
+  const words = [];
+  for (const [name, text] of await fields()) {
+    if (await isArray(name)) words.push("[", ...text.split(" ").filter(Boolean), "]");
+    else words.push(text);
+  }
+  return words;
+}
+
+const LIVE = [["kezpds", "x2", 0.25], ["kezlci", "c", 0.25], ["kezc12", "F2", 0.25],
+  ["kezcer2", "R", 0.25], ["kezln5", "x1", 0.5], ["kezphi", "x1", 0.5], ["kezpsl", "x", 9],
+  ["kezapl", "x", 0.5], ["kezipl", "x", 0.5], ["kezord", "x", 7], ["kezord1", "ia", 7],
+  ["kezpos", "v", 1], ["kezpas", "step", 0.5], ["kezaxe", "xa", 0.5], ["kezpli", "x1", 0.5],
+  ["kezpnl", "zof", 9], ["kezsec_ia", "b1", 0.5], ["kezsec_i", "r", 0.5], ["kezchi", "t", 0.01],
+  ["kezef2", "s2", -0.1], ["kezmer1", "a", 2], ["kezmer13", "tol", 1], ["kezadr", "source", 3],
+  ["kezppp", "px", 0.5], ["kezptp2", "X", 0.5]];
+
+for (const [name, input, step] of LIVE) {
+  test(`${name}: a changed number gives kezcall's results, and another picture`, async () => {
+    await open(tab, `${name}.html`);
+    const before = await picture();
+    const [first, ...rest] = (await field(input).inputValue()).split(" ");
+    await field(input).fill([Number(first) + step, ...rest].join(" "));
+    const asked = await askedOfKezcall();
+    assertSame(await results(), answered(kezcall(name, ...asked)), `${name} ${asked.join(" ")}`);
+    assert.notEqual(await picture(), before, "the picture is the same");
+    assert.equal(await message(), "");
+  });
+}
+
+test("the address keeps the inputs", async () => {
+  await open(tab, "kezlci.html");
+  await field("c").fill("-0.25");
+  const [shown, drawn] = [await results(), await picture()];
+  await tab.reload();
+  await tab.waitForSelector("html[data-live]", { state: "attached" });
+  assert.equal(await field("c").inputValue(), "-0.25");
+  assert.deepEqual([await results(), await picture()], [shown, drawn]);
+  await tab.locator("#reset").click();
+  assert.equal(tab.url(), address("kezlci.html"));
+});
+
+test("a worked call goes into the fields", async () => {
+  await open(tab, "kezlci.html");
+  const call = tab.locator(".worked .call").nth(3);
+  const href = await call.getAttribute("href");
+  await call.click();
+  const wanted = Object.fromEntries(new URLSearchParams(href.slice(1)));
+  assert.deepEqual(Object.fromEntries(await fields()), wanted);
+});
+
+test("bad input is said in words, and the field is marked", async () => {
+  await open(tab, "kezapl.html");
+  const shown = await results();
+  await field("n").fill("many");
+  assert.match(await message(), /n: “many” is no integer/);
+  assert.equal(await field("n").getAttribute("aria-invalid"), "true");
+  await field("n").fill("1000");
+  assert.match(await message(), /entries.*asks for 1001/);
+  await field("n").fill("");
+  assert.match(await message(), /n: is empty/);
+  await tab.locator("#reset").click();
+  assert.equal(await message(), "");
+  assert.equal(await field("n").getAttribute("aria-invalid"), null);
+  assert.deepEqual(await results(), shown);
+});
+
+test("degenerate input shows what the library does with it", async () => {
+  await open(tab, "kezlci.html");
+  await field("c").fill("-1000");
+  assert.deepEqual(await results(), { n: "0", x1: "kept", y1: "kept", x2: "kept", y2: "kept" });
+  for (const text of ["nan", "inf", "-inf", "1e38", "1e-45"]) await field("c").fill(text);
+  assert.equal(await message(), "");
+});
+
+const point = async () => [await field("x2").inputValue(), await field("y2").inputValue()];
+
+test("a point of the picture is dragged", async () => {
+  await open(tab, "kezpds.html");
+  const handle = () => tab.locator('#picture .handle[data-x="x2"]');
+  const from = await handle().boundingBox();
+  const [before, distance] = [await point(), await results()];
+  const middle = [from.x + from.width / 2, from.y + from.height / 2];
+  await tab.mouse.move(...middle);
+  await tab.mouse.down();
+  await tab.mouse.move(middle[0] - 40, middle[1] + 20, { steps: 4 });
+  const held = await handle().boundingBox();
+  await tab.mouse.up();
+  const [[x, y], [oldX, oldY]] = [(await point()).map(Number), before.map(Number)];
+  assert.ok(x < oldX && y < oldY, `(${oldX}, ${oldY}) became (${x}, ${y})`);
+  assert.ok(Math.abs((oldX - x) / (oldY - y) - 2) < 0.2, "not along the pointer's way");
+  assert.ok(Math.abs(held.x - from.x + 40) < 3, "the point is not under the pointer");
+  assert.notDeepEqual(await results(), distance);
+});
+
+test("every language's call follows the numbers, and kezcall takes its row", async () => {
+  await open(tab, "kezlci.html");
+  await field("c").fill("-0.125");
+  const codes = await tab.locator("[data-call]").allTextContents();
+  assert.ok(codes.length >= 2 && codes.every((code) => code.includes("0.125")), codes.join("\n"));
+  const row = await tab.locator('[data-call="kezcall"]').textContent();
+  const file = `${mkdtempSync(`${tmpdir()}/manual-`)}/row.txt`;
+  writeFileSync(file, `${row}\n`);
+  assert.match(kezcall(file), /1 passed/);
+});
+
+test("the keyboard alone: search, a tab that is remembered, a point, the theme", async () => {
+  await open(tab, "index.html");
+  await tab.keyboard.press("/");
+  await tab.keyboard.type("line circle");
+  const found = await tab.locator("#found [role=option]").allTextContents();
+  assert.ok(found.some((text) => text.includes("kezlci")), found.join("\n"));
+  await tab.locator("#search").fill("kezpd");
+  await tab.keyboard.press("ArrowDown");
+  await tab.keyboard.press("ArrowUp");
+  await tab.keyboard.press("Enter");
+  await tab.waitForURL(/kezpds/);
+  await tab.waitForSelector("html[data-live]", { state: "attached" });
+
+  const selected = () => tab.locator('[role=tab][aria-selected="true"]').textContent();
+  await tab.locator('[role=tab][aria-selected="true"]').focus();
+  await tab.keyboard.press("End");
+  assert.equal(await selected(), "kezcall");
+  await tab.keyboard.press("Tab");
+  assert.equal(await tab.evaluate(() => document.activeElement.id), "panel-kezcall");
+
+  const [x] = (await point()).map(Number);
+  await tab.locator('#picture .handle[data-x="x2"]').focus();
+  await tab.keyboard.press("ArrowRight");
+  await tab.keyboard.press("ArrowRight");
+  assert.ok(Number(await field("x2").inputValue()) > x);
+
+  await tab.locator("#theme").focus();
+  await tab.keyboard.press("Enter");
+  await open(tab, "kezlci.html");
+  assert.equal(await selected(), "kezcall");
+  assert.equal(await tab.evaluate(() => document.documentElement.dataset.theme), "dark");
+});
+
+test("what is not there is not found", async () => {
+  await open(tab, "index.html");
+  await tab.locator("#search").fill("xylophone");
+  assert.deepEqual(await tab.locator("#found li").allTextContents(), ["Nothing is found."]);
+  await tab.keyboard.press("Enter");
+  assert.match(tab.url(), /index\.html$/);
+});

@@ -1,0 +1,70 @@
+// What holds for every page of the manual.
+import assert from "node:assert/strict";
+import { existsSync } from "node:fs";
+import { after, before, test } from "node:test";
+import { AXE, launch, open, pages, routines, textOf, watchedTab } from "./browser.mjs";
+
+let browser;
+before(async () => (browser = await launch()));
+after(() => browser.close());
+
+const median = (values) => values.sort((a, b) => a - b)[Math.floor(values.length / 2)];
+
+const SHAPES = "path, circle, rect, line, polyline, polygon, ellipse, text";
+
+const emptyPictures = (shapes) => [...document.querySelectorAll("svg.kez-figure")]
+  .filter((svg) => svg.querySelectorAll(shapes).length < 3 || !svg.querySelector("desc")?.textContent)
+  .map((svg) => svg.getAttribute("aria-label"));
+
+const sticksOut = () => document.documentElement.scrollWidth > innerWidth;
+
+test("every page opens without a fault, and its pictures are drawn", async () => {
+  const { tab, faults } = await watchedTab(browser);
+  const times = [];
+  for (const page of pages) {
+    const start = Date.now();
+    await open(tab, page);
+    times.push(Date.now() - start);
+    assert.deepEqual(await tab.evaluate(emptyPictures, SHAPES), [], page);
+  }
+  assert.deepEqual(faults, []);
+  assert.ok(pages.length > 150 && routines.length === 138, `${pages.length} pages`);
+  assert.ok(median(times) < 1000, `a page takes ${median(times)} ms`);
+});
+
+test("no link is dead", () => {
+  const texts = new Map(pages.map((page) => [page, textOf(page)]));
+  const ids = new Map([...texts].map(([page, text]) =>
+    [page, new Set([...text.matchAll(/ id="([^"]+)"/g)].map((match) => match[1]))]));
+  const dead = [];
+  for (const [page, text] of texts) {
+    for (const [, target] of text.matchAll(/(?:href|src)="([^"]+)"/g)) {
+      if (/^(https?|data):/.test(target)) continue;
+      const [file, anchor] = target.split("#");
+      const there = file === "" ? page : file;
+      if (!texts.has(there) && !existsSync(`${process.env.MANUAL}/${there}`)) dead.push([page, target]);
+      if (anchor && !anchor.includes("=") && !ids.get(there)?.has(anchor)) dead.push([page, target]);
+    }
+  }
+  assert.deepEqual(dead, []);
+});
+
+// One of each kind of page, and those that have most on them.
+const KINDS = ["index.html", "reading.html", "family-circles.html", "shapes.html", "numbers.html",
+  "benchmarks.html", "linking.html", "language-c.html", "kezlci.html", "kezsec_c.html",
+  "kezptp2.html", "kezpnl.html"];
+
+for (const [width, colorScheme] of [[1280, "light"], [360, "dark"]]) {
+  test(`no serious fault of access, ${width} wide and ${colorScheme}`, async () => {
+    const { tab } = await watchedTab(
+      browser, { colorScheme, viewport: { width, height: 800 }, reducedMotion: "reduce" });
+    for (const page of KINDS) {
+      await open(tab, page);
+      assert.equal(await tab.evaluate(sticksOut), false, `${page} is wider than the window`);
+      await tab.evaluate(AXE);
+      const { violations } = await tab.evaluate("axe.run({ resultTypes: ['violations'] })");
+      const serious = violations.filter(({ impact }) => ["serious", "critical"].includes(impact));
+      assert.deepEqual(serious.map(({ id, nodes }) => [page, id, nodes[0].html.slice(0, 200)]), []);
+    }
+  });
+}
