@@ -5,7 +5,7 @@ import { readFileSync, writeFileSync } from "node:fs";
 import { load } from "kezlib/browser.js";
 import { callWith, resultTexts, valuesOf } from "./browser/call.js";
 import { asRow, asStatements } from "./browser/copies.js";
-import { draw, STYLE } from "./figures/figures.js";
+import { draw, STYLE } from "./figures/draw.js";
 
 function answered(kez, routine, texts) {
   const values = valuesOf(routine, texts);
@@ -13,16 +13,11 @@ function answered(kez, routine, texts) {
   return { values, results, texts: resultTexts(routine, results, texts) };
 }
 
-const DIMENSIONED = /^kezsec_/;
-
 function pictures(kez, routine, { values, results }) {
   const call = (name, inputs) => callWith(kez, { ...routine, name }, inputs);
-  const drawn = (options) => draw(routine.name, values, results, { call, ...options });
-  return {
-    picture: drawn({}),
-    small: drawn({ small: true }),
-    dimensions: DIMENSIONED.test(routine.name) ? drawn({ dimensions: true }) : "",
-  };
+  const drawn = (options) =>
+    draw(routine.name, values, results, { call, title: routine.sentence, ...options });
+  return { picture: drawn({}), small: drawn({ small: true }) };
 }
 
 function copies(routine, texts, results) {

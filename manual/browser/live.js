@@ -1,6 +1,6 @@
 // A routine's page: its inputs can be changed, and the library runs in the page.
 import { load } from "kezlib/browser.js";
-import { draw } from "../figures/figures.js";
+import { draw } from "../figures/draw.js";
 import { fragmentOf, textsInAddress } from "./address.js";
 import { callWith, FieldError, resultTexts, valuesOf } from "./call.js";
 import { startCopying } from "./clipboard.js";
@@ -69,7 +69,8 @@ class Live {
 
   drawPicture(values, results) {
     const call = (name, inputs) => callWith(this.kez, { ...routine, name }, inputs);
-    figure.innerHTML = draw(routine.name, values, results, { call, view: this.dragging.view });
+    const options = { call, title: routine.sentence, view: this.dragging.view };
+    figure.innerHTML = draw(routine.name, values, results, options);
   }
 
   writeCopies(results) {

@@ -4,6 +4,7 @@ from dataclasses import dataclass, field
 
 from interface import HEADER, ROOT
 from interface.reader import parse_comment
+from markupsafe import Markup as Safe
 
 from . import languages, routine
 from .documents import Document
@@ -19,6 +20,7 @@ LIBRARY = {  # page: its title, and the sections of README that it is made of
 NUMBERS = ["The same answers everywhere", "Values kept between calls"]
 FILES = {"README.md": "index.html", "CHANGELOG.md": "changelog.html",
          "bench/plot.svg": "assets/plot.svg", "include/kezlib.h": "reading.html"}
+BUILDER = "kezsec_"  # what the names of the routines that give outlines of sections begin with
 TELLING = 4  # small pictures of a family on the first page
 
 
@@ -71,7 +73,7 @@ class Site:
         self.prose = Prose([r.name for r in interface.routines], FILES)
         self.guides = {path.parent.name: Document(path)
                        for path in sorted((ROOT / "bindings").glob("*/README.md"))}
-        self.cards = {r.name: Card(r, drawn[r.name].small) for r in interface.routines}
+        self.cards = {r.name: Card(r, Safe(drawn[r.name].small)) for r in interface.routines}
 
     def family_href(self, title):
         return next(f"family-{g.name}.html" for g in self.interface.groups if g.title == title)
@@ -132,8 +134,6 @@ class Site:
         parts = self.readme_parts(sections)
         if len(parts) == 1:
             parts[0].title = ""
-        for part in parts:
-            part.html = part.html.replace('src="bench/', 'src="assets/')
         return Page(href, title, "page.html", f"KezLib: {title}.", {"parts": parts})
 
     def language_page_values(self):
@@ -154,8 +154,7 @@ class Site:
                     {"families": families, "count": len(self.interface.routines),
                      "introduction": self.prose.document(
                          self.readme.section("What it is").text.split("\n\n")[0]),
-                     "reading": self.prose.document(
-                         self.readme.section("What is not part of this build").text)})
+                     "missing": self.readme_parts(["What is not part of this build"])[0]})
 
     def telling(self, group):
         """Evenly out of the family."""
@@ -168,11 +167,11 @@ class Site:
                     {"cards": self.family_cards(group), "text": self.prose.header(group.text)})
 
     def shapes_page(self):
-        builders = [r for r in self.interface.routines if self.drawn[r.name].dimensions]
+        builders = [r for r in self.interface.routines if r.name.startswith(BUILDER)]
         group = next(g for g in self.interface.groups if g.title == builders[0].group)
         shapes = [{"name": r.name, "href": f"{r.name}.html",
                    "summary": self.prose.inline(routine.sentence(r)),
-                   "picture": self.drawn[r.name].dimensions,
+                   "picture": Safe(self.drawn[r.name].picture),
                    "dimensions": [row for row in routine.argument_rows(r)
                                   if row.direction == "in" and row.names != ["value"]]}
                   for r in builders]
@@ -181,8 +180,7 @@ class Site:
                 row.meaning = self.prose.inline(row.meaning)
         return Page("shapes.html", "Section shapes", "shapes.html",
                     "The outlines of sections with their dimensions.",
-                    {"shapes": shapes,
-                     "introduction": self.prose.header(group.text.split("\n\n")[0])})
+                    {"shapes": shapes, "text": self.prose.header(group.text)})
 
     def index(self):
         """What the search knows: name, sentence, where it belongs, page."""

@@ -9,7 +9,6 @@ from dataclasses import dataclass, field
 class Drawn:
     picture: str
     small: str
-    dimensions: str
     calls: list  # by worked call the results, texts by output, none where it was kept
     copies: dict = field(default_factory=dict)  # the first call as text, by language
 

@@ -51,8 +51,8 @@ def argument_data(argument):
 
 def page_data(r, calls, tabs):
     """What the scripts need, in the page and when it is made."""
-    return {"name": r.name, "arguments": [argument_data(a) for a in r.arguments],
-            "example": calls[0].inputs,
+    return {"name": r.name, "sentence": plain_text(routine.sentence(r)),
+            "arguments": [argument_data(a) for a in r.arguments], "example": calls[0].inputs,
             "languages": [languages.data(tab, r) for tab in tabs]}
 
 

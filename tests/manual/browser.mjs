@@ -20,10 +20,12 @@ export const kezcall = (...words) => execFileSync(KEZCALL, words, { encoding: "u
 export const launch = () =>
   chromium.launch({ executablePath: CHROMIUM, args: ["--no-sandbox", "--disable-gpu"] });
 
+export const ready = (tab) => tab.waitForSelector("html[data-live]", { state: "attached" });
+
 /** Opens a page, and waits for the library where it runs in it. */
 export async function open(tab, page) {
   await tab.goto(address(page));
-  if (routines.includes(page.split("#")[0])) await tab.waitForSelector("html[data-live]", { state: "attached" });
+  if (routines.includes(page)) await ready(tab);
 }
 
 /** A tab that notes what must not happen in it. */
@@ -31,6 +33,7 @@ export async function watchedTab(browser, options = {}) {
   const context = await browser.newContext(options);
   const tab = await context.newPage();
   const faults = [];
+  tab.setDefaultTimeout(10000);
   tab.on("console", (said) => {
     if (["error", "warning"].includes(said.type())) faults.push(`${tab.url()}: ${said.text()}`);
   });

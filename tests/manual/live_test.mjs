@@ -3,7 +3,7 @@ import assert from "node:assert/strict";
 import { mkdtempSync, writeFileSync } from "node:fs";
 import { tmpdir } from "node:os";
 import { after, afterEach, before, beforeEach, test } from "node:test";
-import { address, kezcall, launch, open, watchedTab } from "./browser.mjs";
+import { address, kezcall, launch, open, ready, watchedTab } from "./browser.mjs";
 
 let browser;
 let tab;
@@ -67,8 +67,8 @@ async function askedOfKezcall() {
 
 const LIVE = [["kezpds", "x2", 0.25], ["kezlci", "c", 0.25], ["kezc12", "F2", 0.25],
   ["kezcer2", "R", 0.25], ["kezln5", "x1", 0.5], ["kezphi", "x1", 0.5], ["kezpsl", "x", 9],
-  ["kezapl", "x", 0.5], ["kezipl", "x", 0.5], ["kezord", "x", 7], ["kezord1", "ia", 7],
-  ["kezpos", "v", 1], ["kezpas", "step", 0.5], ["kezaxe", "xa", 0.5], ["kezpli", "x1", 0.5],
+  ["kezapl", "X", 0.5], ["kezipl", "X", 0.5], ["kezord", "x", 7], ["kezord1", "ia", 7],
+  ["kezpos", "v", 1], ["kezpas", "step", 0.5], ["kezaxe", "xa", 0.5], ["kezpli", "x0", 0.5],
   ["kezpnl", "zof", 9], ["kezsec_ia", "b1", 0.5], ["kezsec_i", "r", 0.5], ["kezchi", "t", 0.01],
   ["kezef2", "s2", -0.1], ["kezmer1", "a", 2], ["kezmer13", "tol", 1], ["kezadr", "source", 3],
   ["kezppp", "px", 0.5], ["kezptp2", "X", 0.5]];
@@ -91,7 +91,7 @@ test("the address keeps the inputs", async () => {
   await field("c").fill("-0.25");
   const [shown, drawn] = [await results(), await picture()];
   await tab.reload();
-  await tab.waitForSelector("html[data-live]", { state: "attached" });
+  await ready(tab);
   assert.equal(await field("c").inputValue(), "-0.25");
   assert.deepEqual([await results(), await picture()], [shown, drawn]);
   await tab.locator("#reset").click();
@@ -173,7 +173,7 @@ test("the keyboard alone: search, a tab that is remembered, a point, the theme",
   await tab.keyboard.press("ArrowUp");
   await tab.keyboard.press("Enter");
   await tab.waitForURL(/kezpds/);
-  await tab.waitForSelector("html[data-live]", { state: "attached" });
+  await ready(tab);
 
   const selected = () => tab.locator('[role=tab][aria-selected="true"]').textContent();
   await tab.locator('[role=tab][aria-selected="true"]').focus();
