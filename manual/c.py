@@ -75,7 +75,7 @@ def printing(argument, sizes, form):
     name, form = argument.name, FORMATS[kind_of(argument, form)]
     if not argument.extent:
         return f'printf("{name} = {form}\\n", {name});'
-    count = conditions.behind(argument.kept_when) if argument.kept_when else None
+    count = conditions.behind(argument.kept_when) if argument.direction == "out" else None
     limit = count if count and count.isidentifier() else sizes[name]
     return (f"for (int entry = 0; entry < {limit}; entry++) "
             f'printf("{name}[%d] = {form}\\n", entry, {name}[entry]);')

@@ -134,7 +134,7 @@ test("degenerate input shows what the library does with it", async () => {
 const point = async () => [await field("x2").inputValue(), await field("y2").inputValue()];
 
 test("a point of the picture is dragged", async () => {
-  await open(tab, "kezpds.html");
+  await open(tab, "kezln3.html");
   const handle = () => tab.locator('#picture .handle[data-x="x2"]');
   const from = await handle().boundingBox();
   const [before, distance] = [await point(), await results()];
@@ -168,11 +168,11 @@ test("the keyboard alone: search, a tab that is remembered, a point, the theme",
   await tab.keyboard.type("line circle");
   const found = await tab.locator("#found [role=option]").allTextContents();
   assert.ok(found.some((text) => text.includes("kezlci")), found.join("\n"));
-  await tab.locator("#search").fill("kezpd");
+  await tab.locator("#search").fill("kezln3");
   await tab.keyboard.press("ArrowDown");
   await tab.keyboard.press("ArrowUp");
   await tab.keyboard.press("Enter");
-  await tab.waitForURL(/kezpds/);
+  await tab.waitForURL(/kezln3/);
   await ready(tab);
 
   const selected = () => tab.locator('[role=tab][aria-selected="true"]').textContent();
