@@ -15,6 +15,17 @@ function integersOf(routine, texts) {
   }));
 }
 
+const MOST = 100000;
+
+/** Refuses a call whose results would be too many to show. */
+export function checkSizes(routine, texts) {
+  const largest = routine.arguments.filter((a) => a.extent && a.direction === "out")
+    .map((a) => [a.name, sizeOf(a, routine, texts)])
+    .find(([, size]) => size > MOST);
+  if (largest)
+    throw new RangeError(`${largest[0]} gets ${largest[1]} entries, more than a page can show`);
+}
+
 export function sizeOf(argument, routine, texts) {
   const { extent } = groupOf(routine, argument.name);
   return Math.max(extent(integersOf(routine, texts)), 0);

@@ -1,5 +1,5 @@
-// The form with the inputs as text, and the table of the results.
-import { outputsOf } from "./call.js";
+// The form with the inputs as text, and the list of the results.
+import { isArray, outputsOf } from "./call.js";
 import { tokens } from "./numbers.js";
 
 export class Fields {
@@ -49,25 +49,23 @@ export class Fields {
   }
 }
 
-const cell = (tag, text) => Object.assign(document.createElement(tag), { textContent: text });
+const element = (tag, text) => Object.assign(document.createElement(tag), { textContent: text });
 
-function resultRow(argument, text) {
-  const row = document.createElement("tr");
-  const head = cell("th", argument.name);
-  const value = cell("td", text === null ? "kept" : text === "" ? "[]" : text);
-  head.scope = "row";
+function resultEntry(argument, text) {
+  const entry = document.createElement("div");
+  const value = element("dd", text === null ? "kept" : text === "" ? "[]" : text);
+  entry.classList.toggle("array", isArray(argument));
   value.classList.toggle("kept", text === null);
-  row.append(head, value);
-  return row;
+  entry.append(element("dt", argument.name), value);
+  return entry;
 }
 
-export function showResults(table, routine, results) {
-  delete table.dataset.stale;
-  table.tBodies[0].replaceChildren(
-    ...outputsOf(routine).map((a) => resultRow(a, results[a.name])));
+export function showResults(list, routine, results) {
+  delete list.dataset.stale;
+  list.replaceChildren(...outputsOf(routine).map((a) => resultEntry(a, results[a.name])));
 }
 
 /** Results of inputs that were before. */
-export function fadeResults(table) {
-  table.dataset.stale = "";
+export function fadeResults(list) {
+  list.dataset.stale = "";
 }

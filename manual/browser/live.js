@@ -6,11 +6,12 @@ import { callWith, FieldError, resultTexts, valuesOf } from "./call.js";
 import { startCopying } from "./clipboard.js";
 import { asRow, asStatements } from "./copies.js";
 import { Dragging } from "./drag.js";
+import { checkSizes } from "./extents.js";
 import { fadeResults, Fields, showResults } from "./fields.js";
 
 const routine = JSON.parse(document.getElementById("routine").textContent);
 const figure = document.getElementById("picture");
-const table = document.getElementById("results");
+const list = document.getElementById("results");
 const message = document.getElementById("message");
 
 class Live {
@@ -53,6 +54,7 @@ class Live {
   compute() {
     try {
       const values = valuesOf(routine, this.fields.texts);
+      checkSizes(routine, this.fields.texts);
       this.show(values, callWith(this.kez, routine, values));
       this.fail(null);
     } catch (error) {
@@ -62,7 +64,7 @@ class Live {
 
   show(values, results) {
     const texts = resultTexts(routine, results, this.fields.texts);
-    showResults(table, routine, texts);
+    showResults(list, routine, texts);
     this.drawPicture(values, results);
     this.writeCopies(texts);
   }
@@ -87,7 +89,7 @@ class Live {
     const field = error instanceof FieldError ? error.field : undefined;
     this.fields.blame(field ?? error?.message.match(/^\w+: (\w+)\b/)?.[1]);
     message.textContent = error ? (field ? `${field}: ${error.message}` : error.message) : "";
-    if (error) fadeResults(table);
+    if (error) fadeResults(list);
   }
 }
 

@@ -1,6 +1,7 @@
 """The languages behind the tabs: C, and those that have a binding's writer."""
 
 import inspect
+import pathlib
 from dataclasses import dataclass
 
 import c
@@ -15,7 +16,11 @@ class Tab:
     title: str
     literals: object
     writer: object
-    page: str  # of the language
+    folder: str  # of the binding
+
+    @property
+    def page(self):
+        return f"language-{self.folder}.html"
 
 
 def key_of(title):
@@ -27,7 +32,7 @@ def tabs():
     ordered = sorted((w for w in writers if hasattr(w, "call")),
                      key=lambda w: ORDER.index(w.LANGUAGE.title))
     return [Tab(key_of(w.LANGUAGE.title), w.LANGUAGE.title, w.LANGUAGE.literals, w,
-                f"language-{key_of(w.LANGUAGE.title)}.html") for w in ordered]
+                "c" if w is c else pathlib.PurePath(w.LANGUAGE.file).parts[0]) for w in ordered]
 
 
 def holes(routine):

@@ -7,7 +7,7 @@ import re
 import markdown
 from markupsafe import Markup as Safe
 
-TABLES = ["tables", "fenced_code", "sane_lists", "toc"]
+EXTENSIONS = ["tables", "fenced_code", "sane_lists", "toc"]
 EMPHASIS = ("em_strong", "em_strong2", "escape", "reference", "link", "short_reference", "autolink",
             "automail", "html", "entity", "linebreak", "image_link", "image_reference",
             "short_image_ref")
@@ -55,6 +55,7 @@ class Prose:
             return f'<a href="{name}.html">{match[0]}</a>' if name in self.names else match[0]
 
         text = re.sub(r"<code>(kez\w+)</code>", link, text)
+        text = text.replace("<td>&lt;= ", "<td>&lt;=&nbsp;")
         text = text.replace("<table>", '<div class="wide" tabindex="0"><table>').replace(
             "</table>", "</table></div>").replace("<pre>", '<pre tabindex="0">')
         return Safe(text)
@@ -80,11 +81,8 @@ class Prose:
         text = re.sub(r'src="([^"]*)"', lambda m: f'src="{self.pages.get(m[1], m[1])}"', text)
         return re.sub(r'<a href="([^"]*)">(.*?)</a>', resolve, text, flags=re.DOTALL)
 
-    def document(self, text, level=2):
-        """Markdown whose first headings get this level."""
-        converter = markdown.Markdown(extensions=TABLES,
-                                      extension_configs={"toc": {"baselevel": level}})
-        return self.linked(self.without_files(converter.convert(text)))
+    def document(self, text):
+        return self.linked(self.without_files(markdown.markdown(text, extensions=EXTENSIONS)))
 
 
 def plain_text(text):

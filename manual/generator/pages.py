@@ -82,11 +82,14 @@ class Site:
         return [self.cards[r.name] for r in self.interface.routines if r.group == group.title]
 
     def language_pages(self):
-        """Pages of the languages and their titles."""
-        titles = {tab.key: tab.title for tab in self.tabs}
-        yield "language-c.html", "C"
-        for key, guide in self.guides.items():
-            yield f"language-{key}.html", titles.get(key, guide.title)
+        """Pages of the languages and their titles, in the order of the tabs."""
+        titles = {}
+        for tab in self.tabs:
+            titles.setdefault(tab.folder, tab.title)
+        order = list(titles)
+        yield "language-c.html", titles["c"]
+        for key in sorted(self.guides, key=lambda k: order.index(k) if k in titles else len(order)):
+            yield f"language-{key}.html", titles.get(key, self.guides[key].title)
 
     def contents(self):
         families = [Entry(g.title, self.family_href(g.title),
@@ -111,7 +114,7 @@ class Site:
             yield Page(f"{r.name}.html", r.name, "routine.html",
                        plain_text(routine.sentence(r)), values)
         yield self.shapes_page()
-        yield from self.language_page_values()
+        yield from self.guide_pages()
         for href, (title, sections) in LIBRARY.items():
             yield self.document_page(href, title, sections)
         changes = Document(ROOT / "CHANGELOG.md")
@@ -127,7 +130,7 @@ class Site:
                    {"parts": [Part("", numbers), *self.readme_parts(NUMBERS)]})
 
     def readme_parts(self, titles):
-        return [Part(title, self.prose.document(self.readme.section(title).text, 3))
+        return [Part(title, self.prose.document(self.readme.section(title).text))
                 for title in titles]
 
     def document_page(self, href, title, sections):
@@ -136,15 +139,15 @@ class Site:
             parts[0].title = ""
         return Page(href, title, "page.html", f"KezLib: {title}.", {"parts": parts})
 
-    def language_page_values(self):
+    def guide_pages(self):
         yield Page("language-c.html", "C", "page.html", "A host in C.",
                    {"parts": [Part("", self.prose.document(
-                       self.readme.section("A host in C").text, 2))]})
+                       self.readme.section("A host in C").text))]})
         titles = dict(self.language_pages())
         for key, guide in self.guides.items():
             href = f"language-{key}.html"
             yield Page(href, titles[href], "page.html", f"KezLib in {titles[href]}.",
-                       {"parts": [Part("", self.prose.document(guide.body, 2))]})
+                       {"parts": [Part("", self.prose.document(guide.body))]})
 
     def first_page(self):
         families = [{"title": g.title, "href": self.family_href(g.title),

@@ -36,11 +36,16 @@ def fragment(call):
     return urllib.parse.urlencode(call.inputs)
 
 
+def shown_result(text):
+    return "kept" if text is None else text or "[]"
+
+
 def shown_call(call):
     return {"sentence": call.sentence, "fragment": fragment(call),
             "given": [{"name": n, "text": t or "[]"} for n, t in call.inputs.items()],
-            "results": [{"name": n, "text": "kept" if t is None else t or "[]"}
-                        for n, t in call.results.items()]}
+            "results": [{"name": a.name, "array": bool(a.extent),
+                         "text": shown_result(call.results[a.name])}
+                        for a in call.row.routine.outputs()]}
 
 
 def argument_data(argument):

@@ -24,8 +24,8 @@ const fields = () => tab.evaluate(() =>
   [...document.querySelectorAll("#fields input")].map((input) => [input.name, input.value]));
 
 const results = async () => Object.fromEntries(await tab.evaluate(() =>
-  [...document.querySelectorAll("#results tr")].map((row) =>
-    [row.cells[0].textContent, row.cells[1].textContent])));
+  [...document.querySelectorAll("#results > div")].map((entry) =>
+    [...entry.children].map((child) => child.textContent))));
 
 // Of kezcall's answer, by output what the page shows.
 function answered(text) {
@@ -121,6 +121,12 @@ test("bad input is said in words, and the field is marked", async () => {
   assert.equal(await message(), "");
   assert.equal(await field("n").getAttribute("aria-invalid"), null);
   assert.deepEqual(await results(), shown);
+});
+
+test("what would fill the page for ever is refused", async () => {
+  await open(tab, "keznst.html");
+  await field("n").fill("2000000000");
+  assert.match(await message(), /more than a page can show/);
 });
 
 test("degenerate input shows what the library does with it", async () => {
