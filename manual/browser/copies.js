@@ -30,7 +30,7 @@ function entries(argument, routine, texts) {
 export function asStatements(routine, texts, { templates, literals }) {
   const template = templates[kindOfWords(routine, texts)];
   const values = held(routine, texts, literals);
-  return template.replace(/«(#?)(\w+)»/g, (hole, size, name) => {
+  return template.replace(/«(#?)(\w+)\.?»/g, (hole, size, name) => {
     if (!size) return values[name];
     return String(entries(routine.arguments.find((a) => a.name === name), routine, texts));
   });

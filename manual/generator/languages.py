@@ -35,21 +35,25 @@ def tabs():
                 "c" if w is c else pathlib.PurePath(w.LANGUAGE.file).parts[0]) for w in ordered]
 
 
-def holes(routine):
-    """What a page fills in."""
-    given = {a.name: f"«{a.name}»" for a in routine.inputs()}
+def holes(routine, form):
+    """What a page fills in. Writers know a real by its point, so the holes of lists of either kind
+    have one where they are to hold reals."""
+    def hole(argument):
+        point = "." if argument.kind == "word" and form == "real" else ""
+        return f"«{argument.name}{point}»"
+
+    given = {a.name: hole(a) for a in routine.inputs()}
     sizes = {a.name: f"«#{a.name}»" for a in routine.arguments if a.extent}
     return given, sizes
 
 
-def templates(tab, routine):
-    """The call with its holes, for lists of reals and of integers where it has such of either."""
-    call = tab.writer.call
-    if "form" not in inspect.signature(call).parameters:
-        return {"real": (text := call(routine, *holes(routine))), "integer": text}
-    return {form: call(routine, *holes(routine), form) for form in ("real", "integer")}
+def template(writer, routine, form):
+    knows_form = "form" in inspect.signature(writer.call).parameters
+    return writer.call(routine, *holes(routine, form), *([form] if knows_form else []))
 
 
 def data(tab, routine):
     """What the page needs to write calls."""
-    return {"key": tab.key, "literals": vars(tab.literals), "templates": templates(tab, routine)}
+    return {"key": tab.key, "literals": vars(tab.literals),
+            "templates": {form: template(tab.writer, routine, form)
+                          for form in ("real", "integer")}}

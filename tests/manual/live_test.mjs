@@ -168,6 +168,16 @@ test("every language's call follows the numbers, and kezcall takes its row", asy
   assert.match(kezcall(file), /1 passed/);
 });
 
+test("lists of either kind are copied as what they hold", async () => {
+  await open(tab, "kezmer1.html");
+  const copied = (language) => tab.locator(`[data-call="${language}"]`).textContent();
+  assert.match(await copied("c"), /int32_t a\[/);
+  assert.match(await copied("fortran"), /integer :: a\(/);
+  await field("b").fill("1.5 2");
+  assert.match(await copied("c"), /float a\[/);
+  assert.match(await copied("fortran"), /real :: a\(/);
+});
+
 test("the keyboard alone: search, a tab that is remembered, a point, the theme", async () => {
   await open(tab, "index.html");
   await tab.keyboard.press("/");
