@@ -41,7 +41,3 @@ class Document:
         if title not in self.sections:
             raise SystemExit(f"{self.path}: the manual needs the section '{title}'")
         return self.sections[title]
-
-    def without_lower(self, title):
-        """A section without those below it."""
-        return re.split(r"(?m)^#+ ", self.section(title).text)[0].strip()

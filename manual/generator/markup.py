@@ -1,7 +1,6 @@
 """Text as HTML: the header's, which is plain text with tables, lists, sketches and `code`, and the
 documents', which are Markdown. Names of routines become links in both."""
 
-import html
 import re
 
 import markdown
@@ -87,4 +86,4 @@ class Prose:
 
 def plain_text(text):
     """For attributes and the search: without the marks of code."""
-    return html.unescape(text.replace("`", ""))
+    return text.replace("`", "")

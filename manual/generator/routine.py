@@ -9,7 +9,8 @@ from interface.languages import shape
 DIRECTIONS = {"in": "in", "out": "out", "in,out": "in and out"}
 UNIT = re.compile(r" \((lengths?(?:\^\d)?|rad|stress)\)")
 NAME = re.compile(r"\bkez\w+\b")
-SOURCE = re.compile(r"EN 199\d-\d-\d(?:, (?:table )?\d[\d.]*\d(?: \([^)]*\))?)?(?: and table [\d.]+\d)?")
+CLAUSE = r"(?:table )?\d[\d.]*\d(?: \([^)]*\))?"
+SOURCE = re.compile(rf"EN 199\d-\d-\d(?:, {CLAUSE}(?: and {CLAUSE})*)?")
 TIME = re.compile(r"(?m)^Time: ((?:.|\n(?!\n))+)\.$")
 
 

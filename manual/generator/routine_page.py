@@ -84,11 +84,21 @@ def input_rows(rows, call, prose):
             yield {"meaning": prose.inline(row.meaning), "unit": row.unit, "fields": fields}
 
 
-def marked(rows, prose, word):
+KEPT = {"in": "", "out": "kept", "in and out": "unchanged"}
+
+
+def kept_text(row):
+    if not row.kept:
+        return ""
+    if expression := conditions.behind(row.kept):
+        return f"entries behind {expression} are {KEPT[row.direction]}"
+    return f"{KEPT[row.direction]} when {row.kept}"
+
+
+def marked(rows, prose):
     for row in rows:
         row.meaning = prose.inline(row.meaning)
-        kept = f"{word[row.direction]} when {row.kept}" if row.kept else ""
-        row.kept = prose.inline(kept)
+        row.kept = prose.inline(kept_text(row))
         yield row
 
 
@@ -97,7 +107,6 @@ def routine_values(r, site):
     shown, folded = worked.shown_and_folded(calls)
     group = routine.family_text(r, site.interface)
     lead, description = routine.lead_and_description(r)
-    word = {"in": "", "out": "kept", "in and out": "unchanged"}
     return {
         "name": r.name, "summary": prose.inline(lead),
         "family": {"title": group.title, "href": site.family_href(group.title),
@@ -107,7 +116,7 @@ def routine_values(r, site):
         "first": shown_call(calls[0]),
         "input_rows": list(input_rows(routine.argument_rows(r), calls[0], prose)),
         "details": prose.header(description),
-        "argument_rows": list(marked(routine.argument_rows(r), prose, word)),
+        "argument_rows": list(marked(routine.argument_rows(r), prose)),
         "kept": prose.inline(r.kept), "sources": routine.sources(r),
         "time": routine.time(r),
         "tabs": list(tab_values(r, site.drawn[r.name].copies, site.tabs, dict(site.language_pages()))),

@@ -1,0 +1,134 @@
+#!/usr/bin/env python3
+"""How the header's text and the documents become pages."""
+
+import pathlib
+import re
+import sys
+import tempfile
+import unittest
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+sys.path[:0] = [str(ROOT / "manual"), str(ROOT / "tools")]
+
+from generator import documents, routine  # noqa: E402
+from generator.markup import Prose  # noqa: E402
+from interface import parse_header, read  # noqa: E402
+
+HEADER = """
+/**
+ * @defgroup lines Lines
+ * @{
+ */
+/**
+ * Foot on a line: the nearest point, see `kezb`. Nothing is checked. By EN 1993-1-5, 4.4 (4.2) and
+ * table 4.1, not all of EN 1993-1-5.
+ *
+ * Time: n log n
+ * at worst.
+ *
+ * @param[in] x,y the point (length)
+ * @param[in] n entries
+ * @param[out] xf,yf the foot (length); kept when n is 0
+ */
+KEZ_API void KEZ_CALL keza(const float *x, const float *y, const int32_t *n, float *xf, float *yf);
+
+/**
+ * Nothing of it.
+ *
+ * @param[in] n entries
+ * @param[in] x [n] list
+ */
+KEZ_API void KEZ_CALL kezb(const int32_t *n, const float x[]);
+/** @} */
+"""
+
+
+def words(texts):
+    return sorted(re.findall(r"\w+", " ".join(texts)))
+
+
+class Text(unittest.TestCase):
+    def setUp(self):
+        self.prose = Prose(["keza"], {"README.md": "index.html", "plot.svg": "assets/plot.svg"})
+
+    def test_formulas_stand_as_they_are(self):
+        for text in ("a * b * c <= |d|", "x_1 and y_1_z", "[n + 1] (see below)", "a <b> & c"):
+            plain = self.prose.inline(text).unescape()
+            self.assertEqual(plain, text)
+
+    def test_a_list_below_its_line_is_a_list(self):
+        html = self.prose.header("What there is:\n- one\n  goes on\n- two")
+        self.assertIn("<p>What there is:</p>", html)
+        self.assertEqual(html.count("<li>"), 2)
+
+    def test_a_row_that_goes_on_is_one(self):
+        html = self.prose.header("| n | meaning |\n|---|---|\n| 1 | long |\n|   | words |\n| 2 | b |")
+        self.assertIn("<td>long words</td>", html)
+        self.assertEqual(html.count("<tr>"), 3)
+
+    def test_a_sketch_keeps_its_lines(self):
+        self.assertIn("1---2\n|   |", self.prose.header("Outline:\n\n    1---2\n    |   |"))
+
+    def test_names_of_routines_are_links(self):
+        html = self.prose.header("`keza`, `kezzz`, `kez`")
+        self.assertEqual(html.count("<a "), 1)
+        self.assertIn('<a href="keza.html"><code>keza</code></a>', html)
+
+    def test_links_lead_to_pages_or_nowhere(self):
+        html = self.prose.document("[in](README.md) [out](dev) [web](https://a.b) ![p](plot.svg)")
+        self.assertIn('<a href="index.html">in</a> out <a href="https://a.b">web</a>', html)
+        self.assertIn('src="assets/plot.svg"', html)
+
+
+class Routines(unittest.TestCase):
+    def setUp(self):
+        self.interface = parse_header(HEADER)
+        self.first, self.second = self.interface.routines
+
+    def test_the_first_sentence_is_whole(self):
+        lead, rest = routine.lead_and_description(self.first)
+        self.assertEqual(lead, "Foot on a line: the nearest point, see `kezb`.")
+        self.assertTrue(rest.startswith("Nothing is checked."))
+        self.assertNotIn("Time", rest)
+
+    def test_facts(self):
+        self.assertEqual(routine.time(self.first), "n log n at worst")
+        self.assertEqual(routine.sources(self.first), ["EN 1993-1-5, 4.4 (4.2) and table 4.1"])
+
+    def test_arguments_that_are_documented_together_stand_together(self):
+        rows = list(routine.argument_rows(self.first))
+        self.assertEqual([row.names for row in rows], [["x", "y"], ["n"], ["xf", "yf"]])
+        self.assertEqual([row.unit for row in rows], ["length", "", "length"])
+        self.assertEqual(rows[2].kept, "n is 0")
+
+    def test_who_is_named_sees_who_names_it(self):
+        self.assertIn(self.first, routine.related(self.second, self.interface))
+
+    def test_no_word_of_the_header_is_lost(self):
+        for each in read().routines:
+            shown = [*routine.lead_and_description(each), routine.time(each)]
+            said = [each.summary, each.details.replace("Time:", "")]
+            self.assertEqual(words(shown), words(said), each.name)
+
+
+class Documents(unittest.TestCase):
+    def document(self, text):
+        with tempfile.TemporaryDirectory() as folder:
+            path = pathlib.Path(folder) / "README.md"
+            path.write_text(text)
+            return documents.Document(path)
+
+    def test_sections_end_where_others_begin(self):
+        found = self.document("# T\n\n## A\n\none\n\n```sh\n# no heading\n```\n\n### B\n\ntwo\n\n## C\n")
+        self.assertEqual(found.section("A").text.split()[0], "one")
+        self.assertIn("# no heading", found.section("A").text)
+        self.assertTrue(found.section("A").text.endswith("two"))
+        self.assertEqual(found.section("B").text, "two")
+
+    def test_a_section_that_is_gone_is_said(self):
+        with self.assertRaisesRegex(SystemExit, "needs the section 'B'"):
+            self.document("# T\n\n## A\n").section("B")
+
+
+if __name__ == "__main__":
+    unittest.main()
