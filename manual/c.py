@@ -27,8 +27,8 @@ SPACE = "\N{NO-BREAK SPACE}"
 def wrapped(opening, parts, closing, width=88):
     """Lines that break between the parts only."""
     text = ", ".join(part.replace(" ", SPACE) for part in parts)
-    lines = textwrap.wrap(opening.replace(" ", SPACE) + text + closing, width, break_long_words=False,
-                          subsequent_indent="    ", break_on_hyphens=False)
+    lines = textwrap.wrap(opening.replace(" ", SPACE) + text + closing, width,
+                          subsequent_indent="    ", break_long_words=False, break_on_hyphens=False)
     return "\n".join(lines).replace(SPACE, " ")
 
 

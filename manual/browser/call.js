@@ -28,7 +28,7 @@ export function kindOfWords(routine, texts) {
   return words.some((a) => looksReal(texts[a.name])) ? "real" : "integer";
 }
 
-const kindOf = (argument, words) => ({ word: words, callback: "real" })[argument.kind] ?? argument.kind;
+const kindOf = ({ kind }, words) => ({ word: words, callback: "real" })[kind] ?? kind;
 
 const isRoom = (argument, token) => token === ROOM && argument.direction !== "in";
 

@@ -14,8 +14,8 @@ class Drawn:
 
 
 def draw_all(script, questions, work):
-    """The answers by routine, and the pictures' style. The questions are what its page's scripts know of it, and the inputs
-    of its worked calls."""
+    """The answers by routine, and the pictures' style. The questions are what the scripts of
+    its page know of it, and the inputs of its worked calls."""
     asked, answers = work / "questions.json", work / "answers.json"
     asked.write_text(json.dumps(questions))
     subprocess.run(["node", str(script), str(asked), str(answers)], check=True)

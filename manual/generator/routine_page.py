@@ -41,11 +41,15 @@ def shown_result(text):
 
 
 def shown_call(call):
-    return {"sentence": call.sentence, "fragment": fragment(call),
+    return {"fragment": fragment(call),
             "given": [{"name": n, "text": t or "[]"} for n, t in call.inputs.items()],
             "results": [{"name": a.name, "array": bool(a.extent),
                          "text": shown_result(call.results[a.name])}
                         for a in call.row.routine.outputs()]}
+
+
+def shown_group(calls):
+    return {"sentence": calls[0].sentence, "calls": list(map(shown_call, calls))}
 
 
 def argument_data(argument):
@@ -104,7 +108,8 @@ def marked(rows, prose):
 
 def routine_values(r, site):
     prose, calls = site.prose, site.calls[r.name]
-    shown, folded = worked.shown_and_folded(calls)
+    shown, folded = worked.shown_and_folded(worked.groups(calls))
+    tabs = tab_values(r, site.drawn[r.name].copies, site.tabs, dict(site.language_pages()))
     group = routine.family_text(r, site.interface)
     lead, description = routine.lead_and_description(r)
     return {
@@ -119,8 +124,8 @@ def routine_values(r, site):
         "argument_rows": list(marked(routine.argument_rows(r), prose)),
         "kept": prose.inline(r.kept), "sources": routine.sources(r),
         "time": routine.time(r),
-        "tabs": list(tab_values(r, site.drawn[r.name].copies, site.tabs, dict(site.language_pages()))),
-        "shown": [shown_call(call) for call in shown],
-        "folded": [shown_call(call) for call in folded],
+        "tabs": list(tabs),
+        "shown": list(map(shown_group, shown)),
+        "folded": list(map(shown_group, folded)),
         "related": [site.cards[other.name] for other in routine.related(r, site.interface)],
         "data": embedded(page_data(r, calls, site.tabs))}

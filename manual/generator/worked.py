@@ -1,5 +1,6 @@
 """The worked calls of the rows, as what a page shows and what node is asked to call."""
 
+import itertools
 from collections import defaultdict
 from dataclasses import dataclass, field
 
@@ -11,7 +12,6 @@ SHOWN = 8
 @dataclass
 class Worked:
     row: object
-    place: int  # in the order of the rows
     inputs: dict = field(default_factory=dict)  # texts, for the page's address and fields
     results: dict = field(default_factory=dict)  # texts, None where nothing was written
 
@@ -37,18 +37,21 @@ def inputs(row):
 
 
 def worked_calls(interface):
-    """By routine; a first row that says something comes first, then the others that do."""
+    """By routine, in the order of the rows."""
     found = defaultdict(list)
     for row in read_rows(interface):
-        calls = found[row.routine.name]
-        calls.append(Worked(row, len(calls), inputs(row)))
+        found[row.routine.name].append(Worked(row, inputs(row)))
     return found
 
 
-def in_order_of_interest(calls):
-    return sorted(calls, key=lambda call: (not call.sentence, call.place))
+def groups(calls):
+    """Calls that share a sentence, those without any last."""
+    together = [list(group) for _, group in itertools.groupby(calls, lambda call: call.sentence)]
+    return sorted(together, key=lambda group: not group[0].sentence)
 
 
-def shown_and_folded(calls):
-    ordered = in_order_of_interest(calls)
-    return ordered[:SHOWN], ordered[SHOWN:]
+def shown_and_folded(together):
+    """As many groups as show about so many calls, and the others."""
+    before = itertools.accumulate(map(len, together), initial=0)
+    count = sum(already < SHOWN for already, _ in zip(before, together))
+    return together[:count], together[count:]

@@ -62,7 +62,8 @@ class Text(unittest.TestCase):
         self.assertEqual(html.count("<li>"), 2)
 
     def test_a_row_that_goes_on_is_one(self):
-        html = self.prose.header("| n | meaning |\n|---|---|\n| 1 | long |\n|   | words |\n| 2 | b |")
+        html = self.prose.header(
+            "| n | meaning |\n|---|---|\n| 1 | long |\n|   | words |\n| 2 | b |")
         self.assertIn("<td>long words</td>", html)
         self.assertEqual(html.count("<tr>"), 3)
 
@@ -119,7 +120,8 @@ class Documents(unittest.TestCase):
             return documents.Document(path)
 
     def test_sections_end_where_others_begin(self):
-        found = self.document("# T\n\n## A\n\none\n\n```sh\n# no heading\n```\n\n### B\n\ntwo\n\n## C\n")
+        found = self.document(
+            "# T\n\n## A\n\none\n\n```sh\n# no heading\n```\n\n### B\n\ntwo\n\n## C\n")
         self.assertEqual(found.section("A").text.split()[0], "one")
         self.assertIn("# no heading", found.section("A").text)
         self.assertTrue(found.section("A").text.endswith("two"))
