@@ -41,10 +41,10 @@ def kind_of(argument, form):
 
 
 def callback(argument, literals):
-    """In GNU C a function may stand in a function; elsewhere it goes above main."""
-    return (f"static float {argument.name}(const int32_t *i) {{\n"
+    return ("/* Above the function that calls: */\n"
+            f"static float {argument.name}(const int32_t *i) {{\n"
             f"  static const float values[] = {{{literals[argument.name]}}};\n"
-            "  return values[*i - 1];\n}")
+            "  return values[*i - 1];\n}\n")
 
 
 def scalar(argument, literals):

@@ -48,12 +48,11 @@ class Prose:
         self.pages = pages or {}  # by file in the repository
         self.plain = plain_converter()
 
-    def linked(self, text):
-        def link(match):
-            name = match[1]
-            return f'<a href="{name}.html">{match[0]}</a>' if name in self.names else match[0]
+    def link(self, name, text):
+        return f'<a href="{name}.html">{text}</a>' if name in self.names else text
 
-        text = re.sub(r"<code>(kez\w+)</code>", link, text)
+    def linked(self, text):
+        text = re.sub(r"<code>(kez\w+)</code>", lambda m: self.link(m[1], m[0]), text)
         text = text.replace("<td>&lt;= ", "<td>&lt;=&nbsp;")
         text = text.replace("<table>", '<div class="wide" tabindex="0"><table>').replace(
             "</table>", "</table></div>").replace("<pre>", '<pre tabindex="0">')
@@ -66,6 +65,11 @@ class Prose:
     def inline(self, text):
         """Of one paragraph."""
         return Safe(re.sub(r"^<p>|</p>$", "", self.header(" ".join(text.split()))))
+
+    def remark(self, text):
+        """Of a row, which marks no names."""
+        return Safe(re.sub(r"\bkez\w+", lambda match: self.link(match[0], match[0]),
+                           str(Safe.escape(text))))
 
     def without_files(self, text):
         """A link to a file that has no page is its text."""

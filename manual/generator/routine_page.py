@@ -48,8 +48,8 @@ def shown_call(call):
                         for a in call.row.routine.outputs()]}
 
 
-def shown_group(calls):
-    return {"sentence": calls[0].sentence, "calls": list(map(shown_call, calls))}
+def shown_group(calls, prose):
+    return {"sentence": prose.remark(calls[0].sentence), "calls": list(map(shown_call, calls))}
 
 
 def argument_data(argument):
@@ -125,7 +125,7 @@ def routine_values(r, site):
         "kept": prose.inline(r.kept), "sources": routine.sources(r),
         "time": routine.time(r),
         "tabs": list(tabs),
-        "shown": list(map(shown_group, shown)),
-        "folded": list(map(shown_group, folded)),
+        "shown": [shown_group(calls, prose) for calls in shown],
+        "folded": [shown_group(calls, prose) for calls in folded],
         "related": [site.cards[other.name] for other in routine.related(r, site.interface)],
         "data": embedded(page_data(r, calls, site.tabs))}

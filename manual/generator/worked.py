@@ -45,13 +45,16 @@ def worked_calls(interface):
 
 
 def groups(calls):
-    """Calls that share a sentence, those without any last."""
-    together = [list(group) for _, group in itertools.groupby(calls, lambda call: call.sentence)]
-    return sorted(together, key=lambda group: not group[0].sentence)
+    """Calls that share a sentence; those without any stand together, last."""
+    said = itertools.groupby((call for call in calls if call.sentence), lambda call: call.sentence)
+    silent = [call for call in calls if not call.sentence]
+    return [list(group) for _, group in said] + ([silent] if silent else [])
 
 
 def shown_and_folded(together):
-    """As many groups as show about so many calls, and the others."""
+    """As many groups as show about so many calls, and the others; what says nothing is shown only
+    where there is nothing else."""
     before = itertools.accumulate(map(len, together), initial=0)
-    count = sum(already < SHOWN for already, _ in zip(before, together))
+    count = sum(already < SHOWN and bool(group[0].sentence)
+                for already, group in zip(before, together)) or 1
     return together[:count], together[count:]

@@ -21,7 +21,7 @@ ROOM = "."  # what was not written
 
 def function(name, text):
     """The statements in one, below the routine to be called back, which stands above them."""
-    callback = re.match(r"static (?:.|\n)*?\n}\n", text)
+    callback = re.match(r"/\*(?:.|\n)*?\n}\n", text)
     above = callback[0] if callback else ""
     return f"{above}static void call_{name}(void) {{\n{text[len(above):]}\n}}\n"
 

@@ -75,6 +75,9 @@ class Text(unittest.TestCase):
         self.assertEqual(html.count("<a "), 1)
         self.assertIn('<a href="keza.html"><code>keza</code></a>', html)
 
+        self.assertEqual(self.prose.remark("As with keza, n < 2: kezzz."),
+                         'As with <a href="keza.html">keza</a>, n &lt; 2: kezzz.')
+
     def test_links_lead_to_pages_or_nowhere(self):
         html = self.prose.document("[in](README.md) [out](dev) [web](https://a.b) ![p](plot.svg)")
         self.assertIn('<a href="index.html">in</a> out <a href="https://a.b">web</a>', html)
