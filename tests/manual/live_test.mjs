@@ -157,6 +157,18 @@ test("a point of the picture is dragged", async () => {
   assert.notDeepEqual(await results(), distance);
 });
 
+test("a point of a list is moved by the arrow keys, alone", async () => {
+  await open(tab, "kezapl.html");
+  const entries = async (name) => (await field(name).inputValue()).split(" ");
+  const [x, y] = [await entries("X"), await entries("Y")];
+  await tab.locator('#picture .handle[data-entry="2"]').focus();
+  await tab.keyboard.press("ArrowUp");
+  assert.deepEqual(await entries("X"), x);
+  const moved = await entries("Y");
+  assert.ok(Number(moved[1]) > Number(y[1]), `${y} became ${moved}`);
+  assert.deepEqual(moved.filter((_, i) => i !== 1), y.filter((_, i) => i !== 1));
+});
+
 test("every language's call follows the numbers, and kezcall takes its row", async () => {
   await open(tab, "kezlci.html");
   await field("c").fill("-0.125");

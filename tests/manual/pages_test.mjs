@@ -19,6 +19,8 @@ const emptyPictures = () => [...document.querySelectorAll("svg.kez-figure")]
   })
   .map((svg) => svg.getAttribute("aria-label"));
 
+const DRAWN = '<figure id="picture"><svg'; // before any script runs
+
 const sticksOut = () => document.documentElement.scrollWidth > innerWidth;
 
 test("every page opens without a fault, and its pictures are drawn", async () => {
@@ -31,6 +33,7 @@ test("every page opens without a fault, and its pictures are drawn", async () =>
     assert.deepEqual(await tab.evaluate(emptyPictures), [], page);
   }
   assert.deepEqual(faults, []);
+  assert.deepEqual(routines.filter((page) => !textOf(page).includes(DRAWN)), []);
   assert.ok(pages.length > 150 && routines.length === 138, `${pages.length} pages`);
   assert.ok(median(times) < 1000, `a page takes ${median(times)} ms`);
 });
@@ -56,7 +59,7 @@ test("no link is dead", () => {
 // One of each kind of page, and those that have most on them.
 const KINDS = ["index.html", "reading.html", "family-circles.html", "shapes.html", "numbers.html",
   "benchmarks.html", "linking.html", "language-c.html", "kezlci.html", "kezsec_c.html",
-  "kezptp2.html", "kezpnl.html"];
+  "kezptp2.html", "kezpnl.html", "kezapl.html"];
 
 for (const [width, colorScheme] of [[1280, "light"], [360, "dark"]]) {
   test(`no serious fault of access, ${width} wide and ${colorScheme}`, async () => {
