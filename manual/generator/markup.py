@@ -81,7 +81,8 @@ class Prose:
             return f'<a href="{page}">{match[2]}</a>' if page else match[2]
 
         text = re.sub(r"<!--.*?-->", "", text, flags=re.DOTALL)
-        text = re.sub(r'src="([^"]*)"', lambda m: f'src="{self.pages.get(m[1], m[1])}"', text)
+        text = re.sub(r'(<img [^>]*src=")([^"]*)',
+                      lambda match: match[1] + self.pages.get(match[2], match[2]), text)
         return re.sub(r'<a href="([^"]*)">(.*?)</a>', resolve, text, flags=re.DOTALL)
 
     def document(self, text):

@@ -85,7 +85,9 @@ def input_rows(rows, call, prose):
         if set(row.names) <= set(inputs):
             fields = [{"name": n, "value": call.inputs[n], "array": bool(inputs[n].extent)}
                       for n in row.names]
-            yield {"meaning": prose.inline(row.meaning), "unit": row.unit, "fields": fields}
+            called = inputs[row.names[0]].kind == "callback"
+            yield {"meaning": prose.inline(row.meaning), "unit": row.unit, "fields": fields,
+                   "note": "here the values that it returns, one after another" if called else ""}
 
 
 KEPT = {"in": "", "out": "kept", "in and out": "unchanged"}

@@ -82,6 +82,7 @@ class Text(unittest.TestCase):
         html = self.prose.document("[in](README.md) [out](dev) [web](https://a.b) ![p](plot.svg)")
         self.assertIn('<a href="index.html">in</a> out <a href="https://a.b">web</a>', html)
         self.assertIn('src="assets/plot.svg"', html)
+        self.assertIn('src="README.md"', self.prose.document("    <img src=\"README.md\">"))
 
 
 class Routines(unittest.TestCase):

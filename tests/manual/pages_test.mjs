@@ -44,7 +44,7 @@ test("no link is dead", () => {
     [page, new Set([...text.matchAll(/ id="([^"]+)"/g)].map((match) => match[1]))]));
   const dead = [];
   for (const [page, text] of texts) {
-    for (const [, target] of text.matchAll(/(?:href|src)="([^"]+)"/g)) {
+    for (const [, target] of text.matchAll(/<[^<>]* (?:href|src)="([^"]+)"/g)) {
       if (/^(https?|data):/.test(target)) continue;
       const [file, anchor] = target.split("#");
       const there = file === "" ? page : file;
