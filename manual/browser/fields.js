@@ -61,11 +61,5 @@ function resultEntry(argument, text) {
 }
 
 export function showResults(list, routine, results) {
-  delete list.dataset.stale;
   list.replaceChildren(...outputsOf(routine).map((a) => resultEntry(a, results[a.name])));
-}
-
-/** Results of inputs that were before. */
-export function fadeResults(list) {
-  list.dataset.stale = "";
 }

@@ -7,10 +7,11 @@ import { startCopying } from "./clipboard.js";
 import { asRow, asStatements } from "./copies.js";
 import { Dragging } from "./drag.js";
 import { checkSizes } from "./extents.js";
-import { fadeResults, Fields, showResults } from "./fields.js";
+import { Fields, showResults } from "./fields.js";
 
 const routine = JSON.parse(document.getElementById("routine").textContent);
 const figure = document.getElementById("picture");
+const shown = document.querySelector(".shown");
 const list = document.getElementById("results");
 const message = document.getElementById("message");
 
@@ -89,7 +90,7 @@ class Live {
     const field = error instanceof FieldError ? error.field : undefined;
     this.fields.blame(field ?? error?.message.match(/^\w+: (\w+)\b/)?.[1]);
     message.textContent = error ? (field ? `${field}: ${error.message}` : error.message) : "";
-    if (error) fadeResults(list);
+    shown.toggleAttribute("data-stale", Boolean(error)); // what is seen is of inputs before
   }
 }
 

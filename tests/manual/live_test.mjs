@@ -113,6 +113,7 @@ test("bad input is said in words, and the field is marked", async () => {
   await field("n").fill("many");
   assert.match(await message(), /n: “many” is no integer/);
   assert.equal(await field("n").getAttribute("aria-invalid"), "true");
+  assert.equal(await tab.locator(".shown[data-stale]").count(), 1);
   await field("n").fill("1000");
   assert.match(await message(), /entries.*asks for 1001/);
   await field("n").fill("");
@@ -120,6 +121,7 @@ test("bad input is said in words, and the field is marked", async () => {
   await tab.locator("#reset").click();
   assert.equal(await message(), "");
   assert.equal(await field("n").getAttribute("aria-invalid"), null);
+  assert.equal(await tab.locator(".shown[data-stale]").count(), 0);
   assert.deepEqual(await results(), shown);
 });
 
