@@ -1,0 +1,1 @@
+"""A host of the library: section values of steel girders and members."""

@@ -1,0 +1,96 @@
+"""Reads sections, one a line."""
+
+import csv
+import re
+from pathlib import Path
+from types import SimpleNamespace
+
+from girder.section import Section
+from girder.shapes import SHAPES, broken_rules
+
+LENGTHS = {"mm": 1.0, "cm": 10.0, "m": 1e3}
+UNITS = {"nw": {"": 1.0}, "fy": {"N/mm2": 1.0, "MPa": 1.0, "kN/cm2": 10.0},
+         "N": {"kN": 1e3, "N": 1.0, "MN": 1e6},
+         "M": {"kNm": 1e6, "Nm": 1e3, "MNm": 1e9, "kNcm": 1e4, "Nmm": 1.0}}
+FORCES = {"fy": (100.0, 1000.0), "N": (-1e9, 1e9), "M": (-1e12, 1e12)}
+NUMBER = re.compile(r"([-+]?(?:\d+\.?\d*|\.\d+)(?:[eE][-+]?\d+)?)(.*)")
+
+
+class Fault(Exception):
+    """What is wrong with a line, and what to write instead."""
+
+
+def profiles():
+    text = Path(__file__).with_name("rolled_i.csv").read_text(encoding="utf-8")
+    rows = csv.DictReader(line for line in text.splitlines() if not line.startswith("#"))
+    return {row.pop("name"): {key: float(value) for key, value in row.items()} for row in rows}
+
+
+PROFILES = profiles()
+SERIES = list(dict.fromkeys(name.rstrip("0123456789") for name in PROFILES))
+
+
+def number(name, word, limits, usage):
+    """In mm, N, Nmm or N/mm2. Without a unit the first of its kind is meant."""
+    units = UNITS.get(name, LENGTHS)
+    first, parts = next(iter(units)), NUMBER.fullmatch(word)
+    if not parts:
+        raise Fault(f"'{word}' is not a number for {name}; write {usage}")
+    unit = parts[2] or first
+    if unit not in units:
+        raise Fault(f"{name} '{word}' has an unknown unit; write {' or '.join(units) or 'none'}")
+    value = float(parts[1]) * units[unit]
+    if not limits[0] <= value <= limits[1]:
+        low, high = (f"{limit / units[first]:g}" for limit in limits)
+        raise Fault(f"{name} {word} is outside {low} to {high} {first}".rstrip())
+    return value
+
+
+def profile(word, words):
+    """The dimensions of IPE300 or IPE 300, and the words behind it."""
+    series = word.upper().rstrip("0123456789")
+    name = (words.pop(0) if words and series == word.upper() else word).upper()
+    name = name if name.startswith(series) else series + name
+    sizes = [n[len(series):] for n in PROFILES if n.rstrip("0123456789") == series]
+    if not sizes:
+        raise Fault(f"unknown word '{word}'; write {', '.join(SHAPES)}, or a profile such as IPE 300"
+                    f" (of {', '.join(SERIES)})")
+    if name not in PROFILES:
+        raise Fault(f"no profile {name}; write {series} with one of {', '.join(sizes)}")
+    return PROFILES[name], name
+
+
+def parse(text):
+    """The section of a line, None of an empty one."""
+    word, *words = text.partition("#")[0].split() or [""]
+    if not word:
+        return None
+    known, title = ({}, word) if word in SHAPES else profile(word, words)
+    shape = "rolled" if known else word
+    limits = {**({} if known else SHAPES[shape].dims), **FORCES}
+    usage = f"{title} {' '.join(limits)} [name]"
+    if len(words) < len(limits):
+        raise Fault(f"{', '.join(list(limits)[len(words):])} missing; write {usage}")
+    given = {**known, **{name: number(name, w, limits[name], usage)
+                         for name, w in zip(limits, words)}}
+    name = " ".join(words[len(limits):]) or (title if known else "")
+    if not name.isprintable():
+        raise Fault("a character in the name cannot be printed; leave it out")
+    forces = [given.pop(key) for key in FORCES]
+    d = SimpleNamespace(**{key: given[key] for key in SHAPES[shape].dims})
+    if broken := broken_rules(SHAPES[shape], d):
+        raise Fault(f"the dimensions do not fit: write such that {' and '.join(broken)}")
+    return Section(name, shape, d, *forces)
+
+
+def read(path, complain):
+    """The sections of a file. `complain` is told of a bad line, and the others are read."""
+    with open(path, "rb") as file:
+        for line, raw in enumerate(file, 1):
+            try:
+                if section := parse(raw.decode("utf-8-sig" if line == 1 else "utf-8")):
+                    yield section
+            except UnicodeDecodeError:
+                complain(f"{path}:{line}: not in UTF-8; save the file in it")
+            except Fault as fault:
+                complain(f"{path}:{line}: {fault}")

@@ -1,0 +1,100 @@
+"""The table of shapes: what a line says of each, what builds it, and where its plates are.
+
+x runs across and y up, from the middle of the width and of the height; lengths are in mm."""
+
+from collections import namedtuple
+
+import kezlib
+
+INTERNAL, SLOTTED, OUTSTAND = "internal", "slotted", "outstand"
+LIP, NO_LIP = "lip", "lip that counts as none"
+Outline = namedtuple("Outline", "loops x y")  # x, y: all vertices, in the order of their numbers
+Loop = namedtuple("Loop", "sign x y r")  # a contour, its vertices rounded by the radii r
+# A plate along x or y, from a, its supported end, as far as b; c is in the face opposite a. The
+# vertices have the numbers of the library's sketches.
+Panel = namedtuple("Panel", "name kind a b c")
+# By name least and greatest of the dimensions, the builder and its arguments, what must hold lest
+# contours cross themselves; by the dimensions the panels (flanges before their lips, a channel's
+# web first), how far a plate begins behind its vertices, and the radii of rounded vertices.
+Shape = namedtuple("Shape", "dims builder arguments rules panels inset radii",
+                   defaults=(lambda d: 0.0, lambda d: {}))
+
+
+def lengths(names, none=""):
+    """Second moments go up to the fourth power of a length and warping constants up to the sixth:
+    1e24 from 10 m. Below 0.1 mm the library's tolerance would begin to show."""
+    return {name: (0.0 if name in none.split() else 0.1, 10000.0) for name in names.split()}
+
+
+def panels(kind, *rows):
+    return [Panel(name, kind, *vertices) for name, *vertices in rows]
+
+
+def channel(d):
+    """Lips stiffen the flanges between the ratios of EN 1993-1-3, 5.2(2). Else there are none, and
+    the flanges reach to their outer edges."""
+    kind = SLOTTED if d.nw else INTERNAL
+    if d.c == 0:
+        return panels(kind, ("web", 6, 5, 1)) + panels(
+            OUTSTAND, ("top flange", 6, 7, 1), ("bottom flange", 5, 4, 2))
+    web, lips = panels(kind, ("web", 18, 13, 1)), (("top lip", 19, 22, 24), ("bottom lip", 12, 9, 7))
+    if 0.2 <= d.c / d.b <= 0.6:
+        return web + panels(INTERNAL, ("top flange", 18, 19, 1), ("bottom flange", 13, 12, 6)) + (
+            panels(LIP, *lips))
+    return web + panels(OUTSTAND, ("top flange", 18, 24, 1), ("bottom flange", 13, 7, 6)) + (
+        panels(NO_LIP, *lips))
+
+
+FLANGES = panels(OUTSTAND, ("top flange, left", 3, 2, 1), ("top flange, right", 10, 11, 1),
+                 ("bottom flange, left", 4, 5, 6), ("bottom flange, right", 9, 8, 6))
+GIRDER = panels(INTERNAL, ("web", 10, 9, 3)) + FLANGES
+BOX = panels(INTERNAL, ("top plate", 13, 16, 1), ("left web", 13, 14, 3), ("right web", 16, 15, 10),
+             ("bottom plate", 14, 15, 6)) + FLANGES
+TEE = panels(OUTSTAND, ("flange, left", 3, 2, 1), ("flange, right", 6, 7, 1), ("web", 6, 5, 3))
+RHS = panels(INTERNAL, ("top", 5, 8, 1), ("left side", 5, 6, 1), ("right side", 8, 7, 4),
+             ("bottom", 6, 7, 2))
+ANGLES = panels(OUTSTAND, ("left angle, top leg", 6, 1, 2), ("left angle, leg", 6, 5, 3),
+                ("right angle, top leg", 7, 12, 10), ("right angle, leg", 7, 8, 10))
+SHAPES = {
+    "girder": Shape(lengths("d b1 b2 t1 t2 tw"), kezlib.kezsec_ia, "d b1 b2 t1 t2 tw",
+                    ("t1 + t2 < d", "tw < b1", "tw < b2"), lambda d: GIRDER),
+    "rolled": Shape(lengths("h b tf tw r"), kezlib.kezsec_ia, "h b b tf tf tw",
+                    ("2 * (tf + r) < h", "tw + 2 * r < b"), lambda d: GIRDER,
+                    lambda d: d.r, lambda d: dict.fromkeys((3, 4, 9, 10), d.r)),
+    "tee": Shape(lengths("b h tf tw"), kezlib.kezsec_t, "b h tf tw", ("tf < h", "tw < b"),
+                 lambda d: TEE),
+    "box": Shape(lengths("bt bb tt tb h tw s"), kezlib.kezsec_box, "bt bb tt tb h tw s",
+                 ("tt + tb < h", "s + 2 * tw <= bt", "s + 2 * tw <= bb"), lambda d: BOX),
+    "rhs": Shape(lengths("b h t"), kezlib.kezsec_rhs, "b h t", ("2 * t < b", "2 * t < h"),
+                 lambda d: RHS),
+    # r is outside; plates are b - 3 t wide (EN 1993-1-5, 4.4(2)), or more where r is less
+    "hollow": Shape(lengths("b h t r"), kezlib.kezsec_rhs, "b h t",
+                    ("2 * t < b", "2 * t < h", "2 * r < b", "2 * r < h"), lambda d: RHS,
+                    lambda d: max(0.0, min(d.r, 1.5 * d.t) - d.t),
+                    lambda d: {n: max(0.0, d.r - d.t * (n > 4)) for n in range(1, 9)}),
+    "angles": Shape(lengths("a h s th tv", none="s"), kezlib.kezsec_l2, "a h s th tv",
+                    ("tv < a", "th < h"), lambda d: ANGLES),
+    # cold-formed: widths between centre-lines, EN 1993-1-3, 5.1
+    "channel": Shape(lengths("b h c t sw yw nw", none="c sw yw nw"), kezlib.kezsec_c,
+                     "b h c t 0 0 0 0 sw yw nw 0 0 0",
+                     ("2 * t < b", "2 * t < h", "c == 0 or t < c < h / 2", "nw in (0, 1, 2)",
+                      "nw == 0 or sw > 0", "nw == 0 or yw + sw / 2 < h / 2 - t",
+                      "nw < 2 or yw > sw / 2"), channel, lambda d: -d.t / 2),
+}
+
+
+def broken_rules(shape, d):
+    return [rule for rule in shape.rules if not eval(rule, {}, vars(d))]  # rules of this table
+
+
+def build(shape, d):
+    """Contour by contour."""
+    record = shape.builder(*(float(vars(d).get(name, 0)) for name in shape.arguments.split()), 0.0)
+    x, y, counts, signs = (list(map(float, v)) if hasattr(v, "__len__") else [v] for v in
+                           (record.x, record.y, record.nv, record.sign))
+    radii, loops, start = shape.radii(d), [], 0
+    for n, sign in zip(map(int, counts), signs):
+        loops.append(Loop(sign, x[start:start + n], y[start:start + n],
+                          [radii.get(start + i, 0.0) for i in range(1, n + 1)]))
+        start += n
+    return Outline(loops, x, y)
