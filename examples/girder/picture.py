@@ -1,174 +1,159 @@
 """A section as SVG: for each action alone its drawing and stresses, and beside them the report."""
 
+from cmath import rect
 from html import escape
-from math import cos, hypot, sin
 from pathlib import Path
 
+from girder.check import BOTTOM, LEFT, RIGHT, TOP
 from girder.report import report
-from girder.section import curve
 from girder.shapes import INTERNAL
 
 TEMPLATE = Path(__file__).with_name("picture.svg").read_text(encoding="utf-8")
-MIDDLE, COLUMN, LINE = (350, 418), 710, 17
+COLUMN, LINE = 710, 17
 
 
 class Drawing:
-    """In pixels, with y down."""
+    """In pixels x + iy, with y down; what is put first lies below the rest."""
 
     def __init__(self, r):
-        self.r, self.e, self.out, e = r, r.edges, [], r.edges
-        self.shear = r.gross.x - r.torsion[0] if r.torsion else e["left"]
-        self.left = min(e["left"], self.shear)
-        self.scale = min(400 / (e["right"] - self.left), 540 / (e["top"] - e["bottom"]))
+        self.r, self.out, e = r, [], r.edges
+        self.shear = r.gross.at - r.torsion[0] if r.torsion else -e[LEFT]
+        width = max(e[LEFT], -self.shear.real) + e[RIGHT]
+        self.scale = min(400 / width, 540 / (e[BOTTOM] + e[TOP]))
+        self.middle = complex(e[RIGHT] - width / 2, (e[TOP] - e[BOTTOM]) / 2)
+        self.edge = self.on(e[RIGHT] - width).real
 
-    def on(self, x, y):
-        e = self.e
-        return (MIDDLE[0] + self.scale * (x - (self.left + e["right"]) / 2),
-                MIDDLE[1] - self.scale * (y - (e["bottom"] + e["top"]) / 2))
+    def on(self, z):
+        return 350 + 418j + self.scale * (z - self.middle).conjugate()
 
-    def text(self, style, x, y, words):
-        self.out.append(f"<text class='{style}' x='{x:.1f}' y='{y:.1f}' dy='.35em'>"
-                        f"{escape(str(words))}</text>")
+    def text(self, style, z, words):
+        self.out.append(f"<text class='{style}' x='{z.real:.1f}' y='{z.imag:.1f}' dy='.35em'>"
+                        f"{words}</text>")
 
     def path(self, style, *points):
-        """Closed where it returns."""
-        d = "L".join(f"{x:.1f} {y:.1f}" for x, y in points)
+        d = "L".join(f"{z.real:.1f} {z.imag:.1f}" for z in points)
         self.out.append(f"<path class='{style}' d='M{d}'/>")
 
-    def circle(self, style, x, y, r):
-        self.out.append(f"<circle class='{style}' cx='{x:.1f}' cy='{y:.1f}' r='{r}'/>")
-
-    def part(self, style, p, u, v):
-        corners = ((u, 0), (u, 1), (v, 1), (v, 0), (u, 0))
-        self.path(style, *(self.on(*p.at(*corner)) for corner in corners))
+    def mark(self, name, z):
+        self.out.append(f"<use href='#{name}' x='{z.real:.1f}' y='{z.imag:.1f}'/>")
 
     def outline(self):
         d = ""
-        for ring in map(list, map(curve, self.r.outline.loops)):
-            for i, (x, y, _) in enumerate(ring + ring[:1]):
-                x0, y0, bulge = ring[i - 1]
-                r = self.scale * hypot(x - x0, y - y0) / 2**0.5
-                d += "M" if i == 0 else f"A{r:.2f} {r:.2f} 0 0 {int(bulge < 0)} " if bulge else "L"
-                d += "{:.2f} {:.2f}".format(*self.on(x, y))
+        for ring in ([(self.on(z), bulge) for z, bulge in loop.curve()] for loop in self.r.loops):
+            for i, (z, _) in enumerate(ring + ring[:1]):
+                last, bulge = ring[i - 1]
+                r, sweep = abs(z - last) / 2**0.5, int(bulge < 0)
+                d += "M" if i == 0 else f"A{r:.2f} {r:.2f} 0 0 {sweep} " if bulge else "L"
+                d += f"{z.real:.2f} {z.imag:.2f}"
         return d
 
-    def size(self, p, q, dx, dy, colour, length):
+    def size(self, p, q, beside, colour):
         """The distance of two points, measured beside them."""
-        ends, far = [(x + dx, y + dy) for x, y in (p, q)], hypot(dx, dy)
-        for begin, (x, y) in zip((p, q), ends):
-            self.path("size", begin, (x + 5 * dx / far, y + 5 * dy / far))
-            self.path("edge", (x - 4, y + 4), (x + 4, y - 4))
-        self.path(f"size line-{colour}", *ends)
-        x, y = ((a + b) / 2 + 10 * d / far for a, b, d in zip(*ends, (dx, dy)))
-        side = "mid" if abs(dy) > abs(dx) else "end" if dx < 0 else "start"
-        self.text(f"{side} {colour} halo", x, y, f"{length:.5g}")
+        ends, unit = (p + beside, q + beside), beside / abs(beside)
+        for begin, end in zip((p, q), ends):
+            self.path("size", begin, end + 5 * unit)
+        self.path(f"size ends line-{colour}", *ends)
+        side = "mid" if abs(unit.imag) > 0.5 else "end" if unit.real < 0 else "start"
+        self.text(f"{side} {colour} halo", sum(ends) / 2 + 10 * unit,
+                  f"{round(abs(q - p) / self.scale, 1):g}")
+
+    def part(self, style, p, u, v):
+        self.path(style, *(self.on(p.at(*at)) for at in ((u, 0), (u, 1), (v, 1), (v, 0), (u, 0))))
 
     def plates(self, state):
-        """Those with slots are clipped. A chain of widths stands outside the first in either
-        direction that has lost something."""
+        """Those with slots are clipped. The first that has lost something in either direction has
+        its widths beside it."""
         self.out.append("<g clip-path='url(#section)'>")
         for r in state.plates:
-            end = r.plate.width if r.compressed == r.plate.width or not r.at_start else r.compressed
-            self.part("unruled" if r.fault else "effective", r.plate, end - r.compressed, end)
+            self.part("unruled" if r.fault else "effective", r.plate, r.begin, r.end)
         self.out.append("</g>")
-        chained = []
+        sized = []
         for number, r in enumerate(state.plates, 1):
-            p, inner = r.plate, 1 if "angle" in r.plate.name else 0  # the side that is inside
+            p, inner = r.plate, int("angle" in r.plate.name)  # whether c is on the inner side
+            inward = (2 * inner - 1) * p.across.conjugate() / p.t
             for u, v, share in sorted(r.lost, key=lambda i: i[2]):
                 self.part("lost" if share == 1 else "thinned", p, u, v)
-            nx, ny = ((2 * inner - 1) * c / p.t for c in (p.across[0], -p.across[1]))
-            x, y = self.on(*p.at((0.3 if p.kind == INTERNAL else 0.6) * p.width, inner))
-            self.circle("bubble", x + 18 * nx, y + 18 * ny, 11)
-            self.text("number", x + 18 * nx, y + 18 * ny, number)
-            if r.gone() and p.kind == INTERNAL and tuple(map(abs, p.along)) not in chained:
-                chained.append(tuple(map(abs, p.along)))
-                self.chain(r, -24 * nx, -24 * ny, 1 - inner)
-
-    def chain(self, r, dx, dy, outer):
-        p, gap = r.plate, next(i[:2] for i in r.lost if i[2] == 1)
-        begin = 0.0 if r.at_start else p.width - r.compressed
-        ends = [begin, *gap, begin + r.compressed]
-        for u, v, colour in zip(ends, ends[1:], ("blue", "red", "blue")):
-            self.size(self.on(*p.at(u, outer)), self.on(*p.at(v, outer)), dx, dy, colour, v - u)
+            at = self.on(p.at((0.3 if p.kind == INTERNAL else 0.6) * p.width, inner)) + 18 * inward
+            self.mark("bubble", at)
+            self.text("number", at, number)
+            if p.kind == INTERNAL and p.along not in sized and r.gone():
+                sized += [p.along, -p.along]
+                gap = next(i[:2] for i in r.lost if i[2] == 1)
+                ends = [self.on(p.at(u, 1 - inner)) for u in (r.begin, *gap, r.end)]
+                for colour, p1, p2 in zip(("blue", "red", "blue"), ends, ends[1:]):
+                    self.size(p1, p2, -24 * inward, colour)
 
     def axes(self):
-        e, g, theta = self.e, self.r.gross, self.r.axes[2]
-        (x, y), (left, low), (right, high) = map(self.on, (g.x, self.left, e["right"]),
-                                                 (g.y, e["bottom"], e["top"]))
-        turns = ((0.0, "xy", "axis"), (theta, "uv", "principal")) if theta else (
-            (0.0, ("x = u", "y = v"), "principal"),)
-        for turn, names, style in turns:
-            for name, ux, uy, back, ahead in (
-                    (names[0], cos(turn), -sin(turn), x - left + 22, right - x + 58),
-                    (names[1], -sin(turn), -cos(turn), low - y + 22, y - high + 46)):
-                self.path(style, (x - back * ux, y - back * uy), (x + ahead * ux, y + ahead * uy))
-                self.text("grey mid halo" if style == "axis" else "purple mid halo",
-                          x + (ahead + 10) * ux, y + (ahead + 10) * uy, name)
-
-    def centres(self, state):
-        g = self.r.gross
-        (x, y), (sx, sy) = self.on(g.x, g.y), self.on(self.shear, g.y)
-        if state and any(r.lost for r in state.plates):
-            self.circle("moved", *self.on(state.left.x, state.left.y), 5)
-        self.circle("centroid", x, y, 6)
-        self.path("centroid", (x - 6, y), (x + 6, y))
-        self.path("centroid", (x, y - 6), (x, y + 6))
-        if self.r.torsion:
-            self.path("shear", (sx - 6, sy - 6), (sx + 6, sy + 6))
-            self.path("shear", (sx - 6, sy + 6), (sx + 6, sy - 6))
-            self.text("orange end halo", sx + 5, sy - 16, "S")
-            self.text("grey end halo", sx + 5, sy + 18, f"x0 {self.r.torsion[0]:.1f}")
+        theta, at, e = self.r.axes[2], self.on(self.r.gross.at), self.r.edges
+        low, high = (self.on(side * e[side]).imag - at.imag for side in (BOTTOM, TOP))
+        right = self.on(e[RIGHT]).real - at.real
+        for turn, names, style in ((0, "xy", "axis"), (theta, "uv", "principal")) if theta else (
+                (0, ("x = u", "y = v"), "principal"),):
+            for name, unit, back, ahead in (
+                    (names[0], rect(1, -turn), at.real - self.edge + 22, right + 58),
+                    (names[1], rect(1, -turn) * -1j, low + 22, 46 - high)):
+                self.path(style, at - back * unit, at + ahead * unit)
+                self.text(style + "-name mid halo", at + (ahead + 10) * unit, name)
 
     def sizes(self):
-        e, g = self.e, self.r.gross
-        (left, low), (right, high), (edge, middle) = map(
-            self.on, (e["left"], e["right"], self.left), (e["bottom"], e["top"], g.y))
-        self.size((left, low), (right, low), 0, 52, "head", e["right"] - e["left"])
-        self.size((left, low), (left, high), edge - left - 72, 0, "head", e["top"] - e["bottom"])
-        self.size((right, low), (right, middle), 42, 0, "grey", g.y - e["bottom"])
-        step = next(s for s in (f * 10**i for i in range(5) for f in (1, 2, 5))
+        e, middle = self.r.edges, self.on(self.r.gross.at)
+        left, right, high = (self.on(complex(x, y)) for x, y in (
+            (-e[LEFT], -e[BOTTOM]), (e[RIGHT], -e[BOTTOM]), (-e[LEFT], e[TOP])))
+        self.size(left, right, 52j, "head")
+        self.size(left, high, self.edge - left.real - 72, "head")
+        self.size(right, complex(right.real, middle.imag), 42, "grey")
+        step = next(s for i in range(5) for s in (10**i, 2 * 10**i, 5 * 10**i)
                     if s * self.scale > 80)
-        self.path("bar", (60, 790), (60 + step * self.scale, 790))
-        self.text("start", 60, 776, f"{step} mm")
+        self.path("bar", 60 + 790j, 60 + step * self.scale + 790j)
+        self.text("start", 60 + 776j, f"{step} mm")
+
+    def centres(self, state):
+        if state and any(r.lost for r in state.plates):
+            self.mark("moved", self.on(state.left.at))
+        self.mark("centroid", self.on(self.r.gross.at))
+        if self.r.torsion:
+            self.mark("shear", at := self.on(self.shear))
+            self.text("grey end halo", at + 5 + 18j, f"x0 {self.r.torsion[0]:.1f}")
 
     def stresses(self, state):
         """Along the vertical through the centroid, compression to the right."""
-        r, e, g = self.r, self.e, self.r.gross
-        top, bottom = (r.stress(state, (g.x, e[edge])) if state else r.gross_stress(edge)
-                       for edge in ("top", "bottom"))
-        unit, x = 46 / max(abs(top), abs(bottom), 1e-9), 690
-        high, low = self.on(0, e["top"])[1], self.on(0, e["bottom"])[1]
-        split = high + (low - high) * top / (top - bottom) if top * bottom < 0 else low
-        ends = ((top, high, 0 if top * bottom < 0 else bottom, split), (0, split, bottom, low))
-        for s1, y1, s2, y2 in ends:
-            self.path("compression" if s1 + s2 > 0 else "tension", (x, y1), (x + unit * s1, y1),
-                      (x + unit * s2, y2), (x, y2))
-        self.path("edge", (x, high), (x, low), (x + unit * bottom, low), (x + unit * top, high),
-                  (x, high))
-        self.text("head mid", x, high - 14, f"{top:+.1f}")
-        self.text("head mid", x, low + 14, f"{bottom:+.1f}")
-        self.text("grey mid", x, low + 33, "stress [N/mm²]")
+        r, at = self.r, self.r.gross.at.real
+        s, t = (state.stress(at + side * r.edges[side]) if state else r.gross_stress(side)
+                for side in (TOP, BOTTOM))
+        high, low = (690 + 1j * self.on(side * r.edges[side]).imag for side in (TOP, BOTTOM))
+        ends = [(high, s), (low, t)]
+        if s * t < 0:
+            ends.insert(1, (high + (low - high) * s / (s - t), 0))
+        unit = 46 / max(abs(s), abs(t), 1e-9)
+        for (p, f), (q, g) in zip(ends, ends[1:]):
+            self.path("compression" if f + g > 0 else "tension", p, p + unit * f, q + unit * g, q)
+        self.path("edge", low, high, high + unit * s, low + unit * t, low)
+        for z, words in ((high - 14j, f"{s:+.1f}"), (low + 14j, f"{t:+.1f}"), (low + 33j, "N/mm²")):
+            self.text("head mid", z, words)
+
+    def whole(self, state):
+        edge = f"fill-rule='evenodd' d='{self.outline()}'/>"
+        self.axes()
+        self.out.append(f"<path class='steel' {edge}")
+        if state:
+            marked = ", INCOMPLETE" if self.r.faults else ""
+            self.text("head", 60 + 96j, f"{state.name} alone{marked}")
+            self.plates(state)
+        self.out.append(f"<path class='edge' {edge}")
+        self.centres(state)
+        self.sizes()
+        if not state or state.name != "N eN":
+            self.stresses(state)
+        return "\n".join(self.out)
 
 
 def draw(number, r):
-    pages = []
-    for column, state in enumerate(r.states or [None]):
-        d = Drawing(r)
-        outline = d.outline()
-        d.axes()
-        d.out.append(f"<path class='steel' fill-rule='evenodd' d='{outline}'/>")
-        if state:
-            d.text("head", 60, 96, f"{state.name} alone" + ", INCOMPLETE" * bool(state.faults))
-            d.plates(state)
-        d.out.append(f"<path class='edge' fill-rule='evenodd' d='{outline}'/>")
-        d.centres(state)
-        d.sizes()
-        if not state or state.name != "N eN":
-            d.stresses(state)
-        pages.append(f"<g transform='translate({COLUMN * column} 0)'>" + "\n".join(d.out) + "</g>")
-    lines, list_x = report(number, r), 80 + COLUMN * len(pages)
-    rows = [f"<text class='mono' xml:space='preserve' x='{list_x}' y='{60 + LINE * i}'>"
-            f"{escape(line)}</text>" for i, line in enumerate(lines)]
-    key = 80 + LINE * len(lines)
-    return TEMPLATE.format(width=list_x + 700, height=max(820, key + 200), outline=outline,
-                           drawings="\n".join(pages + rows), list=list_x, key=key)
+    states, lines = r.states or [None], report(number, r)
+    x, key = 80 + COLUMN * len(states), 80 + LINE * len(lines)
+    drawings = [f"<g transform='translate({COLUMN * i} 0)'>{Drawing(r).whole(state)}</g>"
+                for i, state in enumerate(states)]
+    rows = [f"<text class='{'mono' if i else 'title'}' xml:space='preserve' x='{x}' "
+            f"y='{48 + LINE * i}'>{escape(line)}</text>" for i, line in enumerate(lines)]
+    return TEMPLATE.format(width=x + 6.5 * max(map(len, lines)), height=max(820, key + 190),
+                           outline=Drawing(r).outline(), drawings="\n".join(drawings + rows),
+                           list=x, key=key)

@@ -6,14 +6,14 @@ from pathlib import Path
 from types import SimpleNamespace
 
 from girder.section import Section
-from girder.shapes import SHAPES, broken_rules
+from girder.shapes import SHAPES
 
 LENGTHS = {"mm": 1.0, "cm": 10.0, "m": 1e3}
 UNITS = {"nw": {"": 1.0}, "fy": {"N/mm2": 1.0, "MPa": 1.0, "kN/cm2": 10.0},
          "N": {"kN": 1e3, "N": 1.0, "MN": 1e6},
          "M": {"kNm": 1e6, "Nm": 1e3, "MNm": 1e9, "kNcm": 1e4, "Nmm": 1.0}}
 FORCES = {"fy": (100.0, 1000.0), "N": (-1e9, 1e9), "M": (-1e12, 1e12)}
-NUMBER = re.compile(r"([-+]?(?:\d+\.?\d*|\.\d+)(?:[eE][-+]?\d+)?)(.*)")
+NUMBER = re.compile(r"([-+]?(?:\d+\.?\d*|\.\d+)(?:[eE][-+]?\d+)?)([A-Za-z].*)?")
 
 
 class Fault(Exception):
@@ -27,17 +27,15 @@ def profiles():
 
 
 PROFILES = profiles()
-SERIES = list(dict.fromkeys(name.rstrip("0123456789") for name in PROFILES))
 
 
 def number(name, word, limits, usage):
     """In mm, N, Nmm or N/mm2. Without a unit the first of its kind is meant."""
-    units = UNITS.get(name, LENGTHS)
-    first, parts = next(iter(units)), NUMBER.fullmatch(word)
+    units, parts = UNITS.get(name, LENGTHS), NUMBER.fullmatch(word)
     if not parts:
         raise Fault(f"'{word}' is not a number for {name}; write {usage}")
-    unit = parts[2] or first
-    if unit not in units:
+    first = next(iter(units))
+    if (unit := parts[2] or first) not in units:
         raise Fault(f"{name} '{word}' has an unknown unit; write {' or '.join(units) or 'none'}")
     value = float(parts[1]) * units[unit]
     if not limits[0] <= value <= limits[1]:
@@ -46,41 +44,39 @@ def number(name, word, limits, usage):
     return value
 
 
-def profile(word, words):
-    """The dimensions of IPE300 or IPE 300, and the words behind it."""
-    series = word.upper().rstrip("0123456789")
-    name = (words.pop(0) if words and series == word.upper() else word).upper()
-    name = name if name.startswith(series) else series + name
-    sizes = [n[len(series):] for n in PROFILES if n.rstrip("0123456789") == series]
+def profile(words):
+    """The name and the dimensions of IPE300 or IPE 300, which is taken from the words."""
+    word = words.pop(0).upper()
+    series = word.rstrip("0123456789")
+    sizes = [name[len(series):] for name in PROFILES if name.rstrip("0123456789") == series]
     if not sizes:
-        raise Fault(f"unknown word '{word}'; write {', '.join(SHAPES)}, or a profile such as IPE 300"
-                    f" (of {', '.join(SERIES)})")
+        raise Fault(f"unknown word '{word.lower()}'; write {', '.join(SHAPES)}, or a profile such "
+                    "as IPE 300, HEB 200")
+    name = series + (words.pop(0) if word == series and words else word[len(series):])
     if name not in PROFILES:
         raise Fault(f"no profile {name}; write {series} with one of {', '.join(sizes)}")
-    return PROFILES[name], name
+    return name, PROFILES[name]
 
 
 def parse(text):
     """The section of a line, None of an empty one."""
-    word, *words = text.partition("#")[0].split() or [""]
-    if not word:
+    words = text.partition("#")[0].split()
+    if not words:
         return None
-    known, title = ({}, word) if word in SHAPES else profile(word, words)
-    shape = "rolled" if known else word
-    limits = {**({} if known else SHAPES[shape].dims), **FORCES}
-    usage = f"{title} {' '.join(limits)} [name]"
+    word, given = (words.pop(0), {}) if words[0] in SHAPES else profile(words)
+    shape = SHAPES[kind := "rolled" if given else word]
+    limits = {**({} if given else shape.dims), **FORCES}
+    usage = f"{word} {' '.join(limits)} [name]"
     if len(words) < len(limits):
         raise Fault(f"{', '.join(list(limits)[len(words):])} missing; write {usage}")
-    given = {**known, **{name: number(name, w, limits[name], usage)
-                         for name, w in zip(limits, words)}}
-    name = " ".join(words[len(limits):]) or (title if known else "")
+    given = given | {name: number(name, w, limits[name], usage) for name, w in zip(limits, words)}
+    name = " ".join(words[len(limits):]) or word * (word not in SHAPES)
     if not name.isprintable():
         raise Fault("a character in the name cannot be printed; leave it out")
-    forces = [given.pop(key) for key in FORCES]
-    d = SimpleNamespace(**{key: given[key] for key in SHAPES[shape].dims})
-    if broken := broken_rules(SHAPES[shape], d):
-        raise Fault(f"the dimensions do not fit: write such that {' and '.join(broken)}")
-    return Section(name, shape, d, *forces)
+    if broken := [rule for rule in shape.rules if not eval(rule, {}, given)]:  # the table's own
+        raise Fault(f"the dimensions do not fit; write such that {' and '.join(broken)}")
+    d = SimpleNamespace(**{key: given[key] for key in shape.dims})
+    return Section(name, kind, d, *(given[key] for key in FORCES))
 
 
 def read(path, complain):

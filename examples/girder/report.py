@@ -3,10 +3,9 @@
 from pathlib import Path
 
 NOTES = Path(__file__).with_name("notes.txt").read_text(encoding="utf-8")
-HEAD = """
-  Plates under {:12}{:>7} {:>5} {:>6} {:>7} {:>7} {:>6} {:>6} {:>6} {:>6} {:>6}
-{:>33} {:>5} {:>22} {:>20} {:>6} {:>6}"""
-TITLES = "b t b/t s1 s2 psi rho be1 be2 lost [mm] [mm] [N/mm2] [mm] [mm] [mm]".split()
+HEAD = "{:27}{:>7} {:>5} {:>6} {:>7} {:>7} {:>6} {:>6} {:>6} {:>6} {:>6}"
+TITLES = ("b", "t", "b/t", "s1", "s2", "psi", "rho", "be1", "be2", "lost")
+UNITS = ("", "[mm]", "[mm]", "", "", "[N/mm2]", "", "", "[mm]", "[mm]", "[mm]")
 
 
 def figure(value, digits=6):
@@ -19,7 +18,7 @@ def dims(s):
 
 
 def values(r):
-    shown = r.reduced or r.faults
+    shown = r.faults or any(plate.lost for state in r.states for plate in state.plates)
     yield f"{'Gross':>47} {('INCOMPLETE' if r.faults else 'Effective') if shown else '':>11}"
     for what, symbol, unit, gross, effective in r.quantities():
         if gross is not None and (symbol != "Ixy" or gross):
@@ -27,35 +26,29 @@ def values(r):
             yield f"  {what:24} {symbol:3} {unit:5} {figure(gross):>11} {second:>11}"
 
 
-def plate(number, result, state, r):
-    p = r.plate
-    ends = [result.stress(state, p.at(u)) for u in (0, p.width)][::1 if r.at_start else -1]
-    row = (f"  {number} {p.name:22} {p.width:7.1f} {p.t:5.1f} {p.width / p.t:6.1f}"
-           f" {ends[0]:7.1f} {ends[1]:7.1f} {r.psi:6.3f}")
-    if r.fault:
-        return f"{row} {'?':>6}  NOT REDUCED, no rule: {r.fault}"
-    return (f"{row} {1 - r.gone() / r.compressed:6.3f} {r.ends[0]:6.1f} {r.ends[1]:6.1f}"
-            f" {r.gone():6.1f}  {r.rule}")
-
-
-def plates(result):
-    for state in result.states:
-        yield from HEAD.format(state.name + " alone", *TITLES).split("\n") if state.plates else ()
-        yield from (plate(i, result, state, r) for i, r in enumerate(state.plates, 1))
-    if not any(state.plates for state in result.states):
-        yield from ("", "  No plate is in compression.")
+def plates(state):
+    yield from ("", HEAD.format(f"  Plates under {state.name} alone", *TITLES),
+                HEAD.format(*UNITS))
+    for number, r in enumerate(state.plates, 1):
+        p, rho = r.plate, 1 - r.gone() / (r.end - r.begin)
+        s = [state.stress(p.at(u)) for u in (0, p.width)][::1 if r.at_start else -1]
+        row = (f"  {number} {p.name:22} {p.width:7.1f} {p.t:5.1f} {p.width / p.t:6.1f} {s[0]:7.1f} "
+               f"{s[1]:7.1f} {r.psi:6.3f} ")
+        yield row + (f"     ?  NOT REDUCED, no rule: {r.fault}" if r.fault else
+                     f"{rho:6.3f} {r.ends[0]:6.1f} {r.ends[1]:6.1f} {r.gone():6.1f}  {r.rule}")
 
 
 def verdict(r):
     if r.faults:
         return f"INCOMPLETE, there is no rule for {', '.join(r.faults)}. Nothing effective is known."
-    return (f"The largest stress, {r.stresses[r.worst]:.1f} N/mm2 at the {r.worst}, is {r.verdict}: "
-            f"{100 * abs(r.stresses[r.worst]) / r.given.fy:.1f} % of it.")
+    return (f"The largest stress, {r.largest:.1f} N/mm2 at the {r.where}, is {r.verdict}: "
+            f"{100 * abs(r.largest) / r.given.fy:.1f} % of it.")
 
 
 def report(number, r):
-    s = r.given
-    forces = f"fy {s.fy:g} N/mm2, N {s.N / 1e3:g} kN, M {s.M / 1e6:g} kNm"
-    lines = [f"{number}  {s.name or 'Section'}", f"   {s.shape}: {dims(s)} mm", f"   {forces}", "",
-             *values(r), *plates(r), "", "  " + verdict(r), ""]
+    s, pressed = r.given, [state for state in r.states if state.plates]
+    lines = [f"{number}  {s.name or 'Section'}", f"   {s.shape}: {dims(s)} mm",
+             f"   fy {s.fy:g} N/mm2, N {s.N / 1e3:g} kN, M {s.M / 1e6:g} kNm", "", *values(r),
+             *(line for state in pressed for line in plates(state)),
+             *(() if pressed else ("", "  No plate is in compression.")), "", "  " + verdict(r), ""]
     return [line.rstrip() for line in lines]

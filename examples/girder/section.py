@@ -1,4 +1,6 @@
-"""Section values: of the outline by the library, of its rounded corners by the closed form."""
+"""Section values: of the outline by the library, of its rounded corners by the closed form.
+
+Points are complex numbers x + iy."""
 
 from collections import namedtuple
 from math import pi, tan
@@ -7,67 +9,61 @@ import kezlib
 
 # A line of the file in mm, N and N/mm2: N positive in compression, M where it compresses the top.
 Section = namedtuple("Section", "name shape dims fy N M")
-Properties = namedtuple("Properties", "A x y Ix Iy Ixy")  # second moments about the centroid
+Properties = namedtuple("Properties", "A at Ix Iy Ixy")  # at: the centroid, that the rest is about
 FILLET = (10 - 3 * pi) / (12 - 3 * pi)  # from the tangents to the centroid, of r = 1
 
 
-def signum(value):
-    return (value > 0) - (value < 0)
+class Loop(namedtuple("Loop", "sign z r")):
+    """A contour whose vertices are rounded by the radii r; sign: -1 of a hole."""
 
+    def polygon(self):
+        """Second moments are taken about its own centroid, to keep their digits."""
+        n, ring = len(self.z), self.z + self.z[:1]
+        x, y = [z.real for z in ring], [z.imag for z in ring]
+        A, (*_, Sx, Sy) = kezlib.kezapl(x, y, n).area, kezlib.kezspl(x, y, n)
+        *_, Ix, Iy, Ixy = kezlib.kezipl(*kezlib.keztra(x, y, n + 1, Sy / A, Sx / A), n)
+        return Properties(self.sign * A, complex(Sy, Sx) / A,
+                          *(self.sign * i for i in (Ix, Iy, Ixy)))
 
-def combined(parts):
-    A = sum(p.A for p in parts)
-    x, y = sum(p.A * p.x for p in parts) / A, sum(p.A * p.y for p in parts) / A
-    return Properties(A, x, y, sum(p.Ix + p.A * (p.y - y) ** 2 for p in parts),
-                      sum(p.Iy + p.A * (p.x - x) ** 2 for p in parts),
-                      sum(p.Ixy + p.A * (p.x - x) * (p.y - y) for p in parts))
+    def corners(self):
+        """Of each vertex: the point, its radius, the directions back and ahead, and whether the
+        contour turns left (1) or right (-1) there."""
+        for i, (z, r) in enumerate(zip(self.z, self.r)):
+            back, ahead = self.z[i - 1] - z, self.z[(i + 1) % len(self.z)] - z
+            back, ahead = back / (abs(back) or 1), ahead / (abs(ahead) or 1)
+            yield z, r, back, ahead, round((ahead.conjugate() * back).imag)
 
+    def fillets(self):
+        """Between an arc and its tangents: material that the contour lacks or has too much."""
+        for z, r, back, ahead, turn in self.corners() if any(self.r) else ():
+            sign, inward = -turn * self.sign, back + ahead
+            A, shift = sign * (1 - pi / 4) * r**2, sign * (1 - pi / 4) * FILLET**2 * r**4
+            own = sign * (1 - 5 * pi / 16) * r**4 - shift
+            yield Properties(A, z + FILLET * r * inward, own, own, inward.real * inward.imag * (
+                sign * (19 / 24 - pi / 4) * r**4 - shift))
 
-def polygon(loop):
-    """Second moments are taken about its own centroid, to keep their digits."""
-    n, closed = len(loop.x), (loop.x + loop.x[:1], loop.y + loop.y[:1])
-    A, (*_, Sx, Sy) = kezlib.kezapl(*closed, n).area, kezlib.kezspl(*closed, n)
-    *_, Ix, Iy, Ixy = kezlib.kezipl(*kezlib.keztra(*closed, n + 1, Sy / A, Sx / A), n)
-    return Properties(loop.sign * A, Sy / A, Sx / A, *(loop.sign * i for i in (Ix, Iy, Ixy)))
+    def curve(self):
+        """The rounded contour's vertices, each with the bulge of what follows, as DXF has it."""
+        for z, r, back, ahead, turn in self.corners():
+            yield from [(z + r * back, turn * tan(pi / 8))] * (r > 0) + [(z + r * ahead, 0.0)]
 
 
 def rectangle(p, q, share):
     """Between two corners."""
-    b, h = abs(q[0] - p[0]), abs(q[1] - p[1])
-    A = share * b * h
-    return Properties(A, (p[0] + q[0]) / 2, (p[1] + q[1]) / 2, A * h * h / 12, A * b * b / 12, 0.0)
+    b, h = abs((q - p).real), abs((q - p).imag)
+    return Properties(share * b * h, (p + q) / 2, share * b * h**3 / 12, share * b**3 * h / 12, 0.0)
 
 
-def corners(loop):
-    """Of each vertex: x, y, radius, whether the contour turns left (1) or right (-1) there, and the
-    directions back and ahead."""
-    ring = list(zip(loop.x, loop.y))
-    for (x0, y0), (x, y), (x1, y1), r in zip(ring[-1:] + ring, ring, ring[1:] + ring, loop.r):
-        back, ahead = ((signum(u - x), signum(v - y)) for u, v in ((x0, y0), (x1, y1)))
-        yield x, y, r, ahead[0] * back[1] - ahead[1] * back[0], back, ahead
+def combined(parts):
+    A = sum(p.A for p in parts)
+    at = sum(p.A * p.at for p in parts) / A
+    return Properties(A, at, sum(p.Ix + p.A * (p.at - at).imag ** 2 for p in parts),
+                      sum(p.Iy + p.A * (p.at - at).real ** 2 for p in parts),
+                      sum(p.Ixy + p.A * ((p.at - at) ** 2).imag / 2 for p in parts))
 
 
-def fillets(loop):
-    """What lies between an arc and its tangents: material that the contour lacks or has too much."""
-    for x, y, r, turn, back, ahead in corners(loop) if any(loop.r) else ():
-        across, up = back[0] + ahead[0], back[1] + ahead[1]
-        A, fourth = -turn * loop.sign * (1 - pi / 4) * r**2, -turn * loop.sign * r**4
-        shift = A * (FILLET * r) ** 2
-        own = fourth * (1 - 5 * pi / 16) - shift
-        yield Properties(A, x + across * FILLET * r, y + up * FILLET * r, own, own,
-                         across * up * (fourth * (19 / 24 - pi / 4) - shift))
-
-
-def curve(loop):
-    """The vertices of a rounded contour, each with the bulge of what follows, as DXF has it."""
-    for x, y, r, turn, back, ahead in corners(loop):
-        if r:
-            yield x + r * back[0], y + r * back[1], turn * tan(pi / 8)
-        yield x + r * ahead[0], y + r * ahead[1], 0.0
-
-
-def whole(outline):
+def whole(loops):
     """Rounding leaves a symmetric section a product moment, and where Ix = Iy even that would turn
     its axes by 45 degrees."""
-    p = combined([q for loop in outline.loops for q in (polygon(loop), *fillets(loop))])
+    p = combined([q for loop in loops for q in (loop.polygon(), *loop.fillets())])
     return p._replace(Ixy=0.0) if abs(p.Ixy) < 1e-6 * (p.Ix + p.Iy) else p

@@ -5,11 +5,10 @@ x runs across and y up, from the middle of the width and of the height; lengths 
 from collections import namedtuple
 
 import kezlib
+from girder.section import Loop
 
 INTERNAL, SLOTTED, OUTSTAND = "internal", "slotted", "outstand"
 LIP, NO_LIP = "lip", "lip that counts as none"
-Outline = namedtuple("Outline", "loops x y")  # x, y: all vertices, in the order of their numbers
-Loop = namedtuple("Loop", "sign x y r")  # a contour, its vertices rounded by the radii r
 # A plate along x or y, from a, its supported end, as far as b; c is in the face opposite a. The
 # vertices have the numbers of the library's sketches.
 Panel = namedtuple("Panel", "name kind a b c")
@@ -37,7 +36,8 @@ def channel(d):
     if d.c == 0:
         return panels(kind, ("web", 6, 5, 1)) + panels(
             OUTSTAND, ("top flange", 6, 7, 1), ("bottom flange", 5, 4, 2))
-    web, lips = panels(kind, ("web", 18, 13, 1)), (("top lip", 19, 22, 24), ("bottom lip", 12, 9, 7))
+    web, lips = panels(kind, ("web", 18, 13, 1)), [("top lip", 19, 22, 24),
+                                                   ("bottom lip", 12, 9, 7)]
     if 0.2 <= d.c / d.b <= 0.6:
         return web + panels(INTERNAL, ("top flange", 18, 19, 1), ("bottom flange", 13, 12, 6)) + (
             panels(LIP, *lips))
@@ -67,34 +67,30 @@ SHAPES = {
                  ("tt + tb < h", "s + 2 * tw <= bt", "s + 2 * tw <= bb"), lambda d: BOX),
     "rhs": Shape(lengths("b h t"), kezlib.kezsec_rhs, "b h t", ("2 * t < b", "2 * t < h"),
                  lambda d: RHS),
-    # r is outside; plates are b - 3 t wide (EN 1993-1-5, 4.4(2)), or more where r is less
-    "hollow": Shape(lengths("b h t r"), kezlib.kezsec_rhs, "b h t",
-                    ("2 * t < b", "2 * t < h", "2 * r < b", "2 * r < h"), lambda d: RHS,
-                    lambda d: max(0.0, min(d.r, 1.5 * d.t) - d.t),
-                    lambda d: {n: max(0.0, d.r - d.t * (n > 4)) for n in range(1, 9)}),
+    "hollow": Shape(  # plates are b - 3 t wide (EN 1993-1-5, 4.4(2)), or more where r is less
+        lengths("b h t r"), kezlib.kezsec_rhs, "b h t",
+        ("2 * t < b", "2 * t < h", "2 * r < b", "2 * r < h"), lambda d: RHS,
+        lambda d: max(0.0, min(d.r, 1.5 * d.t) - d.t),
+        lambda d: {n: max(0.0, d.r - d.t * (n > 4)) for n in range(1, 9)}),
     "angles": Shape(lengths("a h s th tv", none="s"), kezlib.kezsec_l2, "a h s th tv",
                     ("tv < a", "th < h"), lambda d: ANGLES),
-    # cold-formed: widths between centre-lines, EN 1993-1-3, 5.1
-    "channel": Shape(lengths("b h c t sw yw nw", none="c sw yw nw"), kezlib.kezsec_c,
-                     "b h c t 0 0 0 0 sw yw nw 0 0 0",
-                     ("2 * t < b", "2 * t < h", "c == 0 or t < c < h / 2", "nw in (0, 1, 2)",
-                      "nw == 0 or sw > 0", "nw == 0 or yw + sw / 2 < h / 2 - t",
-                      "nw < 2 or yw > sw / 2"), channel, lambda d: -d.t / 2),
+    "channel": Shape(  # cold-formed: widths between centre-lines, EN 1993-1-3, 5.1
+        lengths("b h c t sw yw nw", none="c sw yw nw"), kezlib.kezsec_c,
+        "b h c t 0 0 0 0 sw yw nw 0 0 0",
+        ("2 * t < b", "2 * t < h", "c == 0 or t < c < h / 2", "nw in (0, 1, 2)",
+         "nw == 0 or sw > 0", "nw == 0 or yw + sw / 2 < h / 2 - t", "nw < 2 or yw > sw / 2"), channel,
+        lambda d: -d.t / 2),
 }
-
-
-def broken_rules(shape, d):
-    return [rule for rule in shape.rules if not eval(rule, {}, vars(d))]  # rules of this table
 
 
 def build(shape, d):
     """Contour by contour."""
     record = shape.builder(*(float(vars(d).get(name, 0)) for name in shape.arguments.split()), 0.0)
-    x, y, counts, signs = (list(map(float, v)) if hasattr(v, "__len__") else [v] for v in
-                           (record.x, record.y, record.nv, record.sign))
-    radii, loops, start = shape.radii(d), [], 0
+    counts, signs = ([v] if isinstance(v, (int, float)) else list(map(float, v))
+                     for v in (record.nv, record.sign))
+    z, radii, loops, start = list(map(complex, record.x, record.y)), shape.radii(d), [], 0
     for n, sign in zip(map(int, counts), signs):
-        loops.append(Loop(sign, x[start:start + n], y[start:start + n],
-                          [radii.get(start + i, 0.0) for i in range(1, n + 1)]))
+        rounds = [radii.get(start + i + 1, 0.0) for i in range(n)]
+        loops.append(Loop(sign, z[start:start + n], rounds))
         start += n
-    return Outline(loops, x, y)
+    return loops

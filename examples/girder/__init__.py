@@ -1,1 +1,0 @@
-"""A host of the library: section values of steel girders and members."""
