@@ -16,7 +16,7 @@ sys.path.insert(0, str(EXAMPLES))
 from girder.check import LEFT, RIGHT, Result, results  # noqa: E402
 from girder.picture import draw  # noqa: E402
 from girder.read import read  # noqa: E402
-from girder.report import NOTES, dims, report  # noqa: E402
+from girder.report import NOTES, report, row  # noqa: E402
 
 CHUNK = 100  # sections that a process takes at a time
 
@@ -29,14 +29,14 @@ def options():
     parser.add_argument("--dxf", metavar="FILE", help="write the outlines (needs ezdxf)")
     parser.add_argument("--quiet", action="store_true", help="print no report")
     parser.add_argument("--jobs", type=int, default=1, metavar="N", help="compute in N processes")
-    parser.add_argument("--dask", metavar="ADDRESS", help="compute on a Dask cluster")
+    parser.add_argument("--dask", metavar="ADDRESS", help="compute on a cluster (needs distributed)")
     return parser.parse_args()
 
 
 def computed(sections, given, stack):
     """In the order of the sections; with a bar where there are a terminal for it and tqdm. The
     workers of a cluster have KezLib and its binding, and are given this package."""
-    pool, found = None, map(Result, sections)
+    found, pool = map(Result, sections), None
     if given.dask:
         client = stack.enter_context(importlib.import_module("distributed").Client(given.dask))
         folder = stack.enter_context(tempfile.TemporaryDirectory())
@@ -53,50 +53,37 @@ def computed(sections, given, stack):
     return enumerate(found, 1)
 
 
-def csv_rows(number, r):
-    """The head, and the section's line."""
-    s = r.given
-    head = ["number", "name", "shape", "dimensions [mm]", "fy [N/mm2]", "N [kN]", "M [kNm]",
-            "largest stress [N/mm2]", "verdict"]
-    row = [number, s.name, s.shape, dims(s), s.fy, s.N / 1e3, s.M / 1e6,
-           None if r.faults else r.largest, r.verdict]
-    for what, symbol, unit, *values in r.quantities():
-        head += [f"{symbol or what}{kind} [{unit}]" for kind in ("", " effective")]
-        row += values
-    return head, row
-
-
-def main():
+def main(stack):
     given, faults, x0 = options(), [], 0.0
     sys.stdout.reconfigure(encoding="utf-8")
     sections = list(read(given.file, faults.append))
     if not sections and not faults:
         faults.append(f"{given.file}: no section; write one a line, such as: IPE 300 235 0 90")
-    print(*faults, sep="\n", end="\n" if faults else "", file=sys.stderr)
-    with contextlib.ExitStack() as stack:
-        table = given.csv and csv.writer(stack.enter_context(
-            open(given.csv, "w", newline="", encoding="utf-8")))
-        drawing = given.dxf and importlib.import_module("ezdxf").new(units=4)  # mm
-        for number, r in computed(sections, given, stack):
-            if not given.quiet:
-                print(*report(number, r), sep="\n")
-            if table:
-                table.writerows(csv_rows(number, r)[number > 1:])
-            if given.svg:
-                Path(given.svg, f"section-{number}.svg").write_text(draw(number, r), "utf-8")
-            for loop in r.loops if drawing else ():
-                points = [(z.real + x0, z.imag, bulge) for z, bulge in loop.curve()]
-                drawing.modelspace().add_lwpolyline(points, "xyb", close=True)
-            x0 += 1.5 * (r.edges[LEFT] + r.edges[RIGHT])
-        if drawing:
-            drawing.saveas(given.dxf)
+    print("".join(f"{fault}\n" for fault in faults), end="", file=sys.stderr)
+    table = given.csv and csv.writer(stack.enter_context(
+        open(given.csv, "w", newline="", encoding="utf-8")))
+    drawing = given.dxf and importlib.import_module("ezdxf").new(units=4)  # mm
+    for number, r in computed(sections, given, stack):
+        if not given.quiet:
+            print(*report(number, r), sep="\n")
+        if table:
+            table.writerows(list(zip(*row(number, r)))[number > 1:])
+        if given.svg:
+            Path(given.svg, f"section-{number}.svg").write_text(draw(number, r), "utf-8")
+        for loop in r.loops if drawing else ():
+            points = [(z.real + x0, z.imag, bulge) for z, bulge in loop.curve()]
+            drawing.modelspace().add_lwpolyline(points, "xyb", close=True)
+        x0 += 1.5 * (r.edges[LEFT] + r.edges[RIGHT])
+    if drawing:
+        drawing.saveas(given.dxf)
     print("" if given.quiet else NOTES, end="")
     return 1 if faults else 0
 
 
 if __name__ == "__main__":
     try:
-        sys.exit(main())
+        with contextlib.ExitStack() as opened:
+            sys.exit(main(opened))
     except (OSError, ImportError) as reason:
         print(f"girder: {reason}", file=sys.stderr)
         sys.exit(2)

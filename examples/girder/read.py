@@ -8,29 +8,23 @@ from types import SimpleNamespace
 from girder.section import Section
 from girder.shapes import SHAPES
 
-LENGTHS = {"mm": 1.0, "cm": 10.0, "m": 1e3}
+LENGTHS = {"mm": 1.0, "cm": 10.0, "m": 1e3}  # the first is meant where none is written
 UNITS = {"nw": {"": 1.0}, "fy": {"N/mm2": 1.0, "MPa": 1.0, "kN/cm2": 10.0},
          "N": {"kN": 1e3, "N": 1.0, "MN": 1e6},
          "M": {"kNm": 1e6, "Nm": 1e3, "MNm": 1e9, "kNcm": 1e4, "Nmm": 1.0}}
 FORCES = {"fy": (100.0, 1000.0), "N": (-1e9, 1e9), "M": (-1e12, 1e12)}
 NUMBER = re.compile(r"([-+]?(?:\d+\.?\d*|\.\d+)(?:[eE][-+]?\d+)?)([A-Za-z].*)?")
+TABLE = Path(__file__).with_name("rolled_i.csv").read_text(encoding="utf-8").splitlines()
+PROFILES = {row.pop("name"): {key: float(value) for key, value in row.items()}
+            for row in csv.DictReader(line for line in TABLE if not line.startswith("#"))}
 
 
 class Fault(Exception):
     """What is wrong with a line, and what to write instead."""
 
 
-def profiles():
-    text = Path(__file__).with_name("rolled_i.csv").read_text(encoding="utf-8")
-    rows = csv.DictReader(line for line in text.splitlines() if not line.startswith("#"))
-    return {row.pop("name"): {key: float(value) for key, value in row.items()} for row in rows}
-
-
-PROFILES = profiles()
-
-
 def number(name, word, limits, usage):
-    """In mm, N, Nmm or N/mm2. Without a unit the first of its kind is meant."""
+    """In mm, N, Nmm or N/mm2."""
     units, parts = UNITS.get(name, LENGTHS), NUMBER.fullmatch(word)
     if not parts:
         raise Fault(f"'{word}' is not a number for {name}; write {usage}")
@@ -45,7 +39,7 @@ def number(name, word, limits, usage):
 
 
 def profile(words):
-    """The name and the dimensions of IPE300 or IPE 300, which is taken from the words."""
+    """The name of IPE300 or IPE 300, which is taken from the words."""
     word = words.pop(0).upper()
     series = word.rstrip("0123456789")
     sizes = [name[len(series):] for name in PROFILES if name.rstrip("0123456789") == series]
@@ -55,7 +49,7 @@ def profile(words):
     name = series + (words.pop(0) if word == series and words else word[len(series):])
     if name not in PROFILES:
         raise Fault(f"no profile {name}; write {series} with one of {', '.join(sizes)}")
-    return name, PROFILES[name]
+    return name
 
 
 def parse(text):
@@ -63,19 +57,20 @@ def parse(text):
     words = text.partition("#")[0].split()
     if not words:
         return None
-    word, given = (words.pop(0), {}) if words[0] in SHAPES else profile(words)
-    shape = SHAPES[kind := "rolled" if given else word]
-    limits = {**({} if given else shape.dims), **FORCES}
+    word = words.pop(0) if words[0] in SHAPES else profile(words)
+    kind = "rolled" if word in PROFILES else word
+    limits = {**(SHAPES[word].dims if word in SHAPES else {}), **FORCES}
     usage = f"{word} {' '.join(limits)} [name]"
     if len(words) < len(limits):
         raise Fault(f"{', '.join(list(limits)[len(words):])} missing; write {usage}")
-    given = given | {name: number(name, w, limits[name], usage) for name, w in zip(limits, words)}
-    name = " ".join(words[len(limits):]) or word * (word not in SHAPES)
+    given = {name: number(name, w, limits[name], usage) for name, w in zip(limits, words)}
+    given.update(PROFILES.get(word, {}))
+    name = " ".join(words[len(limits):]) or word * (word in PROFILES)
     if not name.isprintable():
         raise Fault("a character in the name cannot be printed; leave it out")
-    if broken := [rule for rule in shape.rules if not eval(rule, {}, given)]:  # the table's own
+    if broken := [rule for rule in SHAPES[kind].rules if not eval(rule, {}, given)]:  # the table's
         raise Fault(f"the dimensions do not fit; write such that {' and '.join(broken)}")
-    d = SimpleNamespace(**{key: given[key] for key in shape.dims})
+    d = SimpleNamespace(**{key: given[key] for key in SHAPES[kind].dims})
     return Section(name, kind, d, *(given[key] for key in FORCES))
 
 

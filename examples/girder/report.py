@@ -1,4 +1,4 @@
-"""The report of a section in words and tables."""
+"""The report of a section in words and tables, and its line of a table."""
 
 from pathlib import Path
 
@@ -27,28 +27,36 @@ def values(r):
 
 
 def plates(state):
-    yield from ("", HEAD.format(f"  Plates under {state.name} alone", *TITLES),
-                HEAD.format(*UNITS))
+    label = f"  Plates under {state.name} alone"
+    yield from ("", HEAD.format(label, *TITLES), HEAD.format(*UNITS))
     for number, r in enumerate(state.plates, 1):
         p, rho = r.plate, 1 - r.gone() / (r.end - r.begin)
-        s = [state.stress(p.at(u)) for u in (0, p.width)][::1 if r.at_start else -1]
-        row = (f"  {number} {p.name:22} {p.width:7.1f} {p.t:5.1f} {p.width / p.t:6.1f} {s[0]:7.1f} "
-               f"{s[1]:7.1f} {r.psi:6.3f} ")
-        yield row + (f"     ?  NOT REDUCED, no rule: {r.fault}" if r.fault else
-                     f"{rho:6.3f} {r.ends[0]:6.1f} {r.ends[1]:6.1f} {r.gone():6.1f}  {r.rule}")
-
-
-def verdict(r):
-    if r.faults:
-        return f"INCOMPLETE, there is no rule for {', '.join(r.faults)}. Nothing effective is known."
-    return (f"The largest stress, {r.largest:.1f} N/mm2 at the {r.where}, is {r.verdict}: "
-            f"{100 * abs(r.largest) / r.given.fy:.1f} % of it.")
+        s1, s2 = (state.stress(p.at(p.width * (end == r.at_start))) for end in (False, True))
+        line = (f"  {number} {p.name:22} {p.width:7.1f} {p.t:5.1f} {p.width / p.t:6.1f} {s1:7.1f} "
+                f"{s2:7.1f} {r.psi:6.3f} ")
+        yield line + (f"     ?  NOT REDUCED, no rule: {r.fault}" if r.fault else
+                      f"{rho:6.3f} {r.ends[0]:6.1f} {r.ends[1]:6.1f} {r.gone():6.1f}  {r.rule}")
 
 
 def report(number, r):
     s, pressed = r.given, [state for state in r.states if state.plates]
+    verdict = (f"INCOMPLETE, there is no rule for {', '.join(r.faults)}. Nothing effective is known."
+               if r.faults else
+               f"The largest stress, {r.largest:.1f} N/mm2 at the {r.where}, is {r.verdict}: "
+               f"{100 * abs(r.largest) / s.fy:.1f} % of it.")
     lines = [f"{number}  {s.name or 'Section'}", f"   {s.shape}: {dims(s)} mm",
              f"   fy {s.fy:g} N/mm2, N {s.N / 1e3:g} kN, M {s.M / 1e6:g} kNm", "", *values(r),
              *(line for state in pressed for line in plates(state)),
-             *(() if pressed else ("", "  No plate is in compression.")), "", "  " + verdict(r), ""]
+             *(() if pressed else ("", "  No plate is in compression.")), "", f"  {verdict}", ""]
     return [line.rstrip() for line in lines]
+
+
+def row(number, r):
+    """Heads and values."""
+    s, largest = r.given, None if r.faults else r.largest
+    yield from (("number", number), ("name", s.name), ("shape", s.shape),
+                ("dimensions [mm]", dims(s)), ("fy [N/mm2]", s.fy), ("N [kN]", s.N / 1e3),
+                ("M [kNm]", s.M / 1e6), ("largest stress [N/mm2]", largest), ("verdict", r.verdict))
+    for what, symbol, unit, gross, effective in r.quantities():
+        yield f"{symbol or what} [{unit}]", gross
+        yield f"{symbol or what} effective [{unit}]", effective
