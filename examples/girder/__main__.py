@@ -29,7 +29,7 @@ def options():
     parser.add_argument("--dxf", metavar="FILE", help="write the outlines (needs ezdxf)")
     parser.add_argument("--quiet", action="store_true", help="print no report")
     parser.add_argument("--jobs", type=int, default=1, metavar="N", help="compute in N processes")
-    parser.add_argument("--dask", metavar="ADDRESS", help="compute on a cluster (needs distributed)")
+    parser.add_argument("--dask", metavar="ADDRESS", help="compute on a cluster")
     return parser.parse_args()
 
 

@@ -4,7 +4,7 @@ from math import degrees
 
 import kezlib
 from girder.plates import effective, place
-from girder.section import whole
+from girder.section import combined
 from girder.shapes import SHAPES, build
 
 LEFT, RIGHT, BOTTOM, TOP = -1, 1, -1j, 1j  # outwards; edges are that far from the origin
@@ -37,7 +37,11 @@ class Result:
     def __init__(self, section):
         shape, d, self.given = SHAPES[section.shape], section.dims, section
         self.loops = build(shape, d)
-        vertices, self.gross = [z for loop in self.loops for z in loop.z], whole(self.loops)
+        vertices = [z for loop in self.loops for z in loop.z]
+        g = combined([p for loop in self.loops for p in (loop.polygon(), *loop.fillets())])
+        # Rounding leaves a symmetric section a product moment, and where Ix = Iy even that would
+        # turn its axes by 45 degrees.
+        self.gross = g._replace(Ixy=0.0) if abs(g.Ixy) < 1e-6 * (g.Ix + g.Iy) else g
         self.edges = {side: max((z / side).real for z in vertices) for side in NAMES}
         self.axes = tuple(kezlib.kezinp(*self.gross[2:]))
         walls = (d.b, d.h, d.c, d.t) if section.shape == "channel" else None

@@ -13,15 +13,17 @@ COLUMN, LINE = 710, 17
 
 
 class Drawing:
-    """In pixels x + iy, with y down; what is put first lies below the rest."""
+    """Of one effective section, or of the gross one alone. In pixels x + iy, with y down; what is
+    put first lies below the rest."""
 
-    def __init__(self, r):
-        self.r, self.out, e = r, [], r.edges
-        self.shear = r.gross.at - r.torsion[0] if r.torsion else -e[LEFT]
+    def __init__(self, r, state):
+        self.r, self.state, self.out, e = r, state, [], r.edges
+        self.shear = r.gross.at - (r.torsion[0] if r.torsion else 0)
         width = max(e[LEFT], -self.shear.real) + e[RIGHT]
         self.scale = min(400 / width, 540 / (e[BOTTOM] + e[TOP]))
         self.middle = complex(e[RIGHT] - width / 2, (e[TOP] - e[BOTTOM]) / 2)
-        self.edge = self.on(e[RIGHT] - width).real
+        self.left, self.at = self.on(e[RIGHT] - width).real, self.on(r.gross.at)
+        self.low, self.high = self.on(-e[LEFT] - 1j * e[BOTTOM]), self.on(e[RIGHT] + 1j * e[TOP])
 
     def on(self, z):
         return 350 + 418j + self.scale * (z - self.middle).conjugate()
@@ -37,6 +39,9 @@ class Drawing:
     def mark(self, name, z):
         self.out.append(f"<use href='#{name}' x='{z.real:.1f}' y='{z.imag:.1f}'/>")
 
+    def part(self, style, p, u, v):
+        self.path(style, *(self.on(p.at(*at)) for at in ((u, 0), (u, 1), (v, 1), (v, 0), (u, 0))))
+
     def outline(self):
         d = ""
         for ring in ([(self.on(z), bulge) for z, bulge in loop.curve()] for loop in self.r.loops):
@@ -50,110 +55,97 @@ class Drawing:
     def size(self, p, q, beside, colour):
         """The distance of two points, measured beside them."""
         ends, unit = (p + beside, q + beside), beside / abs(beside)
-        for begin, end in zip((p, q), ends):
-            self.path("size", begin, end + 5 * unit)
+        self.path("size", p, ends[0] + 5 * unit)
+        self.path("size", q, ends[1] + 5 * unit)
         self.path(f"size ends line-{colour}", *ends)
         side = "mid" if abs(unit.imag) > 0.5 else "end" if unit.real < 0 else "start"
         self.text(f"{side} {colour} halo", sum(ends) / 2 + 10 * unit,
                   f"{round(abs(q - p) / self.scale, 1):g}")
 
-    def part(self, style, p, u, v):
-        self.path(style, *(self.on(p.at(*at)) for at in ((u, 0), (u, 1), (v, 1), (v, 0), (u, 0))))
-
-    def plates(self, state):
-        """Those with slots are clipped. The first that has lost something in either direction has
-        its widths beside it."""
+    def plates(self):
+        """Clipped, for those with slots. Beside the first that has lost something in either
+        direction stand its widths."""
+        sized, plates = set(), self.state.plates
         self.out.append("<g clip-path='url(#section)'>")
-        for r in state.plates:
+        for r in plates:
             self.part("unruled" if r.fault else "effective", r.plate, r.begin, r.end)
         self.out.append("</g>")
-        sized = []
-        for number, r in enumerate(state.plates, 1):
+        for number, r in enumerate(plates, 1):
             p, inner = r.plate, int("angle" in r.plate.name)  # whether c is on the inner side
             inward = (2 * inner - 1) * p.across.conjugate() / p.t
             for u, v, share in sorted(r.lost, key=lambda i: i[2]):
                 self.part("lost" if share == 1 else "thinned", p, u, v)
             at = self.on(p.at((0.3 if p.kind == INTERNAL else 0.6) * p.width, inner)) + 18 * inward
-            self.mark("bubble", at)
-            self.text("number", at, number)
+            self.text("number halo", at, chr(0x245F + number))  # in a circle
             if p.kind == INTERNAL and p.along not in sized and r.gone():
-                sized += [p.along, -p.along]
+                sized |= {p.along, -p.along}
                 gap = next(i[:2] for i in r.lost if i[2] == 1)
                 ends = [self.on(p.at(u, 1 - inner)) for u in (r.begin, *gap, r.end)]
-                for colour, p1, p2 in zip(("blue", "red", "blue"), ends, ends[1:]):
-                    self.size(p1, p2, -24 * inward, colour)
+                for colour, z1, z2 in zip(("blue", "red", "blue"), ends, ends[1:]):
+                    self.size(z1, z2, -24 * inward, colour)
 
     def axes(self):
-        theta, at, e = self.r.axes[2], self.on(self.r.gross.at), self.r.edges
-        low, high = (self.on(side * e[side]).imag - at.imag for side in (BOTTOM, TOP))
-        right = self.on(e[RIGHT]).real - at.real
-        for turn, names, style in ((0, "xy", "axis"), (theta, "uv", "principal")) if theta else (
+        theta, at, low, high = self.r.axes[2], self.at, self.low, self.high
+        for angle, names, style in ((0, "xy", "axis"), (theta, "uv", "principal")) if theta else (
                 (0, ("x = u", "y = v"), "principal"),):
             for name, unit, back, ahead in (
-                    (names[0], rect(1, -turn), at.real - self.edge + 22, right + 58),
-                    (names[1], rect(1, -turn) * -1j, low + 22, 46 - high)):
+                    (names[0], rect(1, -angle), at.real - self.left + 22, high.real - at.real + 58),
+                    (names[1], -1j * rect(1, -angle), low.imag - at.imag + 22,
+                     at.imag - high.imag + 46)):
                 self.path(style, at - back * unit, at + ahead * unit)
                 self.text(style + "-name mid halo", at + (ahead + 10) * unit, name)
 
     def sizes(self):
-        e, middle = self.r.edges, self.on(self.r.gross.at)
-        left, right, high = (self.on(complex(x, y)) for x, y in (
-            (-e[LEFT], -e[BOTTOM]), (e[RIGHT], -e[BOTTOM]), (-e[LEFT], e[TOP])))
-        self.size(left, right, 52j, "head")
-        self.size(left, high, self.edge - left.real - 72, "head")
-        self.size(right, complex(right.real, middle.imag), 42, "grey")
+        low, high, right = self.low, self.high, complex(self.high.real, self.low.imag)
+        self.size(low, right, 52j, "head")
+        self.size(low, complex(low.real, high.imag), self.left - low.real - 72, "head")
+        self.size(right, complex(right.real, self.at.imag), 42, "grey")
         step = next(s for i in range(5) for s in (10**i, 2 * 10**i, 5 * 10**i)
                     if s * self.scale > 80)
         self.path("bar", 60 + 790j, 60 + step * self.scale + 790j)
         self.text("start", 60 + 776j, f"{step} mm")
 
-    def centres(self, state):
-        if state and any(r.lost for r in state.plates):
-            self.mark("moved", self.on(state.left.at))
-        self.mark("centroid", self.on(self.r.gross.at))
-        if self.r.torsion:
-            self.mark("shear", at := self.on(self.shear))
-            self.text("grey end halo", at + 5 + 18j, f"x0 {self.r.torsion[0]:.1f}")
-
-    def stresses(self, state):
+    def stresses(self):
         """Along the vertical through the centroid, compression to the right."""
-        r, at = self.r, self.r.gross.at.real
-        s, t = (state.stress(at + side * r.edges[side]) if state else r.gross_stress(side)
-                for side in (TOP, BOTTOM))
-        high, low = (690 + 1j * self.on(side * r.edges[side]).imag for side in (TOP, BOTTOM))
-        ends = [(high, s), (low, t)]
-        if s * t < 0:
-            ends.insert(1, (high + (low - high) * s / (s - t), 0))
-        unit = 46 / max(abs(s), abs(t), 1e-9)
+        r, top, bottom = self.r, 690 + 1j * self.high.imag, 690 + 1j * self.low.imag
+        s, t = (self.state.stress(r.gross.at.real + side * r.edges[side]) if self.state
+                else r.gross_stress(side) for side in (TOP, BOTTOM))
+        zero = [(top + (bottom - top) * s / (s - t), 0)] if s * t < 0 else []
+        ends, unit = [(top, s), *zero, (bottom, t)], 46 / max(abs(s), abs(t), 1e-9)
         for (p, f), (q, g) in zip(ends, ends[1:]):
             self.path("compression" if f + g > 0 else "tension", p, p + unit * f, q + unit * g, q)
-        self.path("edge", low, high, high + unit * s, low + unit * t, low)
-        for z, words in ((high - 14j, f"{s:+.1f}"), (low + 14j, f"{t:+.1f}"), (low + 33j, "N/mm²")):
-            self.text("head mid", z, words)
+        self.path("edge", bottom, top, top + unit * s, bottom + unit * t, bottom)
+        self.text("head mid", top - 14j, f"{s:+.1f}")
+        self.text("head mid", bottom + 14j, f"{t:+.1f} N/mm²")
 
-    def whole(self, state):
-        edge = f"fill-rule='evenodd' d='{self.outline()}'/>"
+    def whole(self):
+        edge, state, torsion = self.outline(), self.state, self.r.torsion
         self.axes()
-        self.out.append(f"<path class='steel' {edge}")
+        self.out.append(f"<path class='steel' fill-rule='evenodd' d='{edge}'/>")
         if state:
             marked = ", INCOMPLETE" if self.r.faults else ""
             self.text("head", 60 + 96j, f"{state.name} alone{marked}")
-            self.plates(state)
-        self.out.append(f"<path class='edge' {edge}")
-        self.centres(state)
+            self.plates()
+        self.out.append(f"<path class='edge' fill-rule='evenodd' d='{edge}'/>")
+        if state and any(r.lost for r in state.plates):
+            self.mark("moved", self.on(state.left.at))
+        self.mark("centroid", self.at)
+        if torsion:
+            self.mark("shear", at := self.on(self.shear))
+            self.text("grey end halo", at + 5 + 18j, f"x0 {torsion[0]:.1f}")
         self.sizes()
         if not state or state.name != "N eN":
-            self.stresses(state)
+            self.stresses()
         return "\n".join(self.out)
 
 
 def draw(number, r):
     states, lines = r.states or [None], report(number, r)
     x, key = 80 + COLUMN * len(states), 80 + LINE * len(lines)
-    drawings = [f"<g transform='translate({COLUMN * i} 0)'>{Drawing(r).whole(state)}</g>"
-                for i, state in enumerate(states)]
-    rows = [f"<text class='{'mono' if i else 'title'}' xml:space='preserve' x='{x}' "
-            f"y='{48 + LINE * i}'>{escape(line)}</text>" for i, line in enumerate(lines)]
+    rows = [f"<g transform='translate({COLUMN * i} 0)'>{Drawing(r, state).whole()}</g>"
+            for i, state in enumerate(states)]
+    rows += [f"<text class='{'mono' if i else 'title'}' xml:space='preserve' x='{x}' "
+             f"y='{48 + LINE * i}'>{escape(line)}</text>" for i, line in enumerate(lines)]
     return TEMPLATE.format(width=x + 6.5 * max(map(len, lines)), height=max(820, key + 190),
-                           outline=Drawing(r).outline(), drawings="\n".join(drawings + rows),
-                           list=x, key=key)
+                           outline=Drawing(r, None).outline(), drawings="\n".join(rows), list=x,
+                           key=key)

@@ -90,19 +90,15 @@ class Reduced(SimpleNamespace):
         flange.lost.append((b - leg, b, 1 - chi))
 
 
-def compressed(p, stress):
-    s = [stress(p.at(0.0)), stress(p.at(p.width))]
-    low, high = sorted(s)
-    if high <= 1e-6 * abs(low):
-        return None
-    width, at_start = p.width / (1 - min(low / high, 0.0)), s[0] >= s[1]
-    begin = 0.0 if at_start else p.width - width
-    return Reduced(plate=p, psi=low / high, at_start=at_start, begin=begin, end=begin + width,
-                   ends=(width, 0.0), lost=[], rule="", fault="")
-
-
 def reduce_all(plates, fy, stress):
-    found = {p.name: r for p in plates if (r := compressed(p, stress))}
+    found = {}
+    for p in plates:
+        s = [stress(p.at(0.0)), stress(p.at(p.width))]
+        if (high := max(s)) > 1e-6 * abs(low := min(s)):
+            width, at_start = p.width / (1 - min(low / high, 0.0)), s[0] >= s[1]
+            begin = 0.0 if at_start else p.width - width
+            found[p.name] = Reduced(plate=p, psi=low / high, at_start=at_start, begin=begin, lost=[],
+                                    end=begin + width, ends=(width, 0.0), rule="", fault="")
     flanges = {name: found[flange] for name, r in found.items()
                if r.plate.kind == LIP and (r.at_start or r.psi > 0)
                and (flange := name.replace("lip", "flange")) in found}

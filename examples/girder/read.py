@@ -6,7 +6,7 @@ from pathlib import Path
 from types import SimpleNamespace
 
 from girder.section import Section
-from girder.shapes import SHAPES
+from girder.shapes import SHAPES, limits
 
 LENGTHS = {"mm": 1.0, "cm": 10.0, "m": 1e3}  # the first is meant where none is written
 UNITS = {"nw": {"": 1.0}, "fy": {"N/mm2": 1.0, "MPa": 1.0, "kN/cm2": 10.0},
@@ -19,22 +19,18 @@ PROFILES = {row.pop("name"): {key: float(value) for key, value in row.items()}
             for row in csv.DictReader(line for line in TABLE if not line.startswith("#"))}
 
 
-class Fault(Exception):
-    """What is wrong with a line, and what to write instead."""
-
-
-def number(name, word, limits, usage):
+def number(name, word, ends, usage):
     """In mm, N, Nmm or N/mm2."""
     units, parts = UNITS.get(name, LENGTHS), NUMBER.fullmatch(word)
     if not parts:
-        raise Fault(f"'{word}' is not a number for {name}; write {usage}")
+        raise ValueError(f"'{word}' is not a number for {name}; write {usage}")
     first = next(iter(units))
     if (unit := parts[2] or first) not in units:
-        raise Fault(f"{name} '{word}' has an unknown unit; write {' or '.join(units) or 'none'}")
+        raise ValueError(f"{name} '{word}' has an unknown unit; write {' or '.join(units)}")
     value = float(parts[1]) * units[unit]
-    if not limits[0] <= value <= limits[1]:
-        low, high = (f"{limit / units[first]:g}" for limit in limits)
-        raise Fault(f"{name} {word} is outside {low} to {high} {first}".rstrip())
+    if not ends[0] <= value <= ends[1]:
+        low, high = (f"{end / units[first]:g}" for end in ends)
+        raise ValueError(f"{name} {word} is outside {low} to {high} {first}".rstrip())
     return value
 
 
@@ -44,11 +40,11 @@ def profile(words):
     series = word.rstrip("0123456789")
     sizes = [name[len(series):] for name in PROFILES if name.rstrip("0123456789") == series]
     if not sizes:
-        raise Fault(f"unknown word '{word.lower()}'; write {', '.join(SHAPES)}, or a profile such "
-                    "as IPE 300, HEB 200")
+        raise ValueError(f"unknown word '{word.lower()}'; write {', '.join(SHAPES)}, or a profile "
+                         "such as IPE 300, HEB 200")
     name = series + (words.pop(0) if word == series and words else word[len(series):])
     if name not in PROFILES:
-        raise Fault(f"no profile {name}; write {series} with one of {', '.join(sizes)}")
+        raise ValueError(f"no profile {name}; write {series} with one of {', '.join(sizes)}")
     return name
 
 
@@ -59,18 +55,18 @@ def parse(text):
         return None
     word = words.pop(0) if words[0] in SHAPES else profile(words)
     kind = "rolled" if word in PROFILES else word
-    limits = {**(SHAPES[word].dims if word in SHAPES else {}), **FORCES}
-    usage = f"{word} {' '.join(limits)} [name]"
-    if len(words) < len(limits):
-        raise Fault(f"{', '.join(list(limits)[len(words):])} missing; write {usage}")
-    given = {name: number(name, w, limits[name], usage) for name, w in zip(limits, words)}
+    wanted = FORCES if word in PROFILES else {**limits(word), **FORCES}
+    usage = f"{word} {' '.join(wanted)} [name]"
+    if len(words) < len(wanted):
+        raise ValueError(f"{', '.join(list(wanted)[len(words):])} missing; write {usage}")
+    given = {name: number(name, w, wanted[name], usage) for name, w in zip(wanted, words)}
     given.update(PROFILES.get(word, {}))
-    name = " ".join(words[len(limits):]) or word * (word in PROFILES)
+    name = " ".join(words[len(wanted):]) or word * (word in PROFILES)
     if not name.isprintable():
-        raise Fault("a character in the name cannot be printed; leave it out")
-    if broken := [rule for rule in SHAPES[kind].rules if not eval(rule, {}, given)]:  # the table's
-        raise Fault(f"the dimensions do not fit; write such that {' and '.join(broken)}")
-    d = SimpleNamespace(**{key: given[key] for key in SHAPES[kind].dims})
+        raise ValueError("a character in the name cannot be printed; leave it out")
+    if broken := [rule for rule in SHAPES[kind].rules if not eval(rule, {}, given)]:
+        raise ValueError(f"the dimensions do not fit; write such that {' and '.join(broken)}")
+    d = SimpleNamespace(**{key: given[key] for key in limits(kind)})
     return Section(name, kind, d, *(given[key] for key in FORCES))
 
 
@@ -81,7 +77,7 @@ def read(path, complain):
             try:
                 if section := parse(raw.decode("utf-8-sig" if line == 1 else "utf-8")):
                     yield section
-            except UnicodeDecodeError:
-                complain(f"{path}:{line}: not in UTF-8; save the file in it")
-            except Fault as fault:
+            except ValueError as fault:
+                if isinstance(fault, UnicodeDecodeError):
+                    fault = "not in UTF-8; save the file in it"
                 complain(f"{path}:{line}: {fault}")

@@ -40,7 +40,7 @@ def plates(state):
 
 def report(number, r):
     s, pressed = r.given, [state for state in r.states if state.plates]
-    verdict = (f"INCOMPLETE, there is no rule for {', '.join(r.faults)}. Nothing effective is known."
+    verdict = (f"INCOMPLETE, no rule for {', '.join(r.faults)}. Nothing effective is known."
                if r.faults else
                f"The largest stress, {r.largest:.1f} N/mm2 at the {r.where}, is {r.verdict}: "
                f"{100 * abs(r.largest) / s.fy:.1f} % of it.")

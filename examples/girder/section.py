@@ -60,10 +60,3 @@ def combined(parts):
     return Properties(A, at, sum(p.Ix + p.A * (p.at - at).imag ** 2 for p in parts),
                       sum(p.Iy + p.A * (p.at - at).real ** 2 for p in parts),
                       sum(p.Ixy + p.A * ((p.at - at) ** 2).imag / 2 for p in parts))
-
-
-def whole(loops):
-    """Rounding leaves a symmetric section a product moment, and where Ix = Iy even that would turn
-    its axes by 45 degrees."""
-    p = combined([q for loop in loops for q in (loop.polygon(), *loop.fillets())])
-    return p._replace(Ixy=0.0) if abs(p.Ixy) < 1e-6 * (p.Ix + p.Iy) else p

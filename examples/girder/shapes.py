@@ -12,17 +12,11 @@ LIP, NO_LIP = "lip", "lip that counts as none"
 # A plate along x or y, from a, its supported end, as far as b; c is in the face opposite a. The
 # vertices have the numbers of the library's sketches.
 Panel = namedtuple("Panel", "name kind a b c")
-# By name least and greatest of the dimensions, the builder and its arguments, what must hold lest
-# contours cross themselves; by the dimensions the panels (flanges before their lips, a channel's
-# web first), how far a plate begins behind its vertices, and the radii of rounded vertices.
+# dims: in the order of the line, ? behind one that may be 0; rules: what must hold lest contours
+# cross themselves; by the dimensions the panels (flanges before their lips, a channel's web first),
+# how far a plate begins behind its vertices, and the radii of rounded vertices.
 Shape = namedtuple("Shape", "dims builder arguments rules panels inset radii",
                    defaults=(lambda d: 0.0, lambda d: {}))
-
-
-def lengths(names, none=""):
-    """Second moments go up to the fourth power of a length and warping constants up to the sixth:
-    1e24 from 10 m. Below 0.1 mm the library's tolerance would begin to show."""
-    return {name: (0.0 if name in none.split() else 0.1, 10000.0) for name in names.split()}
 
 
 def panels(kind, *rows):
@@ -32,17 +26,15 @@ def panels(kind, *rows):
 def channel(d):
     """Lips stiffen the flanges between the ratios of EN 1993-1-3, 5.2(2). Else there are none, and
     the flanges reach to their outer edges."""
-    kind = SLOTTED if d.nw else INTERNAL
+    web = SLOTTED if d.nw else INTERNAL
     if d.c == 0:
-        return panels(kind, ("web", 6, 5, 1)) + panels(
-            OUTSTAND, ("top flange", 6, 7, 1), ("bottom flange", 5, 4, 2))
-    web, lips = panels(kind, ("web", 18, 13, 1)), [("top lip", 19, 22, 24),
-                                                   ("bottom lip", 12, 9, 7)]
-    if 0.2 <= d.c / d.b <= 0.6:
-        return web + panels(INTERNAL, ("top flange", 18, 19, 1), ("bottom flange", 13, 12, 6)) + (
-            panels(LIP, *lips))
-    return web + panels(OUTSTAND, ("top flange", 18, 24, 1), ("bottom flange", 13, 7, 6)) + (
-        panels(NO_LIP, *lips))
+        return panels(web, ("web", 6, 5, 1)) + panels(OUTSTAND, ("top flange", 6, 7, 1),
+                                                      ("bottom flange", 5, 4, 2))
+    stiff = 0.2 <= d.c / d.b <= 0.6
+    flange, lip, top, bottom = (INTERNAL, LIP, 19, 12) if stiff else (OUTSTAND, NO_LIP, 24, 7)
+    return (panels(web, ("web", 18, 13, 1))
+            + panels(flange, ("top flange", 18, top, 1), ("bottom flange", 13, bottom, 6))
+            + panels(lip, ("top lip", 19, 22, 24), ("bottom lip", 12, 9, 7)))
 
 
 FLANGES = panels(OUTSTAND, ("top flange, left", 3, 2, 1), ("top flange, right", 10, 11, 1),
@@ -56,31 +48,34 @@ RHS = panels(INTERNAL, ("top", 5, 8, 1), ("left side", 5, 6, 1), ("right side", 
 ANGLES = panels(OUTSTAND, ("left angle, top leg", 6, 1, 2), ("left angle, leg", 6, 5, 3),
                 ("right angle, top leg", 7, 12, 10), ("right angle, leg", 7, 8, 10))
 SHAPES = {
-    "girder": Shape(lengths("d b1 b2 t1 t2 tw"), kezlib.kezsec_ia, "d b1 b2 t1 t2 tw",
+    "girder": Shape("d b1 b2 t1 t2 tw", kezlib.kezsec_ia, "d b1 b2 t1 t2 tw",
                     ("t1 + t2 < d", "tw < b1", "tw < b2"), lambda d: GIRDER),
-    "rolled": Shape(lengths("h b tf tw r"), kezlib.kezsec_ia, "h b b tf tf tw",
+    "rolled": Shape("h b tf tw r", kezlib.kezsec_ia, "h b b tf tf tw",
                     ("2 * (tf + r) < h", "tw + 2 * r < b"), lambda d: GIRDER,
                     lambda d: d.r, lambda d: dict.fromkeys((3, 4, 9, 10), d.r)),
-    "tee": Shape(lengths("b h tf tw"), kezlib.kezsec_t, "b h tf tw", ("tf < h", "tw < b"),
-                 lambda d: TEE),
-    "box": Shape(lengths("bt bb tt tb h tw s"), kezlib.kezsec_box, "bt bb tt tb h tw s",
+    "tee": Shape("b h tf tw", kezlib.kezsec_t, "b h tf tw", ("tf < h", "tw < b"), lambda d: TEE),
+    "box": Shape("bt bb tt tb h tw s", kezlib.kezsec_box, "bt bb tt tb h tw s",
                  ("tt + tb < h", "s + 2 * tw <= bt", "s + 2 * tw <= bb"), lambda d: BOX),
-    "rhs": Shape(lengths("b h t"), kezlib.kezsec_rhs, "b h t", ("2 * t < b", "2 * t < h"),
-                 lambda d: RHS),
-    "hollow": Shape(  # plates are b - 3 t wide (EN 1993-1-5, 4.4(2)), or more where r is less
-        lengths("b h t r"), kezlib.kezsec_rhs, "b h t",
-        ("2 * t < b", "2 * t < h", "2 * r < b", "2 * r < h"), lambda d: RHS,
-        lambda d: max(0.0, min(d.r, 1.5 * d.t) - d.t),
-        lambda d: {n: max(0.0, d.r - d.t * (n > 4)) for n in range(1, 9)}),
-    "angles": Shape(lengths("a h s th tv", none="s"), kezlib.kezsec_l2, "a h s th tv",
-                    ("tv < a", "th < h"), lambda d: ANGLES),
-    "channel": Shape(  # cold-formed: widths between centre-lines, EN 1993-1-3, 5.1
-        lengths("b h c t sw yw nw", none="c sw yw nw"), kezlib.kezsec_c,
-        "b h c t 0 0 0 0 sw yw nw 0 0 0",
-        ("2 * t < b", "2 * t < h", "c == 0 or t < c < h / 2", "nw in (0, 1, 2)",
-         "nw == 0 or sw > 0", "nw == 0 or yw + sw / 2 < h / 2 - t", "nw < 2 or yw > sw / 2"), channel,
-        lambda d: -d.t / 2),
+    "rhs": Shape("b h t", kezlib.kezsec_rhs, "b h t", ("2 * t < b", "2 * t < h"), lambda d: RHS),
+    "hollow": Shape("b h t r", kezlib.kezsec_rhs, "b h t",  # b - 3 t: EN 1993-1-5, 4.4(2)
+                    ("2 * t < b", "2 * t < h", "2 * r < b", "2 * r < h"), lambda d: RHS,
+                    lambda d: max(0.0, min(d.r, 1.5 * d.t) - d.t),
+                    lambda d: {n: max(0.0, d.r - d.t * (n > 4)) for n in range(1, 9)}),
+    "angles": Shape("a h s? th tv", kezlib.kezsec_l2, "a h s th tv", ("tv < a", "th < h"),
+                    lambda d: ANGLES),
+    "channel": Shape("b h c? t sw? yw? nw?", kezlib.kezsec_c, "b h c t 0 0 0 0 sw yw nw 0 0 0",
+                     ("2 * t < b", "2 * t < h", "c == 0 or t < c < h / 2", "nw in (0, 1, 2)",
+                      "nw == 0 or sw > 0", "nw == 0 or yw + sw / 2 < h / 2 - t",
+                      "nw < 2 or yw > sw / 2"),
+                     channel, lambda d: -d.t / 2),  # between centre-lines: EN 1993-1-3, 5.1
 }
+
+
+def limits(word):
+    """Second moments go up to the fourth power of a length and warping constants up to the sixth:
+    1e24 from 10 m. Below 0.1 mm the library's tolerance would begin to show."""
+    return {name.rstrip("?"): (0.0 if name.endswith("?") else 0.1, 10000.0)
+            for name in SHAPES[word].dims.split()}
 
 
 def build(shape, d):
