@@ -13,7 +13,7 @@ import xml.dom.minidom
 
 EXAMPLES = pathlib.Path(__file__).resolve().parents[1] / "examples"
 sys.path.insert(0, str(EXAMPLES))
-from girder.check import Result  # noqa: E402
+from girder.section import Result  # noqa: E402
 from girder.read import PROFILES, parse  # noqa: E402
 from girder.report import report  # noqa: E402
 

@@ -13,10 +13,10 @@ from pathlib import Path
 
 EXAMPLES = Path(__file__).resolve().parents[1]
 sys.path.insert(0, str(EXAMPLES))
-from girder.check import LEFT, RIGHT, Result, results  # noqa: E402
 from girder.picture import draw  # noqa: E402
 from girder.read import read  # noqa: E402
 from girder.report import NOTES, report, row  # noqa: E402
+from girder.section import LEFT, RIGHT, Result, results  # noqa: E402
 
 CHUNK = 100  # sections that a process takes at a time
 

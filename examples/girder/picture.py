@@ -4,8 +4,8 @@ from cmath import rect
 from html import escape
 from pathlib import Path
 
-from girder.check import BOTTOM, LEFT, RIGHT, TOP
 from girder.report import report
+from girder.section import BOTTOM, LEFT, RIGHT, TOP
 from girder.shapes import INTERNAL
 
 TEMPLATE = Path(__file__).with_name("picture.svg").read_text(encoding="utf-8")
@@ -13,8 +13,7 @@ COLUMN, LINE = 710, 17
 
 
 class Drawing:
-    """Of one effective section, or of the gross one alone. In pixels x + iy, with y down; what is
-    put first lies below the rest."""
+    """Of one effective section, or of the gross one, in pixels x + iy with y down."""
 
     def __init__(self, r, state):
         self.r, self.state, self.out, e = r, state, [], r.edges
@@ -54,17 +53,15 @@ class Drawing:
 
     def size(self, p, q, beside, colour):
         """The distance of two points, measured beside them."""
-        ends, unit = (p + beside, q + beside), beside / abs(beside)
-        self.path("size", p, ends[0] + 5 * unit)
-        self.path("size", q, ends[1] + 5 * unit)
-        self.path(f"size ends line-{colour}", *ends)
+        self.path("size " + colour, p, p + beside, q + beside, q)
+        unit = beside / abs(beside)
         side = "mid" if abs(unit.imag) > 0.5 else "end" if unit.real < 0 else "start"
-        self.text(f"{side} {colour} halo", sum(ends) / 2 + 10 * unit,
+        self.text(f"{side} {colour} halo", (p + q) / 2 + beside + 10 * unit,
                   f"{round(abs(q - p) / self.scale, 1):g}")
 
     def plates(self):
-        """Clipped, for those with slots. Beside the first that has lost something in either
-        direction stand its widths."""
+        """Clipped where they have slots. One that has lost something in either direction has its
+        widths beside it."""
         sized, plates = set(), self.state.plates
         self.out.append("<g clip-path='url(#section)'>")
         for r in plates:
@@ -100,10 +97,6 @@ class Drawing:
         self.size(low, right, 52j, "head")
         self.size(low, complex(low.real, high.imag), self.left - low.real - 72, "head")
         self.size(right, complex(right.real, self.at.imag), 42, "grey")
-        step = next(s for i in range(5) for s in (10**i, 2 * 10**i, 5 * 10**i)
-                    if s * self.scale > 80)
-        self.path("bar", 60 + 790j, 60 + step * self.scale + 790j)
-        self.text("start", 60 + 776j, f"{step} mm")
 
     def stresses(self):
         """Along the vertical through the centroid, compression to the right."""
@@ -119,20 +112,19 @@ class Drawing:
         self.text("head mid", bottom + 14j, f"{t:+.1f} N/mm²")
 
     def whole(self):
-        edge, state, torsion = self.outline(), self.state, self.r.torsion
+        outline, state, torsion = self.outline(), self.state, self.r.torsion
         self.axes()
-        self.out.append(f"<path class='steel' fill-rule='evenodd' d='{edge}'/>")
+        self.out.append(f"<path class='steel' fill-rule='evenodd' d='{outline}'/>")
         if state:
             marked = ", INCOMPLETE" if self.r.faults else ""
             self.text("head", 60 + 96j, f"{state.name} alone{marked}")
             self.plates()
-        self.out.append(f"<path class='edge' fill-rule='evenodd' d='{edge}'/>")
+        self.out.append(f"<path class='edge' fill-rule='evenodd' d='{outline}'/>")
         if state and any(r.lost for r in state.plates):
             self.mark("moved", self.on(state.left.at))
         self.mark("centroid", self.at)
         if torsion:
-            self.mark("shear", at := self.on(self.shear))
-            self.text("grey end halo", at + 5 + 18j, f"x0 {torsion[0]:.1f}")
+            self.mark("shear", self.on(self.shear))
         self.sizes()
         if not state or state.name != "N eN":
             self.stresses()
@@ -146,6 +138,5 @@ def draw(number, r):
             for i, state in enumerate(states)]
     rows += [f"<text class='{'mono' if i else 'title'}' xml:space='preserve' x='{x}' "
              f"y='{48 + LINE * i}'>{escape(line)}</text>" for i, line in enumerate(lines)]
-    return TEMPLATE.format(width=x + 6.5 * max(map(len, lines)), height=max(820, key + 190),
-                           outline=Drawing(r, None).outline(), drawings="\n".join(rows), list=x,
-                           key=key)
+    return TEMPLATE.format(x=x, key=key, width=x + 6.5 * max(map(len, lines)), rows="\n".join(rows),
+                           height=max(820, key + 190), outline=Drawing(r, None).outline())

@@ -5,8 +5,7 @@ import re
 from pathlib import Path
 from types import SimpleNamespace
 
-from girder.section import Section
-from girder.shapes import SHAPES, limits
+from girder.shapes import SHAPES, Section, limits
 
 LENGTHS = {"mm": 1.0, "cm": 10.0, "m": 1e3}  # the first is meant where none is written
 UNITS = {"nw": {"": 1.0}, "fy": {"N/mm2": 1.0, "MPa": 1.0, "kN/cm2": 10.0},
@@ -38,13 +37,12 @@ def profile(words):
     """The name of IPE300 or IPE 300, which is taken from the words."""
     word = words.pop(0).upper()
     series = word.rstrip("0123456789")
-    sizes = [name[len(series):] for name in PROFILES if name.rstrip("0123456789") == series]
-    if not sizes:
-        raise ValueError(f"unknown word '{word.lower()}'; write {', '.join(SHAPES)}, or a profile "
-                         "such as IPE 300, HEB 200")
-    name = series + (words.pop(0) if word == series and words else word[len(series):])
+    name = word + (words.pop(0) if word == series and words else "")
     if name not in PROFILES:
-        raise ValueError(f"no profile {name}; write {series} with one of {', '.join(sizes)}")
+        sizes = [n[len(series):] for n in PROFILES if n.rstrip("0123456789") == series]
+        raise ValueError(f"no profile {name}; write {series} with one of {', '.join(sizes)}" if sizes
+                         else f"unknown word '{word.lower()}'; write {', '.join(SHAPES)}, or a "
+                         "profile such as IPE 300, HEB 200")
     return name
 
 

@@ -3,9 +3,9 @@
 from pathlib import Path
 
 NOTES = Path(__file__).with_name("notes.txt").read_text(encoding="utf-8")
-HEAD = "{:27}{:>7} {:>5} {:>6} {:>7} {:>7} {:>6} {:>6} {:>6} {:>6} {:>6}"
-TITLES = ("b", "t", "b/t", "s1", "s2", "psi", "rho", "be1", "be2", "lost")
-UNITS = ("", "[mm]", "[mm]", "", "", "[N/mm2]", "", "", "[mm]", "[mm]", "[mm]")
+HEAD = """
+  Plates under {:15}     b     t    b/t      s1      s2    psi    rho    be1    be2   lost
+                              [mm]  [mm]             [N/mm2]                  [mm]   [mm]   [mm]"""
 
 
 def figure(value, digits=6):
@@ -27,8 +27,7 @@ def values(r):
 
 
 def plates(state):
-    label = f"  Plates under {state.name} alone"
-    yield from ("", HEAD.format(label, *TITLES), HEAD.format(*UNITS))
+    yield from HEAD.format(state.name + " alone").split("\n")
     for number, r in enumerate(state.plates, 1):
         p, rho = r.plate, 1 - r.gone() / (r.end - r.begin)
         s1, s2 = (state.stress(p.at(p.width * (end == r.at_start))) for end in (False, True))

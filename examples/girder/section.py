@@ -1,62 +1,240 @@
-"""Section values: of the outline by the library, of its rounded corners by the closed form.
-
-Points are complex numbers x + iy."""
+"""A section under its forces: what of its compressed plates is effective by EN 1993-1-5, 4.4, and
+EN 1993-1-3, 5.5.3 for lips, and the check of EN 1993-1-5, 4.6."""
 
 from collections import namedtuple
-from math import pi, tan
+from math import copysign, degrees, isclose, sqrt
+from types import SimpleNamespace
 
 import kezlib
+from girder.shapes import (INTERNAL, LIP, NO_LIP, OUTSTAND, SHAPES, SLOTTED, Properties, build,
+                           combined)
 
-# A line of the file in mm, N and N/mm2: N positive in compression, M where it compresses the top.
-Section = namedtuple("Section", "name shape dims fy N M")
-Properties = namedtuple("Properties", "A at Ix Iy Ixy")  # at: the centroid, that the rest is about
-FILLET = (10 - 3 * pi) / (12 - 3 * pi)  # from the tangents to the centroid, of r = 1
-
-
-class Loop(namedtuple("Loop", "sign z r")):
-    """A contour whose vertices are rounded by the radii r; sign: -1 of a hole."""
-
-    def polygon(self):
-        """Second moments are taken about its own centroid, to keep their digits."""
-        n, ring = len(self.z), self.z + self.z[:1]
-        x, y = [z.real for z in ring], [z.imag for z in ring]
-        A, (*_, Sx, Sy) = kezlib.kezapl(x, y, n).area, kezlib.kezspl(x, y, n)
-        *_, Ix, Iy, Ixy = kezlib.kezipl(*kezlib.keztra(x, y, n + 1, Sy / A, Sx / A), n)
-        return Properties(self.sign * A, complex(Sy, Sx) / A,
-                          *(self.sign * i for i in (Ix, Iy, Ixy)))
-
-    def corners(self):
-        """Of each vertex: the point, its radius, the directions back and ahead, and whether the
-        contour turns left (1) or right (-1) there."""
-        for i, (z, r) in enumerate(zip(self.z, self.r)):
-            back, ahead = self.z[i - 1] - z, self.z[(i + 1) % len(self.z)] - z
-            back, ahead = back / (abs(back) or 1), ahead / (abs(ahead) or 1)
-            yield z, r, back, ahead, round((ahead.conjugate() * back).imag)
-
-    def fillets(self):
-        """Between an arc and its tangents: material that the contour lacks or has too much."""
-        for z, r, back, ahead, turn in self.corners() if any(self.r) else ():
-            sign, inward = -turn * self.sign, back + ahead
-            A, shift = sign * (1 - pi / 4) * r**2, sign * (1 - pi / 4) * FILLET**2 * r**4
-            own = sign * (1 - 5 * pi / 16) * r**4 - shift
-            yield Properties(A, z + FILLET * r * inward, own, own, inward.real * inward.imag * (
-                sign * (19 / 24 - pi / 4) * r**4 - shift))
-
-    def curve(self):
-        """The rounded contour's vertices, each with the bulge of what follows, as DXF has it."""
-        for z, r, back, ahead, turn in self.corners():
-            yield from [(z + r * back, turn * tan(pi / 8))] * (r > 0) + [(z + r * ahead, 0.0)]
+E, NU = 210000.0, 0.3  # EN 1993-1-1, 3.2.6
+MOST_PASSES = 20
+GRADIENTS = {"N": 0, "M": 1j, "N eN": 1}  # where stresses grow to under the actions
+LEFT, RIGHT, BOTTOM, TOP = -1, 1, -1j, 1j  # outwards; edges are that far from the origin
+NAMES = {LEFT: "left", RIGHT: "right", BOTTOM: "bottom", TOP: "top"}
+# What, symbol, unit, the effective section that is meant, and the value of a section that has the
+# properties p and the edges e.
+QUANTITIES = (
+    ("Area", "A", "cm2", "N", lambda p, e, r: p.A / 100),
+    ("Centroid from the left", "xs", "mm", "N", lambda p, e, r: p.at.real + r.edges[LEFT]),
+    ("Centroid from the bottom", "ys", "mm", "N", lambda p, e, r: p.at.imag + r.edges[BOTTOM]),
+    ("Second moment", "Ix", "cm4", "M", lambda p, e, r: p.Ix / 1e4),
+    ("Modulus of the top", "Wt", "cm3", "M", lambda p, e, r: p.Ix / (e[TOP] - p.at.imag) / 1e3),
+    ("Modulus of the bottom", "Wb", "cm3", "M",
+     lambda p, e, r: p.Ix / (e[BOTTOM] + p.at.imag) / 1e3),
+    ("Second moment", "Iy", "cm4", "N eN", lambda p, e, r: p.Iy / 1e4),
+    ("Product moment", "Ixy", "cm4", "", lambda p, e, r: p.Ixy / 1e4),
+    ("Principal moment", "Iu", "cm4", "", lambda p, e, r: r.axes[0] / 1e4),
+    ("Principal moment", "Iv", "cm4", "", lambda p, e, r: r.axes[1] / 1e4),
+    ("Angle from x to u", "", "deg", "", lambda p, e, r: degrees(r.axes[2])),
+    ("Stress at the top", "", "N/mm2", TOP, lambda p, e, r: r.gross_stress(TOP)),
+    ("Stress at the bottom", "", "N/mm2", BOTTOM, lambda p, e, r: r.gross_stress(BOTTOM)),
+    ("To the shear centre", "x0", "mm", "", lambda p, e, r: r.torsion and r.torsion[0]),
+    ("Warping constant", "Iw", "cm6", "", lambda p, e, r: r.torsion and r.torsion[1] / 1e6))
 
 
-def rectangle(p, q, share):
-    """Between two corners."""
-    b, h = abs((q - p).real), abs((q - p).imag)
-    return Properties(share * b * h, (p + q) / 2, share * b * h**3 / 12, share * b**3 * h / 12, 0.0)
+class State(namedtuple("State", "name load plates left edges faults")):
+    """The effective section under one action alone; faults: what has no rule."""
+
+    def stress(self, z):
+        p, offset = self.left, z - self.left.at
+        return self.load * {"N": 1 / p.A, "M": offset.imag / p.Ix, "N eN": offset.real / p.Iy}[
+            self.name]
 
 
-def combined(parts):
-    A = sum(p.A for p in parts)
-    at = sum(p.A * p.at for p in parts) / A
-    return Properties(A, at, sum(p.Ix + p.A * (p.at - at).imag ** 2 for p in parts),
-                      sum(p.Iy + p.A * (p.at - at).real ** 2 for p in parts),
-                      sum(p.Ixy + p.A * ((p.at - at) ** 2).imag / 2 for p in parts))
+class Plate(namedtuple("Plate", "name kind start along across width t")):
+    """A panel of a given section. along is a unit vector, across leads to the opposite face."""
+
+    def at(self, u, through=0.5):
+        return self.start + u * self.along + through * self.across
+
+    def without(self, u, v, share):
+        """Of so much of it between u and v as a hole."""
+        A, squares = -share * (v - u) * self.t, ((v - u) ** 2 / 12, self.t**2 / 12)
+        Ix, Iy = (A * s for s in squares[::-1 if self.along.imag == 0 else 1])
+        return Properties(A, self.at((u + v) / 2), Ix, Iy, 0.0)
+
+    def rho(self, fy, k):
+        """Of an outstand: EN 1993-1-5, 4.4 (4.3), which the library does not have."""
+        slenderness = self.width / self.t / (28.4 * sqrt(235 / fy) * sqrt(k))
+        return 1.0 if slenderness <= 0.748 else (slenderness - 0.188) / slenderness**2
+
+
+def place(panel, vertices, inset):
+    a, b, c = (vertices[n - 1] for n in panel[2:])
+    x, y = (b - a).real, (b - a).imag
+    along = complex(x > 0 or -1, 0) if abs(x) >= abs(y) else complex(0, y > 0 or -1)
+    across = 1j * ((c - a) / along).imag * along
+    begin = 0.0 if panel.kind == NO_LIP else inset
+    width = max(abs(x), abs(y)) - begin * (2 if panel.kind in (INTERNAL, SLOTTED) else 1)
+    return Plate(*panel[:2], a + begin * along, along, across, width, abs(across))
+
+
+class Reduced(SimpleNamespace):
+    """A plate in compression from begin to end. psi: ratio of the stresses at its ends, the larger
+    compression below the line, which is at_start or not; ends: effective widths at the larger
+    compression, and beyond; lost: from, to and share of what is not effective; all measured from
+    the supported end. rule: that it is reduced by; fault: why there is none."""
+
+    def gone(self):
+        return sum(v - u for u, v, share in self.lost if share == 1)
+
+    def reduce_outstand(self, fy):
+        """EN 1993-1-5, table 4.2; with more tension than it knows, its last value."""
+        psi, width = self.psi, self.end - self.begin
+        if psi > 1 - 1e-6 or not self.at_start:
+            k = 0.57 - 0.21 * max(psi, -3) + 0.07 * max(psi, -3) ** 2
+        else:
+            k = 0.578 / (psi + 0.34) if psi >= 0 else (
+                1.7 - 5 * max(psi, -1) + 17.1 * max(psi, -1) ** 2)
+        self.ends, self.rule = (width * self.plate.rho(fy, k), 0.0), f"outstand (host), k {k:.3g}"
+        self.lost = [(self.begin + self.ends[0], self.end, 1)]
+
+    def reduce_internal(self, fy):
+        p, self.rule = self.plate, "internal (kezef2)"
+        self.ends = tuple(kezlib.kezef2(p.width, self.end - self.begin, p.t, sqrt(fy), sqrt(235),
+                                        100.0, 100 * self.psi))
+        if None in self.ends:
+            self.fault = "kezef2 has none for psi = -3"
+        else:
+            first, last = self.ends if self.at_start else self.ends[::-1]
+            self.lost = [(self.begin + first, self.end - last, 1)]
+
+    def reduce_lip(self, flange, depth, both, fy):
+        """EN 1993-1-3, 5.5.3.2: the stiffener is the lip and what of the flange is effective beside
+        it, and has the thickness chi t."""
+        p, b, leg = self.plate, flange.plate.width, flange.ends[flange.at_start]
+        k = 0.5 + 0.83 * max(p.width / b - 0.35, 0.0) ** (2 / 3)
+        width = p.width * p.rho(fy, k)
+        chi = kezlib.kezchi(p.t, leg, b, width, depth, fy, E, NU, int(both)).chi
+        self.begin, self.end, self.ends = 0.0, p.width, (width, 0.0)
+        if chi == 0:
+            self.fault = "kezchi does not settle"
+            return
+        self.rule = f"lip (host), k {k:.3g}; chi {chi:.3f} (kezchi)"
+        self.lost = [(0.0, width, 1 - chi), (width, p.width, 1)]
+        flange.lost.append((b - leg, b, 1 - chi))
+
+
+def reduce_all(plates, fy, stress):
+    found = {}
+    for p in plates:
+        s = [stress(p.at(0.0)), stress(p.at(p.width))]
+        if (high := max(s)) > 1e-6 * abs(low := min(s)):
+            width, at_start = p.width / (1 - min(low / high, 0.0)), s[0] >= s[1]
+            begin = 0.0 if at_start else p.width - width
+            found[p.name] = Reduced(plate=p, psi=low / high, at_start=at_start, begin=begin, lost=[],
+                                    end=begin + width, ends=(width, 0.0), rule="", fault="")
+    flanges = {name: found[flange] for name, r in found.items()
+               if r.plate.kind == LIP and (r.at_start or r.psi > 0)
+               and (flange := name.replace("lip", "flange")) in found}
+    for name, r in found.items():
+        if r.plate.kind == SLOTTED:
+            r.fault = "it has slots"
+        elif r.plate.kind == NO_LIP:
+            r.begin, r.end, r.ends, r.rule = 0.0, r.plate.width, (0.0, 0.0), NO_LIP + " (host)"
+            r.lost = [(r.begin, r.end, 1)]
+        elif name in flanges:
+            r.reduce_lip(flanges[name], plates[0].width, len(flanges) == 2, fy)
+        else:
+            (r.reduce_internal if r.plate.kind == INTERNAL else r.reduce_outstand)(fy)
+    for r in found.values():
+        r.lost = [i for i in r.lost if i[1] - i[0] > 1e-6 * r.plate.width and i[2] > 1e-6]
+    return list(found.values())
+
+
+def edges_left(edges, plates, found):
+    """How far the section reaches, where tips of outstands are lost."""
+    ends = {r.plate.name: u for r in found for u, v, _ in r.lost if v > 0.999 * r.plate.width}
+    tips = [(p.along, (p.at(ends.get(p.name, p.width)) / p.along).real)
+            for p in plates if p.kind == OUTSTAND]
+    return {side: max((far for along, far in tips if along == side), default=edge)
+            for side, edge in edges.items()}
+
+
+def effective(plates, gross, edges, fy, name, load):
+    """Webs are reduced by the stresses of the section with effective flanges (of one stress, with
+    their lips) and whole webs, which are found again until they settle: EN 1993-1-5, 4.4(3)."""
+    base, before, gradient = gross, [], GRADIENTS[name] * copysign(1, load)
+    for _ in range(MOST_PASSES):
+        found = reduce_all(plates, fy, lambda z: ((z - base.at) / gradient).real if gradient else 1)
+        lost = [(r.plate, r.plate.without(*part)) for r in found for part in r.lost]
+        flanges = [part for p, part in lost if p.kind in (LIP, NO_LIP)
+                   or not gradient or not (p.along / gradient).real]
+        area = [part.A for part in flanges]
+        if len(area) == len(before) and all(map(isclose, area, before)):
+            break
+        base, before = combined([gross, *flanges]), area
+    else:
+        found[0].fault = "effective widths do not settle"
+    faults = [f"{r.plate.name}: {r.fault}" for r in found if r.fault]
+    left = combined([gross] + [part for _, part in lost])
+    return State(name, load, found, left, edges_left(edges, plates, found), faults)
+
+
+class Result:
+    """Of a section the gross properties; states: the effective sections, under each action alone;
+    stresses: with them, at the corners; faults: why nothing effective is known."""
+
+    def __init__(self, section):
+        shape, d, self.given = SHAPES[section.shape], section.dims, section
+        self.loops = build(shape, d)
+        vertices = [z for loop in self.loops for z in loop.z]
+        g = combined([p for loop in self.loops for p in (loop.polygon(), *loop.fillets())])
+        # Rounding leaves a symmetric section a product moment, and where Ix = Iy even that would
+        # turn its axes by 45 degrees.
+        self.gross = g._replace(Ixy=0.0) if abs(g.Ixy) < 1e-6 * (g.Ix + g.Iy) else g
+        self.edges = {side: max((z / side).real for z in vertices) for side in NAMES}
+        self.axes = tuple(kezlib.kezinp(*self.gross[2:]))
+        walls = (d.b, d.h, d.c, d.t) if section.shape == "channel" else None
+        self.torsion = walls and (kezlib.kezshc_c(*walls).x0, kezlib.kezwar_c(*walls).Iw)
+        plates = [place(panel, vertices, shape.inset(d)) for panel in shape.panels(d)]
+        self.load([p for p in plates if p.width > 0])
+        self.faults = list(dict.fromkeys(f for state in self.states for f in state.faults))
+        self.where = max(self.stresses, key=lambda at: abs(self.stresses[at]))
+        self.largest = self.stresses[self.where]
+        above = abs(self.largest) > section.fy
+        self.verdict = "incomplete" if self.faults else "ABOVE fy" if above else "not above fy"
+
+    def load(self, plates):
+        def under(name, load):
+            return [effective(plates, self.gross, self.edges, self.given.fy, name, load)]
+        N, M = self.given.N, self.given.M
+        pushed = under("N", N) if N > 0 else []
+        shift = pushed[0].left.at - self.gross.at if pushed else 0j
+        tiny = 1e-5 * sum(self.edges.values())
+        Mx, My = (-N * (e if abs(e) > tiny else 0.0) for e in (shift.imag, shift.real))
+        turned = under("N eN", My) if My else []
+        # A shift that relieves the section counts as none: EN 1993-1-3, 6.1.3(3).
+        cases = [pushed + (under("M", moment) if moment else []) + turned
+                 for moment in dict.fromkeys((M, M + Mx))]
+        self.states, self.stresses = max(((case, self.at_corners(case)) for case in cases),
+                                         key=lambda pair: max(map(abs, pair[1].values())))
+
+    def at_corners(self, states):
+        """EN 1993-1-5, 4.6 (4.15): each action by its own section, each edge by its own modulus."""
+        tension = min(self.given.N, 0.0) / self.gross.A
+        turned = any(s.name == "N eN" for s in states)
+        return {f"{NAMES[side]} {NAMES.get(beside, '')}".strip(): tension + sum(
+            s.stress(side * s.edges[side] + beside * s.edges.get(beside, 0)) for s in states)
+            for side in (TOP, BOTTOM) for beside in ((LEFT, RIGHT) if turned else (0,))}
+
+    def gross_stress(self, side):
+        """Of free bending, above or below the centroid."""
+        p, s, y = self.gross, self.given, (self.edges[side] * side - self.gross.at).imag
+        return s.N / p.A + s.M * p.Iy * y / (p.Ix * p.Iy - p.Ixy**2)
+
+    def quantities(self):
+        """What, symbol, unit, gross and effective value: of every section the same ones."""
+        known = {} if self.faults else {s.name: (s.left, s.edges, self) for s in self.states}
+        at = {side: max((s for where, s in self.stresses.items() if NAMES[side] in where), key=abs)
+              for side in (TOP, BOTTOM) if not self.faults}
+        for *names, state, value in QUANTITIES:
+            yield (*names, value(self.gross, self.edges, self),
+                   value(*known[state]) if state in known else at.get(state))
+
+
+def results(sections):
+    return [Result(section) for section in sections]

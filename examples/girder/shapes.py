@@ -1,14 +1,18 @@
-"""The table of shapes: what a line says of each, what builds it, and where its plates are.
-
-x runs across and y up, from the middle of the width and of the height; lengths are in mm."""
+"""The table of shapes: what a line says of each, what builds it, and where its plates are; and the
+contours that come of it. Points are complex numbers x + iy in mm: x runs across and y up, from the
+middle of the width and of the height."""
 
 from collections import namedtuple
+from math import pi, tan
 
 import kezlib
-from girder.section import Loop
 
 INTERNAL, SLOTTED, OUTSTAND = "internal", "slotted", "outstand"
 LIP, NO_LIP = "lip", "lip that counts as none"
+# A line of the file in mm, N and N/mm2: N positive in compression, M where it compresses the top.
+Section = namedtuple("Section", "name shape dims fy N M")
+Properties = namedtuple("Properties", "A at Ix Iy Ixy")  # at: the centroid, that the rest is about
+FILLET = (10 - 3 * pi) / (12 - 3 * pi)  # from the tangents to the centroid, of r = 1
 # A plate along x or y, from a, its supported end, as far as b; c is in the face opposite a. The
 # vertices have the numbers of the library's sketches.
 Panel = namedtuple("Panel", "name kind a b c")
@@ -17,6 +21,48 @@ Panel = namedtuple("Panel", "name kind a b c")
 # how far a plate begins behind its vertices, and the radii of rounded vertices.
 Shape = namedtuple("Shape", "dims builder arguments rules panels inset radii",
                    defaults=(lambda d: 0.0, lambda d: {}))
+
+
+class Loop(namedtuple("Loop", "sign z r")):
+    """A contour whose vertices are rounded by the radii r; sign: -1 of a hole."""
+
+    def polygon(self):
+        """Second moments are taken about its own centroid, to keep their digits."""
+        n, ring = len(self.z), self.z + self.z[:1]
+        x, y = [z.real for z in ring], [z.imag for z in ring]
+        A, (*_, Sx, Sy) = kezlib.kezapl(x, y, n).area, kezlib.kezspl(x, y, n)
+        moments = kezlib.kezipl(*kezlib.keztra(x, y, n + 1, Sy / A, Sx / A), n)[2:]
+        return Properties(self.sign * A, complex(Sy, Sx) / A, *(self.sign * i for i in moments))
+
+    def corners(self):
+        """Of each vertex: the point, its radius, the directions back and ahead, and whether the
+        contour turns left (1) or right (-1) there."""
+        for i, (z, r) in enumerate(zip(self.z, self.r)):
+            back, ahead = self.z[i - 1] - z, self.z[(i + 1) % len(self.z)] - z
+            back, ahead = back / (abs(back) or 1), ahead / (abs(ahead) or 1)
+            yield z, r, back, ahead, round((ahead.conjugate() * back).imag)
+
+    def fillets(self):
+        """Between an arc and its tangents: material that the contour lacks or has too much."""
+        for z, r, back, ahead, turn in self.corners() if any(self.r) else ():
+            sign, inward = -turn * self.sign, back + ahead
+            A, shift = sign * (1 - pi / 4) * r**2, sign * (1 - pi / 4) * FILLET**2 * r**4
+            own = sign * (1 - 5 * pi / 16) * r**4 - shift
+            yield Properties(A, z + FILLET * r * inward, own, own, inward.real * inward.imag * (
+                sign * (19 / 24 - pi / 4) * r**4 - shift))
+
+    def curve(self):
+        """The rounded contour's vertices, each with the bulge of what follows, as DXF has it."""
+        for z, r, back, ahead, turn in self.corners():
+            yield from [(z + r * back, turn * tan(pi / 8))] * (r > 0) + [(z + r * ahead, 0.0)]
+
+
+def combined(parts):
+    A = sum(p.A for p in parts)
+    at = sum(p.A * p.at for p in parts) / A
+    return Properties(A, at, sum(p.Ix + p.A * (p.at - at).imag ** 2 for p in parts),
+                      sum(p.Iy + p.A * (p.at - at).real ** 2 for p in parts),
+                      sum(p.Ixy + p.A * ((p.at - at) ** 2).imag / 2 for p in parts))
 
 
 def panels(kind, *rows):
