@@ -247,11 +247,12 @@ class Host(Case):
             ("zed 1 2", "unknown word 'zed'; write girder, rolled, tee, box, rhs, hollow, angles, "
                         "channel, or a profile such as IPE 300, HEB 200"),
             ("HEA 210 235 0 0", "no profile HEA210; write HEA with one of 100, 120"),
-            ("tee 200 150 15 12,5 355 0 0", "'12,5' is not a number for tw; write tee b h tf tw fy"),
-            ("tee 200 150 15 12kN 355 0 0", "tw '12kN' has an unknown unit; write mm or cm or m"),
+            ("tee 200 150 15 12,5 355 0 0", "tw '12,5' is not a number, with mm or cm or m behind it or nothing; "
+                                           "write tee b h tf tw fy N M [name]"),
+            ("tee 200 150 15 12kN 355 0 0", "tw '12kN' is not a number, with mm"),
             ("tee 200 150 15 0 355 0 0", "tw 0 is outside 0.1 to 10000 mm"),
             ("rhs 100 20m 4 355 0 0", "h 20m is outside 0.1 to 10000 mm"),
-            ("rhs 100 200 4 nan 0 0", "'nan' is not a number for fy"),
+            ("rhs 100 200 4 nan 0 0", "fy 'nan' is not a number, with N/mm2"),
             ("rhs 100 200 4 0 0 0", "fy 0 is outside 100 to 1000 N/mm2"),
             ("girder 50 320 400 25 25 8 355 0 0", "write such that t1 + t2 < d"),
             ("channel 75 200 20 2 40 80 1 350 0 0", "such that nw == 0 or yw + sw / 2 < h / 2 - t"),

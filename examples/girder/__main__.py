@@ -13,30 +13,15 @@ from pathlib import Path
 
 EXAMPLES = Path(__file__).resolve().parents[1]
 sys.path.insert(0, str(EXAMPLES))
-from girder.picture import draw  # noqa: E402
-from girder.read import read  # noqa: E402
-from girder.report import NOTES, report, row  # noqa: E402
-from girder.section import LEFT, RIGHT, Result, results  # noqa: E402
+from girder import picture, read, report, section  # noqa: E402
 
 CHUNK = 100  # sections that a process takes at a time
-
-
-def options():
-    parser = argparse.ArgumentParser("girder", description=__doc__)
-    parser.add_argument("file", help="one section a line, as in examples/sections.txt")
-    parser.add_argument("--csv", metavar="FILE", help="write one line a section")
-    parser.add_argument("--svg", metavar="DIR", help="write pictures: DIR/section-1.svg, ...")
-    parser.add_argument("--dxf", metavar="FILE", help="write the outlines (needs ezdxf)")
-    parser.add_argument("--quiet", action="store_true", help="print no report")
-    parser.add_argument("--jobs", type=int, default=1, metavar="N", help="compute in N processes")
-    parser.add_argument("--dask", metavar="ADDRESS", help="compute on a cluster")
-    return parser.parse_args()
 
 
 def computed(sections, given, stack):
     """In the order of the sections; with a bar where there are a terminal for it and tqdm. The
     workers of a cluster have KezLib and its binding, and are given this package."""
-    found, pool = map(Result, sections), None
+    found, pool = map(section.Result, sections), None
     if given.dask:
         client = stack.enter_context(importlib.import_module("distributed").Client(given.dask))
         folder = stack.enter_context(tempfile.TemporaryDirectory())
@@ -46,7 +31,7 @@ def computed(sections, given, stack):
         pool = stack.enter_context(ProcessPoolExecutor(given.jobs))
     if pool:
         chunks = [sections[i:i + CHUNK] for i in range(0, len(sections), CHUNK)]
-        found = chain.from_iterable(pool.map(results, chunks))
+        found = chain.from_iterable(pool.map(section.results, chunks))
     if sys.stderr.isatty() and (given.quiet or not sys.stdout.isatty()):
         with contextlib.suppress(ImportError):
             found = importlib.import_module("tqdm").tqdm(found, total=len(sections))
@@ -54,9 +39,17 @@ def computed(sections, given, stack):
 
 
 def main(stack):
-    given, faults, x0 = options(), [], 0.0
+    parser = argparse.ArgumentParser("girder", description=__doc__)
+    parser.add_argument("file", help="one section a line, as in examples/sections.txt")
+    parser.add_argument("--csv", metavar="FILE", help="write one line a section")
+    parser.add_argument("--svg", metavar="DIR", help="write pictures: DIR/section-1.svg, ...")
+    parser.add_argument("--dxf", metavar="FILE", help="write the outlines (needs ezdxf)")
+    parser.add_argument("--quiet", action="store_true", help="print no report")
+    parser.add_argument("--jobs", type=int, default=1, metavar="N", help="compute in N processes")
+    parser.add_argument("--dask", metavar="ADDRESS", help="compute on a cluster")
+    given, faults, x0 = parser.parse_args(), [], 0.0
     sys.stdout.reconfigure(encoding="utf-8")
-    sections = list(read(given.file, faults.append))
+    sections = list(read.read(given.file, faults.append))
     if not sections and not faults:
         faults.append(f"{given.file}: no section; write one a line, such as: IPE 300 235 0 90")
     print("".join(f"{fault}\n" for fault in faults), end="", file=sys.stderr)
@@ -65,18 +58,18 @@ def main(stack):
     drawing = given.dxf and importlib.import_module("ezdxf").new(units=4)  # mm
     for number, r in computed(sections, given, stack):
         if not given.quiet:
-            print(*report(number, r), sep="\n")
+            print(*report.report(number, r), sep="\n")
         if table:
-            table.writerows(list(zip(*row(number, r)))[number > 1:])
+            table.writerows(list(zip(*report.row(number, r)))[number > 1:])
         if given.svg:
-            Path(given.svg, f"section-{number}.svg").write_text(draw(number, r), "utf-8")
+            Path(given.svg, f"section-{number}.svg").write_text(picture.draw(number, r), "utf-8")
         for loop in r.loops if drawing else ():
             points = [(z.real + x0, z.imag, bulge) for z, bulge in loop.curve()]
             drawing.modelspace().add_lwpolyline(points, "xyb", close=True)
-        x0 += 1.5 * (r.edges[LEFT] + r.edges[RIGHT])
+        x0 += 1.5 * (r.edges[section.LEFT] + r.edges[section.RIGHT])
     if drawing:
         drawing.saveas(given.dxf)
-    print("" if given.quiet else NOTES, end="")
+    print("" if given.quiet else report.NOTES, end="")
     return 1 if faults else 0
 
 

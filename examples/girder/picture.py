@@ -35,9 +35,6 @@ class Drawing:
         d = "L".join(f"{z.real:.1f} {z.imag:.1f}" for z in points)
         self.out.append(f"<path class='{style}' d='M{d}'/>")
 
-    def mark(self, name, z):
-        self.out.append(f"<use href='#{name}' x='{z.real:.1f}' y='{z.imag:.1f}'/>")
-
     def part(self, style, p, u, v):
         self.path(style, *(self.on(p.at(*at)) for at in ((u, 0), (u, 1), (v, 1), (v, 0), (u, 0))))
 
@@ -83,20 +80,12 @@ class Drawing:
 
     def axes(self):
         theta, at, low, high = self.r.axes[2], self.at, self.low, self.high
-        for angle, names, style in ((0, "xy", "axis"), (theta, "uv", "principal")) if theta else (
-                (0, ("x = u", "y = v"), "principal"),):
-            for name, unit, back, ahead in (
-                    (names[0], rect(1, -angle), at.real - self.left + 22, high.real - at.real + 58),
-                    (names[1], -1j * rect(1, -angle), low.imag - at.imag + 22,
-                     at.imag - high.imag + 46)):
-                self.path(style, at - back * unit, at + ahead * unit)
-                self.text(style + "-name mid halo", at + (ahead + 10) * unit, name)
-
-    def sizes(self):
-        low, high, right = self.low, self.high, complex(self.high.real, self.low.imag)
-        self.size(low, right, 52j, "head")
-        self.size(low, complex(low.real, high.imag), self.left - low.real - 72, "head")
-        self.size(right, complex(right.real, self.at.imag), 42, "grey")
+        for turn, name, back, ahead in (
+                (1, "u" if theta else "x = u", at.real - self.left + 22, high.real - at.real + 58),
+                (-1j, "v" if theta else "y = v", low.imag - at.imag + 22, at.imag - high.imag + 46)):
+            unit = turn * rect(1, -theta)
+            self.path("principal", at - back * unit, at + ahead * unit)
+            self.text("principal-name mid halo", at + (ahead + 10) * unit, name)
 
     def stresses(self):
         """Along the vertical through the centroid, compression to the right."""
@@ -121,11 +110,15 @@ class Drawing:
             self.plates()
         self.out.append(f"<path class='edge' fill-rule='evenodd' d='{outline}'/>")
         if state and any(r.lost for r in state.plates):
-            self.mark("moved", self.on(state.left.at))
-        self.mark("centroid", self.at)
+            self.text("moved halo", self.on(state.left.at), "●")
+        self.text("centroid", self.at, "⊕")
         if torsion:
-            self.mark("shear", self.on(self.shear))
-        self.sizes()
+            self.text("shear halo", self.on(self.shear), "✕")
+        right = complex(self.high.real, self.low.imag)
+        self.size(self.low, right, 52j, "head")
+        self.size(self.low, complex(self.low.real, self.high.imag), self.left - self.low.real - 72,
+                  "head")
+        self.size(right, complex(right.real, self.at.imag), 42, "grey")
         if not state or state.name != "N eN":
             self.stresses()
         return "\n".join(self.out)

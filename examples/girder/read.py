@@ -5,7 +5,7 @@ import re
 from pathlib import Path
 from types import SimpleNamespace
 
-from girder.shapes import SHAPES, Section, limits
+from girder.shapes import LIMITS, SHAPES, Section
 
 LENGTHS = {"mm": 1.0, "cm": 10.0, "m": 1e3}  # the first is meant where none is written
 UNITS = {"nw": {"": 1.0}, "fy": {"N/mm2": 1.0, "MPa": 1.0, "kN/cm2": 10.0},
@@ -21,11 +21,10 @@ PROFILES = {row.pop("name"): {key: float(value) for key, value in row.items()}
 def number(name, word, ends, usage):
     """In mm, N, Nmm or N/mm2."""
     units, parts = UNITS.get(name, LENGTHS), NUMBER.fullmatch(word)
-    if not parts:
-        raise ValueError(f"'{word}' is not a number for {name}; write {usage}")
     first = next(iter(units))
-    if (unit := parts[2] or first) not in units:
-        raise ValueError(f"{name} '{word}' has an unknown unit; write {' or '.join(units)}")
+    if not parts or (unit := parts[2] or first) not in units:
+        raise ValueError(f"{name} '{word}' is not a number, with {' or '.join(units) or 'no unit'} "
+                         f"behind it or nothing; write {usage}")
     value = float(parts[1]) * units[unit]
     if not ends[0] <= value <= ends[1]:
         low, high = (f"{end / units[first]:g}" for end in ends)
@@ -53,7 +52,7 @@ def parse(text):
         return None
     word = words.pop(0) if words[0] in SHAPES else profile(words)
     kind = "rolled" if word in PROFILES else word
-    wanted = FORCES if word in PROFILES else {**limits(word), **FORCES}
+    wanted = FORCES if word in PROFILES else {**LIMITS[word], **FORCES}
     usage = f"{word} {' '.join(wanted)} [name]"
     if len(words) < len(wanted):
         raise ValueError(f"{', '.join(list(wanted)[len(words):])} missing; write {usage}")
@@ -64,7 +63,7 @@ def parse(text):
         raise ValueError("a character in the name cannot be printed; leave it out")
     if broken := [rule for rule in SHAPES[kind].rules if not eval(rule, {}, given)]:
         raise ValueError(f"the dimensions do not fit; write such that {' and '.join(broken)}")
-    d = SimpleNamespace(**{key: given[key] for key in limits(kind)})
+    d = SimpleNamespace(**{key: given[key] for key in LIMITS[kind]})
     return Section(name, kind, d, *(given[key] for key in FORCES))
 
 

@@ -22,8 +22,7 @@ QUANTITIES = (
     ("Centroid from the bottom", "ys", "mm", "N", lambda p, e, r: p.at.imag + r.edges[BOTTOM]),
     ("Second moment", "Ix", "cm4", "M", lambda p, e, r: p.Ix / 1e4),
     ("Modulus of the top", "Wt", "cm3", "M", lambda p, e, r: p.Ix / (e[TOP] - p.at.imag) / 1e3),
-    ("Modulus of the bottom", "Wb", "cm3", "M",
-     lambda p, e, r: p.Ix / (e[BOTTOM] + p.at.imag) / 1e3),
+    ("Modulus of the bottom", "Wb", "cm3", "M", lambda p, e, r: p.Ix / (e[BOTTOM] + p.at.imag) / 1e3),
     ("Second moment", "Iy", "cm4", "N eN", lambda p, e, r: p.Iy / 1e4),
     ("Product moment", "Ixy", "cm4", "", lambda p, e, r: p.Ixy / 1e4),
     ("Principal moment", "Iu", "cm4", "", lambda p, e, r: r.axes[0] / 1e4),
@@ -39,9 +38,8 @@ class State(namedtuple("State", "name load plates left edges faults")):
     """The effective section under one action alone; faults: what has no rule."""
 
     def stress(self, z):
-        p, offset = self.left, z - self.left.at
-        return self.load * {"N": 1 / p.A, "M": offset.imag / p.Ix, "N eN": offset.real / p.Iy}[
-            self.name]
+        p, x, y = self.left, (z - self.left.at).real, (z - self.left.at).imag
+        return self.load * {"N": 1 / p.A, "M": y / p.Ix, "N eN": x / p.Iy}[self.name]
 
 
 class Plate(namedtuple("Plate", "name kind start along across width t")):
@@ -73,10 +71,9 @@ def place(panel, vertices, inset):
 
 
 class Reduced(SimpleNamespace):
-    """A plate in compression from begin to end. psi: ratio of the stresses at its ends, the larger
-    compression below the line, which is at_start or not; ends: effective widths at the larger
-    compression, and beyond; lost: from, to and share of what is not effective; all measured from
-    the supported end. rule: that it is reduced by; fault: why there is none."""
+    """A plate in compression from begin to end. psi: ratio of the stresses, the larger compression
+    below the line, which is at_start or not; ends: effective widths at the larger one, and beyond;
+    lost: from, to and share of what is not effective; rule: why; fault: why there is none."""
 
     def gone(self):
         return sum(v - u for u, v, share in self.lost if share == 1)
@@ -97,7 +94,7 @@ class Reduced(SimpleNamespace):
         self.ends = tuple(kezlib.kezef2(p.width, self.end - self.begin, p.t, sqrt(fy), sqrt(235),
                                         100.0, 100 * self.psi))
         if None in self.ends:
-            self.fault = "kezef2 has none for psi = -3"
+            self.ends, self.fault = (0.0, 0.0), "kezef2 has none for psi = -3"
         else:
             first, last = self.ends if self.at_start else self.ends[::-1]
             self.lost = [(self.begin + first, self.end - last, 1)]
@@ -118,62 +115,6 @@ class Reduced(SimpleNamespace):
         flange.lost.append((b - leg, b, 1 - chi))
 
 
-def reduce_all(plates, fy, stress):
-    found = {}
-    for p in plates:
-        s = [stress(p.at(0.0)), stress(p.at(p.width))]
-        if (high := max(s)) > 1e-6 * abs(low := min(s)):
-            width, at_start = p.width / (1 - min(low / high, 0.0)), s[0] >= s[1]
-            begin = 0.0 if at_start else p.width - width
-            found[p.name] = Reduced(plate=p, psi=low / high, at_start=at_start, begin=begin, lost=[],
-                                    end=begin + width, ends=(width, 0.0), rule="", fault="")
-    flanges = {name: found[flange] for name, r in found.items()
-               if r.plate.kind == LIP and (r.at_start or r.psi > 0)
-               and (flange := name.replace("lip", "flange")) in found}
-    for name, r in found.items():
-        if r.plate.kind == SLOTTED:
-            r.fault = "it has slots"
-        elif r.plate.kind == NO_LIP:
-            r.begin, r.end, r.ends, r.rule = 0.0, r.plate.width, (0.0, 0.0), NO_LIP + " (host)"
-            r.lost = [(r.begin, r.end, 1)]
-        elif name in flanges:
-            r.reduce_lip(flanges[name], plates[0].width, len(flanges) == 2, fy)
-        else:
-            (r.reduce_internal if r.plate.kind == INTERNAL else r.reduce_outstand)(fy)
-    for r in found.values():
-        r.lost = [i for i in r.lost if i[1] - i[0] > 1e-6 * r.plate.width and i[2] > 1e-6]
-    return list(found.values())
-
-
-def edges_left(edges, plates, found):
-    """How far the section reaches, where tips of outstands are lost."""
-    ends = {r.plate.name: u for r in found for u, v, _ in r.lost if v > 0.999 * r.plate.width}
-    tips = [(p.along, (p.at(ends.get(p.name, p.width)) / p.along).real)
-            for p in plates if p.kind == OUTSTAND]
-    return {side: max((far for along, far in tips if along == side), default=edge)
-            for side, edge in edges.items()}
-
-
-def effective(plates, gross, edges, fy, name, load):
-    """Webs are reduced by the stresses of the section with effective flanges (of one stress, with
-    their lips) and whole webs, which are found again until they settle: EN 1993-1-5, 4.4(3)."""
-    base, before, gradient = gross, [], GRADIENTS[name] * copysign(1, load)
-    for _ in range(MOST_PASSES):
-        found = reduce_all(plates, fy, lambda z: ((z - base.at) / gradient).real if gradient else 1)
-        lost = [(r.plate, r.plate.without(*part)) for r in found for part in r.lost]
-        flanges = [part for p, part in lost if p.kind in (LIP, NO_LIP)
-                   or not gradient or not (p.along / gradient).real]
-        area = [part.A for part in flanges]
-        if len(area) == len(before) and all(map(isclose, area, before)):
-            break
-        base, before = combined([gross, *flanges]), area
-    else:
-        found[0].fault = "effective widths do not settle"
-    faults = [f"{r.plate.name}: {r.fault}" for r in found if r.fault]
-    left = combined([gross] + [part for _, part in lost])
-    return State(name, load, found, left, edges_left(edges, plates, found), faults)
-
-
 class Result:
     """Of a section the gross properties; states: the effective sections, under each action alone;
     stresses: with them, at the corners; faults: why nothing effective is known."""
@@ -191,24 +132,77 @@ class Result:
         walls = (d.b, d.h, d.c, d.t) if section.shape == "channel" else None
         self.torsion = walls and (kezlib.kezshc_c(*walls).x0, kezlib.kezwar_c(*walls).Iw)
         plates = [place(panel, vertices, shape.inset(d)) for panel in shape.panels(d)]
-        self.load([p for p in plates if p.width > 0])
+        self.plates = [p for p in plates if p.width > 0]
+        self.load()
         self.faults = list(dict.fromkeys(f for state in self.states for f in state.faults))
-        self.where = max(self.stresses, key=lambda at: abs(self.stresses[at]))
-        self.largest = self.stresses[self.where]
+        self.largest, self.where = max(((s, at) for at, s in self.stresses.items()),
+                                       key=lambda pair: abs(pair[0]))
         above = abs(self.largest) > section.fy
         self.verdict = "incomplete" if self.faults else "ABOVE fy" if above else "not above fy"
 
-    def load(self, plates):
-        def under(name, load):
-            return [effective(plates, self.gross, self.edges, self.given.fy, name, load)]
+    def reduce_all(self, stress):
+        found, fy = {}, self.given.fy
+        for p in self.plates:
+            s = [stress(p.at(0.0)), stress(p.at(p.width))]
+            if (high := max(s)) > 1e-6 * abs(low := min(s)):
+                width, at_start = p.width / (1 - min(low / high, 0.0)), s[0] >= s[1]
+                begin = 0.0 if at_start else p.width - width
+                found[p.name] = Reduced(plate=p, psi=low / high, at_start=at_start, begin=begin,
+                                        end=begin + width, ends=(width, 0.0), lost=[], rule="",
+                                        fault="")
+        flanges = {name: found[flange] for name, r in found.items()
+                   if r.plate.kind == LIP and (r.at_start or r.psi > 0)
+                   and (flange := name.replace("lip", "flange")) in found}
+        for name, r in found.items():
+            if r.plate.kind == SLOTTED:
+                r.fault = "it has slots"
+            elif r.plate.kind == NO_LIP:
+                r.begin, r.end, r.ends, r.rule = 0.0, r.plate.width, (0.0, 0.0), NO_LIP + " (host)"
+                r.lost = [(r.begin, r.end, 1)]
+            elif name in flanges:
+                r.reduce_lip(flanges[name], self.plates[0].width, len(flanges) == 2, fy)
+            else:
+                (r.reduce_internal if r.plate.kind == INTERNAL else r.reduce_outstand)(fy)
+        for r in found.values():
+            r.lost = [i for i in r.lost if i[1] - i[0] > 1e-6 * r.plate.width and i[2] > 1e-6]
+        return list(found.values())
+
+    def edges_left(self, found):
+        """How far the section reaches, where tips of outstands are lost."""
+        ends = {r.plate.name: u for r in found for u, v, _ in r.lost if v > 0.999 * r.plate.width}
+        tips = [(p.along, (p.at(ends.get(p.name, p.width)) / p.along).real)
+                for p in self.plates if p.kind == OUTSTAND]
+        return {side: max((far for along, far in tips if along == side), default=edge)
+                for side, edge in self.edges.items()}
+
+    def effective(self, name, load):
+        """Webs are reduced by the stresses of the section with effective flanges (of one stress,
+        with lips) and whole webs, found again until they settle: EN 1993-1-5, 4.4(3)."""
+        base, before, gradient = self.gross, [], GRADIENTS[name] * copysign(1, load)
+        for _ in range(MOST_PASSES):
+            found = self.reduce_all(lambda z: ((z - base.at) / gradient).real if gradient else 1)
+            lost = [(r.plate, r.plate.without(*part)) for r in found for part in r.lost]
+            flanges = [part for p, part in lost if p.kind in (LIP, NO_LIP)
+                       or not gradient or not (p.along / gradient).real]
+            area = [part.A for part in flanges]
+            if len(area) == len(before) and all(map(isclose, area, before)):
+                break
+            base, before = combined([self.gross, *flanges]), area
+        else:
+            found[0].fault = "effective widths do not settle"
+        faults = [f"{r.plate.name}: {r.fault}" for r in found if r.fault]
+        left = combined([self.gross] + [part for _, part in lost])
+        return State(name, load, found, left, self.edges_left(found), faults)
+
+    def load(self):
         N, M = self.given.N, self.given.M
-        pushed = under("N", N) if N > 0 else []
+        pushed = [self.effective("N", N)] if N > 0 else []
         shift = pushed[0].left.at - self.gross.at if pushed else 0j
         tiny = 1e-5 * sum(self.edges.values())
         Mx, My = (-N * (e if abs(e) > tiny else 0.0) for e in (shift.imag, shift.real))
-        turned = under("N eN", My) if My else []
+        turned = [self.effective("N eN", My)] if My else []
         # A shift that relieves the section counts as none: EN 1993-1-3, 6.1.3(3).
-        cases = [pushed + (under("M", moment) if moment else []) + turned
+        cases = [pushed + [self.effective("M", m) for m in (moment,) if m] + turned
                  for moment in dict.fromkeys((M, M + Mx))]
         self.states, self.stresses = max(((case, self.at_corners(case)) for case in cases),
                                          key=lambda pair: max(map(abs, pair[1].values())))

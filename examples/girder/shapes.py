@@ -1,8 +1,8 @@
-"""The table of shapes: what a line says of each, what builds it, and where its plates are; and the
-contours that come of it. Points are complex numbers x + iy in mm: x runs across and y up, from the
-middle of the width and of the height."""
+"""The table of shapes, and the contours that come of it. Points are complex numbers x + iy in mm: x
+runs across and y up, from the middle of the width and of the height."""
 
 from collections import namedtuple
+from itertools import islice
 from math import pi, tan
 
 import kezlib
@@ -35,8 +35,7 @@ class Loop(namedtuple("Loop", "sign z r")):
         return Properties(self.sign * A, complex(Sy, Sx) / A, *(self.sign * i for i in moments))
 
     def corners(self):
-        """Of each vertex: the point, its radius, the directions back and ahead, and whether the
-        contour turns left (1) or right (-1) there."""
+        """Vertex, radius, directions back and ahead, and the turn there: 1 left, -1 right."""
         for i, (z, r) in enumerate(zip(self.z, self.r)):
             back, ahead = self.z[i - 1] - z, self.z[(i + 1) % len(self.z)] - z
             back, ahead = back / (abs(back) or 1), ahead / (abs(ahead) or 1)
@@ -115,23 +114,19 @@ SHAPES = {
                       "nw < 2 or yw > sw / 2"),
                      channel, lambda d: -d.t / 2),  # between centre-lines: EN 1993-1-3, 5.1
 }
-
-
-def limits(word):
-    """Second moments go up to the fourth power of a length and warping constants up to the sixth:
-    1e24 from 10 m. Below 0.1 mm the library's tolerance would begin to show."""
-    return {name.rstrip("?"): (0.0 if name.endswith("?") else 0.1, 10000.0)
-            for name in SHAPES[word].dims.split()}
+# Second moments go up to the fourth power of a length and warping constants up to the sixth: 1e24
+# from 10 m. Below 0.1 mm the library's tolerance would begin to show.
+LIMITS = {word: {name.rstrip("?"): (0.0 if name.endswith("?") else 0.1, 10000.0)
+                 for name in shape.dims.split()} for word, shape in SHAPES.items()}
 
 
 def build(shape, d):
     """Contour by contour."""
     record = shape.builder(*(float(vars(d).get(name, 0)) for name in shape.arguments.split()), 0.0)
-    counts, signs = ([v] if isinstance(v, (int, float)) else list(map(float, v))
+    counts, signs = ([v] if isinstance(v, (int, float)) else map(float, v)
                      for v in (record.nv, record.sign))
-    z, radii, loops, start = list(map(complex, record.x, record.y)), shape.radii(d), [], 0
-    for n, sign in zip(map(int, counts), signs):
-        rounds = [radii.get(start + i + 1, 0.0) for i in range(n)]
-        loops.append(Loop(sign, z[start:start + n], rounds))
-        start += n
-    return loops
+    radii = shape.radii(d)
+    vertices = iter([(complex(x, y), radii.get(number, 0.0))
+                     for number, (x, y) in enumerate(zip(record.x, record.y), 1)])
+    return [Loop(sign, *map(list, zip(*islice(vertices, int(n)))))
+            for n, sign in zip(counts, signs)]
