@@ -246,7 +246,7 @@ class Host(Case):
             ("IPE 300 235", "N, M missing; write IPE300 fy N M [name]"),
             ("zed 1 2", "unknown word 'zed'; write girder, rolled, tee, box, rhs, hollow, angles, "
                         "channel, or a profile such as IPE 300, HEB 200"),
-            ("HEA 210 235 0 0", "no profile HEA210; write HEA with one of 100, 120"),
+            ("HEA 210 235 0 0", "unknown word 'HEA210'; write HEA with one of 100, 120"),
             ("tee 200 150 15 12,5 355 0 0", "tw '12,5' is not a number, with mm or cm or m behind it or nothing; "
                                            "write tee b h tf tw fy N M [name]"),
             ("tee 200 150 15 12kN 355 0 0", "tw '12kN' is not a number, with mm"),

@@ -15,8 +15,6 @@ EXAMPLES = Path(__file__).resolve().parents[1]
 sys.path.insert(0, str(EXAMPLES))
 from girder import picture, read, report, section  # noqa: E402
 
-CHUNK = 100  # sections that a process takes at a time
-
 
 def computed(sections, given, stack):
     """In the order of the sections; with a bar where there are a terminal for it and tqdm. The
@@ -30,7 +28,7 @@ def computed(sections, given, stack):
     elif given.jobs > 1:
         pool = stack.enter_context(ProcessPoolExecutor(given.jobs))
     if pool:
-        chunks = [sections[i:i + CHUNK] for i in range(0, len(sections), CHUNK)]
+        chunks = [sections[i:i + 100] for i in range(0, len(sections), 100)]
         found = chain.from_iterable(pool.map(section.results, chunks))
     if sys.stderr.isatty() and (given.quiet or not sys.stdout.isatty()):
         with contextlib.suppress(ImportError):

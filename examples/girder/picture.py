@@ -5,8 +5,7 @@ from html import escape
 from pathlib import Path
 
 from girder.report import report
-from girder.section import BOTTOM, LEFT, RIGHT, TOP
-from girder.shapes import INTERNAL
+from girder.section import BOTTOM, INTERNAL, LEFT, RIGHT, TOP
 
 TEMPLATE = Path(__file__).with_name("picture.svg").read_text(encoding="utf-8")
 COLUMN, LINE = 710, 17
@@ -14,7 +13,6 @@ COLUMN, LINE = 710, 17
 
 class Drawing:
     """Of one effective section, or of the gross one, in pixels x + iy with y down."""
-
     def __init__(self, r, state):
         self.r, self.state, self.out, e = r, state, [], r.edges
         self.shear = r.gross.at - (r.torsion[0] if r.torsion else 0)
@@ -57,8 +55,7 @@ class Drawing:
                   f"{round(abs(q - p) / self.scale, 1):g}")
 
     def plates(self):
-        """Clipped where they have slots. One that has lost something in either direction has its
-        widths beside it."""
+        """Clipped where they have slots. The first along x and along y have widths beside them."""
         sized, plates = set(), self.state.plates
         self.out.append("<g clip-path='url(#section)'>")
         for r in plates:
@@ -69,8 +66,8 @@ class Drawing:
             inward = (2 * inner - 1) * p.across.conjugate() / p.t
             for u, v, share in sorted(r.lost, key=lambda i: i[2]):
                 self.part("lost" if share == 1 else "thinned", p, u, v)
-            at = self.on(p.at((0.3 if p.kind == INTERNAL else 0.6) * p.width, inner)) + 18 * inward
-            self.text("number halo", at, chr(0x245F + number))  # in a circle
+            at = self.on(p.at((0.3 if p.kind == INTERNAL else 0.6) * p.width, inner))
+            self.text("number halo", at + 18 * inward, chr(0x245F + number))  # in a circle
             if p.kind == INTERNAL and p.along not in sized and r.gone():
                 sized |= {p.along, -p.along}
                 gap = next(i[:2] for i in r.lost if i[2] == 1)
@@ -79,11 +76,11 @@ class Drawing:
                     self.size(z1, z2, -24 * inward, colour)
 
     def axes(self):
-        theta, at, low, high = self.r.axes[2], self.at, self.low, self.high
+        phi, at, low, high = self.r.axes[2], self.at, self.low, self.high
         for turn, name, back, ahead in (
-                (1, "u" if theta else "x = u", at.real - self.left + 22, high.real - at.real + 58),
-                (-1j, "v" if theta else "y = v", low.imag - at.imag + 22, at.imag - high.imag + 46)):
-            unit = turn * rect(1, -theta)
+                (1, "u" if phi else "x = u", at.real - self.left + 22, high.real - at.real + 58),
+                (-1j, "v" if phi else "y = v", low.imag - at.imag + 22, at.imag - high.imag + 46)):
+            unit = turn * rect(1, -phi)
             self.path("principal", at - back * unit, at + ahead * unit)
             self.text("principal-name mid halo", at + (ahead + 10) * unit, name)
 
@@ -101,7 +98,7 @@ class Drawing:
         self.text("head mid", bottom + 14j, f"{t:+.1f} N/mm²")
 
     def whole(self):
-        outline, state, torsion = self.outline(), self.state, self.r.torsion
+        outline, state, low = self.outline(), self.state, self.low
         self.axes()
         self.out.append(f"<path class='steel' fill-rule='evenodd' d='{outline}'/>")
         if state:
@@ -112,12 +109,11 @@ class Drawing:
         if state and any(r.lost for r in state.plates):
             self.text("moved halo", self.on(state.left.at), "●")
         self.text("centroid", self.at, "⊕")
-        if torsion:
+        if self.r.torsion:
             self.text("shear halo", self.on(self.shear), "✕")
-        right = complex(self.high.real, self.low.imag)
-        self.size(self.low, right, 52j, "head")
-        self.size(self.low, complex(self.low.real, self.high.imag), self.left - self.low.real - 72,
-                  "head")
+        right = complex(self.high.real, low.imag)
+        self.size(low, right, 52j, "head")
+        self.size(low, complex(low.real, self.high.imag), self.left - low.real - 72, "head")
         self.size(right, complex(right.real, self.at.imag), 42, "grey")
         if not state or state.name != "N eN":
             self.stresses()

@@ -19,7 +19,6 @@ PROFILES = {row.pop("name"): {key: float(value) for key, value in row.items()}
 
 
 def number(name, word, ends, usage):
-    """In mm, N, Nmm or N/mm2."""
     units, parts = UNITS.get(name, LENGTHS), NUMBER.fullmatch(word)
     first = next(iter(units))
     if not parts or (unit := parts[2] or first) not in units:
@@ -39,9 +38,9 @@ def profile(words):
     name = word + (words.pop(0) if word == series and words else "")
     if name not in PROFILES:
         sizes = [n[len(series):] for n in PROFILES if n.rstrip("0123456789") == series]
-        raise ValueError(f"no profile {name}; write {series} with one of {', '.join(sizes)}" if sizes
-                         else f"unknown word '{word.lower()}'; write {', '.join(SHAPES)}, or a "
-                         "profile such as IPE 300, HEB 200")
+        known = f"{series} with one of {', '.join(sizes)}" if sizes else (
+            f"{', '.join(SHAPES)}, or a profile such as IPE 300, HEB 200")
+        raise ValueError(f"unknown word '{name if sizes else word.lower()}'; write {known}")
     return name
 
 
@@ -50,9 +49,8 @@ def parse(text):
     words = text.partition("#")[0].split()
     if not words:
         return None
-    word = words.pop(0) if words[0] in SHAPES else profile(words)
-    kind = "rolled" if word in PROFILES else word
-    wanted = FORCES if word in PROFILES else {**LIMITS[word], **FORCES}
+    word = words.pop(0).lower() if words[0].lower() in SHAPES else profile(words)
+    kind, wanted = ("rolled", FORCES) if word in PROFILES else (word, {**LIMITS[word], **FORCES})
     usage = f"{word} {' '.join(wanted)} [name]"
     if len(words) < len(wanted):
         raise ValueError(f"{', '.join(list(wanted)[len(words):])} missing; write {usage}")
@@ -63,8 +61,8 @@ def parse(text):
         raise ValueError("a character in the name cannot be printed; leave it out")
     if broken := [rule for rule in SHAPES[kind].rules if not eval(rule, {}, given)]:
         raise ValueError(f"the dimensions do not fit; write such that {' and '.join(broken)}")
-    d = SimpleNamespace(**{key: given[key] for key in LIMITS[kind]})
-    return Section(name, kind, d, *(given[key] for key in FORCES))
+    return Section(name, kind, SimpleNamespace(**{key: given[key] for key in LIMITS[kind]}),
+                   *(given[key] for key in FORCES))
 
 
 def read(path, complain):

@@ -4,12 +4,11 @@ from pathlib import Path
 
 NOTES = Path(__file__).with_name("notes.txt").read_text(encoding="utf-8")
 HEAD = """
-  Plates under {:15}     b     t    b/t      s1      s2    psi    rho    be1    be2   lost
+  Plates under {:13}     b     t    b/t      s1      s2    psi    rho    be1    be2   lost
                               [mm]  [mm]             [N/mm2]                  [mm]   [mm]   [mm]"""
 
 
 def figure(value, digits=6):
-    """With so many digits, but all of those before the point."""
     return "" if value is None else f"{value:.{max(digits - len(str(int(abs(value)))), 0)}f}"
 
 
@@ -51,11 +50,10 @@ def report(number, r):
 
 
 def row(number, r):
-    """Heads and values."""
-    s, largest = r.given, None if r.faults else r.largest
-    yield from (("number", number), ("name", s.name), ("shape", s.shape),
-                ("dimensions [mm]", dims(s)), ("fy [N/mm2]", s.fy), ("N [kN]", s.N / 1e3),
-                ("M [kNm]", s.M / 1e6), ("largest stress [N/mm2]", largest), ("verdict", r.verdict))
+    s = r.given
+    yield from (("number", number), ("name", s.name), ("shape", s.shape), ("dims [mm]", dims(s)),
+                ("fy [N/mm2]", s.fy), ("N [kN]", s.N / 1e3), ("M [kNm]", s.M / 1e6),
+                ("largest [N/mm2]", "" if r.faults else r.largest), ("verdict", r.verdict))
     for what, symbol, unit, gross, effective in r.quantities():
         yield f"{symbol or what} [{unit}]", gross
         yield f"{symbol or what} effective [{unit}]", effective

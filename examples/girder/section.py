@@ -1,5 +1,4 @@
-"""A section under its forces: what of its compressed plates is effective by EN 1993-1-5, 4.4, and
-EN 1993-1-3, 5.5.3 for lips, and the check of EN 1993-1-5, 4.6."""
+"""A section under its forces: EN 1993-1-5, 4.4 and 4.6, and for lips EN 1993-1-3, 5.5.3."""
 
 from collections import namedtuple
 from math import copysign, degrees, isclose, sqrt
@@ -10,19 +9,17 @@ from girder.shapes import (INTERNAL, LIP, NO_LIP, OUTSTAND, SHAPES, SLOTTED, Pro
                            combined)
 
 E, NU = 210000.0, 0.3  # EN 1993-1-1, 3.2.6
-MOST_PASSES = 20
 GRADIENTS = {"N": 0, "M": 1j, "N eN": 1}  # where stresses grow to under the actions
 LEFT, RIGHT, BOTTOM, TOP = -1, 1, -1j, 1j  # outwards; edges are that far from the origin
 NAMES = {LEFT: "left", RIGHT: "right", BOTTOM: "bottom", TOP: "top"}
-# What, symbol, unit, the effective section that is meant, and the value of a section that has the
-# properties p and the edges e.
+# What, symbol, unit, the effective section that is meant, the value by properties and edges.
 QUANTITIES = (
     ("Area", "A", "cm2", "N", lambda p, e, r: p.A / 100),
     ("Centroid from the left", "xs", "mm", "N", lambda p, e, r: p.at.real + r.edges[LEFT]),
     ("Centroid from the bottom", "ys", "mm", "N", lambda p, e, r: p.at.imag + r.edges[BOTTOM]),
     ("Second moment", "Ix", "cm4", "M", lambda p, e, r: p.Ix / 1e4),
-    ("Modulus of the top", "Wt", "cm3", "M", lambda p, e, r: p.Ix / (e[TOP] - p.at.imag) / 1e3),
-    ("Modulus of the bottom", "Wb", "cm3", "M", lambda p, e, r: p.Ix / (e[BOTTOM] + p.at.imag) / 1e3),
+    ("Modulus, top", "Wt", "cm3", "M", lambda p, e, r: p.Ix / (e[TOP] - p.at.imag) / 1e3),
+    ("Modulus, bottom", "Wb", "cm3", "M", lambda p, e, r: p.Ix / (e[BOTTOM] + p.at.imag) / 1e3),
     ("Second moment", "Iy", "cm4", "N eN", lambda p, e, r: p.Iy / 1e4),
     ("Product moment", "Ixy", "cm4", "", lambda p, e, r: p.Ixy / 1e4),
     ("Principal moment", "Iu", "cm4", "", lambda p, e, r: r.axes[0] / 1e4),
@@ -36,7 +33,6 @@ QUANTITIES = (
 
 class State(namedtuple("State", "name load plates left edges faults")):
     """The effective section under one action alone; faults: what has no rule."""
-
     def stress(self, z):
         p, x, y = self.left, (z - self.left.at).real, (z - self.left.at).imag
         return self.load * {"N": 1 / p.A, "M": y / p.Ix, "N eN": x / p.Iy}[self.name]
@@ -44,7 +40,6 @@ class State(namedtuple("State", "name load plates left edges faults")):
 
 class Plate(namedtuple("Plate", "name kind start along across width t")):
     """A panel of a given section. along is a unit vector, across leads to the opposite face."""
-
     def at(self, u, through=0.5):
         return self.start + u * self.along + through * self.across
 
@@ -74,7 +69,6 @@ class Reduced(SimpleNamespace):
     """A plate in compression from begin to end. psi: ratio of the stresses, the larger compression
     below the line, which is at_start or not; ends: effective widths at the larger one, and beyond;
     lost: from, to and share of what is not effective; rule: why; fault: why there is none."""
-
     def gone(self):
         return sum(v - u for u, v, share in self.lost if share == 1)
 
@@ -95,9 +89,8 @@ class Reduced(SimpleNamespace):
                                         100.0, 100 * self.psi))
         if None in self.ends:
             self.ends, self.fault = (0.0, 0.0), "kezef2 has none for psi = -3"
-        else:
-            first, last = self.ends if self.at_start else self.ends[::-1]
-            self.lost = [(self.begin + first, self.end - last, 1)]
+        first, last = self.ends if self.at_start else self.ends[::-1]
+        self.lost = [(self.begin + first, self.end - last, 1)]
 
     def reduce_lip(self, flange, depth, both, fy):
         """EN 1993-1-3, 5.5.3.2: the stiffener is the lip and what of the flange is effective beside
@@ -107,25 +100,22 @@ class Reduced(SimpleNamespace):
         width = p.width * p.rho(fy, k)
         chi = kezlib.kezchi(p.t, leg, b, width, depth, fy, E, NU, int(both)).chi
         self.begin, self.end, self.ends = 0.0, p.width, (width, 0.0)
-        if chi == 0:
-            self.fault = "kezchi does not settle"
-            return
         self.rule = f"lip (host), k {k:.3g}; chi {chi:.3f} (kezchi)"
-        self.lost = [(0.0, width, 1 - chi), (width, p.width, 1)]
-        flange.lost.append((b - leg, b, 1 - chi))
+        if chi:
+            self.lost = [(0.0, width, 1 - chi), (width, p.width, 1)]
+            flange.lost.append((b - leg, b, 1 - chi))
+        self.fault = "" if chi else "kezchi does not settle"
 
 
 class Result:
     """Of a section the gross properties; states: the effective sections, under each action alone;
     stresses: with them, at the corners; faults: why nothing effective is known."""
-
     def __init__(self, section):
         shape, d, self.given = SHAPES[section.shape], section.dims, section
         self.loops = build(shape, d)
         vertices = [z for loop in self.loops for z in loop.z]
         g = combined([p for loop in self.loops for p in (loop.polygon(), *loop.fillets())])
-        # Rounding leaves a symmetric section a product moment, and where Ix = Iy even that would
-        # turn its axes by 45 degrees.
+        # Rounding leaves symmetric sections some Ixy, which would turn the axes where Ix = Iy.
         self.gross = g._replace(Ixy=0.0) if abs(g.Ixy) < 1e-6 * (g.Ix + g.Iy) else g
         self.edges = {side: max((z / side).real for z in vertices) for side in NAMES}
         self.axes = tuple(kezlib.kezinp(*self.gross[2:]))
@@ -179,7 +169,7 @@ class Result:
         """Webs are reduced by the stresses of the section with effective flanges (of one stress,
         with lips) and whole webs, found again until they settle: EN 1993-1-5, 4.4(3)."""
         base, before, gradient = self.gross, [], GRADIENTS[name] * copysign(1, load)
-        for _ in range(MOST_PASSES):
+        for _ in range(20):
             found = self.reduce_all(lambda z: ((z - base.at) / gradient).real if gradient else 1)
             lost = [(r.plate, r.plate.without(*part)) for r in found for part in r.lost]
             flanges = [part for p, part in lost if p.kind in (LIP, NO_LIP)

@@ -13,19 +13,16 @@ LIP, NO_LIP = "lip", "lip that counts as none"
 Section = namedtuple("Section", "name shape dims fy N M")
 Properties = namedtuple("Properties", "A at Ix Iy Ixy")  # at: the centroid, that the rest is about
 FILLET = (10 - 3 * pi) / (12 - 3 * pi)  # from the tangents to the centroid, of r = 1
-# A plate along x or y, from a, its supported end, as far as b; c is in the face opposite a. The
-# vertices have the numbers of the library's sketches.
+# A plate from the vertex a, its supported end, as far as b; c is in the face opposite a.
 Panel = namedtuple("Panel", "name kind a b c")
-# dims: in the order of the line, ? behind one that may be 0; rules: what must hold lest contours
-# cross themselves; by the dimensions the panels (flanges before their lips, a channel's web first),
-# how far a plate begins behind its vertices, and the radii of rounded vertices.
+# dims: in the order of the line, ? behind one that may be 0; rules: lest contours cross themselves;
+# panels: flanges before their lips, a channel's web first; inset: where plates begin to count.
 Shape = namedtuple("Shape", "dims builder arguments rules panels inset radii",
                    defaults=(lambda d: 0.0, lambda d: {}))
 
 
 class Loop(namedtuple("Loop", "sign z r")):
     """A contour whose vertices are rounded by the radii r; sign: -1 of a hole."""
-
     def polygon(self):
         """Second moments are taken about its own centroid, to keep their digits."""
         n, ring = len(self.z), self.z + self.z[:1]
@@ -121,7 +118,6 @@ LIMITS = {word: {name.rstrip("?"): (0.0 if name.endswith("?") else 0.1, 10000.0)
 
 
 def build(shape, d):
-    """Contour by contour."""
     record = shape.builder(*(float(vars(d).get(name, 0)) for name in shape.arguments.split()), 0.0)
     counts, signs = ([v] if isinstance(v, (int, float)) else map(float, v)
                      for v in (record.nv, record.sign))
