@@ -189,6 +189,19 @@ class Effective(Case):
             self.assertIn("chi", plates(result(f"channel 75 200 {c} 2 0 0 0  350 60 0"),
                                         "N")["top lip"].rule)
 
+    def test_slender_lip(self):
+        """24.5 / 49 = 0.5: k = 0.5 + 0.83 0.15^(2/3) = 0.734318, lambda_p = 24.5 / (28.4 0.819407
+        sqrt k) = 1.228587, rho = (1.228587 - 0.188) / 1.228587^2 = 0.689393."""
+        lip = plates(result("channel 50 150 25 1 0 0 0  350 10 0"), "N")["top lip"]
+        self.near(lip.ends[0], 24.5 * 0.689393, 1e-4)
+        self.near(lip.gone(), 24.5 * (1 - 0.689393), 1e-4)
+
+    def test_width_between_round_corners(self):
+        """b - 3 t, more where r is less (EN 1993-1-5, 4.4(2)), and clear of the walls."""
+        for r, width in ((10, 185), (6, 188), (3, 190)):
+            found = plates(result(f"hollow 200 100 5 {r}  355 10 0"), "N")
+            self.near(found["top"].plate.width, width, 1e-6)
+
     def test_check(self):
         """N / A + (M + N eN) / W. Of the stem lambda_p = 35.625 / (28.4 0.813617 sqrt 0.43) =
         2.351163, rho = 0.391310 under N alone: 173.4767 8 lost, and the centroid 50.2714 higher. A

@@ -44,8 +44,7 @@ class Loop(namedtuple("Loop", "sign z r")):
             sign, inward = -turn * self.sign, back + ahead
             A, shift = sign * (1 - pi / 4) * r**2, sign * (1 - pi / 4) * FILLET**2 * r**4
             own = sign * (1 - 5 * pi / 16) * r**4 - shift
-            yield Properties(A, z + FILLET * r * inward, own, own, inward.real * inward.imag * (
-                sign * (19 / 24 - pi / 4) * r**4 - shift))
+            yield Properties(A, z + FILLET * r * inward, own, own, 0.0)  # Ixy of all four is none
 
     def curve(self):
         """The rounded contour's vertices, each with the bulge of what follows, as DXF has it."""
