@@ -1,9 +1,7 @@
 """Calls in C, which has the header and needs no binding."""
 
-import textwrap
-
 from interface import conditions
-from interface.languages import Language, Literals
+from interface.languages import Language, Literals, broken, form_of, glued
 
 LANGUAGE = Language("C", "include/kezlib.h",
                     literals=Literals(real="{}f", not_a_number="NAN", infinity="INFINITY"))
@@ -21,15 +19,9 @@ def parameter(argument):
     return f"{const}{TYPES[argument.kind]} {name}"
 
 
-SPACE = "\N{NO-BREAK SPACE}"
-
-
-def wrapped(opening, parts, closing, width=88):
+def wrapped(opening, parts, closing):
     """Lines that break between the parts only."""
-    text = ", ".join(part.replace(" ", SPACE) for part in parts)
-    lines = textwrap.wrap(opening.replace(" ", SPACE) + text + closing, width,
-                          subsequent_indent="    ", break_long_words=False, break_on_hyphens=False)
-    return "\n".join(lines).replace(SPACE, " ")
+    return "\n".join(broken(f"{glued(opening)}{', '.join(map(glued, parts))}{closing}", 88))
 
 
 def signature(routine):
@@ -81,7 +73,8 @@ def printing(argument, sizes, form):
             f'printf("{name}[%d] = {form}\\n", entry, {name}[entry]);')
 
 
-def call(routine, literals, sizes, form="real"):
+def call(routine, literals, sizes):
+    form = form_of(routine, literals)
     arrays = [a for a in routine.arguments if a.extent and a.kind != "callback"]
     passed = [a.name if a.extent else f"&{a.name}" for a in routine.arguments]
     lines = [callback(a, literals) for a in routine.arguments if a.kind == "callback"]

@@ -1,6 +1,5 @@
 """The languages behind the tabs: C, and those that have a binding's writer."""
 
-import inspect
 import pathlib
 from dataclasses import dataclass
 
@@ -48,8 +47,7 @@ def holes(routine, form):
 
 
 def template(writer, routine, form):
-    knows_form = "form" in inspect.signature(writer.call).parameters
-    return writer.call(routine, *holes(routine, form), *([form] if knows_form else []))
+    return writer.call(routine, *holes(routine, form))
 
 
 def data(tab, routine):

@@ -1,6 +1,7 @@
 """What the bindings' writers share: names that a language accepts, its literals, its comments."""
 
 import math
+import re
 import textwrap
 from dataclasses import dataclass, field
 
@@ -70,6 +71,21 @@ def wrapped(text, prefix, width=100):
     return [(prefix + line).rstrip() for line in lines]
 
 
+GLUE = "\N{NO-BREAK SPACE}"
+
+
+def glued(text):
+    """With blanks at which no line of a statement breaks."""
+    return text.replace(" ", GLUE)
+
+
+def broken(text, width, indent="    "):
+    """A statement's lines, which break at the blanks that are not glued."""
+    lines = textwrap.wrap(text, width, subsequent_indent=indent, break_long_words=False,
+                          break_on_hyphens=False)
+    return [line.replace(GLUE, " ") for line in lines]
+
+
 def is_list(argument):
     """Whether it is an array that has not always one entry."""
     return argument.extent not in ("", "1")
@@ -80,8 +96,10 @@ def forms(routine):
     return ["integer", "real"] if any(a.kind == "word" for a in routine.arguments) else [None]
 
 
-def form_of(routine, literals, language):
+INTEGERS = re.compile(r"(?:[-\d\s,&]|«\w+»)*")  # or what a page puts integers in place of
+
+
+def form_of(routine, literals):
     """The kind of a call's raw words, by the texts of what they hold."""
-    marks = (".", language.literals.not_a_number, language.literals.infinity)
     texts = [literals.get(a.name, "") for a in routine.arguments if a.kind == "word"]
-    return "real" if any(mark in text for text in texts for mark in marks) else "integer"
+    return "integer" if all(map(INTEGERS.fullmatch, texts)) else "real"

@@ -6,7 +6,8 @@ import textwrap
 from xml.sax.saxutils import escape
 
 from ..arithmetic import substituted
-from ..languages import Language, Literals, shape, wrapped
+from ..languages import (Language, Literals, broken, form_of, forms, glued, is_list, shape,
+                         wrapped)
 from ..model import FormError
 from . import NOTICE
 
@@ -23,7 +24,6 @@ LANGUAGE = Language(
 
 TYPES = {"real": "float", "integer": "int", "nothing": "void"}
 DIRECTIONS = {"in": "Read", "out": "Written", "in,out": "Read and written"}
-GLUE = "\0"
 CLASS = """
 /// <summary>The routines of the library, as its header has them.</summary>
 /// <remarks>
@@ -34,11 +34,6 @@ CLASS = """
 public static class Routines""".strip()
 
 
-def forms(routine):
-    """What lists of either kind are declared as, if the routine takes any."""
-    return ["real", "integer"] if any(a.kind == "word" for a in routine.arguments) else ["real"]
-
-
 def name(argument):
     return LANGUAGE.name(argument.name)
 
@@ -47,28 +42,26 @@ def type_name(argument, form):
     if argument.callback:
         return argument.callback.name
     kind = TYPES[form if argument.kind == "word" else argument.kind]
-    return kind + "[]" if argument.extent else kind
+    return kind + "[]" if is_list(argument) else kind
 
 
 def passing(argument):
     """How a caller passes it. Scalar inputs go by value: mono's compiler takes an `in` for that,
     others before C# 7.2 for an error."""
-    if argument.extent or argument.direction == "in":
+    if is_list(argument) or argument.direction == "in":
         return ""
     return "out " if argument.direction == "out" and not argument.kept_when else "ref "
 
 
 def native_passing(argument):
-    if argument.extent:
+    if is_list(argument):
         return "" if argument.direction == "in" else "[In, Out] "
     return passing(argument) or "ref "
 
 
 def filled(head, items, tail):
     """A line that breaks between the items only."""
-    text = head.replace(" ", GLUE) + f"({', '.join(x.replace(' ', GLUE) for x in items)}){tail}"
-    return textwrap.fill(text, 88, subsequent_indent="    ", break_long_words=False,
-                         break_on_hyphens=False).replace(GLUE, " ")
+    return "\n".join(broken(f"{glued(head)}({', '.join(map(glued, items))}){tail}", 88))
 
 
 def head(routine, form):
@@ -120,7 +113,7 @@ def checks(routine):
     for a in routine.arguments:
         if a.callback:
             yield f'Checks.IsThere("{a.name}", {name(a)});'
-        elif a.extent:
+        elif is_list(a):
             extent = re.sub(rf"\b({arrays})\(", r"entry(\1, ", a.extent)
             yield f'Checks.Holds("{a.name}", {name(a)}, {substituted(extent, terms)});'
 
@@ -137,7 +130,7 @@ def guarded_call(argument, call):
 
 
 def method(routine, form, group):
-    passed = ["held" if a.callback else name(a) if a.extent else (passing(a) or "ref ") + name(a)
+    passed = ["held" if a.callback else name(a) if is_list(a) else (passing(a) or "ref ") + name(a)
               for a in routine.arguments]
     call = filled(f"Native.{routine.name}", passed, ";")
     callbacks = [a for a in routine.arguments if a.callback]
@@ -188,7 +181,7 @@ def declaration(argument, form, literals, sizes):
     if argument.callback:
         return (f"float[] {argument.name}_values = {{{held}}};\n"
                 f"{kind} {variable} = i => {argument.name}_values[i - 1];")
-    if argument.extent:
+    if is_list(argument):
         held = f"new {kind[:-2]}[{sizes[argument.name]}]" if held is None else f"{{{held}}}"
     elif held is None and passing(argument) == "ref ":
         held = "0"
@@ -196,13 +189,13 @@ def declaration(argument, form, literals, sizes):
 
 
 def printed(argument):
-    text = f'string.Join(" ", {name(argument)})' if argument.extent else name(argument)
+    text = f'string.Join(" ", {name(argument)})' if is_list(argument) else name(argument)
     return f'Console.WriteLine("{argument.name} = " + {text});'
 
 
-def call(routine, literals, sizes, form="real"):
-    """Lists of either kind are of the form, real or integer."""
-    passed = [("" if a.extent else passing(a)) + name(a) for a in routine.arguments]
+def call(routine, literals, sizes):
+    form = form_of(routine, literals)
+    passed = [passing(a) + name(a) for a in routine.arguments]
     return "\n".join([*(declaration(a, form, literals, sizes) for a in routine.arguments),
                       filled(f"Routines.{routine.name}", passed, ";"),
                       *(printed(a) for a in routine.outputs())])

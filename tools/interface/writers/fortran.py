@@ -1,9 +1,8 @@
 """The Fortran module: interfaces of the routines, and of the routine that a host is called by."""
 
 import itertools
-import textwrap
 
-from ..languages import Language, Literals, form_of, forms, is_list, wrapped
+from ..languages import Language, Literals, broken, form_of, forms, is_list, wrapped
 from . import NOTICE
 
 # Each entry has a line of its own: a line ends at column 132, wherever the literals come from.
@@ -42,8 +41,7 @@ def indented(lines, depth):
 
 def statement(text):
     """Its lines, broken behind commas."""
-    lines = textwrap.wrap(text, 86, subsequent_indent="    ", break_long_words=False,
-                          break_on_hyphens=False)
+    lines = broken(text, 86)
     return [line + " &" for line in lines[:-1]] + lines[-1:]
 
 
@@ -190,7 +188,7 @@ def host_module(routine):
 
 
 def call(routine, literals, sizes):
-    form = form_of(routine, literals, LANGUAGE)
+    form = form_of(routine, literals)
     printed = [f'print *, "{a.name} =", {a.name}' for a in routine.outputs()]
     host = host_name(routine)
     return "\n".join([

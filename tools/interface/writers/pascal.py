@@ -1,10 +1,9 @@
 """The unit for Free Pascal and Delphi."""
 
 import itertools
-import textwrap
 from xml.sax.saxutils import escape
 
-from ..languages import Language, Literals, form_of, forms, is_list, wrapped
+from ..languages import Language, Literals, broken, form_of, forms, glued, is_list, wrapped
 from . import NOTICE
 
 RESERVED = frozenset("""
@@ -32,7 +31,6 @@ interface
 const
   KezLibrary = {{$IFDEF MSWINDOWS}}'KezLib.dll'{{$ELSE}}'libKezLib.so.1'{{$ENDIF}};
 """
-GLUE = "\N{NO-BREAK SPACE}"
 BY_REFERENCE = {"FPC": "constref", "Delphi": "const [Ref]"}
 
 
@@ -49,20 +47,19 @@ def type_of(argument, form):
 
 
 def parameters(routine, form, compiler):
-    """Neighbours that are alike share a type."""
+    """Neighbours that are alike share a type, but no attribute: whether [Ref] would hold for more
+    than the first of them is nothing to rely on."""
     def alike(argument):
-        return passed(argument, compiler), type_of(argument, form), is_list(argument)
+        how = passed(argument, compiler)
+        alone = argument.name if "[" in how else ""
+        return glued(how), glued(f": {type_of(argument, form)}"), is_list(argument), alone
 
-    groups = itertools.groupby(routine.arguments, alike)
-    return "; ".join(
-        f"{how.replace(' ', GLUE)}{', '.join(LANGUAGE.name(m.name) for m in members)}:{GLUE}{kind}"
-        for (how, kind, _), members in groups)
+    return "; ".join(how + ", ".join(LANGUAGE.name(member.name) for member in members) + kind
+                     for (how, kind, *_), members in itertools.groupby(routine.arguments, alike))
 
 
 def statement(text):
-    lines = textwrap.wrap(text, 100, subsequent_indent="  ", break_long_words=False,
-                          break_on_hyphens=False)
-    return [line.replace(GLUE, " ") for line in lines]
+    return broken(text, 100, "  ")
 
 
 def head(routine, form, compiler):
@@ -96,17 +93,17 @@ def declaration(routine):
     return lines
 
 
-def callback_head(callback, compiler, name=""):
-    """Of the type, or with a name of a host's function."""
-    arguments = "; ".join(f"{BY_REFERENCE[compiler] if a.constant else 'var'} {a.name}:"
-                          f" {KINDS[a.kind]}" for a in callback.arguments)
-    return f"function{name}({arguments}): {KINDS[callback.result]};"
+def callback_head(callback, name=""):
+    """Of the type, or with a name of a host's function; for both compilers."""
+    constant = "{{$IFDEF FPC}}{FPC}{{$ELSE}}{Delphi}{{$ENDIF}}".format(**BY_REFERENCE)
+    arguments = "; ".join(f"{constant if a.constant else 'var'} {a.name}: {KINDS[a.kind]}"
+                          for a in callback.arguments)
+    return f"function{name}({arguments}): {KINDS[callback.result]}; winapi;"
 
 
 def callback_type(callback):
-    return ["", *element("summary", callback.text), "type", f"  {callback.name} =",
-            f"    {{$IFDEF FPC}}{callback_head(callback, 'FPC')}",
-            f"    {{$ELSE}}{callback_head(callback, 'Delphi')}{{$ENDIF}} winapi;"]
+    return ["", "type", *("  " + line for line in element("summary", callback.text)),
+            f"  {callback.name} =", f"    {callback_head(callback)}"]
 
 
 def write(interface):
@@ -153,7 +150,7 @@ def invocation(routine):
 def callbacks(routine):
     for argument in routine.arguments:
         if callback := argument.callback:
-            yield from [f"{callback_head(callback, 'FPC', ' ' + argument.name)} winapi;", "begin",
+            yield from [callback_head(callback, f" {argument.name}"), "begin",
                         f"  Result := {variable(argument)}[{callback.arguments[0].name} - 1];",
                         "end;", ""]
 
@@ -169,7 +166,7 @@ def printed(argument, sizes):
 
 def call(routine, literals, sizes):
     has_entries = any(map(is_list, routine.outputs()))
-    names = [*variables(routine, form_of(routine, literals, LANGUAGE), sizes),
+    names = [*variables(routine, form_of(routine, literals), sizes),
              *(["Entry: Integer;"] if has_entries else [])]
     steps = [*settings(routine, literals, sizes), *invocation(routine),
              *(line for a in routine.outputs() for line in printed(a, sizes))]

@@ -3,7 +3,7 @@
 import re
 import textwrap
 
-from ..languages import Language, shape, wrapped
+from ..languages import GLUE, Language, broken, shape, wrapped
 from . import NOTICE, javascript
 
 LANGUAGE = Language(
@@ -29,7 +29,6 @@ export function load(bytes?: ArrayBuffer | ArrayBufferView): Promise<KezLib>;
 export interface KezLib {{"""
 
 LISTS = {"real": "Float32Array", "integer": "Int32Array", "word": "Moved<List>"}
-UNBROKEN = "\0"  # a blank that a line does not end at
 TYPES = {"real": "number", "integer": "number", "nothing": "void"}
 
 
@@ -69,10 +68,7 @@ def signature(routine):
     lists = any(a.kind == "word" for a in routine.arguments)
     variable = "<List extends ArrayLike<number>>" if lists else ""
     line = f"{routine.name}{variable}({', '.join(given)}): {results};"
-    whole = re.sub(r"(?<=[:{|]) | (?=[}|])", UNBROKEN, line)
-    lines = textwrap.wrap(whole, 96, subsequent_indent="  ", break_long_words=False,
-                          break_on_hyphens=False)
-    return "\n".join(lines).replace(UNBROKEN, " ")
+    return "\n".join(broken(re.sub(r"(?<=[:{|]) | (?=[}|])", GLUE, line), 96, "  "))
 
 
 def call(routine, literals, sizes):

@@ -3,7 +3,8 @@
 import itertools
 import textwrap
 
-from ..languages import Language, Literals, shape, wrapped
+from ..languages import (Language, Literals, broken, form_of, forms, glued, is_list, shape,
+                         wrapped)
 from . import NOTICE
 
 LANGUAGE = Language(
@@ -27,7 +28,6 @@ LANGUAGE = Language(
 TYPES = {"real": "Single", "integer": "Long"}
 DIRECTIONS = {"in": "read", "out": "written", "in,out": "read and written"}
 WIDTH = 96
-GLUE = "\0"
 HEAD = f"""
 Attribute VB_Name = "KezLib"
 Option Explicit
@@ -58,11 +58,6 @@ End Function
 """
 
 
-def forms(routine):
-    """What lists of either kind are declared as, if the routine takes any."""
-    return ["real", "integer"] if any(a.kind == "word" for a in routine.arguments) else [""]
-
-
 def name(argument):
     return LANGUAGE.name(argument.name)
 
@@ -73,18 +68,13 @@ def declared_name(routine, form):
 
 
 def type_name(argument, form):
-    return TYPES[form or "real" if argument.kind == "word" else argument.kind]
+    return TYPES[form if argument.kind == "word" else argument.kind]
 
 
 def continued(text, indent=""):
-    """Over lines that break at blanks; a glued blank is none. The editor takes 24 continuations
-    and 1023 characters in a line."""
-    for width in WIDTH, 1000:
-        lines = textwrap.wrap(text, width, initial_indent=indent, subsequent_indent="    ",
-                              break_long_words=False, break_on_hyphens=False)
-        if len(lines) <= 25:
-            break
-    return " _\n".join(lines).replace(GLUE, " ")
+    """The editor takes 24 continuations and 1023 characters in a line."""
+    lines = broken(indent + text, WIDTH)
+    return " _\n".join(lines if len(lines) <= 25 else broken(indent + text, 1000))
 
 
 def parameter(argument, form, pointer):
@@ -95,7 +85,7 @@ def parameter(argument, form, pointer):
 
 def declaration(routine, form, safe):
     pointer = "LongPtr" if safe else "Long"
-    parameters = [parameter(a, form, pointer).replace(" ", GLUE) for a in routine.arguments]
+    parameters = [glued(parameter(a, form, pointer)) for a in routine.arguments]
     alias = f' Alias "{routine.name}"' if form else ""
     return (f'Public Declare {"PtrSafe " if safe else ""}Sub {declared_name(routine, form)} '
             f'Lib "KezLib.dll"{alias} ( _\n{continued(", ".join(parameters) + ")", "    ")}')
@@ -133,20 +123,20 @@ def variable(argument, form, sizes):
     kind = "Single" if argument.callback else type_name(argument, form)
     if argument.callback:
         return f"Private {argument.name}_values(1 To {sizes[argument.name]} + 1) As {kind}"
-    bounds = f"(1 To {sizes[argument.name]} + 1)" if argument.extent else ""
+    bounds = f"(1 To {sizes[argument.name]} + 1)" if is_list(argument) else ""
     return f"Dim {name(argument)}{bounds} As {kind}"
 
 
 def setting(argument, text):
     variable = f"{argument.name}_values" if argument.callback else name(argument)
-    if not argument.extent:
+    if not is_list(argument):
         return [f"{variable} = {text}"]
     return ["entry = 0", continued(f"For Each item In Array({text})"), "    entry = entry + 1",
             f"    {variable}(entry) = item", "Next"]
 
 
 def printed(argument, sizes):
-    if not argument.extent:
+    if not is_list(argument):
         return [f'Debug.Print "{argument.name} ="; {name(argument)}']
     return [f"For entry = 1 To {sizes[argument.name]}",
             f'    Debug.Print "{argument.name}("; entry; ") ="; {name(argument)}(entry)', "Next"]
@@ -160,17 +150,18 @@ def callback_function(argument, sizes):
             f"    {function} = {argument.name}_values(i)", "End Function", ""]
 
 
-def call(routine, literals, sizes, form="real"):
-    """A whole procedure. Lists of either kind are of the form, real or integer."""
+def call(routine, literals, sizes):
+    """A whole procedure."""
+    form = form_of(routine, literals)
     callbacks = [a for a in routine.arguments if a.callback]
-    passed = [f"AddressOf{GLUE}{a.name}_at" if a.callback else name(a) + ("(1)" if a.extent else "")
-              for a in routine.arguments]
+    passed = [glued(f"AddressOf {a.name}_at") if a.callback else
+              name(a) + ("(1)" if is_list(a) else "") for a in routine.arguments]
     body = [variable(a, form, sizes) for a in routine.arguments if not a.callback]
-    if any(a.extent for a in routine.arguments):
+    if any(map(is_list, routine.arguments)):
         body += ["Dim entry As Long", "Dim item As Variant"]
     body += [line for a in routine.arguments if a.name in literals
              for line in setting(a, literals[a.name])]
-    called = declared_name(routine, form if forms(routine) != [""] else "")
+    called = declared_name(routine, form if len(forms(routine)) > 1 else None)
     body.append(continued(f"{called} {', '.join(passed)}"))
     body += [line for a in routine.outputs() for line in printed(a, sizes)]
     return "\n".join([line for a in callbacks for line in callback_function(a, sizes)]
