@@ -8,13 +8,23 @@ ANSWER = 'write (*, "(*(1x, z8.8))", advance="no") transfer({}, [0])'
 TYPES = {"real": "real(c_float)", "integer": "integer(c_int32_t)"}
 
 
+def of_bits(bits):
+    return "-0.0" if bits == 1 << 31 else f"transfer({worked_calls.signed(bits)}, 0.0)"
+
+
 def literal(text, kind):
     bits = row_values.word(text, kind)
-    if kind == "integer":  # the least one has no literal
-        return "transfer(-0.0, 0)" if bits == 1 << 31 else f"{worked_calls.signed(bits)}"
-    if text == "." or text[:2] == "0x" or "n" in text:
-        return f"transfer({worked_calls.signed(bits)}, 0.0)"
-    return fortran.LANGUAGE.literals.of(text, kind)
+    if kind == "integer" and bits == 1 << 31:
+        return "transfer(-0.0, 0)"  # the least one has no literal
+    if kind == "real" and "n" in text:
+        return of_bits(bits)
+    return worked_calls.literal(fortran, of_bits)(text, kind)
+
+
+def invocation(routine):
+    """By keyword, so that names count too."""
+    named = ", ".join(f"{a.name}={a.name}" for a in routine.arguments)
+    return fortran.statement(f"call {routine.name}({named})")
 
 
 def calling(number, row):
@@ -25,7 +35,7 @@ def calling(number, row):
         f"subroutine row{number}()", f"use kezlib, only: {routine.name}",
         *([f"use {host}"] if host else []), "implicit none",
         *fortran.variables(routine, form, sizes), *fortran.settings(routine, form, literals),
-        *fortran.invocation(routine), f'write (*, "(i0)", advance="no") {number}',
+        *invocation(routine), f'write (*, "(i0)", advance="no") {number}',
         *(ANSWER.format(name) for name in row.wanted), "print *", f"end subroutine row{number}"])
 
 

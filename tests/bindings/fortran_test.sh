@@ -5,7 +5,9 @@
 # windows-x86 and windows-x64; without it they are not tried.
 set -eu
 . "$(dirname "$0")/../shell.sh"
+. "$(dirname "$0")/programs.sh"
 
+language=fortran
 tests=$(cd "$(dirname "$0")" && pwd)
 examples=$tests/../../examples
 package=$(cd "$1" && pwd)
@@ -14,8 +16,6 @@ builds=${3:+$(cd "$3" && pwd)}
 module=$package/share/kezlib/bindings/fortran/kezlib.F90
 warnings="-std=f2008 -Wall -Wextra -pedantic -Werror"
 cd "$work"
-
-calls() { python3 -B "$tests/fortran_calls.py" "$@"; }
 
 # changed EXPRESSION: the module with a declaration that sed changes lets the calls not compile.
 changed() {
@@ -29,49 +29,25 @@ changed() {
         fail "nobody sees this change of the module: $1"
 }
 
-# built PROGRAM SOURCE: for the system that the folder is for.
-built() {
-    # shellcheck disable=SC2086
-    quietly $compile $warnings $system -c "$module"
-    # shellcheck disable=SC2086
-    quietly $compile $warnings $system "$2" kezlib.o $link -o "$1"
-}
-
 # all_on MACHINE COMPILER: every program, in a folder of its own.
 all_on() {
-    machine=$1 compile=$2
-    mkdir -p "$machine"
-    cd "$machine"
-    [ -z "$run" ] || cp "$builds/$machine/KezLib.dll" .
-    built calls.exe "$work/calls.F90"
-    $run ./calls.exe >results || fail "the calls ended with an error on $machine"
-    said=$(calls --check results) || fail "on $machine: $said"
-    echo "$machine: $said"
-    built host.exe "$examples/host.f90"
+    compile=$2
+    mkdir -p "$1"
+    cd "$1"
+    [ -z "$run" ] || cp "$builds/$1/KezLib.dll" .
     # shellcheck disable=SC2086
-    expect_answer $run ./host.exe
-    built shear.exe "$examples/shear.f90"
-    $run ./shear.exe | tr -d '\r' >printed
-    expect_shear printed
-    for source in "$work"/page/*.F90 "$work"/copied/*.F90; do
-        built program.exe "$source"
-        $run ./program.exe | tr -d '\r' >printed
-        case $source in
-            */page/*) cmp printed "${source%.F90}.prints" || fail "not as the page says" ;;
-            *) calls --check-copied "$source" printed || fail "wrong on $machine: $source" ;;
-        esac
+    quietly $compile $warnings $system -c "$module"
+    for source in $programs; do
+        # shellcheck disable=SC2086
+        quietly $compile $warnings $system "$source" kezlib.o $link -o program.exe
+        $run ./program.exe >results || fail "this ends with an error on $1: $source"
+        tr -d '\r' <results >printed
+        expect_printed "$source" printed "$1"
     done
     cd "$work"
 }
 
-mkdir -p page copied
-python3 -B "$tests/page_blocks.py" "$tests/../../bindings/fortran/README.md" fortran page
-for block in page/[0-9]; do
-    [ -e "$block.prints" ] || fail "the page does not say what its program $block prints"
-    mv "$block" "$block.F90"
-done
-calls calls.F90
-calls --copy copied F90
+write_programs F90 "$examples/host.f90" "$examples/shear.f90"
 system='' run='' link="-L$package/lib -lKezLib -Wl,-rpath,$package/lib"
 all_on linux gfortran
 changed '/subroutine kezpds/,/end subroutine/s/real(c_float)\(.*:: d\)/integer(c_int32_t)\1/'
@@ -84,7 +60,5 @@ if [ -n "$builds" ]; then
     link="-static $builds/windows-x86/libKezLib.dll.a" run=$tests/../../tools/wine-x86
     system=-D_WIN32
     all_on windows-x86 i686-w64-mingw32-gfortran
-    echo "$said, on Linux and with both DLLs"
-else
-    echo "$said, on Linux; not run: both DLLs"
 fi
+finish "$builds"

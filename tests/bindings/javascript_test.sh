@@ -71,9 +71,9 @@ moments   Ix 151.3 cm^4, Iy 41.3 cm^4, Ixy -45.0 cm^4
 principal 167.3 cm^4 and 25.2 cm^4, at 19.6 degrees
 END
 cmp section expected
-python3 -B "$tests/bindings/page_blocks.py" "$binding/README.md" js blocks
+python3 -B "$tests/bindings/page_blocks.py" "$binding/README.md" js blocks mjs
 for prints in blocks/*.prints; do
-    cp "${prints%.prints}" block.mjs
+    cp "${prints%.prints}.mjs" block.mjs
     node block.mjs | cmp - "$prints" || fail "the page's program ${prints%.prints}"
 done
 

@@ -33,13 +33,7 @@ PASSED = {"in": "constref", "out": "out", "in,out": "var"}
 TYPES = {"real": "Single", "integer": "Integer"}
 
 
-def literal(text, kind):
-    bits = row_values.word(text, kind)
-    if kind == "integer":
-        return str(worked_calls.signed(bits))
-    if text == "." or text[:2] == "0x":
-        return f"Real(${bits:08x})"
-    return pascal.LANGUAGE.literals.of(text, kind)
+literal = worked_calls.literal(pascal, lambda bits: f"Real(${bits:08x})")
 
 
 def answers(row, sizes):

@@ -5,7 +5,9 @@
 # windows-x86 and windows-x64; without it they are not tried.
 set -eu
 . "$(dirname "$0")/../shell.sh"
+. "$(dirname "$0")/programs.sh"
 
+language=pascal
 tests=$(cd "$(dirname "$0")" && pwd)
 examples=$tests/../../examples
 tools=$tests/../../tools
@@ -17,8 +19,6 @@ unit=$package/share/kezlib/bindings/pascal/kezlib.pas
 warnings="-vewnh -Sewnh"
 export LD_LIBRARY_PATH="$package/lib${LD_LIBRARY_PATH:+:$LD_LIBRARY_PATH}"
 cd "$work"
-
-calls() { python3 -B "$tests/pascal_calls.py" "$@"; }
 
 # built PROGRAM SOURCE: in the mode that the program itself does not set.
 built() {
@@ -53,34 +53,17 @@ all_on() {
     mkdir -p "$1-$2"
     cd "$1-$2"
     [ -z "$run" ] || cp "$builds/$1/KezLib.dll" .
-    for source in "$work/calls.pas" "$examples/host.pas" "$examples/shear.pas" \
-        "$work"/page/*.pas "$work"/copied/*.pas; do
+    for source in $programs; do
         sed "s/{\$MODE OBJFPC}/{\$MODE $2}/" "$source" >program.pas
         built program.exe program.pas
         $run ./program.exe >results || fail "this ends with an error on $1: $source"
         tr -d '\r' <results >printed
-        case $source in
-            */calls.pas)
-                said=$(calls --check printed) || fail "on $1, mode $2: $said"
-                echo "$1, mode $2: $said"
-                ;;
-            */host.pas) expect_answer cat printed ;;
-            */shear.pas) expect_shear printed ;;
-            */page/*) cmp printed "${source%.pas}.prints" || fail "not as the page says" ;;
-            *) calls --check-copied "$source" printed || fail "wrong on $1: $source" ;;
-        esac
+        expect_printed "$source" printed "$1, mode $2"
     done
     cd "$work"
 }
 
-mkdir -p page copied
-python3 -B "$tests/page_blocks.py" "$tests/../../bindings/pascal/README.md" pascal page
-for block in page/[0-9]; do
-    [ -e "$block.prints" ] || fail "the page does not say what its program $block prints"
-    mv "$block" "$block.pas"
-done
-calls calls.pas
-calls --copy copied pas
+write_programs pas "$examples/host.pas" "$examples/shear.pas"
 run='' compile=fpc
 all_on linux objfpc
 all_on linux delphi
@@ -96,7 +79,5 @@ if [ -n "$builds" ]; then
     all_on windows-x64 delphi
     run=$tools/wine-x86 compile=$work/compilers/fpc-windows-x86
     all_on windows-x86 objfpc
-    echo "$said, on Linux and with both DLLs"
-else
-    echo "$said, on Linux; not run: both DLLs"
 fi
+finish "$builds"

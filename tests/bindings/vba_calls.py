@@ -11,16 +11,16 @@ import itertools
 import pathlib
 import sys
 
-from row_values import POISON, form, held, texts, word  # finds the next ones
-import interface
-from interface import rows
+from row_values import texts  # it says where to find the next
+from worked_calls import INTERFACE, ROWS, faults, literal
 from interface.writers import vba
 from vba_module import External, read_module
 from vba_run import Run
 from vba_text import Refused, compiled_lines, logical_lines, physical_lines
 from vba_values import bits
 
-FORMS = {"real": "Single", "integer": "Long"}
+FORMS = {"integer": "Long", "real": "Single"}
+LITERAL = literal(vba, lambda bits: f"SingleFromBits(&H{bits:X})")
 
 
 def module(path, vba7=True):
@@ -46,7 +46,7 @@ def wanted_parameters(routine, form, vba7):
 
 
 def wanted_declarations(vba7):
-    for routine in interface.read().routines:
+    for routine in INTERFACE.routines:
         if any(a.kind == "word" for a in routine.arguments):
             for form, name in FORMS.items():
                 yield routine.name + name, routine.name, list(
@@ -68,37 +68,28 @@ def check_header(path):
     return "the declarations are the header's"
 
 
-def literal(text, kind):
-    if kind == "real" and text == ".":
-        return f"SingleFromBits(&H{POISON:X})"
-    return str(POISON) if text == "." else vba.LANGUAGE.literals.of(text, kind)
-
-
-def worked(row):
-    literals = vba.LANGUAGE.literals
-    return vba.call(row.routine, *texts(row, literal, literals.joint), form(row))
+def results(row, frame, sizes):
+    """The bits of every output; an array of VBA has an entry more."""
+    for a in row.routine.outputs():
+        variable = frame[vba.name(a).lower()]
+        entries = map(variable.entry, range(1, int(sizes[a.name]) + 1)) if a.extent else [variable]
+        yield from map(bits, entries)
 
 
 def check_row(row, declarations, library):
-    text = worked(row).replace("\n", "\r\n") + "\r\n"
+    literals, sizes = texts(row, LITERAL, vba.LANGUAGE.literals.joint)
+    text = vba.call(row.routine, literals, sizes).replace("\n", "\r\n") + "\r\n"
     host = read_module(logical_lines(physical_lines(text.encode())))
     frame = Run([declarations, host], library).call(f"Worked_{row.routine.name}")
-    for a in row.routine.outputs():
-        variable, before = frame[vba.name(a).lower()], held(row)[a.name]
-        for i, wanted in enumerate(row.wanted[a.name]):
-            got = variable.entry(i + 1) if a.extent else variable
-            kind = row.kinds[a.name]
-            if not rows.meets(bits(got), word(before[i], kind), wanted, kind):
-                raise Refused(f"{row.place} {row.routine.name}: {a.name} is {got.get()} "
-                              f"for {wanted}")
+    for fault in faults(row, results(row, frame, sizes)):
+        raise Refused(fault)
 
 
 def check_rows(path, library):
     declarations, library = module(path), ctypes.CDLL(library)
-    count = 0
-    for count, row in enumerate(rows.read_rows(interface.read()), 1):
+    for row in ROWS:
         check_row(row, declarations, library)
-    return f"{count} calls"
+    return f"{len(ROWS)} calls of {len(INTERFACE.routines)} routines passed"
 
 
 def run(path, library, file, name):

@@ -44,10 +44,10 @@ run "$tests/../examples/host.bas" FirstCall '( 0.8660254 , 0.5 ) and ( -0.866025
 # By hand: A = 2 (640 + 576), yc = 41472 / A, Ix = 2181803 - A yc^2, Iy = 2 (1637333 + 49728).
 run "$tests/../examples/host.bas" SectionValues \
     'area 2432 centroid 0 17.05263 principal moments 1474596 3374123'
-python3 -B "$tests/bindings/page_blocks.py" "$binding/README.md" vba blocks
+python3 -B "$tests/bindings/page_blocks.py" "$binding/README.md" vba blocks bas
 for prints in blocks/*.prints; do
-    sed 's/$/\r/' "${prints%.prints}" >page.bas
-    run page.bas "$(sed -n 's/^Public Sub \(\w*\).*/\1/p' "${prints%.prints}")" "$(cat "$prints")"
+    sed 's/$/\r/' "${prints%.prints}.bas" >page.bas
+    run page.bas "$(sed -n 's/^Public Sub \(\w*\).*/\1/p' page.bas)" "$(cat "$prints")"
 done
 
 echo "Modules that are wrong"
@@ -69,7 +69,7 @@ done
 refused rows 'type mismatch at a1' "$wrong_kind"
 refused rows '' "$wrong_way"
 refused rows 'type mismatch at x' "$wrong_count"
-refused rows 'kezinv: x is' 's/Alias "kezinv"/Alias "kezmer2"/'
+refused rows 'kezinv x:' 's/Alias "kezinv"/Alias "kezmer2"/'
 refused header 'is declared for' \
     "$of_one s/ByRef a1 As Single, ByRef b1/ByRef b1 As Single, ByRef a1/"
 

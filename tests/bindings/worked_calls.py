@@ -9,7 +9,7 @@ import pathlib
 import re
 import sys
 
-from row_values import form, held, texts, word  # it says where to find the next
+from row_values import POISON, form, held, texts, word  # it says where to find the next
 import interface
 from interface import rows
 
@@ -58,6 +58,18 @@ def wanted(row):
 
 def signed(bits):
     return bits - (bits >> 31 << 32)
+
+
+def literal(writer, of_bits):
+    """What writes a row's literals in the writer's language: of_bits, a real that is its bits. Not
+    every compiler keeps the sign of a written -0."""
+    def written(text, kind):
+        bits = word(text, kind)
+        if kind == "integer":
+            return str(signed(bits))
+        is_bits = text[:2] == "0x" or bits in (POISON, 1 << 31)
+        return of_bits(bits) if is_bits else writer.LANGUAGE.literals.of(text, kind)
+    return written
 
 
 def families():
