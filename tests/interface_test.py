@@ -8,7 +8,7 @@ import unittest
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "tools"))
 import interface  # noqa: E402
-from interface import arithmetic, rows  # noqa: E402
+from interface import arithmetic, languages, rows  # noqa: E402
 from interface.writers import call_table, javascript, module_definition, routine_list  # noqa: E402
 
 INTERFACE = interface.read()
@@ -256,6 +256,13 @@ class WorkedCalls(unittest.TestCase):
                 (one, "1.1~0.11", "real", True), (one, "1.1~0.09", "real", False),
                 (0xFFFFFFFE, "-2", "integer", True), (5, ".", "integer", True)):
             self.assertEqual(rows.meets(bits, 5, literal, kind), meets, literal)
+
+    def test_kind_of_words_by_their_text(self):
+        routine = next(r for r in INTERFACE.routines if r.name == "kezinv")
+        for text, form in (("", "integer"), ("1, &\n    -2", "integer"), ("«x»", "integer"),
+                           ("«x.»", "real"), ("1.5f", "real"), ("1e+10, 2e+10", "real"),
+                           ("SingleFromBits(&H7F800000)", "real")):
+            self.assertEqual(languages.form_of(routine, {"n": "1", "x": text}), form, text)
 
     def test_extent(self):
         integers = {"n": 3, "counts": [2**31 - 1, 2, 4]}

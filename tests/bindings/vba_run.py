@@ -2,16 +2,16 @@
 does not know it refuses. External procedures are called as they are declared."""
 
 import ctypes
+import operator
 
 from vba_module import External
 from vba_text import Refused, enter
 from vba_values import TYPES, Array, Scalar, coerced
 
-BINARY = {"=": 1, "<>": 1, "<": 1, ">": 1, "<=": 1, ">=": 1, "&": 2, "+": 3, "-": 3, "*": 5, "/": 5}
-APPLY = {"=": lambda a, b: a == b, "<>": lambda a, b: a != b, "<": lambda a, b: a < b,
-         ">": lambda a, b: a > b, "<=": lambda a, b: a <= b, ">=": lambda a, b: a >= b,
-         "&": lambda a, b: shown(a) + shown(b), "+": lambda a, b: a + b, "-": lambda a, b: a - b,
-         "*": lambda a, b: a * b, "/": lambda a, b: a / b}
+# By sign how tightly it binds, and what it does.
+BINARY = {"=": (1, operator.eq), "+": (2, operator.add), "-": (2, operator.sub),
+          "*": (3, operator.mul), "/": (3, operator.truediv)}
+TIGHTEST = 4
 
 
 def shown(value):
@@ -33,16 +33,15 @@ class Tokens:
     def __init__(self, line):
         self.line, self.tokens, self.at = line, line.tokens(), 0
 
-    def peek(self, ahead=0):
-        where = self.at + ahead
-        return self.tokens[where][1] if where < len(self.tokens) else ""
+    def peek(self):
+        return self.tokens[self.at][1] if self.at < len(self.tokens) else ""
 
     def next(self):
         self.at += 1
         return self.tokens[self.at - 1]
 
-    def accept(self, *texts):
-        found = self.peek().lower() in [text.lower() for text in texts]
+    def accept(self, text):
+        found = self.peek().lower() == text.lower()
         self.at += found
         return found
 
@@ -90,10 +89,9 @@ class Run:
         lines = list(lines)
         while lines:
             tokens = Tokens(lines.pop(0))
-            word = tokens.peek().lower()
-            if word in ("for", "if"):
-                getattr(self, word + "_")(tokens, lines, frame)
-            elif word:
+            if tokens.accept("For"):
+                self.for_(tokens, lines, frame)
+            elif tokens.peek():
                 self.statements(tokens, frame)
 
     def statements(self, tokens, frame):
@@ -106,6 +104,8 @@ class Run:
         word = tokens.peek().lower()
         if tokens.accept("Dim"):
             self.dim(tokens, frame)
+        elif tokens.accept("If"):
+            self.if_(tokens, frame)
         elif tokens.accept("Debug"):
             tokens.expect(".")
             tokens.expect("Print")
@@ -133,21 +133,19 @@ class Run:
             if not tokens.accept(","):
                 break
 
-    def inner(self, tokens, lines, begin, end):
-        """The lines up to the end of the block that has begun, taken off the front."""
+    def inner(self, tokens, lines):
+        """The lines up to the end of the loop that has begun, taken off the front."""
         found, depth = [], 1
         while lines:
             line = lines.pop(0)
-            words = line.text.split("'")[0].split()
-            depth += bool(words) and words[0] == begin and (begin != "If" or words[-1] == "Then")
-            depth -= line.text.strip().startswith(end)
+            words = line.text.split() or [""]
+            depth += (words[0] == "For") - (words[0] == "Next")
             if not depth:
                 return found
             found.append(line)
-        tokens.line.refuse(f"no {end}")
+        tokens.line.refuse("no Next")
 
     def for_(self, tokens, lines, frame):
-        tokens.next()
         each = tokens.accept("Each")
         variable = self.place(tokens, frame)
         tokens.expect("In" if each else "=")
@@ -158,22 +156,20 @@ class Run:
         elif variable.type != "Variant":
             tokens.line.refuse("For Each takes a Variant")
         tokens.end()
-        body = self.inner(tokens, lines, "For", "Next")
+        body = self.inner(tokens, lines)
         for value in values:
             variable.put(value)
             self.block(body, frame)
 
-    def if_(self, tokens, lines, frame):
-        tokens.next()
+    def if_(self, tokens, frame):
+        """Of one line."""
         holds = self.expression(tokens, frame)
         tokens.expect("Then")
-        if tokens.peek():
-            if holds:
-                self.statements(tokens, frame)
-            return
-        body = self.inner(tokens, lines, "If", "End If")
+        if not tokens.peek():
+            tokens.line.refuse("what is done if it holds stands in other lines")
         if holds:
-            self.block(body, frame)
+            self.statements(tokens, frame)
+        tokens.at = len(tokens.tokens)
 
     def print(self, tokens, frame):
         parts = []
@@ -226,19 +222,14 @@ class Run:
 
     def expression(self, tokens, frame, least=1):
         value = self.primary(tokens, frame)
-        while BINARY.get(tokens.peek(), 0) >= least:
-            _, operator = tokens.next()
-            value = APPLY[operator](
-                value, self.expression(tokens, frame, BINARY[operator] + 1))
+        while tokens.peek() in BINARY and BINARY[tokens.peek()][0] >= least:
+            binding, apply = BINARY[tokens.next()[1]]
+            value = apply(value, self.expression(tokens, frame, binding + 1))
         return value
 
     def primary(self, tokens, frame):
         if tokens.accept("-"):
-            return -self.expression(tokens, frame, 6)
-        if tokens.accept("("):
-            value = self.expression(tokens, frame)
-            tokens.expect(")")
-            return value
+            return -self.expression(tokens, frame, TIGHTEST)
         if tokens.accept("AddressOf"):
             return self.callback(self.names[tokens.name().lower()])
         kind, text = tokens.tokens[tokens.at] if tokens.peek() else ("", "")
