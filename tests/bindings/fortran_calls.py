@@ -58,7 +58,7 @@ def use(name, family):
     return "\n".join([
         f"subroutine use_{name}()", "use kezlib", "implicit none", "abstract interface",
         *fortran.statement(f"subroutine {used}({names}) bind(c)"), "import",
-        *fortran.conventions(used, "_WIN32"),
+        *fortran.conventions(used, fortran.HOST),
         *(dummy(argument, family) for argument in arguments), f"end subroutine {used}",
         "end interface", f"procedure({used}), pointer :: with_{name}",
         f"with_{name} => {name}", f"if (.not. associated(with_{name})) stop 1",

@@ -12,6 +12,8 @@ LANGUAGE = Language("Fortran", "fortran/kezlib.F90", knows_case=False, literals=
 KINDS = {"real": "real(c_float)", "integer": "integer(c_int32_t)"}
 DEFAULT_KINDS = {"real": "real", "integer": "integer"}
 
+HOST = "#if defined(_WIN32) && !defined(_WIN64)"  # where what a host writes is a standard call
+
 # gfortran says nothing of the system in its macros, and a guess would corrupt the stack.
 TOP = """\
 #if defined(_WIN32)
@@ -45,8 +47,8 @@ def statement(text):
     return [line + " &" for line in lines[:-1]] + lines[-1:]
 
 
-def conventions(name, where="KEZ_STANDARD_CALL"):
-    return [f"#ifdef {where}", f"!GCC$ ATTRIBUTES STDCALL :: {name}",
+def conventions(name, where="#ifdef KEZ_STANDARD_CALL"):
+    return [where, f"!GCC$ ATTRIBUTES STDCALL :: {name}",
             f"!DIR$ ATTRIBUTES STDCALL :: {name}", "#endif"]
 
 
@@ -180,7 +182,7 @@ def host_module(routine):
     called = [a for a in routine.arguments if a.callback]
     functions = [line for a in called for line in function(
         a.callback, a.name, [f"value = {values_name(a)}({a.callback.arguments[0].name})"],
-        conventions(a.name, "_WIN32"))]
+        conventions(a.name, HOST))]
     values = [f"{DEFAULT_KINDS[a.callback.result]}, allocatable :: {values_name(a)}(:)"
               for a in called]
     return [f"module {host_name(routine)}", *indented(["use kezlib", "implicit none", *values], 2),
