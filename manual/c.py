@@ -74,7 +74,7 @@ def printing(argument, sizes, form):
 
 
 def call(routine, literals, sizes):
-    form = form_of(routine, literals)
+    form = form_of(routine, literals, LANGUAGE)
     arrays = [a for a in routine.arguments if a.extent and a.kind != "callback"]
     passed = [a.name if a.extent else f"&{a.name}" for a in routine.arguments]
     lines = [callback(a, literals) for a in routine.arguments if a.kind == "callback"]

@@ -9,7 +9,8 @@ import unittest
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "tools"))
 import interface  # noqa: E402
 from interface import arithmetic, languages, rows  # noqa: E402
-from interface.writers import call_table, javascript, module_definition, routine_list  # noqa: E402
+from interface.writers import (  # noqa: E402
+    call_table, fortran, javascript, module_definition, routine_list)
 
 INTERFACE = interface.read()
 HEADER = INTERFACE.routines
@@ -260,9 +261,10 @@ class WorkedCalls(unittest.TestCase):
     def test_kind_of_words_by_their_text(self):
         routine = next(r for r in INTERFACE.routines if r.name == "kezinv")
         for text, form in (("", "integer"), ("1, &\n    -2", "integer"), ("«x»", "integer"),
-                           ("«x.»", "real"), ("1.5f", "real"), ("1e+10, 2e+10", "real"),
-                           ("SingleFromBits(&H7F800000)", "real")):
-            self.assertEqual(languages.form_of(routine, {"n": "1", "x": text}), form, text)
+                           ("ibset(0, 31)", "integer"), ("«x.»", "real"), ("1.5", "real"),
+                           ("1e+10, 2e+10", "real"), ("ieee_value(1.0, ieee_quiet_nan)", "real")):
+            found = languages.form_of(routine, {"n": "1", "x": text}, fortran.LANGUAGE)
+            self.assertEqual(found, form, text)
 
     def test_extent(self):
         integers = {"n": 3, "counts": [2**31 - 1, 2, 4]}

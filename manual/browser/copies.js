@@ -6,6 +6,7 @@ import { sizeOf } from "./extents.js";
 
 function literal(token, kind, literals) {
   const value = token === ROOM ? 0 : parse(token, kind);
+  if (kind === "integer" && value === -(2 ** 31)) return literals.least_integer;
   if (kind === "integer") return literals.integer.replace("{}", String(value));
   const single = Math.fround(value);
   if (Number.isNaN(single)) return literals.not_a_number;

@@ -13,11 +13,8 @@ def of_bits(bits):
 
 
 def literal(text, kind):
-    bits = row_values.word(text, kind)
-    if kind == "integer" and bits == 1 << 31:
-        return "transfer(-0.0, 0)"  # the least one has no literal
-    if kind == "real" and "n" in text:
-        return of_bits(bits)
+    if kind == "real" and "n" in text:  # the writer's asks for a module
+        return of_bits(row_values.word(text, kind))
     return worked_calls.literal(fortran, of_bits)(text, kind)
 
 

@@ -27,6 +27,7 @@ changed() {
     # shellcheck disable=SC2086
     ! gfortran $warnings -fsyntax-only -Ichanged calls.F90 >changed/log 2>&1 ||
         fail "nobody sees this change of the module: $1"
+    grep -q 'Interface mismatch' changed/log || fail "this fails for another reason: $1"
 }
 
 # all_on MACHINE COMPILER: every program, in a folder of its own.

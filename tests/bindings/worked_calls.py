@@ -65,10 +65,9 @@ def literal(writer, of_bits):
     every compiler keeps the sign of a written -0."""
     def written(text, kind):
         bits = word(text, kind)
-        if kind == "integer":
-            return str(signed(bits))
-        is_bits = text[:2] == "0x" or bits in (POISON, 1 << 31)
-        return of_bits(bits) if is_bits else writer.LANGUAGE.literals.of(text, kind)
+        is_bits = kind == "real" and (text[:2] == "0x" or bits in (POISON, 1 << 31))
+        return of_bits(bits) if is_bits else writer.LANGUAGE.literals.of(
+            f"0x{bits:08x}" if text == "." else text, kind)
     return written
 
 
@@ -118,9 +117,11 @@ def check(lines):
 
 
 def copies():
-    """Rows that a manual could show: a callback, words, a list of either kind, ordinary ones."""
+    """Rows that a manual could show: a callback, words, a list of either kind, ordinary ones, and
+    one with the least integer."""
     for name in ("kezlci", "kezpre", "kezpnl", "kezmer1", "kezmer16", "kezpos1", "kezphip"):
         yield next(row for row in ROWS if row.routine.name == name)
+    yield next(row for row in ROWS if "-2147483648" in row.given.get("a", []))
 
 
 def copied(row, writer):

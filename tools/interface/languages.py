@@ -15,6 +15,7 @@ class Literals:
 
     real: str = "{}"  # around the digits, which have a point or an exponent
     integer: str = "{}"
+    least_integer: str = "-2147483648"
     not_a_number: str = "nan"
     infinity: str = "inf"
     joint: str = ", "  # between the entries of an array
@@ -23,7 +24,8 @@ class Literals:
         """A row's literal."""
         bits = word(literal, kind)
         if kind == "integer":
-            return self.integer.format(bits - (bits >> 31 << 32))
+            return (self.least_integer if bits == 1 << 31 else
+                    self.integer.format(bits - (bits >> 31 << 32)))
         value = single(bits)
         if math.isnan(value):
             return self.not_a_number
@@ -99,7 +101,8 @@ def forms(routine):
 INTEGERS = re.compile(r"(?:[-\d\s,&]|«\w+»)*")  # or what a page puts integers in place of
 
 
-def form_of(routine, literals):
+def form_of(routine, literals, language):
     """The kind of a call's raw words, by the texts of what they hold."""
-    texts = [literals.get(a.name, "") for a in routine.arguments if a.kind == "word"]
+    texts = [literals.get(a.name, "").replace(language.literals.least_integer, "0")
+             for a in routine.arguments if a.kind == "word"]
     return "integer" if all(map(INTEGERS.fullmatch, texts)) else "real"

@@ -45,7 +45,8 @@ def looks_real(literal):
 
 def kinds(row):
     words = [a.name for a in row.routine.arguments if a.kind == "word"]
-    literals = [text for name in words for text in row.given.get(name, []) + row.wanted.get(name, [])]
+    literals = [text for found in (row.given, row.wanted) for name in words
+                for text in found.get(name, [])]
     of_words = "real" if any(map(looks_real, literals)) else "integer"
     return {a.name: {"word": of_words, "callback": "real"}.get(a.kind, a.kind)
             for a in row.routine.arguments}
@@ -110,7 +111,7 @@ def word(literal, kind):
 
 
 def single_bits(value):
-    """The nearest single's bits. A literal that is a tie of doubles rounds twice; rows have none."""
+    """The nearest single's bits. A literal that is a tie of doubles rounds twice: there is none."""
     try:
         return struct.unpack("<I", struct.pack("<f", value))[0]
     except OverflowError:

@@ -195,7 +195,7 @@ def printed(argument):
 
 
 def call(routine, literals, sizes):
-    form = form_of(routine, literals)
+    form = form_of(routine, literals, LANGUAGE)
     passed = [passing(a) + name(a) for a in routine.arguments]
     return "\n".join([*(declaration(a, form, literals, sizes) for a in routine.arguments),
                       filled(f"Routines.{routine.name}", passed, ";"),

@@ -8,7 +8,7 @@ from . import NOTICE
 # Each entry has a line of its own: a line ends at column 132, wherever the literals come from.
 LANGUAGE = Language("Fortran", "fortran/kezlib.F90", knows_case=False, literals=Literals(
     not_a_number="ieee_value(1.0, ieee_quiet_nan)", infinity="ieee_value(1.0, ieee_positive_inf)",
-    joint=", &\n    "))
+    joint=", &\n    ", least_integer="ibset(0, 31)"))  # which is no integer of Fortran's model
 KINDS = {"real": "real(c_float)", "integer": "integer(c_int32_t)"}
 DEFAULT_KINDS = {"real": "real", "integer": "integer"}
 
@@ -190,7 +190,7 @@ def host_module(routine):
 
 
 def call(routine, literals, sizes):
-    form = form_of(routine, literals)
+    form = form_of(routine, literals, LANGUAGE)
     printed = [f'print *, "{a.name} =", {a.name}' for a in routine.outputs()]
     host = host_name(routine)
     return "\n".join([

@@ -166,7 +166,7 @@ def printed(argument, sizes):
 
 def call(routine, literals, sizes):
     has_entries = any(map(is_list, routine.outputs()))
-    names = [*variables(routine, form_of(routine, literals), sizes),
+    names = [*variables(routine, form_of(routine, literals, LANGUAGE), sizes),
              *(["Entry: Integer;"] if has_entries else [])]
     steps = [*settings(routine, literals, sizes), *invocation(routine),
              *(line for a in routine.outputs() for line in printed(a, sizes))]

@@ -152,7 +152,7 @@ def callback_function(argument, sizes):
 
 def call(routine, literals, sizes):
     """A whole procedure."""
-    form = form_of(routine, literals)
+    form = form_of(routine, literals, LANGUAGE)
     callbacks = [a for a in routine.arguments if a.callback]
     passed = [glued(f"AddressOf {a.name}_at") if a.callback else
               name(a) + ("(1)" if is_list(a) else "") for a in routine.arguments]
