@@ -4,18 +4,10 @@
 # Calls the library from Fortran by the module of an installed package. BUILDS has the DLLs, in
 # windows-x86 and windows-x64; without it they are not tried.
 set -eu
-. "$(dirname "$0")/../shell.sh"
 . "$(dirname "$0")/programs.sh"
 
-language=fortran
-tests=$(cd "$(dirname "$0")" && pwd)
-examples=$tests/../../examples
-package=$(cd "$1" && pwd)
-work=$(cd "$2" && pwd)
-builds=${3:+$(cd "$3" && pwd)}
-module=$package/share/kezlib/bindings/fortran/kezlib.F90
+module=$binding/kezlib.F90
 warnings="-std=f2008 -Wall -Wextra -pedantic -Werror"
-cd "$work"
 
 # changed EXPRESSION: the module with a declaration that sed changes lets the calls not compile.
 changed() {
@@ -62,4 +54,4 @@ if [ -n "$builds" ]; then
     system=-D_WIN32
     all_on windows-x86 i686-w64-mingw32-gfortran
 fi
-finish "$builds"
+finish

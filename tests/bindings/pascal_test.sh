@@ -4,21 +4,13 @@
 # Calls the library from Free Pascal by the unit of an installed package. BUILDS has the DLLs, in
 # windows-x86 and windows-x64; without it they are not tried.
 set -eu
-. "$(dirname "$0")/../shell.sh"
 . "$(dirname "$0")/programs.sh"
 
-language=pascal
-tests=$(cd "$(dirname "$0")" && pwd)
-examples=$tests/../../examples
 tools=$tests/../../tools
-package=$(cd "$1" && pwd)
-work=$(cd "$2" && pwd)
-builds=${3:+$(cd "$3" && pwd)}
-unit=$package/share/kezlib/bindings/pascal/kezlib.pas
+unit=$binding/kezlib.pas
 # Warnings, notes and hints are shown, and end the compilation.
 warnings="-vewnh -Sewnh"
 export LD_LIBRARY_PATH="$package/lib${LD_LIBRARY_PATH:+:$LD_LIBRARY_PATH}"
-cd "$work"
 
 # built PROGRAM SOURCE: in the mode that the program itself does not set.
 built() {
@@ -80,4 +72,4 @@ if [ -n "$builds" ]; then
     run=$tools/wine-x86 compile=$work/compilers/fpc-windows-x86
     all_on windows-x86 objfpc
 fi
-finish "$builds"
+finish

@@ -1,12 +1,22 @@
 # What the tests of languages share whose programs are compiled, one for each source: the calls, the
 # examples, what the page says and what a manual offers to copy.
 
+. "$(dirname "$0")/../shell.sh"
+
+language=$(basename "$0" _test.sh)
+tests=$(cd "$(dirname "$0")" && pwd)
+examples=$tests/../../examples
+package=$(cd "$1" && pwd)
+work=$(cd "$2" && pwd)
+builds=${3:+$(cd "$3" && pwd)}
+binding=$package/share/kezlib/bindings/$language
+cd "$work"
+
 calls() { python3 -B "$tests/${language}_calls.py" "$@"; }
 
 # write_programs SUFFIX EXAMPLE...: `programs` are all there are then.
 write_programs() {
-    python3 -B "$tests/page_blocks.py" "$tests/../../bindings/$language/README.md" "$language" \
-        page "$1"
+    python3 -B "$tests/page_blocks.py" "$binding/README.md" "$language" page "$1"
     calls "calls.$1"
     mkdir -p copied
     calls --copy copied "$1"
@@ -34,9 +44,9 @@ expect_shear() {
         cmp - "$1" || fail "another answer from shear: $(cat "$1")"
 }
 
-# finish BUILDS: the last line.
+# finish: the last line.
 finish() {
     where='on Linux; not run: both DLLs'
-    [ -z "$1" ] || where='on Linux and with both DLLs'
+    [ -z "$builds" ] || where='on Linux and with both DLLs'
     echo "$said, $where"
 }
