@@ -14,6 +14,7 @@ import sys
 import threading
 import unittest
 from array import array
+from decimal import Decimal
 
 PLAIN = sys.argv.pop(1) == "plain"
 if PLAIN:
@@ -53,13 +54,23 @@ class Scalars(unittest.TestCase):
                 (lambda: kezlib.kezpds(0, 0, 0, 1, 2, None), TypeError, "kezpds: z2 is None, not"),
                 (lambda: kezlib.kezpds(0, 0, 0, 1, 2, 1j), TypeError, "z2 is 1j, not a real"),
                 (lambda: kezlib.kezpds(0, 0, 0, 1, 2, 10**400), OverflowError, "32-bit real"),
+                (lambda: kezlib.kezpds(0, 0, 0, 1, 2, 10**5000), OverflowError, "z2 is .{,50}, which"),
+                (lambda: kezlib.kezpds(0, 0, 0, 1, 2, Decimal("sNaN")), TypeError, "sNaN.., not"),
+                (lambda: kezlib.kezpds(0, 0, 0, 1, 2, [7] * 10**6), TypeError, "7, ...], not a r"),
                 (lambda: kezlib.kezpds(0, 0, 0, 1, 2), TypeError, "z2"),
                 (lambda: kezlib.kezapl(*SQUARE, 4.0), TypeError, "kezapl: n is 4.0, not an"),
                 (lambda: kezlib.kezapl(*SQUARE, 2**31), OverflowError, "n is 2147483648, which"),
                 (lambda: kezlib.kezphip(1, 0, 0, 0, 0, 0, fail=0.5), TypeError,
-                 "kezphip: fail is 0.5, not an integer")):
+                 "kezphip: fail is 0.5, not an integer"),
+                *self.of_numpy()):
             with self.subTest(words), self.assertRaisesRegex(error, words):
                 call()
+
+    def of_numpy(self):
+        """Scalars that are refused by themselves."""
+        return [] if PLAIN else [
+            (lambda: kezlib.kezpds(0, 0, 0, 1, 2, numpy.ones(2)), TypeError, "kezpds: z2 is array"),
+            (lambda: kezlib.kezapl(*SQUARE, numpy.array(4.0)), TypeError, "kezapl: n is array.4")]
 
     def test_kept_outputs(self):
         self.assertEqual(kezlib.kezphip(1, 0, 0, 0, 0, 0), (None, -1))
@@ -124,9 +135,17 @@ class Lists(unittest.TestCase):
         result = kezlib.kezmer4(count, range(count), count, range(count - 1, 2 * count - 1))
         self.assertEqual((result.ncom, list(result.com)), (1, [count - 1]))
         self.assertLess(resource.getrusage(resource.RUSAGE_SELF).ru_maxrss - before, 100_000)
-        with self.assertRaisesRegex(MemoryError, "kezmer4: com has 4611686014132420609 entries"):
-            kezlib.routines._kezmer4.make(kezlib.routines._kezmer4.arguments[5], "i",
-                                          {"n1": 2**31 - 1, "n2": 2**31 - 1})
+
+    def test_more_than_there_is_memory_for(self):
+        limits = resource.getrlimit(resource.RLIMIT_AS)
+        resource.setrlimit(resource.RLIMIT_AS, (2**32, limits[1]))
+        try:
+            with self.assertRaisesRegex(MemoryError, "keznst: xs has 2147483647 entries, for"):
+                kezlib.keznst(0, 0, 0, 9, 0, 0, 1, 2**31 - 1)
+            with self.assertRaisesRegex(MemoryError, "kezpar: list1 has 1073741824 entries"):
+                kezlib.kezpar(1, 9, 2**31 - 1)
+        finally:
+            resource.setrlimit(resource.RLIMIT_AS, limits)
 
     def test_what_is_refused(self):
         cases = [
@@ -147,8 +166,11 @@ class Lists(unittest.TestCase):
             (lambda: kezlib.kezsel1(4, [7, 8, 7, 7], 7, idx=[-1] * 3), ValueError,
              r"kezsel1: idx has 3 entries, \[n\] asks for 4")]
         if not PLAIN:
-            cases.append((lambda: kezlib.kezord1(numpy.array([1.0, 2.0]), 2), TypeError,
-                          r"\[0\] is 1.0, not an integer"))
+            cases += [
+                (lambda: kezlib.kezord1(numpy.array([1.0, 2.0]), 2), TypeError,
+                 r"\[0\] is 1.0, not an integer"),
+                (lambda: kezlib.kezord1(numpy.zeros(2, "M8[s]"), 2), TypeError, "ia is array"),
+                (lambda: kezlib.kezord1(numpy.array(1), 1), ValueError, "has 0 dimensions, not 1")]
         for call, error, words in cases:
             with self.subTest(words), self.assertRaisesRegex(error, words):
                 call()
@@ -159,7 +181,8 @@ class Lists(unittest.TestCase):
                  (array("d", [1, -2]), float), (array("q", [1, -2]), int), ([], int)]
         if not PLAIN:
             cases += [(numpy.array([1, -2], kind), float) for kind in "efd"]
-            cases += [(numpy.array([1, -2], kind), int) for kind in "bhiq"]
+            cases += [(numpy.array([1, -2], kind), int) for kind in "bhiqO"]
+            cases.append((numpy.array([1, -2.5], object), float))
             kept = kezlib.kezmer17(2, signalling).a.tobytes()
             self.assertEqual(kept, signalling[::-1].tobytes())
         for given, kind in cases:
@@ -169,6 +192,7 @@ class Lists(unittest.TestCase):
                 self.assertEqual(entries, [*given, 7])
                 self.assertEqual({type(entry) for entry in entries}, {kind})
         self.assertEqual(list(kezlib.kezmer17(2, array("I", [5, 2**32 - 1])).a), [-1, 5])
+        self.assertEqual(list(kezlib.kezmer16(1, array("i", [1, 0]), 1, [2.5]).a), [2.5, 1.0])
         for wrong, error in ([1, None], TypeError), ([1, 2**31], OverflowError), (7, TypeError):
             with self.subTest(wrong), self.assertRaisesRegex(error, "kezmer17: a"):
                 kezlib.kezmer17(2, wrong)
@@ -202,8 +226,8 @@ class Callbacks(unittest.TestCase):
         self.assertEqual(asked, [1, 2])
 
     def test_what_is_refused(self):
-        for wrong, words in ((lambda i: "1", "zof returned a value that is '1', not a real"),
-                             (lambda i: None, "zof returned"), (lambda: 0, "positional"),
+        for wrong, words in ((lambda i: "1", "kezpnl: zof's result is '1', not a real"),
+                             (lambda i: None, "zof's result is None"), (lambda: 0, "positional"),
                              (7, "kezpnl: zof is 7, which cannot be called")):
             with self.subTest(words), self.assertRaisesRegex(TypeError, words):
                 self.near(wrong)

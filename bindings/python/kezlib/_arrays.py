@@ -1,9 +1,11 @@
 """Copies of what callers pass as arrays, and what they get back. Arrays are always copied: a call
 lets other threads run, and these may write to the caller's."""
 
+import contextlib
 import ctypes
 import functools
 import mmap
+import reprlib
 import struct
 import sys
 from array import array
@@ -35,15 +37,24 @@ def address(values, nowhere=ctypes.addressof(NO_ENTRIES)):
     return ctypes.c_void_p(values.buffer_info()[0] or nowhere)
 
 
+class Refused(Exception):
+    """The exception to raise and its words, which go behind the argument's name."""
+
+    def __init__(self, kind, words):
+        super().__init__(words)
+        self.kind = kind
+
+
 def made(size, code, is_cut):
     """An output as it is before a call; `is_cut` says that only entries are looked at that are
     written."""
-    if not is_cut or size < MANY:
-        return KEPT[code] * size
     try:
+        if not is_cut or size < MANY:
+            return KEPT[code] * size
         return memoryview(mmap.mmap(-1, 4 * size, **ON_DEMAND)).cast(code)
-    except (OSError, OverflowError):
-        raise MemoryError(f" has {size} entries, for which there is no memory") from None
+    except (MemoryError, OSError, OverflowError):
+        words = f" has {size} entries, for which there is no memory"
+        raise Refused(MemoryError, words) from None
 
 
 def first(values, count):
@@ -55,11 +66,11 @@ def first(values, count):
 
 def view_of(values):
     """The memory of what has some, as numpy's arrays and those of the standard library."""
-    try:
+    with contextlib.suppress(TypeError, ValueError):  # numpy's of dates are refused by the latter
         return memoryview(values)
-    except TypeError:
-        pass
-    return memoryview(values.__array__()) if hasattr(values, "__array__") else None
+    with contextlib.suppress(TypeError, ValueError, AttributeError):
+        return memoryview(values.__array__())
+    return None
 
 
 def native(view):
@@ -72,7 +83,7 @@ def native(view):
 
 def entries_of_view(view, values, code, unsigned):
     if view.ndim != 1:
-        raise ValueError(f" has {view.ndim} dimensions, not 1")
+        raise Refused(ValueError, f" has {view.ndim} dimensions, not 1")
     same = ("f",) if code == REAL else ("i", "l", "I", "L") if unsigned else ("i", "l")
     if view.format == code or view.itemsize == 4 and native(view) in same:
         return view.tobytes()
@@ -92,39 +103,47 @@ def entries(values, code, unsigned=False):
         return entries_of_view(view, values, code, unsigned)
     if isinstance(values, Sequence) and not isinstance(values, str):
         return list(values)
-    raise TypeError(f" is {values!r}, not a list")
+    raise Refused(TypeError, f" is {shown(values)}, not a list")
 
 
-def fault(value, code):
-    """Exception and words for a scalar or an entry that was refused; none if it is good."""
+def shown(value):
+    """A value as messages show it, in few words."""
+    try:
+        return reprlib.repr(value)
+    except Exception:  # even an integer's, if it has thousands of digits
+        return f"of the type {type(value).__name__}"
+
+
+def check(value, code, place=""):
+    """Refuses a scalar or an entry that cannot be stored."""
     try:
         array(code, [value])
     except OverflowError:
-        return OverflowError, f"is {value!r}, which a 32-bit {KINDS[code]} cannot hold"
-    except TypeError:
-        return TypeError, f"is {value!r}, not {'an integer' if code == INTEGER else 'a real'}"
-    return None
+        words = f"which a 32-bit {KINDS[code]} cannot hold"
+        raise Refused(OverflowError, f"{place} is {shown(value)}, {words}") from None
+    except (TypeError, ValueError):
+        words = f"not {'an integer' if code == INTEGER else 'a real'}"
+        raise Refused(TypeError, f"{place} is {shown(value)}, {words}") from None
 
 
 def copied(values, code, unsigned=False):
-    """The values as an array. An exception's text goes behind the argument's name."""
+    """The values as an array."""
     found = entries(values, code, unsigned)
     try:
         return array(code, found)
-    except (TypeError, OverflowError):
+    except (TypeError, ValueError, OverflowError):
         for i, value in enumerate(found):
-            if wrong := fault(value, code):
-                raise wrong[0](f"[{i}] {wrong[1]}") from None
+            check(value, code, f"[{i}]")
         raise
 
 
 def is_real(values):
     """Whether a list of either kind has a real; that it is no list is said when it is copied."""
-    if not isinstance(values, (list, tuple)):
-        view = view_of(values)
-        if view is not None and view.format[-1] != "O":
-            return view.format[-1] in "efdg"
-    return isinstance(values, Sequence) and not all(hasattr(v, "__index__") for v in values)
+    view = None if isinstance(values, (list, tuple)) else view_of(values)
+    if view is not None and view.format[-1] != "O":
+        return view.format[-1] in "efdg"
+    is_list = view is not None and view.ndim == 1 or isinstance(values, Sequence)
+    return is_list and not all(hasattr(v, "__index__") for v in values)
 
 
 def word_code(lists):

@@ -11,10 +11,11 @@ from dataclasses import dataclass
 from typing import Callable, Dict, Optional
 
 from . import _arrays, _library
-from ._arrays import INTEGER, KEPT_BYTES, REAL
+from ._arrays import INTEGER, KEPT_BYTES, REAL, Refused
 
 NO_REAL = KEPT_BYTES[REAL]
 NOTHING: Dict[str, object] = {}
+UNSTORABLE = struct.error, TypeError, ValueError, OverflowError  # others by what converts itself
 CODES = {"real": REAL, "integer": INTEGER}
 POINTERS = {"real": ctypes.POINTER(ctypes.c_float), "integer": ctypes.POINTER(ctypes.c_int32)}
 
@@ -85,6 +86,9 @@ class Routine:
         return block, [ctypes.byref(memory, self.places[a.name]) if a.name in self.places else None
                        for a in self.arguments]
 
+    def refused(self, argument, error):
+        return error.kind(f"{self.name}: {argument.name}{error}")
+
     def refuse(self, block, values):
         """To be called where scalars raised an exception: raises one that says more."""
         for argument, value in zip(self.scalars, values):
@@ -94,9 +98,12 @@ class Routine:
     def store(self, block, argument, value):
         try:
             struct.pack_into(argument.code, block, self.places[argument.name], value)
-        except struct.error:
-            kind, reason = _arrays.fault(value, argument.code)
-            raise kind(f"{self.name}: {argument.name} {reason}") from None
+        except UNSTORABLE:
+            try:
+                _arrays.check(value, argument.code)
+            except Refused as error:
+                raise self.refused(argument, error) from None
+            raise
 
     def store_kept(self, block, presets):
         for argument in self.kept:
@@ -131,7 +138,7 @@ class ScalarRoutine(Routine):
             block, call = self.new_block()
         try:
             self.pack(block, 0, *given)
-        except struct.error:
+        except UNSTORABLE:
             self.refuse(block, given)
         presets = NOTHING
         if self.kept:
@@ -162,7 +169,7 @@ class Callback:
 
     def __init__(self, place, function, takes):
         if not callable(function):
-            raise TypeError(f"{place} is {function!r}, which cannot be called")
+            raise TypeError(f"{place} is {_arrays.shown(function)}, which cannot be called")
         self.place, self.function, self.raised = place, function, None
         signature = _library.FUNCTION_TYPE(ctypes.c_float, *(POINTERS[kind] for kind in takes))
         self.pointer = signature(self.called)
@@ -172,12 +179,13 @@ class Callback:
             return math.nan
         try:
             value = self.function(*(reference[0] for reference in references))
-            if found := _arrays.fault(value, REAL):
-                raise found[0](f"{self.place} returned a value that {found[1]}")
+            _arrays.check(value, REAL, f"{self.place}'s result")
             return value
+        except Refused as error:
+            self.raised = error.kind(str(error))
         except BaseException as error:
             self.raised = error
-            return math.nan
+        return math.nan
 
 
 class ArrayRoutine(Routine):
@@ -216,7 +224,7 @@ class ArrayRoutine(Routine):
     def take_scalars(self, block, given, presets):
         try:
             self.pack(block, 0, *given)
-        except struct.error:
+        except UNSTORABLE:
             self.refuse(block, given)
         block[self.first_output:] = self.preset
         if presets:
@@ -239,8 +247,8 @@ class ArrayRoutine(Routine):
     def take(self, argument, given, code, values):
         try:
             copy = _arrays.copied(given, code, not argument.code)
-        except (TypeError, ValueError, OverflowError) as error:
-            raise type(error)(f"{self.name}: {argument.name}{error}") from None
+        except Refused as error:
+            raise self.refused(argument, error) from None
         size = argument.size(values)
         if len(copy) < size:
             raise ValueError(f"{self.name}: {argument.name} has {len(copy)} entries, "
@@ -251,8 +259,8 @@ class ArrayRoutine(Routine):
     def make(self, argument, code, values):
         try:
             made = _arrays.made(argument.size(values), code, bool(argument.written))
-        except MemoryError as error:
-            raise MemoryError(f"{self.name}: {argument.name}{error}") from None
+        except Refused as error:
+            raise self.refused(argument, error) from None
         values[argument.name] = made
         return made
 
