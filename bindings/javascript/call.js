@@ -1,13 +1,14 @@
 // Calls the routines of one instance of the library, as routines.js describes them.
 
 import { routines } from "./routines.js";
-import { array, checkLength, formOfLists, routineOfHost, scalar } from "./values.js";
+import {
+  MOST_ENTRIES, array, checkLength, formOfLists, routineOfHost, scalar,
+} from "./values.js";
 
 // What no routine writes: a quiet not-a-number with a payload of its own, the smallest integer.
 const UNWRITTEN = { real: 0x7fe5a5a5, integer: -(2 ** 31) };
 
 const WORD = 4;
-const MOST_WORDS = 2 ** 29 - 1;
 
 /** The memory of an instance. Its views end with the buffer, which is another once it has grown. */
 class Memory {
@@ -34,7 +35,7 @@ class Memory {
 
   /** The position of as many words, to be freed. */
   allocated(words, routine) {
-    const address = words > MOST_WORDS ? 0 : this.#exports.malloc(words * WORD);
+    const address = words > MOST_ENTRIES ? 0 : this.#exports.malloc(words * WORD);
     if (address === 0)
       throw new RangeError(`${routine.name}: its arrays take ${words * WORD} bytes, too many`);
     return (address >>> 0) / WORD;
@@ -59,9 +60,7 @@ class Host {
   called(address) {
     if (this.#thrown) return NaN;
     try {
-      const value = this.#routine(this.#memory.of("integer")[address / WORD]);
-      if (typeof value !== "number") throw new TypeError(`a callback returned a ${typeof value}`);
-      return value;
+      return this.#routine(this.#memory.of("integer")[address / WORD]);
     } catch (error) {
       this.#thrown = { error };
       return NaN;

@@ -26,7 +26,7 @@ export const scalar = (value, argument) => checkedNumber(value, argument.place, 
 export function routineOfHost(value, argument) {
   if (typeof value !== "function")
     throw new TypeError(`${argument.place} is ${described(value)}, no function`);
-  return value;
+  return (i) => checkedNumber(value(i), `${argument.place}'s result`, "real");
 }
 
 const ARRAYS = { real: Float32Array, integer: Int32Array };
@@ -35,12 +35,17 @@ const INTEGER_ARRAYS = [
   Int32Array, Uint32Array, Int16Array, Uint16Array, Int8Array, Uint8Array, Uint8ClampedArray,
 ];
 
+/** More entries the module's memory cannot hold. */
+export const MOST_ENTRIES = 2 ** 29 - 1;
+
 const isOneOf = (value, types) => types.some((type) => value instanceof type);
 
 /** Whatever has entries but is no text. */
 function checkedList(value, argument) {
-  if (typeof value !== "object" || value === null || !Number.isInteger(value.length))
+  if (typeof value !== "object" || value === null || !(value.length >= 0))
     throw new TypeError(`${argument.place} is ${described(value)}, no array`);
+  if (!(value.length <= MOST_ENTRIES))
+    throw new RangeError(`${argument.place} has ${value.length} entries, too many`);
   return value;
 }
 
@@ -56,26 +61,19 @@ export function array(value, argument, kind) {
   return entries;
 }
 
-function formOf(list) {
-  if (isOneOf(list, REAL_ARRAYS)) return "real";
-  if (isOneOf(list, INTEGER_ARRAYS)) return "integer";
-  return undefined;
-}
-
 const looksInteger = (value) => isInteger(value) && !Object.is(value, -0);
 
-/** Whether a call's lists of either kind hold reals or integers: as typed arrays say, or else reals
- * if any number is no 32-bit integer. */
-export function formOfLists(given) {
-  const lists = given.map(([value, argument]) => checkedList(value, argument));
-  const forms = new Set(lists.map(formOf).filter(Boolean));
-  if (forms.size > 1) {
-    const places = given.map(([, argument]) => argument.place).join(", ");
-    throw new TypeError(`${places}: arrays of reals and of integers`);
-  }
-  if (forms.size === 1) return [...forms][0];
-  return lists.every((list) => Array.prototype.every.call(list, looksInteger)) ? "integer" : "real";
+function isReal(list) {
+  if (isOneOf(list, REAL_ARRAYS)) return true;
+  if (isOneOf(list, INTEGER_ARRAYS)) return false;
+  for (let i = 0; i < list.length; ++i) if (!looksInteger(list[i])) return true;
+  return false;
 }
+
+/** Whether a call's lists of either kind hold reals or integers: reals if any of them does, as typed
+ * arrays say, or else if any number is no 32-bit integer. */
+export const formOfLists = (given) =>
+  given.some(([value, argument]) => isReal(checkedList(value, argument))) ? "real" : "integer";
 
 const counted = (n) => `${n} ${n === 1 ? "entry" : "entries"}`;
 
