@@ -51,11 +51,13 @@ mutate '/"kezapl", /,/^$/{s/extent="n + 1"/extent="n"/;s/v\["n"\] + 1/v["n"]/}' 
     ': kezapl: X may have too few'
 mutate '/"kezphip", /,/^$/s/, kept=True//' ': kezphip: fail = .* is not None'
 
-# What is installed may belong to the system, so the wheel is made of a copy. It finds a library
-# that is named, or the loader's.
+# What is installed may belong to the system, so the wheel is made of a copy, by the page's commands.
+# It finds a library that is named, or the loader's.
 unset PYTHONPATH
-cp -r "$binding" sources
-quietly "$python" -m pip wheel --no-deps --no-build-isolation --no-index --wheel-dir . ./sources
+sed -n 's,^    cp -r /usr/local,cp -r "$package",p; s,^    pip wheel,"$python" -m pip wheel,p' \
+    "$binding/README.md" >commands
+[ "$(wc -l <commands)" = 2 ] || fail "the page has other commands that make a wheel"
+quietly env python="$python" package="$package" sh -eu commands
 quietly "$python" -m pip install --no-deps --no-index --target site kezlib-*.whl
 header=$package/include/kezlib.h
 version=$(sed -n 's/^#define KEZ_VERSION_M[A-Z]* //p; s/^#define KEZ_VERSION_PATCH //p' "$header" |
