@@ -51,8 +51,8 @@ mutate '/"kezapl", /,/^$/{s/extent="n + 1"/extent="n"/;s/v\["n"\] + 1/v["n"]/}' 
     ': kezapl: X may have too few'
 mutate '/"kezphip", /,/^$/s/, kept=True//' ': kezphip: fail = .* is not None'
 
-# What is installed may belong to the system: the wheel is made of a copy, by the page's commands. It
-# finds a library that is named, or the loader's.
+# What is installed may belong to the system; the wheel is made of a copy, by the page's commands,
+# and finds a library that is named, or the loader's.
 unset PYTHONPATH
 sed -n 's,^    cp -r /usr/local,cp -r "$package",p; s,^    pip wheel,"$python" -m pip wheel,p' \
     "$binding/README.md" >commands

@@ -60,6 +60,12 @@ def shape(argument):
     return f"{kind} array [{argument.extent}]" if argument.extent else kind
 
 
+def description(routine):
+    """Summary and details as paragraphs; a summary that ends in a colon goes on in the details."""
+    leads_up = routine.summary.endswith(":") and not routine.details.startswith(" ")
+    return (routine.summary + (" " if leads_up else "\n\n") + routine.details).rstrip()
+
+
 def wrapped(text, prefix, width=100):
     """Paragraphs as the lines of a comment; sketches and tables, which are indented or begin with a
     bar, stay as they are."""

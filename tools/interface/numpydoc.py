@@ -4,7 +4,7 @@ keyword what optional results are to be where they are not written, and returns 
 import itertools
 
 from . import conditions
-from .languages import wrapped
+from .languages import description, wrapped
 
 WIDTH = 92
 KINDS = {"real": "float", "integer": "int", "word": "float or int"}
@@ -65,7 +65,6 @@ def documentation(routine, name):
              *items(optional(routine), lambda a: f"{documented_kind(a)}, optional",
                     lambda a: "what to return where it is not written", name)]
     returned = items(routine.outputs(), documented_result, result_text, name)
-    details = ["", *wrapped(routine.details, "", WIDTH)] if routine.details else []
     notes = wrapped(f"Kept from one call to the next: {routine.kept}", "", WIDTH)
-    return (wrapped(routine.summary, "", WIDTH) + details + section("Parameters", given)
+    return (wrapped(description(routine), "", WIDTH) + section("Parameters", given)
             + section("Returns", [*returned]) + section("Notes", notes if routine.kept else []))

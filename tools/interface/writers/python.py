@@ -178,7 +178,7 @@ def function(routine):
 def family(group, routines):
     members = [r for r in routines if r.group == group.title]
     listed = [line for r in members
-              for line in indented(wrapped(f"{r.name}: {r.summary.rstrip(':')}", "", 96))]
+              for line in indented(wrapped(f"{r.name}: {r.summary.rstrip(':.')}.", "", 96))]
     text = wrapped(group.text, "") if group.text else []
     return ["", group.title, "-" * len(group.title), *text, *([""] if text else []), *listed]
 

@@ -3,7 +3,7 @@
 import re
 import textwrap
 
-from ..languages import GLUE, Language, broken, shape, wrapped
+from ..languages import GLUE, Language, broken, description, shape, wrapped
 from . import NOTICE, javascript
 
 LANGUAGE = Language(
@@ -84,16 +84,9 @@ def tag(text):
     return [first.replace("*   ", "* ", 1), *rest]
 
 
-def description(routine):
-    leads_up = routine.summary.endswith(":") and not routine.details.startswith(" ")
-    paragraphs = [routine.summary + (f" {routine.details}" if leads_up else "")]
-    paragraphs += [routine.details] if routine.details and not leads_up else []
-    paragraphs += [f"Kept value: {routine.kept}"] if routine.kept else []
-    return "\n\n".join(paragraphs)
-
-
 def documentation(routine):
-    lines = ["  /**", *wrapped(description(routine), "   * "), "   *"]
+    kept = f"\n\nKept value: {routine.kept}" if routine.kept else ""
+    lines = ["  /**", *wrapped(description(routine) + kept, "   * "), "   *"]
     for argument in routine.inputs():
         lines += tag(f"@param {described(LANGUAGE.name(argument.name), argument)}")
     if names := javascript.kept(routine):
