@@ -2,7 +2,7 @@
 # javascript_test.sh PACKAGE WORK
 #
 # The package for JavaScript: packed, installed in an empty folder and called from there by node,
-# and from a page by Chromium if there is one. Needs the programs of build/release.
+# and from pages by Chromium if there is one. Needs the programs of build/release.
 set -eu
 tests=$(cd "$(dirname "$0")/.." && pwd)
 . "$tests/shell.sh"
@@ -77,14 +77,25 @@ for prints in blocks/*.prints; do
     node block.mjs | cmp - "$prints" || fail "the page's program ${prints%.prints}"
 done
 
-browser="; Not run: the page, without chromium"
+browser="; Not run: the pages, without chromium"
+# shown URL: what a page says is what it computes.
+shown() {
+    chromium --headless --no-sandbox --disable-gpu --user-data-dir="$PWD/profile" \
+        --virtual-time-budget=10000 --dump-dom "$1" >dom 2>log
+    grep -q '<p>2 0.866025, 1,2,3, no z, X has 1 entry</p>' dom || fail "$1: $(cat dom)"
+}
 if command -v chromium >/dev/null; then
     echo "A page that is opened from a file"
     cp "$binding/kezlib.browser.js" .
     cp "$tests/bindings/javascript_page.html" page.html
-    chromium --headless --no-sandbox --disable-gpu --user-data-dir="$PWD/profile" \
-        --virtual-time-budget=10000 --dump-dom "file://$PWD/page.html" >dom 2>log
-    grep -q '<p>2 0.866025, 1,2,3, no z, X has 1 entry</p>' dom || fail "another page: $(cat dom)"
+    shown "file://$PWD/page.html"
+    echo "A page that is sent by a server"
+    import='import * as kezlib from "./node_modules/kezlib/kezlib.js";'
+    sed "/<script src=/d; s,<script>,<script type=\"module\">$import," page.html >module.html
+    python3 -u -m http.server --bind 127.0.0.1 0 >server 2>&1 &
+    trap "kill $!" EXIT
+    for _ in 1 2 3 4 5 6 7 8 9 10; do grep -q ' port ' server && break || sleep 1; done
+    shown "http://127.0.0.1:$(sed -n 's/.* port \([0-9]*\).*/\1/p' server)/module.html"
     browser=
 fi
 echo "$(cat rows), $(cat hashes)$browser"
