@@ -23,8 +23,8 @@ INTRODUCTION = """The routines by family.
 A function takes a routine's inputs, in the order of its arguments, and returns its outputs as a
 named tuple. Reals are rounded to single precision, integers have 32 bits; angles are in radians,
 lengths in whatever unit the caller uses throughout. Lists are numpy arrays or plain sequences with
-at least as many entries as the argument's extent in brackets says, and are copied: one that the
-routine changes is returned. Positions are counted from 1; 0 means "none".
+at least as many entries as the argument's extent in brackets says (fewer are refused), and are
+copied: one that the routine changes is returned. Positions are counted from 1; 0 means "none".
 
 What a routine does not write is None, and of a list the entries that it does not write are left
 out, or hold a not-a-number of their own or the smallest integer where they are not the last. To

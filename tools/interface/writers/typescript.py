@@ -26,6 +26,8 @@ export type Moved<List> = List extends RealList ? Float32Array
  * which are found beside the package if none are given. */
 export function load(bytes?: ArrayBuffer | ArrayBufferView): Promise<KezLib>;
 
+/** The routines by family. Arrays have at least as many entries as their extents in brackets say:
+ * fewer are refused. Positions are counted from 1; 0 means "none". */
 export interface KezLib {{"""
 
 LISTS = {"real": "Float32Array", "integer": "Int32Array", "word": "Moved<List>"}
