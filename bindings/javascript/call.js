@@ -38,7 +38,7 @@ class Memory {
     const address = words > MOST_ENTRIES ? 0 : this.#exports.malloc(words * WORD);
     if (address === 0)
       throw new RangeError(`${routine.name}: its arrays take ${words * WORD} bytes, too many`);
-    return (address >>> 0) / WORD;
+    return address / WORD;
   }
 
   free(position) {
