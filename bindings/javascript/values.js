@@ -70,8 +70,8 @@ function isReal(list) {
   return false;
 }
 
-/** Whether a call's lists of either kind hold reals or integers: reals if any of them does, as typed
- * arrays say, or else if any number is no 32-bit integer. */
+/** Whether a call's lists of either kind hold reals or integers: reals if any of them does, as
+ * typed arrays say, or else if any number is no 32-bit integer. */
 export const formOfLists = (given) =>
   given.some(([value, argument]) => isReal(checkedList(value, argument))) ? "real" : "integer";
 
