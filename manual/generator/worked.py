@@ -37,10 +37,12 @@ def inputs(row):
 
 
 def worked_calls(interface):
-    """By routine, in the order of the rows."""
+    """By routine, in the order of the rows, from the first with a sentence on: those before it show
+    what is kept from before any call, of which nothing can be drawn."""
     found = defaultdict(list)
     for row in read_rows(interface):
-        found[row.routine.name].append(Worked(row, inputs(row)))
+        if row.comment or row.routine.name in found:
+            found[row.routine.name].append(Worked(row, inputs(row)))
     return found
 
 

@@ -10,9 +10,9 @@ import unittest
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 sys.path[:0] = [str(ROOT / "manual"), str(ROOT / "tools")]
 
-from generator import documents, routine  # noqa: E402
+from generator import documents, routine, worked  # noqa: E402
 from generator.markup import Prose  # noqa: E402
-from interface import parse_header, read  # noqa: E402
+from interface import parse_header, read, rows  # noqa: E402
 
 HEADER = """
 /**
@@ -114,6 +114,14 @@ class Routines(unittest.TestCase):
             shown = [*routine.lead_and_description(each), routine.time(each)]
             said = [each.summary, each.details.replace("Time:", "")]
             self.assertEqual(words(shown), words(said), each.name)
+
+
+class Calls(unittest.TestCase):
+    def test_each_routine_begins_with_a_call_that_says_something(self):
+        interface = read()
+        calls = worked.worked_calls(interface)
+        for name, telling in rows.worked_calls(interface).items():
+            self.assertEqual(calls[name][0].row, telling[0], name)
 
 
 class Documents(unittest.TestCase):
