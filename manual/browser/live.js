@@ -16,8 +16,9 @@ const list = document.getElementById("results");
 const message = document.getElementById("message");
 
 class Live {
-  constructor(kez) {
-    this.kez = kez;
+  /** Curves have a library of their own: their calls are none of those whose values are kept. */
+  constructor(kez, forCurves) {
+    Object.assign(this, { kez, forCurves });
     this.fields = new Fields(document.getElementById("fields"), () => this.changed());
     this.dragging = new Dragging(
       figure, (handle) => this.where(handle), (handle, texts) => this.dragged(handle, texts));
@@ -71,7 +72,7 @@ class Live {
   }
 
   drawPicture(values, results) {
-    const call = (name, inputs) => callWith(this.kez, { ...routine, name }, inputs);
+    const call = (name, inputs) => callWith(this.forCurves, { ...routine, name }, inputs);
     const options = { call, title: routine.sentence, view: this.dragging.view };
     figure.innerHTML = draw(routine.name, values, results, options);
   }
@@ -104,7 +105,7 @@ function startButtons(live) {
 }
 
 async function start() {
-  const live = new Live(await load());
+  const live = new Live(await load(), await load());
   startButtons(live);
   live.restore();
   addEventListener("hashchange", () => {

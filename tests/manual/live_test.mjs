@@ -86,6 +86,16 @@ for (const [name, input, step] of LIVE) {
   });
 }
 
+test("what a routine keeps is of the reader's calls, not of those for its curve", async () => {
+  await open(tab, "kezefr.html");
+  await field("d").fill("100");
+  await field("b").fill("20");
+  await field("b").fill("70");
+  const [b, , ...others] = await askedOfKezcall();
+  const sameCoefficient = kezcall("kezefr", b, "350", ...others); // 70 / 350 as 20 / 100
+  assertSame(await results(), answered(sameCoefficient), "kept");
+});
+
 test("the address keeps the inputs", async () => {
   await open(tab, "kezlci.html");
   await field("c").fill("-0.25");
