@@ -45,6 +45,22 @@ function lengthWithin(box, [x1, y1], [x2, y2]) {
   return to > from ? (to - from) * Math.hypot(x2 - x1, y2 - y1) : 0;
 }
 
+const distance = ([x, y], box) =>
+  Math.hypot(
+    Math.max(box.left - x, 0, x - box.right),
+    Math.max(box.top - y, 0, y - box.bottom),
+  );
+
+const middleOf = ({ left, right, top, bottom }) => [(left + right) / 2, (top + bottom) / 2];
+
+// Words that stand as near to another point as to what they name are read as its name.
+const misread = (box, anchor, points) =>
+  points.filter(
+    (point) =>
+      Math.hypot(point[0] - anchor[0], point[1] - anchor[1]) > 1 &&
+      distance(point, box) < 1.5 * distance(anchor, box),
+  ).length;
+
 function cost(box, taken, strokes, frame) {
   const words = taken.reduce((total, other) => total + overlap(box, other), 0);
   const lines = strokes.reduce(
@@ -58,6 +74,7 @@ function candidates(label) {
   return label.anchors.flatMap((anchor, rank) =>
     GAPS.flatMap((gap) =>
       DIRECTIONS.map((direction) => ({
+        anchor,
         box: boxAround(anchor, label.width, label.height, direction, gap),
         penalty: gap * 0.7 + rank * 4 + (direction % Math.PI === 0 ? 0 : 1),
       })),
@@ -80,12 +97,14 @@ function kept(box, frame) {
 }
 
 // The labels' boxes, in the order of the labels.
-export function placeLabels(labels, strokes, dots, frame) {
-  const taken = [...dots];
+export function placeLabels(labels, strokes, dots, ticks, frame) {
+  const taken = [...dots, ...ticks];
+  const points = dots.map(middleOf);
   return labels.map((label) => {
     let best = { total: Infinity };
-    for (const { box, penalty } of candidates(label)) {
-      const total = penalty + cost(box, taken, strokes, frame);
+    for (const { box, anchor, penalty } of candidates(label)) {
+      const total =
+        penalty + cost(box, taken, strokes, frame) + 20 * misread(box, anchor, points);
       if (total < best.total) best = { total, box };
     }
     const box = kept(best.box, frame);

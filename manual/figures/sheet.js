@@ -192,7 +192,8 @@ export class Sheet {
     const boxes = placeLabels(
       this.labels,
       this.strokes,
-      [...this.dots, ...this.ticks.map(boxOfTick)],
+      this.dots,
+      this.ticks.map(boxOfTick),
       room,
     );
     return this.labels
