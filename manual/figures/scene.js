@@ -4,28 +4,35 @@ import { fit } from "./fit.js";
 import { add, length, minus, times } from "./places.js";
 import { assemble, nothing, Sheet, stripHeight, stripLines } from "./sheet.js";
 import { HEIGHT, number, px, WIDTH } from "./svg.js";
-import { nameOf } from "./values.js";
+import { nameOf, spelled } from "./values.js";
 
 const NOTHING = "Nothing to draw: the numbers give no picture.";
 
 // One told value: "rel = 3 (perpendicular)". A result that was kept has none.
-function told(term, v, meanings) {
+function told(term, when, v, meanings) {
   const kept = v.isResult(term) && v.results[nameOf(term)] === undefined;
   const value = v.scalar(term);
   const meaning = meanings[nameOf(term)]?.[value];
-  const name =
-    nameOf(term) + term.replace(/^[^.]*(?:\.(\d+))?'?$/, (_, entry) => (entry ? `(${entry})` : ""));
+  const name = spelled(term) + when;
   const text = kept ? `${name} kept` : `${name} = ${number(value)}${meaning ? `: ${meaning}` : ""}`;
   return { text, tone: v.isResult(term) ? "accent" : "ink" };
 }
 
 export const words = (text) => (text ? text.split(" ") : []);
 
+// Of what is told both as it was and as it became, it is said which is which.
+function whenOf(term, all) {
+  if (term.endsWith("'")) return all.includes(term.slice(0, -1)) ? " after" : "";
+  return all.includes(`${term}'`) ? " before" : "";
+}
+
 export function stripOf(row, v) {
-  const all = words(row.tell).map((term) => told(term, v, row.meanings ?? {}));
+  const terms = words(row.tell);
+  const all = terms.map((term) => told(term, whenOf(term, terms), v, row.meanings ?? {}));
   return [
     ...all.filter(({ tone }) => tone === "accent"),
     ...all.filter(({ tone }) => tone === "ink"),
+    ...(row.key ?? []).map((text) => ({ text, tone: "soft" })),
   ];
 }
 

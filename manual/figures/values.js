@@ -7,6 +7,12 @@ const MOST = 60; // entries of a list that are drawn
 
 export const nameOf = (term) => TERM.exec(term)[2];
 
+// As it is written below a picture: `X.2` is X(2).
+export function spelled(term) {
+  const [, sign, name, entry] = TERM.exec(term);
+  return sign + name + (entry ? `(${entry})` : "");
+}
+
 const isList = (value) => Array.isArray(value) || ArrayBuffer.isView(value);
 
 const plainNumber = (value) => (typeof value === "number" ? value : NaN);
