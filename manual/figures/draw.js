@@ -4,7 +4,6 @@
 // gives them; a result that was kept is undefined. Options:
 //   title       the picture's name, e.g. the first sentence on the routine
 //   small       for tables: no words, no axes
-//   dimensions  of outlines: false numbers the vertices in place of the dimensions
 //   standalone  with the style sheet inside; a page has STYLE once
 //   view        {sx, sy, left, top}: held, as of a picture before, while a point is dragged
 //   call        (name, inputs) => results, for curves
@@ -12,7 +11,8 @@
 // A picture of the plane says how it is scaled: x of the page, in units of its viewBox, is
 // data-left + data-scale x, and y is data-top - data-scale y. An element of class `handle` is a
 // point that can be moved: data-x and data-y name the inputs that hold its coordinates, and
-// data-entry, 1-based, their entry where these are arrays. The root is an image, with handles a group.
+// data-entry, 1-based, their entry where these are arrays. The root is an image, or with handles a
+// group.
 //
 // Whatever the numbers are, there is a picture, if only of words.
 

@@ -64,14 +64,6 @@ function paintContour(sheet, { places, kind, hole }, isFillet) {
   if (!isFillet) sheet.stroke(places, "accent", { closed: true });
 }
 
-function paintNumbers(sheet, v) {
-  vertices(v).forEach((p, i) => {
-    if (!exists(p)) return;
-    sheet.dot(p, "accent", null, 3);
-    sheet.label(String(i + 1), [sheet.to(p)], "accent");
-  });
-}
-
 // All contours of a builder's result.
 export const OUTLINE = {
   terms: ["nc", "nv", "x", "y", "kind", "sign"],
@@ -84,7 +76,6 @@ export const OUTLINE = {
     const all = contours(v);
     const filleted = all.some(({ kind }) => kind === 4);
     all.forEach((contour) => paintContour(sheet, contour, filleted && contour.places.length === 3));
-    if (sheet.options.dimensions === false) paintNumbers(sheet, v);
   },
 };
 
@@ -152,7 +143,7 @@ export function dim(term, i, j, { upright, when = () => true, ...where } = {}) {
     say: (v) => (when(v) ? `${term} = ${number(v.scalar(term))}` : null),
     paint(sheet, v) {
       const { p, q } = ends(v);
-      if (sheet.small || sheet.options.dimensions === false || !when(v)) return;
+      if (sheet.small || !when(v)) return;
       if (exists(p) && exists(q)) paintDimension(sheet, v, term, ends(v), where);
     },
   };
