@@ -258,26 +258,33 @@ export function parallels(text, count, order) {
     const total = v.count(count, Math.min(...arrays.map((array) => array.length)));
     return Array.from({ length: total }, (_, i) => arrays.map((array) => array[i]));
   };
-  const near = ([a, b, c]) => [(-a * c) / (a * a + b * b), (-b * c) / (a * a + b * b), 0];
+  // Where they cut the y axis, or if they do not, the x axis.
+  const cuts = (v) => {
+    const rows = all(v);
+    const isUpright = rows.length > 0 && Math.abs(rows[0][1]) < 1e-5 * Math.abs(rows[0][0]);
+    return rows.map(([a, b, c]) => (isUpright ? [-c / a, 0, 0] : [0, -c / b, 0]));
+  };
   return {
     terms: [...names, count, order],
-    span: (v) => all(v).map(near).filter(exists),
+    span: (v) => cuts(v).filter(exists),
     say: (v) =>
       `lines ${all(v)
         .map((row) => spoken(row))
         .join(" ")} in the order ${v.array(order).map(number).join(", ")}`,
     paint(sheet, v) {
-      all(v).forEach((row, i) => {
-        if (!exists(near(row))) return;
+      const [rows, places] = [all(v), cuts(v)];
+      rows.forEach((row, i) => {
+        if (!exists(places[i])) return;
         const place = v.array(order).indexOf(i + 1) + 1;
-        paintLine(
-          sheet,
-          near(row),
-          unit([-row[1], row[0], 0]),
-          "ink",
-          place ? `line ${i + 1} is number ${place}` : `line ${i + 1}`,
-        );
+        paintLine(sheet, places[i], unit([-row[1], row[0], 0]), "ink", `line ${i + 1}`);
+        sheet.dot(places[i], "accent");
+        if (place) sheet.label(`number ${place}`, [sheet.to(places[i])], "accent");
       });
+      const ordered = v.array(order).map((i) => places[i - 1] ?? [NaN]);
+      for (let i = 1; i < ordered.length; i += 1) {
+        if (exists(ordered[i - 1]) && exists(ordered[i]))
+          sheet.arrow(ordered[i - 1], ordered[i], "accent", "accent thin");
+      }
     },
   };
 }
