@@ -9,6 +9,7 @@ const LINE = 24; // of the words below the picture
 const OFF = 1e5; // page positions beyond do not count
 
 const HEIGHT_OF_TEXT = 17;
+const BOLD = 1.08; // as wide as plain words
 const BESIDE = 3; // kept free beside words
 
 // What is not a number has no place on the page.
@@ -226,7 +227,7 @@ export function stripLines(words) {
   const lines = [];
   let used = Infinity;
   for (const word of words) {
-    const width = textWidth(word.text) + 18;
+    const width = textWidth(word.text) * (word.tone === "accent" ? BOLD : 1) + 18;
     if (used + width > WIDTH - 8) {
       lines.push([]);
       used = 10;
