@@ -2,7 +2,7 @@
 
 import { fit } from "./fit.js";
 import { mark } from "./marks.js";
-import { at, exists } from "./places.js";
+import { at, dot, exists, list } from "./places.js";
 import { grid } from "./plane.js";
 import { scene } from "./scene.js";
 import { number } from "./svg.js";
@@ -119,6 +119,38 @@ function curveMark(name, term, result, range) {
 
 export const curve = (name, term, result, range, { marks = [], ...more } = {}) =>
   chart([curveMark(name, term, result, range), ...marks], more);
+
+// A sum that starts as a constant and grows by the product of each point with a normal: what it is
+// after each, and where it is zero.
+export function runningSum(text, count, normal, constant, chosen, of) {
+  const places = list(text, count);
+  const names = normal.split(" ");
+  const sums = (v) => {
+    const way = names.map(v.scalar);
+    let total = v.scalar(constant);
+    return [total, ...places.items(v).map((p) => (total += dot(way, p)))].map((y, i) => [i, y, 0]);
+  };
+  const isFound = (v, i) => v.array(chosen).slice(0, v.count(of, 60)).includes(i);
+  return {
+    terms: [...places.terms, ...names, constant, chosen, of],
+    span: (v) => [[0, 0, 0], ...sums(v)].filter(exists),
+    say: (v) => `sums ${sums(v).map(([, y]) => number(y)).join(", ")}`,
+    paint(sheet, v) {
+      const all = sums(v);
+      if (!all.every(exists)) return;
+      for (let i = 1; i < all.length; i += 1) {
+        const [p, q] = [all[i - 1], all[i]];
+        sheet.stroke([p, [q[0], p[1], 0]], "soft thin dashed");
+        sheet.arrow([q[0], p[1], 0], q, "ink");
+      }
+      all.forEach((p, i) => {
+        const tone = isFound(v, i) ? "accent" : "ink";
+        sheet.dot(p, tone, null, tone === "accent" ? 6 : 4.5);
+        sheet.label(i ? `point ${i}` : constant, [sheet.to(p)], tone);
+      });
+    },
+  };
+}
 
 // Samples over a range as bars, whose area is the integral: one step wide, half as wide at the
 // ends. The last one within has none.

@@ -2,8 +2,19 @@
 // them.
 
 import { arcBetween, spoken, turningArc } from "./marks.js";
-import { add, at, cross, dot, exists, length, list, minus, times, unit } from "./places.js";
-import { number } from "./svg.js";
+import {
+  add,
+  at,
+  cross,
+  dot,
+  exists,
+  length,
+  list,
+  minus,
+  times,
+  turnedAbout,
+  unit,
+} from "./places.js";
 
 const Z = [0, 0, 1];
 
@@ -54,16 +65,16 @@ export function area(text, count, kind) {
   };
 }
 
-// The part of a circle that a chord cuts off: the smaller one, or the rest where `kind` is 5.
-export function cap(centre, from, to, kind) {
+// The part of a circle that a chord cuts off: the smaller one, or the rest where `term` is `rest`.
+export function cap(centre, from, to, term, rest) {
   const parts = [centre, from, to].map(at);
   const outline = (v) =>
     segmentOutline(
       parts.map((part) => part.where(v)),
-      v.scalar(kind) === 5,
+      v.scalar(term) === rest,
     ).filter(exists);
   return {
-    terms: [...parts.flatMap((part) => part.terms), kind],
+    terms: [...parts.flatMap((part) => part.terms), term],
     span: outline,
     paint(sheet, v) {
       if (outline(v).length < 3) return;
@@ -183,51 +194,25 @@ export function vertexAngles(text, count) {
   };
 }
 
-// The ways of the points of a list that is turned about an axis through the origin.
-export function turns(text, count, term, mode, { axis = Z } = {}) {
-  const places = list(text, count);
-  return {
-    terms: [...places.terms, term, mode],
-    say: (v) => `${term} = ${number(v.scalar(term))}`,
-    paint(sheet, v) {
-      const sign = v.scalar(mode) === 1 ? -1 : 1;
-      const angle = Math.max(-6.3, Math.min(6.3, sign * v.scalar(term)));
-      places
-        .items(v)
-        .slice(0, 8)
-        .forEach((p, i) => {
-          const centre = times(axis, dot(axis, p) / dot(axis, axis));
-          const arc = turningArc(
-            centre,
-            minus(p, centre),
-            unit(axis),
-            angle * Math.sign(length(axis)),
-          );
-          if (!arc.every(exists)) return;
-          sheet.stroke(arc, "accent thin dashed", { weight: 0.5 });
-          sheet.head(...arc.slice(-2).map((place) => sheet.to(place)), "accent");
-          if (i === 0)
-            sheet.label(
-              `${term} = ${number(v.scalar(term))}`,
-              [sheet.to(arc[arc.length >> 1])],
-              "ink",
-            );
-        });
-    },
-  };
-}
-
-// The part of the plane between two rays, as far as the picture goes.
-export function wedge(vertex, first, second) {
+// Ahead of the vertex, seen along the first ray: all but the angle between the rays, which is taken
+// off where it is less than a right one, and as far as the second line back where it is more.
+export function besideAngle(vertex, first, second) {
   const parts = [vertex, first, second].map(at);
   return {
     terms: parts.flatMap((part) => part.terms),
     paint(sheet, v) {
       const [o, p, q] = parts.map((part) => part.where(v));
       const [u, w] = [minus(p, o), minus(q, o)];
-      const reach = 3 * Math.max(length(u), length(w), sheet.whole.reach);
-      const arc = arcBetween(o, u, w, reach);
-      if (exists(o) && arc.every(exists)) sheet.wash([o, ...arc], "ink-wash");
+      const sense = cross(u, w)[2] < 0 ? -1 : 1;
+      const phi = Math.abs(Math.atan2(cross(u, w)[2], dot(u, w)));
+      const far = times(unit(u), 3 * Math.max(length(u), length(w), sheet.whole.reach));
+      const quarter = Math.PI / 2;
+      for (const [from, to] of [[0, -Math.min(quarter, Math.PI - phi)], [phi, quarter]]) {
+        const start = turnedAbout(far, Z, sense * from);
+        const arc = turningArc(o, start, Z, sense * (to - from));
+        if (Math.abs(from) < quarter && exists(o) && arc.every(exists))
+          sheet.wash([o, ...arc], "accent-wash");
+      }
     },
   };
 }

@@ -2,6 +2,7 @@
 
 const DIRECTIONS = Array.from({ length: 16 }, (_, i) => (i * Math.PI) / 8);
 const GAPS = [9, 16, 28, 44];
+const MISREAD = 20; // what it costs
 const LETTER = 0.56; // mean width of a letter, of the height
 
 export const textWidth = (text, size = 17) => [...text].length * size * LETTER + 2;
@@ -53,13 +54,14 @@ const distance = ([x, y], box) =>
 
 const middleOf = ({ left, right, top, bottom }) => [(left + right) / 2, (top + bottom) / 2];
 
-// Words that stand as near to another point as to what they name are read as its name.
+const isAt = ([x1, y1], [x2, y2]) => Math.hypot(x1 - x2, y1 - y2) < 1;
+
+// A point's name that stands as near to another point is read as the name of that one.
 const misread = (box, anchor, points) =>
-  points.filter(
-    (point) =>
-      Math.hypot(point[0] - anchor[0], point[1] - anchor[1]) > 1 &&
-      distance(point, box) < 1.5 * distance(anchor, box),
-  ).length;
+  points.some((point) => isAt(point, anchor)) &&
+  points.some(
+    (point) => !isAt(point, anchor) && distance(point, box) < 1.5 * distance(anchor, box),
+  );
 
 function cost(box, taken, strokes, frame) {
   const words = taken.reduce((total, other) => total + overlap(box, other), 0);
@@ -104,7 +106,7 @@ export function placeLabels(labels, strokes, dots, ticks, frame) {
     let best = { total: Infinity };
     for (const { box, anchor, penalty } of candidates(label)) {
       const total =
-        penalty + cost(box, taken, strokes, frame) + 20 * misread(box, anchor, points);
+        penalty + cost(box, taken, strokes, frame) + (misread(box, anchor, points) ? MISREAD : 0);
       if (total < best.total) best = { total, box };
     }
     const box = kept(best.box, frame);

@@ -3,8 +3,8 @@
 import { textWidth } from "./labels.js";
 import { assemble, nothing, Sheet, stripLines } from "./sheet.js";
 import { frameOf, stripOf, words } from "./scene.js";
-import { entry } from "./svg.js";
-import { nameOf } from "./values.js";
+import { element, entry, path } from "./svg.js";
+import { drawable, nameOf } from "./values.js";
 
 const LEFT = 92;
 const CELL = 44;
@@ -132,7 +132,24 @@ function layout(rows, v, frame, small) {
   return { all, width, cell, at: (r, i) => [left + i * width, top + r * step] };
 }
 
-function paintCell(sheet, [x, y], { width, cell }, value, { tone, faint, picked }) {
+// Without words an entry is a bar, as high as it is among all.
+function paintBar(sheet, [x, y], { width, cell, all }, value, tone) {
+  const values = all.flat().filter(drawable);
+  const [low, high] = [Math.min(0, ...values), Math.max(...values)];
+  if (!drawable(value) || !(high > low)) return;
+  const top = y + cell - (0.1 + (0.75 * (value - low)) / (high - low)) * cell;
+  const [left, right] = [x + 0.25 * width, x + 0.75 * width];
+  const corners = [
+    [left, y + cell],
+    [left, top],
+    [right, top],
+    [right, y + cell],
+  ];
+  sheet.put("dots", element("path", { class: `${tone}-fill`, d: path(corners, true) }));
+}
+
+function paintCell(sheet, [x, y], place, value, { tone, faint, picked }) {
+  const { width, cell } = place;
   const look = faint ? "faint" : tone;
   const corners = [
     [x, y],
@@ -144,10 +161,12 @@ function paintCell(sheet, [x, y], { width, cell }, value, { tone, faint, picked 
     closed: true,
     layer: "dots",
   });
-  const narrow = textWidth(value) > width - 4;
+  if (sheet.small && !faint) paintBar(sheet, [x, y], place, value, tone);
+  const words = text(value);
+  const narrow = textWidth(words) > width - 4;
   const shown = narrow
-    ? `${[...value].slice(0, Math.max(1, Math.floor(width / 9.5) - 2)).join("")}…`
-    : value;
+    ? `${[...words].slice(0, Math.max(1, Math.floor(width / 9.5) - 2)).join("")}…`
+    : words;
   sheet.words(shown, x + width / 2, y + cell / 2 + 6, faint ? "soft" : tone);
 }
 
@@ -165,7 +184,7 @@ function paintRow(sheet, row, r, place, v) {
   if (row.note) sheet.words(row.note, x - 14, y + CELL / 2 + 18, "tick", "end");
   if (!values.length) sheet.words("no entry", x + 8, y + CELL / 2 + 6, "soft", "start");
   values.slice(0, MOST).forEach((value, i) =>
-    paintCell(sheet, place.at(r, i), place, text(value), {
+    paintCell(sheet, place.at(r, i), place, value, {
       tone: picked.has(i + 1) ? "accent" : row.tone(v),
       faint: i >= used,
       picked: picked.has(i + 1),
@@ -212,6 +231,20 @@ export const mapped = (index) => ({
           paintLink(sheet, place, [0, i], [1, target - 1]);
         }
       });
+  },
+});
+
+// Which entry of the second row each of the first became one with: the nearest, within a tolerance.
+export const merged = (count, tolerance) => ({
+  terms: [count, tolerance].filter(Boolean),
+  paint(sheet, place, v) {
+    const within = tolerance ? v.scalar(tolerance) : 0;
+    const ends = place.all[1].slice(0, Math.min(MOST, v.count(count, MOST)));
+    place.all[0].slice(0, MOST).forEach((value, i) => {
+      const gaps = ends.map((end) => Math.abs(end - value));
+      const least = Math.min(...gaps);
+      if (least <= within) paintLink(sheet, place, [0, i], [1, gaps.indexOf(least)]);
+    });
   },
 });
 

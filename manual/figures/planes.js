@@ -26,7 +26,8 @@ function spread(normal) {
 
 // Where a plane is drawn: near the picture's middle, and where it meets the others of its group.
 function anchorOf(text, { meets, from }, v, whole) {
-  let p = from ? from.where(v) : whole.middle;
+  const wanted = from?.where(v) ?? [NaN];
+  let p = exists(wanted) ? wanted : whole.middle;
   for (let i = 0; i < 30; i += 1) {
     for (const other of meets) {
       const q = onSurface(p, other, v);
@@ -39,18 +40,30 @@ function anchorOf(text, { meets, from }, v, whole) {
 
 const namesOf = (plane) => (typeof plane === "string" ? plane.split(" ") : plane.terms);
 
+// How far a patch reaches along both ways from its anchor: evenly, or just beyond what it covers.
+function extents(p, ways, reach, covered) {
+  if (!covered.length) return ways.map(() => [-reach, reach]);
+  return ways.map((way) => {
+    const all = covered.map((q) => dot(minus(q, p), way));
+    return [Math.min(...all) - 0.25 * reach, Math.max(...all) + 0.25 * reach];
+  });
+}
+
 // The plane A x + B y + C z + D = 0, or one of places, as a patch with its normal.
 export function patch(
   text,
   label,
-  { tone, meets = [], through: from, normal = true, share = 0.75 } = {},
+  { tone, meets = [], through: from, normal = true, share = 0.75, covers = [] } = {},
 ) {
   const terms = namesOf(text);
   const name = label ?? terms.join(", ").replaceAll("'", "");
   const corners = (v, whole) => {
-    const [u, w] = spread(surface(text, v).normal).map((way) => times(way, share * whole.reach));
+    const [u, w] = spread(surface(text, v).normal);
     const p = anchorOf(text, { meets, from }, v, whole);
-    return [add(add(p, u), w), add(minus(p, u), w), minus(minus(p, u), w), minus(add(p, u), w)];
+    const covered = covers.map((place) => at(place).where(v)).filter(exists);
+    const [[left, right], [low, high]] = extents(p, [u, w], share * whole.reach, covered);
+    const corner = (across, up) => add(add(p, u, across), w, up);
+    return [corner(right, high), corner(left, high), corner(left, low), corner(right, low)];
   };
   const say = (v) =>
     `plane ${name} = ${spoken([...terms.map(v.scalar)].slice(0, 3))} with ${
@@ -58,7 +71,8 @@ export function patch(
     } = ${number(v.scalar(terms[3]))}`;
   return {
     normals: (v) => [unit(surface(text, v).normal)].filter(exists),
-    terms: [...terms, ...(from?.terms ?? []), ...meets.flatMap(namesOf)],
+    terms: [...terms, ...[from, ...covers].flatMap((place) => (place ? at(place).terms : [])),
+      ...meets.flatMap(namesOf)],
     late: (v, whole) => corners(v, whole).filter(exists),
     say: typeof text === "string" ? say : undefined,
     paint(sheet, v) {

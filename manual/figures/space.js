@@ -3,7 +3,7 @@
 
 import { niceStep, ticksWithin } from "./fit.js";
 import { arcBetween, mark, spoken } from "./marks.js";
-import { add, at, exists, length, minus, times, unit } from "./places.js";
+import { add, at, exists, footOn, length, list, minus, times, unit } from "./places.js";
 import { scene } from "./scene.js";
 import { number, tickText } from "./svg.js";
 
@@ -94,8 +94,8 @@ function paintAxes(sheet, low, high, step) {
     sheet.label(name, [q], "soft");
   });
   if (sheet.small) return;
-  tickAlong(sheet, ticksWithin(low[0], high[0], step), (x) => [x, high[1], low[2]], "start");
-  tickAlong(sheet, ticksWithin(low[1], high[1], step), (y) => [high[0], y, low[2]], "end");
+  tickAlong(sheet, "x", ticksWithin(low[0], high[0], step), (x) => [x, high[1], low[2]]);
+  tickAlong(sheet, "y", ticksWithin(low[1], high[1], step), (y) => [high[0], y, low[2]]);
 }
 
 // The end of an axis, or where it would leave the picture at the top.
@@ -104,15 +104,20 @@ function belowTop([x1, y1], [x2, y2], top) {
   return [x1 + part * (x2 - x1), y1 + part * (y2 - y1)];
 }
 
-function tickAlong(sheet, ticks, where, anchor) {
+// Ticks stand in front, where they are free; the axis is behind, so that one of them names it.
+function tickAlong(sheet, name, ticks, where) {
+  const [anchor, beside] = name === "x" ? ["start", 5] : ["end", -5];
   const [a, b] = [ticks[0], ticks[1]].map((t) => sheet.to(where(t ?? 0)));
-  const every = Math.max(1, Math.ceil(34 / (Math.hypot(a[0] - b[0], a[1] - b[1]) || 1e9)));
-  ticks
-    .filter((_, i) => i % every === 0)
-    .forEach((t) => {
-      const [x, y] = sheet.to(where(t));
-      sheet.tick(tickText(t), x + (anchor === "end" ? -5 : 5), y + 15, anchor);
-    });
+  const gap = Math.hypot(a[0] - b[0], a[1] - b[1]) || 1e9;
+  const every = Math.max(1, Math.ceil(34 / gap));
+  const shown = ticks.filter((_, i) => i % every === 0);
+  const named = shown.length >> 1;
+  shown.forEach((t, i) => {
+    const [x, y] = sheet.to(where(t));
+    const text = i === named ? `${name} = ${tickText(t)}` : tickText(t);
+    const hasRoom = i !== named - 1 || gap * every > 60; // beside the longer one
+    if (hasRoom) sheet.tick(text, x + beside, y + 15, anchor);
+  });
 }
 
 function backdrop(sheet, whole) {
@@ -175,6 +180,20 @@ export function axisLine(axis, name) {
       const [p, q] = ends(sheet.whole);
       sheet.arrow(p, q, "soft");
       sheet.label(name, [sheet.to(q)], "soft");
+    },
+  };
+}
+
+// The perpendiculars from the points of a list on a line.
+export function toLine(text, count, from, to) {
+  const places = list(text, count);
+  return {
+    terms: [...places.terms, ...at(from).terms, ...at(to).terms],
+    paint(sheet, v) {
+      for (const p of places.items(v)) {
+        const foot = footOn({ terms: [], where: () => p }, from, to).where(v);
+        if (exists(p) && exists(foot)) sheet.stroke([p, foot], "accent thin", { weight: 0.3 });
+      }
     },
   };
 }

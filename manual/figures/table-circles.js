@@ -1,8 +1,9 @@
 // Circles and arcs, placement of lists and outlines in the plane.
 
-import { area, cap, gyration, levers, turns, vertexAngles, wedge } from "./figure.js";
-import { angle, direction, distance, point, segment, spot, square, turn, vector }
+import { area, besideAngle, cap, gyration, levers, vertexAngles } from "./figure.js";
+import { angle, direction, distance, point, segment, spot, square, turn }
   from "./marks.js";
+import { newOrigin, turns } from "./moves.js";
 import { add, along, at, between, derived, dot, fixed, footOn, length, middle, minus, mixed,
   ORIGIN, sum, times, turned, turnedAbout, unit } from "./places.js";
 import { arcOf, circle, circleAbout, circleThrough, line, plane, points, polygon, through }
@@ -82,8 +83,12 @@ const CIRCLE = {
   kezc12: plane([circle("D1 E1 F1"), circle("D2 E2 F2"),
     segment("x1 y1", "x2 y2", "", HELP), point("x1 y1"),
     point("x2 y2")], { tell: "n" }),
-  kezcin: plane([circleThrough("X.1 Y.1", "X.2 Y.2"), line("a b c"), point("X.1 Y.1", "X(1), Y(1)"),
-    point("X.2 Y.2", "X(2), Y(2)"), point("x2 y2"), point("x3 y3")], { tell: "k",
+  kezcin: plane([circleThrough("X.1 Y.1", "X.2 Y.2"),
+    cap("X.1 Y.1", "x2 y2", "x3 y3", "k", 4),
+    angle("X.1 Y.1", "x2 y2", "x3 y3", undefined, { name: "phi", tone: "soft" }),
+    segment("X.1 Y.1", "x2 y2", "", HELP), segment("X.1 Y.1", "x3 y3", "", HELP),
+    line("a b c"), point("X.1 Y.1", "X(1), Y(1)"), point("X.2 Y.2", "X(2), Y(2)"),
+    point("x2 y2"), point("x3 y3")], { tell: "k",
     meanings: { k: ["", "in the positive region", "in the negative region",
       "segment of phi positive", "segment of 2 pi - phi positive"] } }),
   kezcer6: plane([...GUIDE, ...REACHED, through(P0, MEASURED), point(P)], { tell: "status sense" }),
@@ -117,7 +122,7 @@ const CIRCLE = {
   kezarc1: plane([segment(P0, P1), segment(P0, P2), arcOf(P0, P1, rest, { tone: "accent",
     look: "thin dashed", label: named("s2") }), arcOf(P0, P1, nearArc, { tone: "accent",
     label: named("s1") }), point(P0), point(P1), point(P2)], { tell: "status" }),
-  kezacp: plane([circleThrough(P0, P1, { look: "thin", tone: "soft" }), cap(P0, P1, P2, "kind"),
+  kezacp: plane([circleThrough(P0, P1, { look: "thin", tone: "soft" }), cap(P0, P1, P2, "kind", 5),
     segment(P1, P2, "", { look: "thin" }), point(P0), point(P1), point(P2), point("xs ys")],
   { tell: "area kind" }),
 };
@@ -128,12 +133,9 @@ function chordAngle(v) {
   return isLarge(v) ? theOtherWay(short) : short;
 }
 
-const FIRST = at("X.1 Y.1");
-
 const PLACEMENT = {
-  keztra: plane([polygon("X Y", "n"), polygon("X' Y'", "n"),
-    vector(ORIGIN, "tx ty", "tx, ty"), vector(FIRST, at("X.1' Y.1'"), "", { look: "thin dashed" })],
-  { silent: "n" }),
+  keztra: plane([polygon("X Y", "n"), newOrigin("tx ty", "X' Y'", "n", { flat: true }),
+    point("tx ty")], { tell: "X.1 Y.1 X.1' Y.1'", silent: "n" }),
   kezrot: plane([polygon("X Y", "n"), polygon("X' Y'", "n"), turns("X Y", "n", "angle", "mode")],
     { tell: "mode", silent: "n" }),
   kezcer3: plane([segment(P0, P, "", { look: "thin" }), segment(P0, "xo yo", "", { look: "thin" }),
@@ -160,9 +162,9 @@ const OUTLINES = {
     distance(P1, footOn(P0, P1, P2), "a0", { shift: 24 }),
     distance(P1, footOn("x3 y3", P1, P2), "a3", { shift: 48 }),
     distance(P1, P2, "L", { shift: 72 })], { silent: "z0 z1 z2 z3" }),
-  kezapp: plane([wedge(P0, P1, P2), segment(P0, P1), segment(P0, P2),
+  kezapp: plane([besideAngle(P0, P1, P2), segment(P0, P1), segment(P0, P2),
     point(P0), point(P1), point(P2),
-    points("X Y", "n", { flags: "flag" })], { silent: "n" }),
+    points("X Y", "n", { flags: "flag" })], { silent: "n", key: ["flag 1: in what is shaded"] }),
 };
 
 export const CIRCLES = { ...CIRCLE, ...PLACEMENT, ...OUTLINES };

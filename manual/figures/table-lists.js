@@ -1,9 +1,10 @@
 // Lists, order, and polygons and points as a whole.
 
-import { cells, joined, lists, mapped, pairs } from "./lists.js";
+import { cells, joined, lists, mapped, merged, pairs } from "./lists.js";
 import { circleAbout, line, parallels, plane, points, polygon } from "./plane.js";
 import { angle, point, segment } from "./marks.js";
 import { derived, mixed } from "./places.js";
+import { newOrigin } from "./moves.js";
 import { block, patch } from "./planes.js";
 import { space } from "./space.js";
 
@@ -14,8 +15,8 @@ const reversed = lists([before, cells("a'", { count: "n", links: "mirror" })], {
 const joining = lists([cells("a", { count: "n1" }), cells("out", { links: joined("n1") }),
   cells("b", { count: "n2" })], { tell: "nout", silent: "n1 n2" });
 
-const distinct = (tell) => lists([before, cells("a'", { stop: "n'", links: "value" })],
-  { tell });
+const distinct = (tell, tolerance) =>
+  lists([before, cells("a'", { stop: "n'" })], { links: [merged("n'", tolerance)], tell });
 
 const LISTED = {
   kezmer1: joining,
@@ -26,7 +27,7 @@ const LISTED = {
     cells("com", { count: "ncom", links: [{ by: "value", to: 0 }, { by: "value", to: 2 }] }),
     cells("b", { count: "n2", within: "com" }), cells("dif", { count: "ndif" })],
   { tell: "ncom ndif", silent: "n1 n2" }),
-  kezmer12: distinct("n' tol"),
+  kezmer12: distinct("n' tol", "tol"),
   kezmer13: lists([cells("a", { count: "n1" }), cells("b", { count: "n2" })],
     { links: [pairs("ia", "ib", "nm")], tell: "nm tol", silent: "n1 n2" }),
   kezmer14: lists([before, cells("a'", { count: "n", chosen: "idx", of: "nd", links: "equal" }),
@@ -44,6 +45,8 @@ const LISTED = {
   kezpor: plane([parallels("a b c", "n", "iord")], { tell: "status", silent: "n" }),
 };
 
+const CODES = ["1: on the first plane", "2: on the second", "3: between", "4: outside"];
+
 // The circle of second moments: moments to the right, product moments upwards.
 const CENTRE = derived("p q", (v) => [(v.scalar("p") + v.scalar("q")) / 2, 0, 0]);
 const RADIUS = (v) => Math.hypot((v.scalar("p") - v.scalar("q")) / 2, v.scalar("r"));
@@ -55,18 +58,18 @@ const WHOLE = {
     point(mixed("q", "-r"), "q, −r"), point(OF_U, "u"), point(mixed("v", 0), "v"),
     angle(CENTRE, "p r", OF_U, undefined, { name: "2 theta", tone: "accent" })],
   { tell: "u v theta" }),
-  kezppp: plane([polygon("X Y", "n"), polygon("X' Y'", "n", { wash: false, look: "thin dashed",
-    numbers: false }), point("px py")],
+  kezppp: plane([polygon("X Y", "n"), newOrigin("px py", "X' Y'", "n", { flat: true }),
+    point("px py")],
   { tell: "status", silent: "n",
     meanings: { status: { 0: "inside", "-1": "outside", 100: "on an edge" } } }),
   kezpin: plane([polygon("X1 Y1", "n1", { numbers: false }),
     polygon("X2 Y2", "n2", { numbers: false, wash: "ink-wash" }),
     polygon("X Y", "n", { wash: false }), line("a b c")], { tell: "n1 n2 length", silent: "n" }),
   kezptp1: space([patch("A1 B1 C1 D1"), patch("A2 B2 C2 D2"),
-    points("X Y Z", "n", { flags: "code" })], { silent: "n" }),
+    points("X Y Z", "n", { flags: "code" })], { silent: "n", key: CODES }),
   kezptp2: space([block(["A1 B1 C1 D1", "A2 B2 C2 D2"], ["A3 B3 C3 D3", "A4 B4 C4 D4"],
     ["A5 B5 C5 D5", "A6 B6 C6 D6"]), points("X Y Z", "n", { chosen: "out", of: "nout",
-    flags: "code1 code2 code3" })], { tell: "nout mode", silent: "n" }),
+    flags: "code1 code2 code3" })], { tell: "nout mode", silent: "n", key: CODES }),
 };
 
 export const LISTS = { ...LISTED, ...WHOLE };

@@ -1,12 +1,14 @@
 // Lines, planes and placement in space.
 
-import { turns } from "./figure.js";
+import { chart, runningSum } from "./chart.js";
 import { angle, direction, distance, outline, point, segment, spot, square, swing, vector }
   from "./marks.js";
-import { add, at, derived, foot, footOn, mixed, ORIGIN, sum } from "./places.js";
+import { localAxes, newOrigin, placing, systemOf, turns } from "./moves.js";
+import { add, at, between, derived, foot, footOn, minus, mixed, ORIGIN, sum, turnedAbout,
+  unit } from "./places.js";
 import { line, plane, points, polygon } from "./plane.js";
 import { facet, intercepts, meeting, patch, planeOf } from "./planes.js";
-import { axes, axisLine, beyond, legs, space } from "./space.js";
+import { axes, axisLine, beyond, legs, space, toLine } from "./space.js";
 
 const P0 = at("x0 y0 z0");
 const P1 = at("x1 y1 z1");
@@ -19,6 +21,9 @@ const U = "ux uy uz";
 const W = "wx wy wz";
 const D1 = "dx1 dy1 dz1";
 const D2 = "dx2 dy2 dz2";
+
+// What only helps to see where a place is.
+const HELP = { tone: "soft", look: "thin dashed" };
 
 const ENDS = [point(P1), point(P2)];
 const PLANE = "A B C D";
@@ -35,6 +40,13 @@ const LINES = ["oblique", "parallel", "parallel, opposite", "same line", "same l
 const NO_YES = ["no", "yes"];
 const IN_PLANE = { meanings: { status: { 0: "in the plane", "-1": "outside", 1: "no normal" } } };
 
+// The third point, when it has swung about the line of the others.
+const SWUNG = derived("x1 y1 z1 x2 y2 z2 x3 y3 z3 angle", (v) => {
+  const [p, q, r] = [P1, P2, P3].map((place) => place.where(v));
+  const foot = footOn(P3, P1, P2).where(v);
+  return add(foot, turnedAbout(minus(r, foot), unit(minus(q, p)), v.scalar("angle")));
+});
+
 const lineThrough = (p, q) => [beyond(p, q), point(p), point(q)];
 
 const lineAlong = (p, way) => [beyond(p, sum(p, way), "", { look: "thin" }), point(p),
@@ -46,14 +58,14 @@ const CROSSINGS = {
     { tell: "code", meanings: { code: CLASSES } }),
   kezln6: space([...lineAlong(P0, "u v w"), point(TESTED, undefined, { tone: "accent" })],
     { tell: "code onLine tol", meanings: { code: CLASSES, onLine: NO_YES } }),
-  kezln7: space([patch(FIRST, undefined, { meets: [SECOND] }),
-    patch(SECOND, undefined, { meets: [FIRST] }), meeting(FIRST, SECOND),
+  kezln7: space([patch(FIRST, undefined, { meets: [SECOND], normal: false }),
+    patch(SECOND, undefined, { meets: [FIRST], normal: false }), meeting(FIRST, SECOND),
     point(TESTED)], { tell: "code onLine l m n tol", meanings: { code: CLASSES, onLine: NO_YES } }),
   kez3lni: space([...lineAlong(P1, D1), ...lineAlong(P2, D2), point("xi' yi' zi'", "xi, yi, zi")],
     { tell: "status", meanings: { status: LINES } }),
-  kezpli: space([patch(PLANE), ...lineAlong("x0 y0 z0", "u v w"),
-    segment("x0 y0 z0", "xi yi zi", "", { look: "thin dashed", tone: "soft" }), point("xi yi zi")],
-  { tell: "status" }),
+  kezpli: space([patch(PLANE, undefined, { through: at("xi yi zi"), normal: false }),
+    ...lineAlong("x0 y0 z0", "u v w"), segment("x0 y0 z0", "xi yi zi", "", HELP),
+    point("xi yi zi")], { tell: "status" }),
 };
 
 const TWO_LINES = [...lineThrough(P1, P2), ...lineThrough(P3, P4)];
@@ -74,7 +86,8 @@ const PLANES_BY = {
   kezpl6: space([...lineAlong(P1, D1), ...lineAlong(P2, D2), patch(PLANE)],
     { tell: "A B C D status" }),
   kezpl7: space([facet(P1, P2, P3, { tone: "ink" }), beyond(P1, P2, "", { look: "thin" }), ...ENDS,
-    point(P3), swing(P3, P1, P2, "angle"), patch(PLANE, undefined, { through: P1 })],
+    point(P3), swing(P3, P1, P2, "angle"), facet(P1, P2, SWUNG, { tone: "accent" }),
+    patch(PLANE, undefined, { through: P1, covers: [P1, P2, SWUNG] })],
   { tell: "A B C D status" }),
 };
 
@@ -89,22 +102,30 @@ const MEASURES = {
   kezpspg: space([patch(PLANE), point(P, undefined, { tone: "accent" }),
     segment(foot(P, PLANE), P, "", { tone: "accent", look: "thin dashed" })],
   { tell: "status tol", ...IN_PLANE }),
-  kezpnp: space([patch(PLANE, "A, B, C, D"), points("x y z", "n", { chosen: "idx" })],
-    { tell: "count D'", silent: "n" }),
+  kezpnp: chart([runningSum("x y z", "n", "A B C", "D", "idx", "count")],
+    { tell: "count D D' A B C", silent: "n", margin: 44 }),
 };
 
 const LINE = lineThrough(P1, P2);
 
-const toLine = (distanceTerm) => [...LINE, point(TESTED),
-  segment(P1, footOn(TESTED, P1, P2), "", { tone: "soft", look: "thin dashed" }),
-  distance(footOn(TESTED, P1, P2), TESTED, distanceTerm),
-  square(footOn(TESTED, P1, P2), P2, TESTED)];
+const FOOT = footOn(TESTED, P1, P2);
+
+const TO_LINE = [...LINE, point(TESTED), segment(P1, FOOT, "", HELP),
+  distance(FOOT, TESTED, "dist"), square(FOOT, P2, TESTED)];
+
+// The line that `kez3ldb` measures from has y1 for z1.
+const MEASURED = at("x1 y1 y1");
+const MEASURED_END = sum(MEASURED, between(P2, P1));
+const MEASURED_FOOT = footOn(TESTED, MEASURED, MEASURED_END);
 
 const NEAR = {
-  kez3lda: space(toLine("dist"), { tell: "status" }),
-  kez3lds: space(toLine("dist")),
-  kez3ldb: space(toLine("dist"), { tell: "status" }),
-  kezpnl: space([...LINE, points("x y zof", "n", { chosen: "idx" })],
+  kez3lda: space(TO_LINE, { tell: "status" }),
+  kez3lds: space(TO_LINE),
+  kez3ldb: space([...LINE, point(TESTED), beyond(MEASURED, MEASURED_END, "", HELP),
+    distance(MEASURED_FOOT, TESTED, "dist"), square(MEASURED_FOOT, MEASURED_END, TESTED)],
+  { tell: "status" }),
+  kezpnl: space([...LINE, beyond(MEASURED, MEASURED_END, "", HELP),
+    toLine("x y zof", "n", MEASURED, MEASURED_END), points("x y zof", "n", { chosen: "idx" })],
     { tell: "status count tol", silent: "n" }),
 };
 
@@ -119,12 +140,11 @@ const step = (count) => derived(`p p' ${SYSTEM} mode`, (v) => {
     add(place, system.slice(3 * i, 3 * i + 3), local[i] ?? NaN), [0, 0, 0]);
 });
 
-const LEG = { tone: "soft", look: "thin dashed" };
+const LOCAL = systemOf(O, "xa ya za", "xb yb zb");
 
 const moved = (names) => names.split(" ").map((name) => `${name}'`).join(" ");
 
-const placed = [polygon("x y z", "n"), polygon(moved("x y z"), "n"),
-  vector("x.1 y.1 z.1", "x.1' y.1' z.1'", "", { look: "thin dashed" })];
+const placed = [polygon("x y z", "n"), polygon(moved("x y z"), "n")];
 
 // A list that is turned about an axis; its third coordinate there stays.
 const turning = (after, axis, name) => space([axisLine(axis.map(Math.abs), name),
@@ -136,18 +156,19 @@ const PLACEMENT = {
     { look: "thin" }), facet(O, "xa ya za", "xb yb zb", { tone: "ink" }), axes(O, SYSTEM)],
   { tell: "status" }),
   keztrn: space([axes(ORIGIN, SYSTEM, { tone: "ink", share: 0.8 }),
-    segment(ORIGIN, step(1), "", LEG), segment(step(1), step(2), "", LEG),
-    segment(step(2), step(3), "", LEG),
+    segment(ORIGIN, step(1), "", HELP), segment(step(1), step(2), "", HELP),
+    segment(step(2), step(3), "", HELP),
     point(step(3), "p", { tone: "accent" })], { tell: "p.1' p.2' p.3' p.1 p.2 p.3 mode" }),
-  kez3tra: space([...placed, vector(ORIGIN, "ox oy oz", "ox, oy, oz")], { silent: "n" }),
+  kez3tra: space([polygon("x y z", "n"), newOrigin("ox oy oz", moved("x y z"), "n"),
+    point("ox oy oz")], { tell: "x.1 y.1 z.1 x.1' y.1' z.1'", silent: "n" }),
   kezrotx: turning("x y' z'", [1, 0, 0], "x axis"),
   kezroty: turning("x' y z'", [0, -1, 0], "y axis"),
   kezrotz: turning("x' y' z", [0, 0, 1], "z axis"),
-  kezptr: space([...placed, spot(ORIGIN, "soft"),
-    vector("x.1 y.1 z.1", sum("x.1 y.1 z.1", "tx ty tz"), "tx, ty, tz")],
-    { tell: "ax ay az", silent: "n" }),
+  kezptr: space([...placed, spot(ORIGIN, "soft"), placing("x y z", "n", "tx ty tz", "ax ay az")],
+    { tell: "tx ty tz ax ay az", silent: "n" }),
   kezptrl: space([point(O), point("xa ya za"), point("xb yb zb"),
-    facet(O, "xa ya za", "xb yb zb", { tone: "ink" }), ...placed],
+    facet(O, "xa ya za", "xb yb zb", { tone: "soft" }), ...placed, localAxes(LOCAL),
+    placing("x y z", "n", "tx ty tz", "ax ay az", LOCAL)],
   { tell: "status tx ty tz ax ay az", silent: "n" }),
   kezorv: space([polygon("X Y Z", undefined, { wash: false, look: "thin dashed", numbers: false }),
     polygon("X' Y' Z'")], { tell: "order.1 order.2 order.3 order.4" }),

@@ -234,11 +234,12 @@ const shapesOf = (svg) =>
     points: [...d.matchAll(/[ML](\S+) ([^MLZ]+)/g)].map(([, x, y]) => [Number(x), Number(y)]),
   }));
 
-const resultsOf = (svg) =>
-  [...svg.matchAll(/<circle class="accent-fill" cx="([^"]*)" cy="([^"]*)"/g)].map(([, x, y]) => [
-    Number(x),
-    Number(y),
-  ]);
+const dotsOf = (svg, tone) =>
+  [...svg.matchAll(new RegExp(`<circle class="${tone}-fill" cx="([^"]*)" cy="([^"]*)"`, "g"))].map(
+    ([, x, y]) => [Number(x), Number(y)],
+  );
+
+const resultsOf = (svg) => dotsOf(svg, "accent");
 
 function distanceToStroke([x, y], { points }) {
   const gaps = points.slice(1).map(([x2, y2], i) => {
@@ -279,7 +280,8 @@ test("results stand on the lines and circles on which they are found", () => {
 });
 
 test("turns end where the results are", () => {
-  for (const name of ["kezrot", "kezcer3", "kezrotx", "kezroty", "kezrotz"]) {
+  const names = ["kezrot", "kezcer3", "kezrotx", "kezroty", "kezrotz", "kezptr", "kezptrl"];
+  for (const name of names) {
     const svg = pictureOf(name);
     const arcs = shapesOf(svg).filter(
       ({ look, points }) => /dashed/.test(look) && points.length > 4,
@@ -293,4 +295,83 @@ test("turns end where the results are", () => {
       );
     }
   }
+});
+
+test("from their new origin points are where they were", () => {
+  for (const name of ["keztra", "kez3tra", "kezppp"]) {
+    const svg = pictureOf(name);
+    const ways = shapesOf(svg).filter(({ look }) => look === "accent thin dashed");
+    assert.ok(ways.length >= 3, name);
+    for (const { points } of ways) {
+      const [x, y] = points.at(-1);
+      assert.ok(dotsOf(svg, "ink").some(([X, Y]) => Math.hypot(X - x, Y - y) < 1), name);
+    }
+  }
+});
+
+function isWithin([x, y], points) {
+  const crossings = points.filter(([x1, y1], i) => {
+    const [x2, y2] = points[(i + 1) % points.length];
+    return y1 > y !== y2 > y && x < x1 + ((y - y1) * (x2 - x1)) / (y2 - y1);
+  });
+  return crossings.length % 2 === 1;
+}
+
+// More than a right angle: the second ray's line comes back on the other side of the first ray.
+const OBTUSE = {
+  inputs: { x0: 0, y0: 0, x1: 1, y1: 0, x2: -1, y2: 2, n: 4, X: [1, 0.2, 1, -1],
+    Y: [-0.2, -1, 0.5, -0.5] },
+  results: { flag: [1, 2, 2, 2] },
+};
+
+test("kezapp: those points stand in what is shaded that have its flag", () => {
+  let count = 0;
+  for (const { inputs, results } of [...callsOf("kezapp"), OBTUSE]) {
+    const svg = draw("kezapp", inputs, results);
+    const shaded = shapesOf(svg).filter(({ look }) => look === "accent-wash");
+    dotsOf(svg, "accent").forEach((dot, i) => {
+      const { x0, y0, X, Y } = inputs;
+      const onLine = [[inputs.x1, inputs.y1], [inputs.x2, inputs.y2]].some(([x, y]) =>
+        Math.abs((x - x0) * (Y[i] - y0) - (y - y0) * (X[i] - x0)) < 1e-3);
+      const onEdge = shaded.some(({ points }) => distanceToStroke(dot, { points }) < 1);
+      if (onLine || onEdge || results.flag[i] < 1) return;
+      const inside = shaded.some(({ points }) => isWithin(dot, points));
+      assert.equal(inside, results.flag[i] === 1, `${JSON.stringify(inputs)}, point ${i + 1}`);
+      count += 1;
+    });
+  }
+  assert.ok(count >= 8, `${count} points`);
+});
+
+test("kezpnp: the sums end at the constant that comes back, and are zero where it is said", () => {
+  for (const { inputs, results } of callsOf("kezpnp")) {
+    const said = /sums ([^.]*(?:\.\d[^.]*)*)\./.exec(draw("kezpnp", inputs, results))[1];
+    const sums = said.replaceAll("\u2212", "-").split(", ").map(Number);
+    assert.ok(Math.abs(sums.at(-1) - results.D) <= 1e-3 * Math.abs(results.D), said);
+    const zeros = sums.flatMap((sum, i) => (i > 0 && sum === 0 ? [i] : []));
+    assert.deepEqual(results.idx.slice(0, results.count), zeros, said);
+  }
+});
+
+test("a point's name stands nearer to it by far than to any other point", () => {
+  let count = 0;
+  for (const name of NAMES) {
+    const svg = pictureOf(name);
+    const words = new Map([...svg.matchAll(/<text ([^>]*)>([^<]*)</g)].map(([, given, text]) =>
+      [text, ["x", "y", "data-width"].map((key) => Number(attribute(given, key)))]));
+    for (const [, label, x, y] of svg.matchAll(
+      /aria-label="([^"]*)"[^>]*><circle class="reach" cx="([^"]*)" cy="([^"]*)"/g,
+    )) {
+      if (!words.has(label)) continue;
+      const [left, bottom, width] = words.get(label);
+      const gap = ([X, Y]) => Math.hypot(Math.max(left - X, 0, X - left - width),
+        Math.max(bottom - 13 - Y, 0, Y - bottom));
+      const own = gap([Number(x), Number(y)]);
+      const others = ["ink", "accent"].flatMap((tone) => dotsOf(svg, tone))
+        .filter(([X, Y]) => Math.hypot(X - x, Y - y) > 1);
+      assert.ok(others.every((other) => gap(other) > 1.4 * own), `${name}: ${label}`);
+      count += 1;
+    }
+  }
+  assert.ok(count > 50, `${count} names`);
 });

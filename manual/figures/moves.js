@@ -1,0 +1,136 @@
+// How lists of points are placed: turned, moved and turned, or seen from another origin.
+
+import { turningArc } from "./marks.js";
+import { add, at, cross, dot, exists, length, list, minus, times, unit } from "./places.js";
+import { number } from "./svg.js";
+
+const X = [1, 0, 0];
+const Y = [0, 1, 0];
+const Z = [0, 0, 1];
+
+const FULL = 6.3; // of a turn more is not drawn
+
+const around = (angle) => Math.max(-FULL, Math.min(FULL, angle));
+
+// The way of a place that is turned about an axis through another.
+function turningWay(p, origin, axis, angle) {
+  const centre = add(origin, axis, dot(axis, minus(p, origin)) / dot(axis, axis));
+  return turningArc(centre, minus(p, centre), unit(axis), around(angle) * Math.sign(length(axis)));
+}
+
+function paintTurn(sheet, arc, text) {
+  sheet.stroke(arc, "accent thin dashed", { weight: 0.5 });
+  sheet.head(...arc.slice(-2).map((place) => sheet.to(place)), "accent");
+  sheet.label(text, [sheet.to(arc[arc.length >> 1])], "ink");
+}
+
+const named = (term, v) => `${term} = ${number(v.scalar(term))}`;
+
+// The ways of the points of a list that is turned about an axis through the origin.
+export function turns(text, count, term, mode, { axis = Z } = {}) {
+  const places = list(text, count);
+  return {
+    terms: [...places.terms, term, mode],
+    say: (v) => named(term, v),
+    paint(sheet, v) {
+      const sign = v.scalar(mode) === 1 ? -1 : 1;
+      places
+        .items(v)
+        .slice(0, 8)
+        .forEach((p, i) => {
+          const arc = turningWay(p, [0, 0, 0], axis, sign * v.scalar(term));
+          if (arc.every(exists)) paintTurn(sheet, arc, i === 0 && named(term, v));
+        });
+    },
+  };
+}
+
+// The axes in which points are placed: those of the world, or those of three places, which are
+// turned so that z points to where y grows, else z, else x.
+const WORLD = { terms: [], of: () => ({ origin: [0, 0, 0], ways: [X, Y, Z] }) };
+
+export function systemOf(...corners) {
+  const parts = corners.map(at);
+  return {
+    terms: parts.flatMap((part) => part.terms),
+    of(v) {
+      const [o, a, b] = parts.map((part) => part.where(v));
+      const normal = cross(minus(a, o), minus(b, o));
+      const upwards = [1, 2, 0].map((i) => normal[i]).find((n) => Math.abs(n) > 1e-5) ?? 1;
+      const [x, z] = [unit(minus(a, o)), times(unit(normal), Math.sign(upwards))];
+      return { origin: o, ways: [x, cross(z, x), z] };
+    },
+  };
+}
+
+// Where the first point of a list is moved, and how it is then turned about each axis in turn.
+export function placing(text, count, shift, angles, system = WORLD) {
+  const places = list(text, count);
+  const [steps, turnings] = [shift, angles].map((terms) => terms.split(" "));
+  return {
+    terms: [...places.terms, ...steps, ...turnings, ...system.terms],
+    say: (v) => [...steps, ...turnings].map((term) => named(term, v)).join(", "),
+    paint(sheet, v) {
+      const { origin, ways } = system.of(v);
+      const [p] = places.items(v);
+      if (!p || !exists(p) || !ways.every(exists)) return;
+      const moved = steps.reduce((q, term, i) => add(q, ways[i], v.scalar(term)), p);
+      if (!exists(moved)) return;
+      sheet.arrow(p, moved, "ink", "ink thin");
+      sheet.label(steps.join(", "), [0.5, 0.7].map((t) =>
+        sheet.to(add(times(p, 1 - t), moved, t))), "ink");
+      const axes = [ways[0], times(ways[1], -1), ways[2]]; // about y from x towards z
+      turnings.reduce((q, term, i) => {
+        if (!v.scalar(term)) return q;
+        const arc = turningWay(q, origin, axes[i], v.scalar(term));
+        if (arc.every(exists)) paintTurn(sheet, arc, named(term, v));
+        return arc.at(-1);
+      }, moved);
+    },
+  };
+}
+
+// The local axes of a system, as long as a part of the picture.
+export function localAxes(system, share = 0.4) {
+  const tips = (v, whole) => {
+    const { origin, ways } = system.of(v);
+    return ways.map((way) => add(origin, way, share * whole.reach));
+  };
+  return {
+    terms: system.terms,
+    late: (v, whole) => tips(v, whole).filter(exists),
+    paint(sheet, v) {
+      const { origin } = system.of(v);
+      tips(v, sheet.whole).forEach((tip, i) => {
+        if (!exists(origin) || !exists(tip)) return;
+        sheet.arrow(origin, tip, "soft");
+        sheet.label(`local ${"xyz"[i]}`, [sheet.to(tip)], "soft");
+      });
+    },
+  };
+}
+
+// New axes at a place, which becomes the origin of a list, and its points as these see them.
+export function newOrigin(where, after, count, { flat = false } = {}) {
+  const place = at(where);
+  const places = list(after, count);
+  const ways = flat ? [X, Y] : [X, Y, Z];
+  const seen = (v) => places.items(v).map((p) => add(place.where(v), p)).filter(exists);
+  return {
+    terms: [...place.terms, ...places.terms],
+    span: (v) => seen(v),
+    late: (v, whole) =>
+      ways.map((way) => add(place.where(v), way, 0.5 * whole.reach)).filter(exists),
+    paint(sheet, v) {
+      const origin = place.where(v);
+      if (!exists(origin)) return;
+      ways.forEach((way, i) => {
+        const tip = add(origin, way, 0.5 * sheet.whole.reach);
+        if (!exists(tip)) return;
+        sheet.arrow(origin, tip, "accent");
+        sheet.label(`new ${"xyz"[i]}`, [sheet.to(tip)], "accent");
+      });
+      for (const p of seen(v)) sheet.arrow(origin, p, "accent", "accent thin dashed");
+    },
+  };
+}
