@@ -1,6 +1,6 @@
 // How lists of points are placed: turned, moved and turned, or seen from another origin.
 
-import { turningArc } from "./marks.js";
+import { spoken, turningArc } from "./marks.js";
 import { add, at, cross, dot, exists, length, list, minus, times, unit } from "./places.js";
 import { number } from "./svg.js";
 
@@ -118,7 +118,12 @@ export function newOrigin(where, after, count, { flat = false } = {}) {
   const seen = (v) => places.items(v).map((p) => add(place.where(v), p)).filter(exists);
   return {
     terms: [...place.terms, ...places.terms],
-    span: (v) => seen(v),
+    span: (v) => [place.where(v), ...seen(v)].filter(exists),
+    say: (v) =>
+      `from the new origin ${spoken(place.where(v), flat)} the points are ${places
+        .items(v)
+        .map((p) => spoken(p, flat))
+        .join(" ")}`,
     late: (v, whole) =>
       ways.map((way) => add(place.where(v), way, 0.5 * whole.reach)).filter(exists),
     paint(sheet, v) {

@@ -82,7 +82,7 @@ export const STRESSED = {
   },
 };
 
-const below = (level) => ({ side: "bottom", level });
+const below = (level) => ({ side: "bottom", level: level + 0.4 }); // clear of the thick plate
 
 export const panelDims = [
   dim("be1", onPlate(zero), onPlate(scalar("be1")), below(1)),

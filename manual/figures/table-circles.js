@@ -134,7 +134,7 @@ function chordAngle(v) {
 }
 
 const PLACEMENT = {
-  keztra: plane([polygon("X Y", "n"), newOrigin("tx ty", "X' Y'", "n", { flat: true }),
+  keztra: plane([newOrigin("tx ty", "X' Y'", "n", { flat: true }), polygon("X Y", "n"),
     point("tx ty")], { tell: "X.1 Y.1 X.1' Y.1'", silent: "n" }),
   kezrot: plane([polygon("X Y", "n"), polygon("X' Y'", "n"), turns("X Y", "n", "angle", "mode")],
     { tell: "mode", silent: "n" }),

@@ -58,7 +58,7 @@ const WHOLE = {
     point(mixed("q", "-r"), "q, −r"), point(OF_U, "u"), point(mixed("v", 0), "v"),
     angle(CENTRE, "p r", OF_U, undefined, { name: "2 theta", tone: "accent" })],
   { tell: "u v theta" }),
-  kezppp: plane([polygon("X Y", "n"), newOrigin("px py", "X' Y'", "n", { flat: true }),
+  kezppp: plane([newOrigin("px py", "X' Y'", "n", { flat: true }), polygon("X Y", "n"),
     point("px py")],
   { tell: "status", silent: "n",
     meanings: { status: { 0: "inside", "-1": "outside", 100: "on an edge" } } }),

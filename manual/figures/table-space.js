@@ -53,7 +53,8 @@ const lineAlong = (p, way) => [beyond(p, sum(p, way), "", { look: "thin" }), poi
   direction(way, { from: at(p) })];
 
 const CROSSINGS = {
-  kezlni: plane([line("a1 b1 c1"), line("a2 b2 c2"), point("x y")], { tell: "status" }),
+  kezlni: plane([line("a1 b1 c1"), line("a2 b2 c2"), point("x y")],
+    { tell: "status", margin: 100 }),
   kezpsn: space([vector(P1, P2, ""), ...ENDS, legs(P1, P2)],
     { tell: "code", meanings: { code: CLASSES } }),
   kezln6: space([...lineAlong(P0, "u v w"), point(TESTED, undefined, { tone: "accent" })],
