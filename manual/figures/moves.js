@@ -63,29 +63,38 @@ export function systemOf(...corners) {
   };
 }
 
-// Where the first point of a list is moved, and how it is then turned about each axis in turn.
-export function placing(text, count, shift, angles, system = WORLD) {
+// Where the first point of a list is moved, and how it is then turned about each axis in turn. What
+// is at most as large as `least` is left out.
+export function placing(text, count, shift, angles, { system = WORLD, least = 0 } = {}) {
   const places = list(text, count);
   const [steps, turnings] = [shift, angles].map((terms) => terms.split(" "));
+  const way = (v) => {
+    const { origin, ways } = system.of(v);
+    const [p = [NaN, NaN, NaN]] = places.items(v);
+    const sizes = steps.map(v.scalar);
+    const stays = sizes.every((size) => Math.abs(size) <= least);
+    const moved = stays ? p : sizes.reduce((q, size, i) => add(q, ways[i], size), p);
+    const axes = [ways[0], times(ways[1], -1), ways[2]]; // about y from x towards z
+    const arcs = [];
+    turnings.forEach((term, i) => {
+      const from = arcs.at(-1)?.arc.at(-1) ?? moved;
+      const angle = v.scalar(term);
+      if (!(Math.abs(angle) <= least)) arcs.push({ term, arc: turningWay(from, origin, axes[i], angle) });
+    });
+    return { p, moved, arcs };
+  };
   return {
     terms: [...places.terms, ...steps, ...turnings, ...system.terms],
+    span: (v) => [way(v).moved, ...way(v).arcs.flatMap(({ arc }) => arc)].filter(exists),
     say: (v) => [...steps, ...turnings].map((term) => named(term, v)).join(", "),
     paint(sheet, v) {
-      const { origin, ways } = system.of(v);
-      const [p] = places.items(v);
-      if (!p || !exists(p) || !ways.every(exists)) return;
-      const moved = steps.reduce((q, term, i) => add(q, ways[i], v.scalar(term)), p);
-      if (!exists(moved)) return;
+      const { p, moved, arcs } = way(v);
+      if (!exists(p) || !exists(moved)) return;
       sheet.arrow(p, moved, "ink", "ink thin");
-      sheet.label(steps.join(", "), [0.5, 0.7].map((t) =>
-        sheet.to(add(times(p, 1 - t), moved, t))), "ink");
-      const axes = [ways[0], times(ways[1], -1), ways[2]]; // about y from x towards z
-      turnings.reduce((q, term, i) => {
-        if (!v.scalar(term)) return q;
-        const arc = turningWay(q, origin, axes[i], v.scalar(term));
+      const middle = times(add(p, moved), 0.5);
+      sheet.label(steps.join(", "), [sheet.to(middle), sheet.to(moved)], "ink");
+      for (const { term, arc } of arcs)
         if (arc.every(exists)) paintTurn(sheet, arc, named(term, v));
-        return arc.at(-1);
-      }, moved);
     },
   };
 }

@@ -280,8 +280,7 @@ test("results stand on the lines and circles on which they are found", () => {
 });
 
 test("turns end where the results are", () => {
-  const names = ["kezrot", "kezcer3", "kezrotx", "kezroty", "kezrotz", "kezptr", "kezptrl"];
-  for (const name of names) {
+  for (const name of ["kezrot", "kezcer3", "kezrotx", "kezroty", "kezrotz"]) {
     const svg = pictureOf(name);
     const arcs = shapesOf(svg).filter(
       ({ look, points }) => /dashed/.test(look) && points.length > 4,
@@ -295,6 +294,22 @@ test("turns end where the results are", () => {
       );
     }
   }
+});
+
+test("three turns, one after another, end where the first point is placed", () => {
+  let count = 0;
+  for (const name of ["kezptr", "kezptrl"]) {
+    for (const { inputs, results } of callsOf(name)) {
+      const svg = draw(name, inputs, results);
+      const arcs = shapesOf(svg).filter(({ look }) => look === "accent thin dashed");
+      if (!arcs.length || results.status === -2) continue;
+      const [x, y] = arcs.at(-1).points.at(-1);
+      const [X, Y] = resultsOf(svg)[0];
+      assert.ok(Math.hypot(X - x, Y - y) < 1.5, `${name} ${JSON.stringify(inputs)}`);
+      count += 1;
+    }
+  }
+  assert.ok(count >= 8, `${count} calls`);
 });
 
 test("from their new origin points are where they were", () => {
