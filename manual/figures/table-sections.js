@@ -70,7 +70,7 @@ const BUILDERS = {
   kezsec_c: builder([dim("b", 6, 7, { ...bottom, ...lipped }),
     dim("b", 2, 3, { ...bottom, ...plain }), dim("h", 1, 6, { ...third(left), ...lipped }),
     dim("h", 1, 2, { ...third(left), ...plain }), dim("c", 24, 23, { ...right, ...lipped }),
-    dim("t", 6, 13, { ...lipped, at: share(6, 5, 0.3) }),
+    dim("t", 6, 13, { ...lipped, at: share(1, 2, 0.82) }),
     dim("t", 5, 2, { ...plain, at: share(3, 5, 0.2) }),
     dim("r", 21, 20, { ...lipped, at: share(21, 22, 0.5) }),
     dim("gd", 2, 3, { ...lipped, at: mid(3, 4) }), dim("gw", 2, 5, { ...left, ...lipped }),
