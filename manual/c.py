@@ -1,13 +1,17 @@
 """Calls in C, which has the header and needs no binding."""
 
+import re
+
 from interface import conditions
 from interface.languages import Language, Literals, broken, form_of, glued
 
 LANGUAGE = Language("C", "include/kezlib.h",
-                    literals=Literals(real="{}f", not_a_number="NAN", infinity="INFINITY"))
+                    literals=Literals(real="{}f", least_integer="INT32_MIN", not_a_number="NAN",
+                                      infinity="INFINITY", filler="0"))
 TYPES = {"real": "float", "integer": "int32_t", "word": "void"}
 UNSET = {"real": "NAN", "integer": "INT32_MIN"}
 FORMATS = {"real": "%.9g", "integer": "%d"}
+SIMPLE = re.compile(r"\w+( [-+*] \w+)?")  # an extent that C can compute too
 
 
 def parameter(argument):
@@ -58,18 +62,27 @@ def scalar_declarations(routine, literals, form):
 def array_declaration(argument, literals, sizes, form):
     const = "const " if argument.direction == "in" else ""
     given = argument.direction != "out" or argument.name in literals
-    values = f" = {{{literals[argument.name]}}}" if given else ""
+    size, values = ("", literals[argument.name]) if given else (sizes[argument.name], "0")
     kind = TYPES[kind_of(argument, form)]
-    return f"{const}{kind} {argument.name}[{sizes[argument.name]}]{values};"
+    return f"{const}{kind} {argument.name}[{size}] = {{{values}}};"
 
 
-def printing(argument, sizes, form):
+def limit(argument, routine, sizes):
+    """How many entries there are to be printed: the arrays themselves always have one."""
+    count = conditions.behind(argument.kept_when) if argument.direction == "out" else None
+    if count and count.isidentifier():
+        return count
+    written = {a.name for a in routine.outputs()}
+    still_holds = written.isdisjoint(argument.extent.split())
+    is_known = SIMPLE.fullmatch(argument.extent) and still_holds
+    return argument.extent if is_known else sizes[argument.name]
+
+
+def printing(argument, routine, sizes, form):
     name, form = argument.name, FORMATS[kind_of(argument, form)]
     if not argument.extent:
         return f'printf("{name} = {form}\\n", {name});'
-    count = conditions.behind(argument.kept_when) if argument.direction == "out" else None
-    limit = count if count and count.isidentifier() else sizes[name]
-    return (f"for (int entry = 0; entry < {limit}; entry++) "
+    return (f"for (int entry = 0; entry < {limit(argument, routine, sizes)}; entry++) "
             f'printf("{name}[%d] = {form}\\n", entry, {name}[entry]);')
 
 
@@ -81,5 +94,5 @@ def call(routine, literals, sizes):
     lines += scalar_declarations(routine, literals, form)
     lines += [array_declaration(a, literals, sizes, form) for a in arrays]
     lines.append(wrapped(f"{routine.name}(", passed, ");"))
-    lines += [printing(a, sizes, form) for a in routine.outputs()]
+    lines += [printing(a, routine, sizes, form) for a in routine.outputs()]
     return "\n".join(lines)

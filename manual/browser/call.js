@@ -28,7 +28,7 @@ export function kindOfWords(routine, texts) {
   return words.some((a) => looksReal(texts[a.name])) ? "real" : "integer";
 }
 
-const kindOf = ({ kind }, words) => ({ word: words, callback: "real" })[kind] ?? kind;
+export const kindOf = ({ kind }, words) => ({ word: words, callback: "real" })[kind] ?? kind;
 
 const isRoom = (argument, token) => token === ROOM && argument.direction !== "in";
 
@@ -50,10 +50,18 @@ function numbersOf(argument, text, kind) {
   }
 }
 
+/** A routine of the host that has these values to give, and no others. */
+function called(argument, numbers) {
+  return (i) => {
+    if (i <= numbers.length) return numbers[i - 1];
+    throw new FieldError(argument.name, `has ${numbers.length} values and is asked for ${i}`);
+  };
+}
+
 function valueOf(argument, text, words) {
   const kind = kindOf(argument, words);
   const numbers = numbersOf(argument, text, kind);
-  if (argument.kind === "callback") return (i) => numbers[i - 1] ?? NaN;
+  if (argument.kind === "callback") return called(argument, numbers);
   if (isArray(argument)) return arrayOf(numbers, text, kind);
   if (numbers.length !== 1)
     throw new FieldError(argument.name, numbers.length ? "is several numbers" : "is empty");

@@ -1,6 +1,6 @@
 // A call as text that a reader takes with him: in each language by its template, whose holes
 // «x1» and «#X» are what an argument holds and its number of entries; and as a row for kezcall.
-import { inputsOf, isArray, kindOfWords, outputsOf } from "./call.js";
+import { inputsOf, isArray, kindOf, kindOfWords, outputsOf } from "./call.js";
 import { parse, ROOM, shortest, tokens } from "./numbers.js";
 import { sizeOf } from "./extents.js";
 
@@ -15,11 +15,20 @@ function literal(token, kind, literals) {
   return literals.real.replace("{}", /[.e]/.test(digits) ? digits : `${digits}.0`);
 }
 
+function inRows(entries, { joint, row, row_joint: rowJoint }) {
+  const rows = [];
+  for (let at = 0; at < entries.length; at += row)
+    rows.push(entries.slice(at, at + row).join(joint));
+  return rows.join(rowJoint);
+}
+
 function held(routine, texts, literals) {
   const words = kindOfWords(routine, texts);
-  const kinds = { word: words, callback: "real" };
-  return Object.fromEntries(inputsOf(routine).map((a) => [a.name, tokens(texts[a.name])
-    .map((token) => literal(token, kinds[a.kind] ?? a.kind, literals)).join(literals.joint)]));
+  return Object.fromEntries(inputsOf(routine).map((a) => {
+    const entries = tokens(texts[a.name])
+      .map((token) => literal(token, kindOf(a, words), literals));
+    return [a.name, inRows(entries, literals) || literals.filler];
+  }));
 }
 
 /** The number of entries a host makes room for. */
@@ -33,12 +42,26 @@ export function asStatements(routine, texts, { templates, literals }) {
   const values = held(routine, texts, literals);
   return template.replace(/«(#?)(\w+)\.?»/g, (hole, size, name) => {
     if (!size) return values[name];
-    return String(entries(routine.arguments.find((a) => a.name === name), routine, texts));
+    const count = entries(routine.arguments.find((a) => a.name === name), routine, texts);
+    return String(Math.max(count, literals.filler ? 1 : 0));
   });
 }
 
-const operand = (argument, text) => (isArray(argument) || argument.kind === "callback"
-  ? `[${tokens(text).join(" ")}]` : text.trim());
+/** Digits as kezcall reads them, which knows a list of reals by a point. */
+function operandToken(token, kind, isWord) {
+  if (token === ROOM) return token;
+  const value = parse(token, kind);
+  if (kind === "integer") return String(value);
+  const digits = shortest(Math.fround(value));
+  return isWord && /^-?\d+$/.test(digits) ? `${digits}.0` : digits;
+}
+
+function operand(argument, texts, words) {
+  const kind = kindOf(argument, words);
+  const found = tokens(texts[argument.name])
+    .map((token) => operandToken(token, kind, argument.kind === "word"));
+  return isArray(argument) || argument.kind === "callback" ? `[${found.join(" ")}]` : found[0];
+}
 
 /** Entries that were not written, and those that the binding cuts off, are points. */
 function wanted(argument, routine, texts, result) {
@@ -49,7 +72,8 @@ function wanted(argument, routine, texts, result) {
 }
 
 export function asRow(routine, texts, results) {
-  const given = inputsOf(routine).map((a) => operand(a, texts[a.name]));
+  const words = kindOfWords(routine, texts);
+  const given = inputsOf(routine).map((a) => operand(a, texts, words));
   const outputs = outputsOf(routine).map((a) => wanted(a, routine, texts, results[a.name]));
   return `${routine.name}  ${given.join(" ")}  ->  ${outputs.join(" ")}`;
 }

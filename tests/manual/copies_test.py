@@ -1,78 +1,107 @@
 #!/usr/bin/env python3
-"""What a page offers to copy in C compiles without a warning, and prints what the page shows.
+"""What pages offer to copy compiles, and gives what the page shows: in C for every page as it is
+made, in all languages for calls whose numbers were changed.
 
-    copies_test.py WORK INCLUDE LIBRARY
+    copies_test.py MADE PACKAGE WORK
 
-WORK is the folder in which the manual was made.
+MADE is the folder in which the manual was made, PACKAGE the installed library, WORK a folder to
+work in.
 """
 
 import json
 import math
 import pathlib
-import re
 import subprocess
 import sys
-from collections import defaultdict
 
-PRINTED = re.compile(r"(\w+)(?:\[\d+\])? = (\S+)")
-HEAD = "#include <kezlib.h>\n#include <math.h>\n#include <stdio.h>\n"
+from hosts import HOSTS, Place  # finds the next one
+from interface import rows
+
 ROOM = "."  # what was not written
+LONG = [str((i * 37) % 101 - 50 + i / 8) for i in range(300)]
+
+# Routines of every kind, and what is typed over their examples.
+CHANGED = [
+    ("kezlci", {"a": "-0", "c": "-1.25e-1", "F": "-1E2"}),
+    ("kezlci", {"c": "1e6"}),  # nothing is written but the count
+    ("kezpre", {"x1": "nan", "y1": "-INF", "z1": "+infinity", "x2": "1e39", "y2": "-nan"}),
+    ("kezphip", {"ux": "0", "uy": "-0", "uz": "0"}),
+    ("kezpas", {"step": "-2.5e-1"}),
+    ("kezord", {"n": "300", "x": ", ".join(LONG)}),
+    ("kezord1", {"n": "+6", "ia": "-2147483648 2147483647 0 -0 007 -1"}),
+    ("kezapl", {"X": "1e3 5e3 5e3 3e3 3e3 1e3 nan"}),
+    ("kezapl", {"n": "0", "X": "-7", "Y": "."}),
+    ("kezcer4", {"theta": "-1e-3", "x2": "-2"}),
+    ("kezmer1", {"a": "1 2 3", "b": "1.5 -0"}),
+    ("kezmer1", {"n1": "0", "a": "", "b": "-5 2147483647"}),
+    ("kezmer1", {"n1": "9", "a": "nan -INF +infinity 1e39 3.4e38 1e-40 +.5 7. -1e-5"}),
+    ("kezmer16", {"pos": "9"}),  # the list is kept
+    ("kezmer16", {"a": "1e3 -2.5e-7 3 4 .", "value": "-1e-5"}),
+    ("kezmer12", {"n": "2", "a": "-1e30 inf", "tol": "1e-3"}),
+    ("kezadr", {"a": "10", "counts": "4 -3 5"}),
+    ("kezpnl", {"n": "3", "zof": "-1e0 .5 2e-1 9", "x": "1 3 -5e0", "y": "1 4 -1"}),
+    ("kezptrl", {"n": "0", "x": "", "y": "", "z": ""}),
+    ("kezsec_c", {"c": "0", "nf": "0", "value": "-2"}),
+    ("kezmer19", {"tol": "nan"}),
+]
 
 
-def function(name, text):
-    """The statements in one, below the routine to be called back, which stands above them."""
-    callback = re.match(r"/\*(?:.|\n)*?\n}\n", text)
-    above = callback[0] if callback else ""
-    return f"{above}static void call_{name}(void) {{\n{text[len(above):]}\n}}\n"
+def changed_questions(made):
+    """By a name of its own each call, asked as the manual was."""
+    asked = {q["routine"]["name"]: q["routine"]
+             for q in json.loads((made / "questions.json").read_text())}
+    for number, (name, texts) in enumerate(CHANGED):
+        example = asked[name]["example"]
+        assert set(texts) <= set(example), f"{name} has other inputs"
+        yield f"{name}_as_{number}", {"routine": asked[name], "calls": [example | texts]}
 
 
-def program(texts):
-    calls = "".join(f'puts("@{name}");\ncall_{name}();\n' for name in texts)
-    functions = "\n".join(function(*item) for item in texts.items())
-    return f"{HEAD}{functions}\nint main(void) {{\n{calls}return 0;\n}}\n"
-
-
-def printed(texts, work, include, library):
-    """By routine and output the values."""
-    source, binary = work / "copies.c", work / "copies"
-    source.write_text(program(texts))
-    subprocess.run(["cc", "-std=c99", "-Wall", "-Wextra", "-Werror", f"-I{include}", str(source),
-                    str(library), f"-Wl,-rpath,{library.parent}", "-lm", "-o", str(binary)],
-                   check=True)
-    answer = subprocess.run([str(binary)], check=True, capture_output=True, text=True).stdout
-    found = {}
-    for part in answer.split("@")[1:]:
-        name, _, lines = part.partition("\n")
-        found[name] = defaultdict(list)
-        for output, value in PRINTED.findall(lines):
-            found[name][output].append(value)
-    return found
+def answers(made, work, question):
+    asked, answered = work / "questions.json", work / "answers.json"
+    asked.write_text(json.dumps([question]))
+    subprocess.run(["node", made / "pictures.mjs", asked, answered], check=True)
+    (answer,) = json.loads(answered.read_text())["routines"].values()
+    return answer
 
 
 def agree(one, other):
-    a, b = float(one), float(other)
+    a, b = (rows.single(rows.single_bits(float(text))) for text in (one, other))
     return a == b or (math.isnan(a) and math.isnan(b)) or math.isclose(a, b, rel_tol=2e-6)
 
 
 def differing(found, shown):
-    """Outputs that are printed otherwise. Entries that the call leaves alone hold anything."""
+    """Outputs that come otherwise. What the call leaves alone holds anything."""
     for output, text in shown.items():
-        values = [] if text is None else text.split()
-        pairs = [(ours, theirs) for ours, theirs in zip(found[output], values) if theirs != ROOM]
-        written = [value for value in values if value != ROOM]
+        wanted = [] if text is None else text.split()
+        got = found.get(output) or []
+        pairs = [(ours, theirs) for ours, theirs in zip(got, wanted) if theirs != ROOM]
+        written = [value for value in wanted if value != ROOM]
         if len(pairs) < len(written) or not all(agree(*pair) for pair in pairs):
-            yield f"{output} is {found[output]}, the page has {text}"
+            yield f"{output} is {found.get(output)}, the page has {text}"
+
+
+def faults(language, answered, place):
+    """Names that a language escapes are compared without."""
+    found = HOSTS[language]({name: a["copies"][language] for name, a in answered.items()}, place)
+    if language == "kezcall":
+        return
+    for name, answer in answered.items():
+        results = {output.strip("_@"): values for output, values in found[name].items()}
+        for fault in differing(results, answer["calls"][0]):
+            yield f"{language}: {name}: {fault}"
 
 
 def main():
-    work, include, library = (pathlib.Path(argument).resolve() for argument in sys.argv[1:])
-    answers = json.loads((work / "answers.json").read_text())["routines"]
-    texts = {name: answer["copies"]["c"] for name, answer in answers.items()}
-    found = printed(texts, work, include, library)
-    faults = [f"{name}: {fault}" for name, answer in answers.items()
-              for fault in differing(found[name], answer["calls"][0])]
-    print("\n".join(faults) or f"{len(texts)} calls in C print what their pages show")
-    sys.exit(bool(faults))
+    made, package, work = (pathlib.Path(argument).resolve() for argument in sys.argv[1:])
+    place = Place(package, work)
+    pages = json.loads((made / "answers.json").read_text())["routines"]
+    changed = {name: answers(made, work, q) for name, q in changed_questions(made)}
+    found = list(faults("c", pages, place))
+    for language in HOSTS:
+        found += faults(language, changed, place)
+    print("\n".join(found) or f"{len(pages)} calls in C give what their pages show, and "
+          f"{len(changed)} that are changed in {len(HOSTS)} languages")
+    sys.exit(bool(found))
 
 
 if __name__ == "__main__":

@@ -19,6 +19,9 @@ class Literals:
     not_a_number: str = "nan"
     infinity: str = "inf"
     joint: str = ", "  # between the entries of an array
+    row: int = 10000  # so many entries fit in a line
+    row_joint: str = ", "  # between the entries of two lines
+    filler: str = ""  # the entry of an array that has none, where a language knows no such arrays
 
     def of(self, literal, kind):
         """A row's literal."""

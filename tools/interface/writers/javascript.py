@@ -89,16 +89,17 @@ def signature(routine):
     return f"{routine.name}({', '.join(given)})\n  -> {results}"
 
 
-def declared(argument, literals, index):
-    value = literals[argument.name]
+def declared(argument, literals, typed):
+    """With the types that a compiler would not find out."""
+    name, value = LANGUAGE.name(argument.name), literals[argument.name]
     if argument.kind == "callback":
-        value = f"({index}) => [{value}][i - 1] ?? NaN"
+        value = f"({'i: number' if typed else 'i'}) => [{value}][i - 1] ?? NaN"
     elif argument.extent:
-        value = f"[{value}]"
-    return f"const {LANGUAGE.name(argument.name)} = {value};"
+        name, value = name + (": number[]" if typed else ""), f"[{value}]"
+    return f"const {name} = {value};"
 
 
-def call(routine, literals, sizes, index="i"):
+def call(routine, literals, sizes, typed=False):
     before = [name for name in kept(routine) if name in literals]
     shown = [a for a in routine.arguments if a.direction != "out" or a.name in before]
     given = [LANGUAGE.name(a.name) for a in routine.inputs()]
@@ -106,5 +107,5 @@ def call(routine, literals, sizes, index="i"):
                      for name in before)] if before else []
     return "\n".join([
         'import { load } from "kezlib";', "", "const kez = await load();",
-        *(declared(a, literals, index) for a in shown),
+        *(declared(a, literals, typed) for a in shown),
         f"console.log(kez.{routine.name}({', '.join(given)}));", ""])

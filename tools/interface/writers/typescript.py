@@ -74,7 +74,7 @@ def signature(routine):
 
 
 def call(routine, literals, sizes):
-    return javascript.call(routine, literals, sizes, index="i: number")
+    return javascript.call(routine, literals, sizes, typed=True)
 
 
 def described(name, argument):

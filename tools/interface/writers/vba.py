@@ -23,7 +23,8 @@ LANGUAGE = Language(
         unlock until variant wend while width with withevents write xor""".split()),
     knows_case=False,
     literals=Literals("{}!", not_a_number="SingleFromBits(&H7FC00000)",
-                      infinity="SingleFromBits(&H7F800000)"))
+                      infinity="SingleFromBits(&H7F800000)",
+                      row=30, row_joint=", _\n            "))
 
 TYPES = {"real": "Single", "integer": "Long"}
 DIRECTIONS = {"in": "read", "out": "written", "in,out": "read and written"}
