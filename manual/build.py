@@ -51,7 +51,7 @@ def environment():
 def write_pages(site, out):
     templates = environment()
     templates.globals["contents"] = site.contents()
-    for page in site.pages():
+    for page in site.pages:
         text = templates.get_template(page.template).render(
             title=page.title, href=page.href, description=page.description, **page.values)
         (out / page.href).write_text(text)

@@ -21,7 +21,8 @@ export const parse = (text, kind) => (kind === "integer" ? parseInteger(text) : 
 /** What stands for an entry that is only room, or was not written. */
 export const ROOM = ".";
 
-export const tokens = (text) => text.split(/[\s,;]+/).filter(Boolean);
+// A minus sign may be pasted as well as typed.
+export const tokens = (text) => text.replaceAll("−", "-").split(/[\s,;]+/).filter(Boolean);
 
 /** Whether what stands in a list of either kind makes it one of reals. */
 export const looksReal = (text) =>

@@ -32,8 +32,16 @@ function foldContents(details) {
   fold();
 }
 
+/** Without moving the page itself. */
+function showCurrent(contents) {
+  const current = contents.querySelector(".members [aria-current]");
+  if (current) contents.scrollTop = current.offsetTop - contents.clientHeight / 2;
+}
+
+const contents = document.querySelector(".side > details");
 startTheme(document.getElementById("theme"));
-foldContents(document.querySelector(".side > details"));
+foldContents(contents);
+showCurrent(contents);
 startSearch(
   document.getElementById("search"), document.getElementById("found"), window.manualIndex);
 document.querySelectorAll(".tabs").forEach(startTabs);

@@ -23,7 +23,7 @@ def sections(text, level):
     for i, (_, end, depth, title) in enumerate(starts):
         if depth == level:
             ends = [start for start, _, other, _ in starts[i + 1:] if other <= level]
-            found[title] = Section(title, text[end:min(ends, default=len(text))].strip())
+            found[title] = Section(title, text[end:min(ends, default=len(text))].strip("\n"))
     return found
 
 
@@ -34,7 +34,7 @@ class Document:
         self.path = path
         text = path.read_text()
         self.title = re.search(r"(?m)^# (.+)$", text)[1]
-        self.body = text.split("\n", 1)[1].strip()
+        self.body = text.split("\n", 1)[1].strip("\n")
         self.sections = sections(text, 3) | sections(text, 2)
 
     def section(self, title):

@@ -1,5 +1,7 @@
 """All pages: which there are, and what each is made of."""
 
+import functools
+import re
 from dataclasses import dataclass, field
 
 from interface import HEADER, ROOT
@@ -21,6 +23,7 @@ NUMBERS = ["The same answers everywhere", "Values kept between calls"]
 FILES = {"README.md": "index.html", "CHANGELOG.md": "changelog.html",
          "bench/plot.svg": "assets/plot.svg", "include/kezlib.h": "reading.html"}
 BUILDER = "kezsec_"  # what the names of the routines that give outlines of sections begin with
+WORD = r"[a-z][a-z0-9_.+#-]*[a-z0-9_+#]|\d{4}-\d[-\d]*"  # names, and those of standards
 TELLING = 4  # small pictures of a family on the first page
 
 
@@ -66,6 +69,17 @@ def file_comment():
     return "\n\n".join(paragraphs[:middle]), "\n\n".join(paragraphs[middle:])
 
 
+def said(page):
+    """The text of a page that is no routine's."""
+    parts = [part.html for part in page.values.get("parts", [])]
+    texts = [*parts, *(page.values.get(key, "") for key in ("introduction", "text"))]
+    return Safe(" ".join(texts)).striptags()
+
+
+def vocabulary(text):
+    return " ".join(sorted(set(re.findall(WORD, text.lower()))))
+
+
 class Site:
     def __init__(self, interface, calls, drawn, tabs, readme):
         self.interface, self.calls, self.drawn, self.readme = interface, calls, drawn, readme
@@ -104,7 +118,11 @@ class Site:
                                     Entry("How to read a page", "reading.html"), *library,
                                     Entry("Changelog", "changelog.html")])]
 
+    @functools.cached_property
     def pages(self):
+        return list(self.all_pages())
+
+    def all_pages(self):
         yield self.first_page()
         yield from self.header_pages()
         for group in self.interface.groups:
@@ -141,8 +159,7 @@ class Site:
 
     def guide_pages(self):
         yield Page("language-c.html", "C", "page.html", "A host in C.",
-                   {"parts": [Part("", self.prose.document(
-                       self.readme.section("A host in C").text))]})
+                   {"parts": self.readme_parts(["A host in C", "Linking"])})
         titles = dict(self.language_pages())
         for key, guide in self.guides.items():
             href = f"language-{key}.html"
@@ -157,7 +174,7 @@ class Site:
                     {"families": families, "count": len(self.interface.routines),
                      "introduction": self.prose.document(
                          self.readme.section("What it is").text.split("\n\n")[0]),
-                     "missing": self.readme_parts(["What is not part of this build"])[0]})
+                     "parts": self.readme_parts(["What is not part of this build"])})
 
     def telling(self, group):
         """Evenly out of the family."""
@@ -186,9 +203,10 @@ class Site:
                     {"shapes": shapes, "text": self.prose.header(group.text)})
 
     def index(self):
-        """What the search knows: name, sentence, where it belongs, page."""
-        routines = [[r.name, plain_text(routine.sentence(r)), r.group, f"{r.name}.html"]
-                    for r in self.interface.routines]
-        others = [[e.title, "", chapter.title, e.href]
+        """What the search knows: name, sentence, where it belongs, page, and its words."""
+        routines = [[r.name, plain_text(routine.sentence(r)), r.group, f"{r.name}.html",
+                     vocabulary(routine.whole_text(r))] for r in self.interface.routines]
+        texts = {page.href: said(page) for page in self.pages}
+        others = [[e.title, "", chapter.title, e.href, vocabulary(texts[e.href])]
                   for chapter in self.contents() for e in chapter.entries]
         return routines + others

@@ -139,6 +139,10 @@ class Documents(unittest.TestCase):
         self.assertTrue(found.section("A").text.endswith("two"))
         self.assertEqual(found.section("B").text, "two")
 
+    def test_a_section_may_begin_with_code(self):
+        text = self.document("# T\n\n## A\n\n    ./dev a\n").section("A").text
+        self.assertIn("<pre", Prose([]).document(text))
+
     def test_a_section_that_is_gone_is_said(self):
         with self.assertRaisesRegex(SystemExit, "needs the section 'B'"):
             self.document("# T\n\n## A\n").section("B")
