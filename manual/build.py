@@ -57,6 +57,14 @@ def write_pages(site, out):
         (out / page.href).write_text(text)
 
 
+def write_readme_pictures(drawn, readme, folder):
+    """Those that README shows, from where `./dev manual --pictures` copies them."""
+    shutil.rmtree(folder, ignore_errors=True)
+    folder.mkdir()
+    for name in re.findall(r"manual/pictures/(\w+)\.svg", readme.path.read_text()):
+        (folder / f"{name}.svg").write_text(drawn[name].alone + "\n")
+
+
 def write_index(site, out):
     (out / "assets/index.js").write_text(
         f"window.manualIndex = {json.dumps(site.index(), separators=(',', ':'))};\n")
@@ -100,6 +108,7 @@ def main():
     drawn, style = drawn_pages(command, interface, calls, tabs)
     readme = documents.Document(ROOT / "README.md")
     site = pages.Site(interface, calls, drawn, tabs, readme)
+    write_readme_pictures(drawn, readme, command.work / "pictures")
     write_pages(site, command.out)
     write_index(site, command.out)
     write_scripts(command, assets)

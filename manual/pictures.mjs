@@ -17,7 +17,9 @@ function pictures(kez, routine, { values, results }) {
   const call = (name, inputs) => callWith(kez, { ...routine, name }, inputs);
   const drawn = (options) =>
     draw(routine.name, values, results, { call, title: routine.sentence, ...options });
-  return { picture: drawn({}), small: drawn({ small: true }) };
+  return {
+    picture: drawn({}), small: drawn({ small: true }), alone: drawn({ standalone: true }),
+  };
 }
 
 function copies(routine, texts, results) {

@@ -11,7 +11,7 @@ import { Fields, showResults } from "./fields.js";
 
 const routine = JSON.parse(document.getElementById("routine").textContent);
 const figure = document.getElementById("picture");
-const shown = document.querySelector(".shown");
+const content = document.getElementById("content");
 const list = document.getElementById("results");
 const message = document.getElementById("message");
 
@@ -91,7 +91,7 @@ class Live {
     const field = error instanceof FieldError ? error.field : undefined;
     this.fields.blame(field ?? error?.message.match(/^\w+: (\w+)\b/)?.[1]);
     message.textContent = error ? (field ? `${field}: ${error.message}` : error.message) : "";
-    shown.toggleAttribute("data-stale", Boolean(error)); // what is seen is of inputs before
+    content.toggleAttribute("data-stale", Boolean(error)); // what is seen is of inputs before
   }
 }
 

@@ -9,6 +9,7 @@ from dataclasses import dataclass, field
 class Drawn:
     picture: str
     small: str
+    alone: str  # a file of its own
     calls: list  # by worked call the results, texts by output, none where it was kept
     copies: dict = field(default_factory=dict)  # the first call as text, by language
 

@@ -5,6 +5,7 @@ results themselves.
 """
 
 import json
+import os
 import pathlib
 import re
 import subprocess
@@ -43,7 +44,7 @@ class Place:
         return self.work / name
 
     def run(self, *command, **variables):
-        environment = {"PATH": "/usr/bin:/bin", "LC_ALL": "C.UTF-8",
+        environment = {**os.environ, "LC_ALL": "C.UTF-8",
                        "LD_LIBRARY_PATH": str(self.package / "lib"), **variables}
         done = subprocess.run(list(map(str, command)), cwd=self.work, env=environment,
                               capture_output=True, text=True, check=False)

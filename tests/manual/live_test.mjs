@@ -123,7 +123,7 @@ test("bad input is said in words, and the field is marked", async () => {
   await field("n").fill("many");
   assert.match(await message(), /n: “many” is no integer/);
   assert.equal(await field("n").getAttribute("aria-invalid"), "true");
-  assert.equal(await tab.locator(".shown[data-stale]").count(), 1);
+  assert.equal(await tab.locator("main[data-stale]").count(), 1);
   await field("n").fill("1000");
   assert.match(await message(), /entries.*asks for 1001/);
   await field("n").fill("");
@@ -131,7 +131,7 @@ test("bad input is said in words, and the field is marked", async () => {
   await tab.locator("#reset").click();
   assert.equal(await message(), "");
   assert.equal(await field("n").getAttribute("aria-invalid"), null);
-  assert.equal(await tab.locator(".shown[data-stale]").count(), 0);
+  assert.equal(await tab.locator("main[data-stale]").count(), 0);
   assert.deepEqual(await results(), shown);
 });
 
@@ -141,11 +141,18 @@ test("what would fill the page for ever is refused", async () => {
   assert.match(await message(), /more than a page can show/);
 });
 
+test("a routine of the host that has too few values is said", async () => {
+  await open(tab, "kezpnl.html");
+  await field("zof").fill("0 0 1");
+  assert.equal(await message(), "zof: has 3 values and is asked for 4");
+  assert.equal(await field("zof").getAttribute("aria-invalid"), "true");
+});
+
 test("degenerate input shows what the library does with it", async () => {
   await open(tab, "kezlci.html");
   await field("c").fill("-1000");
   assert.deepEqual(await results(), { n: "0", x1: "kept", y1: "kept", x2: "kept", y2: "kept" });
-  for (const text of ["nan", "inf", "-inf", "1e38", "1e-45"]) await field("c").fill(text);
+  for (const text of ["nan", "inf", "-inf", "1e38", "1e-45", "\u22121e99"]) await field("c").fill(text);
   assert.equal(await message(), "");
 });
 
@@ -199,6 +206,7 @@ test("lists of either kind are copied as what they hold", async () => {
   assert.match(await copied("fortran"), /integer :: a\(/);
   await field("b").fill("1.5 2");
   assert.match(await copied("c"), /float a\[/);
+  assert.match(await copied("kezcall"), /\[10\.0 20\.0 30\.0\]/);
   assert.match(await copied("fortran"), /real :: a\(/);
 });
 
