@@ -60,7 +60,8 @@ const SHORTEST = 4; // of the words that are corrected
 
 function corrected(word, index) {
   if (word.length < SHORTEST || index.some((entry) => worth(word, entry))) return word;
-  const known = index.flatMap(([name, sentence, , , said]) => wordsOf(`${name} ${sentence} ${said}`));
+  const known = index.flatMap(
+    ([name, sentence, , , said]) => wordsOf(`${name} ${sentence} ${said}`));
   return known.find((other) => isSlip(word, other)) ?? word;
 }
 

@@ -10,7 +10,7 @@ function option([name, sentence, place, href], i) {
   const origin = document.createElement("small");
   title.textContent = name;
   origin.textContent = place;
-  item.append(title, sentence, origin);
+  item.append(title, " ", sentence, " ", origin);
   return item;
 }
 

@@ -114,7 +114,8 @@ def fortran(texts, place):
 
 
 def csharp(texts, place):
-    methods = "\n".join(f"static void Call_{name}()\n{{\n{text}\n}}" for name, text in texts.items())
+    methods = "\n".join(f"static void Call_{name}()\n{{\n{text}\n}}"
+                        for name, text in texts.items())
     calls = "\n".join(f'Console.WriteLine("@{name}"); Call_{name}();' for name in texts)
     source = place.file("copies.cs", "using System;\nusing KezLib;\n\nstatic class Copies\n{\n"
                         f"{methods}\nstatic void Main()\n{{\n{calls}\n}}\n}}\n")

@@ -152,7 +152,8 @@ test("degenerate input shows what the library does with it", async () => {
   await open(tab, "kezlci.html");
   await field("c").fill("-1000");
   assert.deepEqual(await results(), { n: "0", x1: "kept", y1: "kept", x2: "kept", y2: "kept" });
-  for (const text of ["nan", "inf", "-inf", "1e38", "1e-45", "\u22121e99"]) await field("c").fill(text);
+  for (const text of ["nan", "inf", "-inf", "1e38", "1e-45", "\u22121e99"])
+    await field("c").fill(text);
   assert.equal(await message(), "");
 });
 

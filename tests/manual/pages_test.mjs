@@ -23,15 +23,17 @@ const DRAWN = '<figure id="picture"><svg'; // before any script runs
 
 const sticksOut = () => document.documentElement.scrollWidth > innerWidth;
 
-test("every page opens without a fault, and its pictures are drawn", async () => {
-  const { tab, faults } = await watchedTab(browser);
-  const times = [];
+test("every page opens without a fault, has its pictures, and fits a narrow window", async () => {
+  const { tab, faults } = await watchedTab(browser, { viewport: { width: 360, height: 800 } });
+  const times = [], wide = [];
   for (const page of pages) {
     const start = Date.now();
     await open(tab, page);
     times.push(Date.now() - start);
     assert.deepEqual(await tab.evaluate(emptyPictures), [], page);
+    if (await tab.evaluate(sticksOut)) wide.push(page);
   }
+  assert.deepEqual(wide, []);
   assert.deepEqual(faults, []);
   assert.deepEqual(routines.filter((page) => !textOf(page).includes(DRAWN)), []);
   assert.ok(pages.length > 150 && routines.length === 138, `${pages.length} pages`);
@@ -58,8 +60,8 @@ test("no link is dead", () => {
 
 // One of each kind of page, and those that have most on them.
 const KINDS = ["index.html", "reading.html", "family-circles.html", "shapes.html", "numbers.html",
-  "benchmarks.html", "linking.html", "language-c.html", "kezlci.html", "kezsec_c.html",
-  "kezptp2.html", "kezpnl.html", "kezapl.html"];
+  "benchmarks.html", "linking.html", "changelog.html", "language-c.html", "language-python.html",
+  "kezlci.html", "kezsec_c.html", "kezptp2.html", "kezpnl.html", "kezapl.html"];
 
 for (const [width, colorScheme] of [[1280, "light"], [360, "dark"]]) {
   test(`no serious fault of access, ${width} wide and ${colorScheme}`, async () => {
