@@ -1,7 +1,7 @@
-"""Programs of the calls that pages offer to copy, in each language, and what they print.
+"""Programs of the calls that pages offer to copy, in each language.
 
-A host takes the copied texts by name and a `Place`, and gives by name what was printed, or the
-results themselves.
+A host takes the copied texts by names of their own and a `Place`, and gives by name what each
+output was printed as, its entries in a list; nothing or None of one that was kept.
 """
 
 import json
@@ -21,8 +21,7 @@ from vba_module import read_module  # noqa: E402
 from vba_run import Run  # noqa: E402
 from vba_text import logical_lines, physical_lines  # noqa: E402
 
-RESULT = re.compile(r"^(?:\w+\()?([A-Za-z]\w*)(?:\[\d+\]|\( \d+ \))? =", re.MULTILINE)
-MAIN = re.compile(r"program worked_call", re.IGNORECASE)
+RESULT = re.compile(r"^([A-Za-z]\w*)(?:\[\d+\]|\( \d+ \))? =", re.MULTILINE)
 
 
 @dataclass
@@ -105,7 +104,7 @@ print(json.dumps(found))
 def fortran(texts, place):
     """The main programs become subroutines of one."""
     calls = "".join(f'print "(a)", "@{name}"\ncall call_{name}()\n' for name in texts)
-    routines = "\n".join(MAIN.sub(f"subroutine call_{name}", text)
+    routines = "\n".join(text.replace("program worked_call", f"subroutine call_{name}")
                          for name, text in texts.items())
     source = place.file("copies.F90", f"{routines}\nprogram copies\n{calls}end program copies\n")
     place.run("gfortran", "-c", place.binding("fortran") / "kezlib.F90")

@@ -108,13 +108,28 @@ test("the address keeps the inputs", async () => {
   assert.equal(tab.url(), address("kezlci.html"));
 });
 
-test("a worked call goes into the fields", async () => {
+test("a worked call goes into the fields, and the way back out of them", async () => {
   await open(tab, "kezlci.html");
+  const example = await fields();
   const call = tab.locator(".worked .call").nth(3);
   const href = await call.getAttribute("href");
   await call.click();
   const wanted = Object.fromEntries(new URLSearchParams(href.slice(1)));
   assert.deepEqual(Object.fromEntries(await fields()), wanted);
+  await tab.goBack();
+  await tab.waitForURL(address("kezlci.html"));
+  assert.deepEqual(await fields(), example);
+});
+
+test("a browser that remembers nothing shows what is chosen all the same", async () => {
+  await tab.addInitScript(() => Object.defineProperty(window, "localStorage", {
+    get() { throw new DOMException("refused", "SecurityError"); },
+  }));
+  await open(tab, "kezlci.html");
+  await tab.locator("#tab-fortran").click();
+  assert.ok(await tab.locator("#panel-fortran").isVisible());
+  await tab.locator("#theme").click();
+  assert.equal(await tab.evaluate(() => document.documentElement.dataset.theme), "dark");
 });
 
 test("bad input is said in words, and the field is marked", async () => {
