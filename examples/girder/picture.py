@@ -5,7 +5,7 @@ from html import escape
 from pathlib import Path
 
 from girder.report import report
-from girder.section import BOTTOM, INTERNAL, LEFT, RIGHT, TOP
+from girder.section import BOTTOM, INTERNAL, LEFT, OUTSTAND, RIGHT, TOP
 
 TEMPLATE = Path(__file__).with_name("picture.svg").read_text(encoding="utf-8")
 COLUMN, LINE = 710, 17
@@ -66,8 +66,9 @@ class Drawing:
             inward = (2 * inner - 1) * p.across.conjugate() / p.t
             for u, v, share in sorted(r.lost, key=lambda i: i[2]):
                 self.part("lost" if share == 1 else "thinned", p, u, v)
-            at = self.on(p.at((0.3 if p.kind == INTERNAL else 0.6) * p.width, inner))
-            self.text("number halo", at + 18 * inward, chr(0x245F + number))  # in a circle
+            out = p.kind == OUTSTAND and not p.along.imag  # clear of the web's dimensions
+            at = self.on(p.at((0.3 if p.kind == INTERNAL else 0.6) * p.width, inner != out))
+            self.text("number halo", at + (18 - 36 * out) * inward, chr(0x245F + number))  # circled
             if p.kind == INTERNAL and p.along not in sized and r.gone():
                 sized |= {p.along, -p.along}
                 gap = next(i[:2] for i in r.lost if i[2] == 1)
@@ -102,8 +103,7 @@ class Drawing:
         self.axes()
         self.out.append(f"<path class='steel' fill-rule='evenodd' d='{outline}'/>")
         if state:
-            marked = ", INCOMPLETE" if self.r.faults else ""
-            self.text("head", 60 + 96j, f"{state.name} alone{marked}")
+            self.text("head", 60 + 96j, f"{state.name} alone{', INCOMPLETE' * bool(self.r.faults)}")
             self.plates()
         self.out.append(f"<path class='edge' fill-rule='evenodd' d='{outline}'/>")
         if state and any(r.lost for r in state.plates):
