@@ -8,44 +8,47 @@ import shutil
 import sys
 import tempfile
 from concurrent.futures import ProcessPoolExecutor
-from itertools import chain
 from pathlib import Path
 
 EXAMPLES = Path(__file__).resolve().parents[1]
 sys.path.insert(0, str(EXAMPLES))
-from girder import picture, read, report, section  # noqa: E402
+PARSER = argparse.ArgumentParser("girder", description=__doc__)
+try:
+    from girder import picture, read, report, section
+except ImportError as missing:
+    PARSER.exit(2, f"girder: {missing}; set PYTHONPATH to share/kezlib/bindings/python\n")
 
 
-def computed(sections, given, stack):
-    """In the order of the sections; with a bar where there are a terminal for it and tqdm. The
-    workers of a cluster have KezLib and its binding, and are given this package."""
-    found, pool = map(section.Result, sections), None
+def mapping(given, stack):
+    """In processes, or on a cluster whose workers have the binding, and are given this package."""
     if given.dask:
         client = stack.enter_context(importlib.import_module("distributed").Client(given.dask))
         folder = stack.enter_context(tempfile.TemporaryDirectory())
         client.upload_file(shutil.make_archive(f"{folder}/girder", "zip", EXAMPLES, "girder"))
-        pool = client.get_executor(pure=False)
-    elif given.jobs > 1:
-        pool = stack.enter_context(ProcessPoolExecutor(given.jobs))
-    if pool:
-        chunks = [sections[i:i + 100] for i in range(0, len(sections), 100)]
-        found = chain.from_iterable(pool.map(section.results, chunks))
+        return client.get_executor(pure=False).map
+    return stack.enter_context(ProcessPoolExecutor(given.jobs)).map if given.jobs > 1 else map
+
+
+def computed(sections, given, stack):
+    """With a bar where there are a terminal for it and tqdm."""
+    chunks = [sections[i:i + 100] for i in range(0, len(sections), 100)]
+    found = (r for some in mapping(given, stack)(section.results, chunks) for r in some)
     if sys.stderr.isatty() and (given.quiet or not sys.stdout.isatty()):
         with contextlib.suppress(ImportError):
             found = importlib.import_module("tqdm").tqdm(found, total=len(sections))
-    return enumerate(found, 1)
+    return found
 
 
 def main(stack):
-    parser = argparse.ArgumentParser("girder", description=__doc__)
-    parser.add_argument("file", help="one section a line, as in examples/sections.txt")
-    parser.add_argument("--csv", metavar="FILE", help="write one line a section")
-    parser.add_argument("--svg", metavar="DIR", help="write pictures: DIR/section-1.svg, ...")
-    parser.add_argument("--dxf", metavar="FILE", help="write the outlines (needs ezdxf)")
-    parser.add_argument("--quiet", action="store_true", help="print no report")
-    parser.add_argument("--jobs", type=int, default=1, metavar="N", help="compute in N processes")
-    parser.add_argument("--dask", metavar="ADDRESS", help="compute on a cluster")
-    given, faults, x0 = parser.parse_args(), [], 0.0
+    PARSER.add_argument("file", help="one section a line, as in examples/sections.txt")
+    PARSER.add_argument("--csv", metavar="FILE", help="write one line a section")
+    PARSER.add_argument("--svg", metavar="DIR", help="write pictures: DIR/section-1.svg, ...")
+    PARSER.add_argument("--dxf", metavar="FILE", help="write the outlines (needs ezdxf)")
+    PARSER.add_argument("--quiet", action="store_true", help="print no report")
+    PARSER.add_argument("--jobs", type=int, default=1, metavar="N", choices=range(1, 61),
+                        help="compute in N processes (1 to 60)")
+    PARSER.add_argument("--dask", metavar="ADDRESS", help="compute on a Dask cluster")
+    given, faults, x = PARSER.parse_args(), [], 0.0
     sys.stdout.reconfigure(encoding="utf-8")
     sections = list(read.read(given.file, faults.append))
     if not sections and not faults:
@@ -54,7 +57,7 @@ def main(stack):
     table = given.csv and csv.writer(stack.enter_context(
         open(given.csv, "w", newline="", encoding="utf-8")))
     drawing = given.dxf and importlib.import_module("ezdxf").new(units=4)  # mm
-    for number, r in computed(sections, given, stack):
+    for number, r in enumerate(computed(sections, given, stack), 1):
         if not given.quiet:
             print(*report.report(number, r), sep="\n")
         if table:
@@ -62,9 +65,9 @@ def main(stack):
         if given.svg:
             Path(given.svg, f"section-{number}.svg").write_text(picture.draw(number, r), "utf-8")
         for loop in r.loops if drawing else ():
-            points = [(z.real + x0, z.imag, bulge) for z, bulge in loop.curve()]
+            points = [(z.real + x, z.imag, bulge) for z, bulge in loop.curve()]
             drawing.modelspace().add_lwpolyline(points, "xyb", close=True)
-        x0 += 1.5 * (r.edges[section.LEFT] + r.edges[section.RIGHT])
+        x += 1.5 * (r.edges[section.LEFT] + r.edges[section.RIGHT])
     if drawing:
         drawing.saveas(given.dxf)
     print("" if given.quiet else report.NOTES, end="")
@@ -75,6 +78,7 @@ if __name__ == "__main__":
     try:
         with contextlib.ExitStack() as opened:
             sys.exit(main(opened))
-    except (OSError, ImportError) as reason:
-        print(f"girder: {reason}", file=sys.stderr)
-        sys.exit(2)
+    except ImportError as missing:
+        PARSER.exit(2, f"girder: {missing}; Debian has it in python3-{missing.name}\n")
+    except (OSError, KeyboardInterrupt) as reason:
+        PARSER.exit(2, f"girder: {str(reason) or 'interrupted'}\n")

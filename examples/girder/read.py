@@ -33,14 +33,13 @@ def number(name, word, ends, usage):
 
 def profile(words):
     """The name of IPE300 or IPE 300, which is taken from the words."""
-    word = words.pop(0).upper()
-    series = word.rstrip("0123456789")
-    name = word + (words.pop(0) if word == series and words else "")
+    word = words.pop(0)
+    series = word.upper().rstrip("0123456789")
+    name = word.upper() + (words.pop(0) if word.upper() == series and words else "")
     if name not in PROFILES:
-        sizes = [n[len(series):] for n in PROFILES if n.rstrip("0123456789") == series]
-        known = f"{series} with one of {', '.join(sizes)}" if sizes else (
-            f"{', '.join(SHAPES)}, or a profile such as IPE 300, HEB 200")
-        raise ValueError(f"unknown word '{name if sizes else word.lower()}'; write {known}")
+        sizes = [other for other in PROFILES if other.rstrip("0123456789") == series]
+        known = sizes or [*SHAPES, "or a profile such as IPE 300, HEB 200"]
+        raise ValueError(f"unknown word {name if sizes else word!r}; write {', '.join(known)}")
     return name
 
 
@@ -67,12 +66,10 @@ def parse(text):
 
 def read(path, complain):
     """The sections of a file. `complain` is told of a bad line, and the others are read."""
-    with open(path, "rb") as file:
-        for line, raw in enumerate(file, 1):
-            try:
-                if section := parse(raw.decode("utf-8-sig" if line == 1 else "utf-8")):
-                    yield section
-            except ValueError as fault:
-                if isinstance(fault, UnicodeDecodeError):
-                    fault = "not in UTF-8; save the file in it"
-                complain(f"{path}:{line}: {fault}")
+    for line, raw in enumerate(Path(path).read_bytes().splitlines(), 1):
+        try:
+            if section := parse(raw.decode("utf-8-sig" if line == 1 else "utf-8")):
+                yield section
+        except ValueError as fault:
+            unread = isinstance(fault, UnicodeDecodeError)
+            complain(f"{path}:{line}: {'not in UTF-8; save the file in it' if unread else fault}")

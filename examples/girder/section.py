@@ -31,8 +31,8 @@ QUANTITIES = (
     ("Warping constant", "Iw", "cm6", "", lambda p, e, r: r.torsion and r.torsion[1] / 1e6))
 
 
-class State(namedtuple("State", "name load plates left edges faults")):
-    """The effective section under one action alone; faults: what has no rule."""
+class State(namedtuple("State", "name load plates left edges")):
+    """The effective section under one action alone."""
     def stress(self, z):
         p, x, y = self.left, (z - self.left.at).real, (z - self.left.at).imag
         return self.load * {"N": 1 / p.A, "M": y / p.Ix, "N eN": x / p.Iy}[self.name]
@@ -52,7 +52,7 @@ class Plate(namedtuple("Plate", "name kind start along across width t")):
     def rho(self, fy, k):
         """Of an outstand: EN 1993-1-5, 4.4 (4.3), which the library does not have."""
         slenderness = self.width / self.t / (28.4 * sqrt(235 / fy) * sqrt(k))
-        return 1.0 if slenderness <= 0.748 else (slenderness - 0.188) / slenderness**2
+        return 1.0 if slenderness <= 0.748 else min(1.0, (slenderness - 0.188) / slenderness**2)
 
 
 def place(panel, vertices, inset):
@@ -95,7 +95,7 @@ class Reduced(SimpleNamespace):
     def reduce_lip(self, flange, depth, both, fy):
         """EN 1993-1-3, 5.5.3.2: the stiffener is the lip and what of the flange is effective beside
         it, and has the thickness chi t."""
-        p, b, leg = self.plate, flange.plate.width, flange.ends[flange.at_start]
+        p, b, leg = self.plate, flange.plate.width, flange.ends[0]  # the larger one is at the lip
         k = 0.5 + 0.83 * max(p.width / b - 0.35, 0.0) ** (2 / 3)
         width = p.width * p.rho(fy, k)
         chi = kezlib.kezchi(p.t, leg, b, width, depth, fy, E, NU, int(both)).chi
@@ -119,12 +119,15 @@ class Result:
         self.gross = g._replace(Ixy=0.0) if abs(g.Ixy) < 1e-6 * (g.Ix + g.Iy) else g
         self.edges = {side: max((z / side).real for z in vertices) for side in NAMES}
         self.axes = tuple(kezlib.kezinp(*self.gross[2:]))
-        walls = (d.b, d.h, d.c, d.t) if section.shape == "channel" else None
-        self.torsion = walls and (kezlib.kezshc_c(*walls).x0, kezlib.kezwar_c(*walls).Iw)
+        self.torsion = None
+        if section.shape == "channel" and not d.nw:  # both are those of a whole web
+            walls = d.b, d.h, d.c, d.t
+            self.torsion = kezlib.kezshc_c(*walls).x0, kezlib.kezwar_c(*walls).Iw
         plates = [place(panel, vertices, shape.inset(d)) for panel in shape.panels(d)]
         self.plates = [p for p in plates if p.width > 0]
         self.load()
-        self.faults = list(dict.fromkeys(f for state in self.states for f in state.faults))
+        self.faults = list(dict.fromkeys(f"{r.plate.name}: {r.fault}" for state in self.states
+                                         for r in state.plates if r.fault))
         self.largest, self.where = max(((s, at) for at, s in self.stresses.items()),
                                        key=lambda pair: abs(pair[0]))
         above = abs(self.largest) > section.fy
@@ -140,15 +143,13 @@ class Result:
                 found[p.name] = Reduced(plate=p, psi=low / high, at_start=at_start, begin=begin,
                                         end=begin + width, ends=(width, 0.0), lost=[], rule="",
                                         fault="")
-        flanges = {name: found[flange] for name, r in found.items()
-                   if r.plate.kind == LIP and (r.at_start or r.psi > 0)
+        flanges = {name: found[flange] for name, r in found.items() if r.plate.kind == LIP
                    and (flange := name.replace("lip", "flange")) in found}
         for name, r in found.items():
             if r.plate.kind == SLOTTED:
                 r.fault = "it has slots"
             elif r.plate.kind == NO_LIP:
-                r.begin, r.end, r.ends, r.rule = 0.0, r.plate.width, (0.0, 0.0), NO_LIP + " (host)"
-                r.lost = [(r.begin, r.end, 1)]
+                r.ends, r.rule, r.lost = (0.0, 0.0), NO_LIP + " (host)", [(r.begin, r.end, 1)]
             elif name in flanges:
                 r.reduce_lip(flanges[name], self.plates[0].width, len(flanges) == 2, fy)
             else:
@@ -180,9 +181,8 @@ class Result:
             base, before = combined([self.gross, *flanges]), area
         else:
             found[0].fault = "effective widths do not settle"
-        faults = [f"{r.plate.name}: {r.fault}" for r in found if r.fault]
         left = combined([self.gross] + [part for _, part in lost])
-        return State(name, load, found, left, self.edges_left(found), faults)
+        return State(name, load, found, left, self.edges_left(found))
 
     def load(self):
         N, M = self.given.N, self.given.M

@@ -34,8 +34,8 @@ class Loop(namedtuple("Loop", "sign z r")):
     def corners(self):
         """Vertex, radius, directions back and ahead, and the turn there: 1 left, -1 right."""
         for i, (z, r) in enumerate(zip(self.z, self.r)):
-            back, ahead = self.z[i - 1] - z, self.z[(i + 1) % len(self.z)] - z
-            back, ahead = back / (abs(back) or 1), ahead / (abs(ahead) or 1)
+            others = self.z[i - 1], self.z[(i + 1) % len(self.z)]
+            back, ahead = ((other - z) / (abs(other - z) or 1) for other in others)
             yield z, r, back, ahead, round((ahead.conjugate() * back).imag)
 
     def fillets(self):
@@ -110,8 +110,7 @@ SHAPES = {
                       "nw < 2 or yw > sw / 2"),
                      channel, lambda d: -d.t / 2),  # between centre-lines: EN 1993-1-3, 5.1
 }
-# Second moments go up to the fourth power of a length and warping constants up to the sixth: 1e24
-# from 10 m. Below 0.1 mm the library's tolerance would begin to show.
+# Beyond 10 m powers could overflow, below 0.1 mm the library's tolerance would begin to show.
 LIMITS = {word: {name.rstrip("?"): (0.0 if name.endswith("?") else 0.1, 10000.0)
                  for name in shape.dims.split()} for word, shape in SHAPES.items()}
 
