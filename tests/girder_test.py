@@ -335,7 +335,7 @@ class Host(Case):
         done = subprocess.run([sys.executable, "-I", "-S", "-B", EXAMPLES / "girder", "good.txt"],
                               cwd=self.folder, text=True, capture_output=True)
         self.assertEqual(done.returncode, 2)
-        self.assertIn("'kezlib'; set PYTHONPATH to", done.stderr)
+        self.assertIn("'kezlib'; does PYTHONPATH name share/kezlib/bindings/python?", done.stderr)
 
     def test_pictures(self):
         self.host("good.txt", "--quiet", "--svg", ".")

@@ -16,7 +16,7 @@ PARSER = argparse.ArgumentParser("girder", description=__doc__)
 try:
     from girder import picture, read, report, section
 except ImportError as missing:
-    PARSER.exit(2, f"girder: {missing}; set PYTHONPATH to share/kezlib/bindings/python\n")
+    PARSER.exit(2, f"girder: {missing}; does PYTHONPATH name share/kezlib/bindings/python?\n")
 
 
 def mapping(given, stack):

@@ -74,12 +74,13 @@ class Reduced(SimpleNamespace):
 
     def reduce_outstand(self, fy):
         """EN 1993-1-5, table 4.2; with more tension than it knows, its last value."""
-        psi, width = self.psi, self.end - self.begin
+        psi, width = max(self.psi, -1 if self.at_start else -3), self.end - self.begin
         if psi > 1 - 1e-6 or not self.at_start:
-            k = 0.57 - 0.21 * max(psi, -3) + 0.07 * max(psi, -3) ** 2
+            k = 0.57 - 0.21 * psi + 0.07 * psi**2
+        elif psi >= 0:
+            k = 0.578 / (psi + 0.34)
         else:
-            k = 0.578 / (psi + 0.34) if psi >= 0 else (
-                1.7 - 5 * max(psi, -1) + 17.1 * max(psi, -1) ** 2)
+            k = 1.7 - 5 * psi + 17.1 * psi**2
         self.ends, self.rule = (width * self.plate.rho(fy, k), 0.0), f"outstand (host), k {k:.3g}"
         self.lost = [(self.begin + self.ends[0], self.end, 1)]
 
