@@ -181,10 +181,10 @@ class Effective(Case):
 
     def test_buckling_coefficients(self):
         """EN 1993-1-5, table 4.2: 0.43 and 1.70 at psi = 1 and 0 with the supported edge pressed,
-        23.8 at -1, 0.57 and 0.85 at 0 and -1 with the free edge."""
+        23.8 at -1, 0.57 and 0.85 at 0 and -1 with the free edge; beyond it the last."""
         for at_start, psi, k in ((True, 1, 0.43), (True, 0, 1.7), (True, -1, 23.8),
                                  (False, 1, 0.43), (False, 0, 0.57), (False, -1, 0.85),
-                                 (False, -3, 1.83)):
+                                 (True, -2, 23.8), (False, -3, 1.83), (False, -5, 1.83)):
             p = plates(result("tee 200 300 15 8  355 10 0"), "N")["web"]
             p.psi, p.at_start = psi, at_start
             p.reduce_outstand(355)
