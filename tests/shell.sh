@@ -12,3 +12,12 @@ expect_answer() {
     answer=$(tr -d '\r' <answer)
     [ "$answer" = '(0.866025, 0.5) and (-0.866025, 0.5)' ] || fail "another answer from $*: $answer"
 }
+
+# find_python MODULE...: sets python to one that has them, which PYTHON may name.
+find_python() {
+    modules=$(echo "$@" | sed 's/ /, /g')
+    for python in ${PYTHON:-/usr/bin/python3 python3} none; do
+        "$python" -c "import $modules" 2>/dev/null && return
+    done
+    fail "no Python has $modules; PYTHON may name another"
+}

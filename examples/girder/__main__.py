@@ -47,7 +47,7 @@ def main(stack):
     PARSER.add_argument("--quiet", action="store_true", help="print no report")
     PARSER.add_argument("--jobs", type=int, default=1, metavar="N", choices=range(1, 61),
                         help="compute in N processes (1 to 60)")
-    PARSER.add_argument("--dask", metavar="ADDRESS", help="compute on a Dask cluster")
+    PARSER.add_argument("--dask", metavar="ADDRESS", help="compute on a Dask cluster, HOST:PORT")
     given, faults, x = PARSER.parse_args(), [], 0.0
     sys.stdout.reconfigure(encoding="utf-8")
     sections = list(read.read(given.file, faults.append))

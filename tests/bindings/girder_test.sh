@@ -8,10 +8,7 @@ work=$2
 . "$source/tests/shell.sh"
 cd "$work"
 
-for python in ${PYTHON:-/usr/bin/python3 python3} none; do
-    "$python" -c 'import distributed, ezdxf, tqdm' 2>/dev/null && break
-done
-[ "$python" != none ] || fail "no Python has distributed, ezdxf and tqdm; PYTHON names one"
+find_python distributed ezdxf tqdm
 unset KEZLIB_LIBRARY
 quietly env PYTHONPATH="$package/share/kezlib/bindings/python" "$python" -B "$source/tests/girder_test.py"
 echo "$(sed -n 's/^Ran \([0-9]* tests\) .*/\1/p' log) of the section host passed"

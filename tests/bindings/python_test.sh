@@ -8,10 +8,7 @@ work=$2
 . "$source/tests/shell.sh"
 cd "$work"
 
-for python in ${PYTHON:-/usr/bin/python3 python3} none; do
-    "$python" -c 'import setuptools, wheel, numpy, pip' 2>/dev/null && break
-done
-[ "$python" != none ] || fail "no Python has numpy, pip, setuptools and wheel; PYTHON names one"
+find_python setuptools wheel numpy pip  # pip would spoil setuptools, were it first
 unset KEZLIB_LIBRARY
 export PYTHONDONTWRITEBYTECODE=1
 binding=$package/share/kezlib/bindings/python
