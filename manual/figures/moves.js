@@ -79,7 +79,8 @@ export function placing(text, count, shift, angles, { system = WORLD, least = 0 
     turnings.forEach((term, i) => {
       const from = arcs.at(-1)?.arc.at(-1) ?? moved;
       const angle = v.scalar(term);
-      if (!(Math.abs(angle) <= least)) arcs.push({ term, arc: turningWay(from, origin, axes[i], angle) });
+      if (!(Math.abs(angle) <= least))
+        arcs.push({ term, arc: turningWay(from, origin, axes[i], angle) });
     });
     return { p, moved, arcs };
   };
