@@ -24,7 +24,7 @@ if(WIN32)
 endif()
 
 set(CPACK_DEB_COMPONENT_INSTALL ON)
-set(CPACK_COMPONENTS_ALL runtime development tools)
+set(CPACK_COMPONENTS_ALL runtime development python tools)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
@@ -46,7 +46,20 @@ set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${soname} ${this_version}, libc6-dev")
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SHLIBDEPS OFF)
 set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "numeric routines for steel design (header)${about}\n\n\
-What programs in C and C++ need to be built with it.")
+What programs in C and C++ need to be built with it, and for other languages\n\
+bindings in /usr/share/kezlib/bindings.")
+
+set(CPACK_DEBIAN_PYTHON_PACKAGE_NAME python3-kezlib)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_ARCHITECTURE all)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_SECTION python)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS "${soname} ${this_version}, python3 (>= 3.9)")
+set(CPACK_DEBIAN_PYTHON_PACKAGE_RECOMMENDS python3-numpy)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_SHLIBDEPS OFF)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_CONTROL_EXTRA
+  ${PROJECT_SOURCE_DIR}/cmake/debian/python3/postinst
+  ${PROJECT_SOURCE_DIR}/cmake/debian/python3/prerm)
+set(CPACK_DEBIAN_PYTHON_DESCRIPTION "numeric routines for steel design (Python 3)${about}\n\n\
+The package kezlib, with a function for every routine.")
 
 set(CPACK_DEBIAN_TOOLS_PACKAGE_NAME kezlib-tools)
 set(CPACK_DEBIAN_TOOLS_PACKAGE_SECTION math)
@@ -68,6 +81,15 @@ endfunction()
 if(KEZLIB_DEBIAN)
   install_papers(runtime ${soname})
   install_papers(development libkezlib-dev)
+  install_papers(python python3-kezlib)
   install_papers(tools kezlib-tools)
+
+  # Where Debian's Python looks for packages, with what tells pip that this one is there.
+  set(dist_info ${PROJECT_BINARY_DIR}/kezlib-${PROJECT_VERSION}.dist-info)
+  file(CONFIGURE OUTPUT ${dist_info}/METADATA
+    CONTENT "Metadata-Version: 2.1\nName: kezlib\nVersion: @PROJECT_VERSION@\n" @ONLY)
+  install(DIRECTORY
+    ${PROJECT_BINARY_DIR}/bindings/python/kezlib bindings/python/kezlib ${dist_info}
+    DESTINATION lib/python3/dist-packages COMPONENT python)
 endif()
 include(CPack)

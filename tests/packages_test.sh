@@ -3,7 +3,8 @@
 #
 # Uses the packages as their users do: those for Debian in a bare Debian of its own, made at first
 # use and kept in KEZLIB_BARE_ROOT (default ~/.cache/kezlib/bare), the one for Windows with
-# MinGW, clang and Wine, and the sources without a network. As root: debootstrap and chroot need it.
+# MinGW, clang and Wine, those of languages with pip and npm, and the sources without a network. As
+# root: debootstrap and chroot need it.
 set -eu
 . "$(dirname "$0")/shell.sh"
 
@@ -25,24 +26,31 @@ echo "The packages for Debian"
 quietly lintian --allow-root --fail-on error "$packages"/*.deb
 exec 9>"$root.lock"
 flock 9
-[ -e "$root/.complete" ] || {
+basis=gcc,libc6-dev,pkg-config,python3
+[ "$(cat "$root/.complete" 2>/dev/null)" = "$basis" ] || {
     rm -rf "$root"
     release=$(. /etc/os-release && echo "${VERSION_CODENAME:-bookworm}")
-    quietly debootstrap --variant=minbase --include=gcc,libc6-dev,pkg-config "$release" "$root"
-    touch "$root/.complete"
+    quietly debootstrap --variant=minbase --include=$basis "$release" "$root"
+    echo "$basis" >"$root/.complete"
 }
 # Without a network: what they depend on beyond this root would be missing.
 inside() {
     unshare -n chroot "$root" env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin \
         DEBIAN_FRONTEND=noninteractive "$@"
 }
-remove() { inside apt-get purge -qq -y libkezlib1 libkezlib-dev kezlib-tools; }
+# Recommended ones would come from the network.
+add() { quietly inside sh -c "apt-get install -qq -y --no-install-recommends $*"; }
+remove() { inside apt-get purge -qq -y libkezlib1 libkezlib-dev kezlib-tools python3-kezlib; }
 remove >/dev/null 2>&1 || true # of a test that was broken off
 rm -rf "$root/packages"
 mkdir "$root/packages"
-cp "$packages"/*.deb "$source/examples/host.c" "$root/packages"
-quietly inside sh -c 'apt-get install -qq -y /packages/libkezlib1_*.deb'
-quietly inside sh -c 'apt-get install -qq -y /packages/*.deb'
+cp "$packages"/*.deb "$source"/examples/host.c "$source"/examples/host.py "$root/packages"
+add '/packages/libkezlib1_*.deb'
+add '/packages/python3-kezlib_*.deb'
+expect_answer inside python3 /packages/host.py
+version=$(inside python3 -c 'import importlib.metadata as m; print(m.version("kezlib"))')
+[ -e "$packages/python3-kezlib_$version-1_all.deb" ] || fail "Python has the version '$version'"
+add '/packages/*.deb'
 quietly inside sh -c 'cd /packages && cc host.c $(pkg-config --cflags --libs kezlib) -o host'
 expect_answer inside /packages/host
 expect_distance inside kezcall
@@ -51,9 +59,21 @@ rm -rf "$root/packages"
 left=$(find "$root/usr" "$root/etc" "$root/var" -iname '*kez*' ! -path '*/var/log/*')
 [ -z "$left" ] || fail "left behind: $left"
 
+echo "The packages for pip and npm"
+for package in "$packages"/libkezlib*.deb; do dpkg-deb -x "$package" debian; done
+quietly python3 -m pip install --no-deps --no-index --target site "$packages"/kezlib-*.whl
+expect_answer env PYTHONPATH=site KEZLIB_LIBRARY="$(ls debian/usr/lib/*/libKezLib.so.1)" \
+    python3 "$source/examples/host.py"
+echo '{"private": true}' >package.json
+quietly npm install --offline --no-audit --no-fund "$packages"/kezlib-*.tgz
+cp "$source/examples/host.mjs" .
+expect_answer node host.mjs
+
 echo "The package for Windows"
 quietly cmake -E tar xf "$packages"/kezlib-*-windows.zip
 windows=$work/$(ls -d kezlib-*-windows)
+bindings=debian/usr/share/kezlib/bindings
+quietly diff -r $bindings "$windows/bindings"
 for machine in x86 x64; do
     cmp "$source/build/windows-$machine/KezLib.dll" "$windows/$machine/KezLib.dll"
     run=$source/tools/wine-$machine
@@ -95,5 +115,7 @@ sources=$(ls -d kezlib-*[0-9])
 quietly unshare -n sh -c 'cmake -S "$1" -B sources -G Ninja -DCMAKE_BUILD_TYPE=Release \
     -DKEZLIB_TESTS=OFF && cmake --build sources' sh "$sources"
 quietly sources/kezcall --library sources/libKezLib.so "$sources"/tests/cases/*.txt
+quietly cmake --install sources --prefix "$work/installed"
+quietly diff -r -x javascript installed/share/kezlib/bindings $bindings
 quietly diff -r -x build -x .git -x __pycache__ -x OUTPUT.TXT "$source" "$sources"
 rm -rf "$work"
