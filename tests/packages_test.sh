@@ -61,9 +61,9 @@ left=$(find "$root/usr" "$root/etc" "$root/var" -iname '*kez*' ! -path '*/var/lo
 
 echo "The packages for pip and npm"
 for package in "$packages"/libkezlib*.deb; do dpkg-deb -x "$package" debian; done
-quietly python3 -m pip install --no-deps --no-index --target site "$packages"/kezlib-*.whl
+quietly /usr/bin/python3 -m pip install --no-deps --no-index --target site "$packages"/kezlib-*.whl
 expect_answer env PYTHONPATH=site KEZLIB_LIBRARY="$(ls debian/usr/lib/*/libKezLib.so.1)" \
-    python3 "$source/examples/host.py"
+    /usr/bin/python3 "$source/examples/host.py"
 echo '{"private": true}' >package.json
 quietly npm install --offline --no-audit --no-fund "$packages"/kezlib-*.tgz
 cp "$source/examples/host.mjs" .
