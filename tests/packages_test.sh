@@ -40,7 +40,8 @@ inside() {
 }
 # Recommended ones would come from the network.
 add() { quietly inside sh -c "apt-get install -qq -y --no-install-recommends $*"; }
-remove() { inside apt-get purge -qq -y libkezlib1 libkezlib-dev kezlib-tools python3-kezlib; }
+# Unlike apt-get, which does nothing if it does not know one of them, purges those that are there.
+remove() { inside dpkg --purge kezlib-tools python3-kezlib libkezlib-dev libkezlib1; }
 remove >/dev/null 2>&1 || true # of a test that was broken off
 rm -rf "$root/packages"
 mkdir "$root/packages"
