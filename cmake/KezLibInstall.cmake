@@ -36,10 +36,7 @@ if(TARGET kezcall)
   # An installed tree can be moved: kezcall finds the library from its own place.
   cmake_path(RELATIVE_PATH CMAKE_INSTALL_FULL_LIBDIR
     BASE_DIRECTORY ${CMAKE_INSTALL_FULL_BINDIR} OUTPUT_VARIABLE lib_from_bin)
-  # In the build, too, a path from there: its bytes do not depend on the folder of the build.
-  set_target_properties(kezcall PROPERTIES
-    INSTALL_RPATH $ORIGIN/${lib_from_bin}
-    BUILD_RPATH_USE_ORIGIN ON)
+  set_target_properties(kezcall PROPERTIES INSTALL_RPATH $ORIGIN/${lib_from_bin})
   install(TARGETS kezcall RUNTIME COMPONENT tools)
 endif()
 
