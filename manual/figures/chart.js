@@ -5,42 +5,34 @@ import { mark } from "./marks.js";
 import { at, dot, exists, list } from "./places.js";
 import { grid } from "./plane.js";
 import { scene } from "./scene.js";
-import { number } from "./svg.js";
+import { level, number, upright } from "./svg.js";
 
 const CHART = { ticks: true, margin: 34, project: ([x, y]) => [x, y], backdrop: grid };
 
 export const chart = (marks, more) => scene(CHART, marks, { stretched: true, ...more });
 
+function strokeToAxes(sheet, [x, y], [downTone, acrossTone], weight) {
+  const { left, bottom } = sheet.frame;
+  sheet.strokeAt(upright(x, y, bottom), `${downTone} thin dashed`, { weight });
+  sheet.strokeAt(level(y, x, left), `${acrossTone} thin dashed`, { weight });
+}
+
 // From a point straight to both axes, with its values.
-export function read(where, names = []) {
+export function read(where, names) {
   const place = at(where);
   return mark([place], (sheet, [p], colour) => {
-    const { frame } = sheet;
+    const { left, bottom } = sheet.frame;
     const [x, y] = sheet.to(p);
-    const [, bottom] = [frame.left, frame.bottom];
-    sheet.strokeAt(
-      [
-        [x, y],
-        [x, bottom],
-      ],
-      `${colour} thin dashed`,
-      { weight: 0.3 },
-    );
-    sheet.strokeAt(
-      [
-        [x, y],
-        [frame.left, y],
-      ],
-      `${colour} thin dashed`,
-      { weight: 0.3 },
-    );
+    strokeToAxes(sheet, [x, y], [colour, colour], 0.3);
     sheet.label(names[0], [[x, bottom - 12]], "ink");
-    sheet.label(names[1], [[frame.left + 12, y]], colour);
+    sheet.label(names[1], [[left + 12, y]], colour);
   });
 }
 
+const INSET = { width: 0.32, height: 0.42 }; // of the frame
+
 // A sketch in a corner of the chart, with a scale of its own.
-export function inset(marks, { left = 0.66, top = 0.05, width = 0.32, height = 0.42 } = {}) {
+export function inset(marks, { left, top = 0.05 }) {
   return {
     terms: marks.flatMap((one) => one.terms),
     say: (v) =>
@@ -55,9 +47,9 @@ export function inset(marks, { left = 0.66, top = 0.05, width = 0.32, height = 0
       const [wide, high] = [outer.right - outer.left, outer.bottom - outer.top];
       const frame = {
         left: outer.left + left * wide,
-        right: outer.left + (left + width) * wide,
+        right: outer.left + (left + INSET.width) * wide,
         top: outer.top + top * high,
-        bottom: outer.top + (top + height) * high,
+        bottom: outer.top + (top + INSET.height) * high,
       };
       const view = fit(places, CHART.project, frame, { margin: 14 });
       const part = Object.assign(Object.create(sheet), { view, frame });
@@ -68,7 +60,7 @@ export function inset(marks, { left = 0.66, top = 0.05, width = 0.32, height = 0
 
 const SAMPLES = 96;
 
-function samples(name, term, result, range, v, call) {
+function samples(name, term, result, range, v, { call } = {}) {
   if (!call) return [];
   const [low, high] = range(v);
   if (!(Math.abs(high - low) < 1e30)) return [];
@@ -82,34 +74,19 @@ function samples(name, term, result, range, v, call) {
 // How a result runs over one of the inputs, and where the call stands on it.
 function curveMark(name, term, result, range) {
   const here = (v) => [v.scalar(term), v.scalar(result), 0];
-  const curve = (v, sheet) => samples(name, term, result, range, v, sheet.options.call);
+  const sampled = (v, options) => samples(name, term, result, range, v, options);
   const corners = (v) => [[range(v)[0], 0, 0], [range(v)[1], 0, 0], here(v)].filter(exists);
   return {
     terms: [term, result],
-    span: (v, options) => [...corners(v), ...samples(name, term, result, range, v, options?.call)],
+    span: (v, options) => [...corners(v), ...sampled(v, options)],
     say: (v) => `${result} = ${number(v.scalar(result))} at ${term} = ${number(v.scalar(term))}`,
     paint(sheet, v) {
-      const all = curve(v, sheet);
+      const all = sampled(v, sheet.options);
       if (all.length) sheet.stroke(all, "ink");
       const p = here(v);
       if (!exists(p)) return;
       const [x, y] = sheet.to(p);
-      sheet.strokeAt(
-        [
-          [x, y],
-          [x, sheet.frame.bottom],
-        ],
-        "soft thin dashed",
-        { weight: 0.2 },
-      );
-      sheet.strokeAt(
-        [
-          [x, y],
-          [sheet.frame.left, y],
-        ],
-        "accent thin dashed",
-        { weight: 0.2 },
-      );
+      strokeToAxes(sheet, [x, y], ["soft", "accent"], 0.2);
       sheet.dot(p, "accent");
       sheet.label(`${result} = ${number(v.scalar(result))}`, [[x, y]], "accent");
       sheet.label(term, [[sheet.frame.right - 12, sheet.frame.bottom - 4]], "soft");
@@ -134,7 +111,10 @@ export function runningSum(text, count, normal, constant, chosen, of) {
   return {
     terms: [...places.terms, ...names, constant, chosen, of],
     span: (v) => [[0, 0, 0], ...sums(v)].filter(exists),
-    say: (v) => `sums ${sums(v).map(([, y]) => number(y)).join(", ")}`,
+    say: (v) =>
+      `sums ${sums(v)
+        .map(([, y]) => number(y))
+        .join(", ")}`,
     paint(sheet, v) {
       const all = sums(v);
       if (!all.every(exists)) return;
@@ -154,14 +134,14 @@ export function runningSum(text, count, normal, constant, chosen, of) {
 
 // Samples over a range as bars, whose area is the integral: one step wide, half as wide at the
 // ends. The last one within has none.
-export function bars(list, count, from, to) {
+export function bars(name, count, from, to) {
   const places = (v) => {
-    const all = v.array(list).slice(0, v.count(count, 60));
+    const all = v.array(name).slice(0, v.count(count, 60));
     const [a, b] = [v.scalar(from), v.scalar(to)];
     return all.map((y, i) => [all.length > 1 ? a + ((b - a) * i) / (all.length - 1) : a, y, 0]);
   };
   return {
-    terms: [list, count, from, to],
+    terms: [name, count, from, to],
     span: (v) =>
       places(v)
         .flatMap(([x, y]) => [
@@ -182,7 +162,7 @@ export function bars(list, count, from, to) {
         if (i !== leftOut) paintBar(sheet, all, i);
         sheet.dot(p, i === leftOut ? "soft" : "ink");
         sheet.label(
-          i === leftOut ? "left out" : `${list}(${i + 1})`,
+          i === leftOut ? "left out" : `${name}(${i + 1})`,
           [sheet.to(p)],
           i === leftOut ? "soft" : "ink",
         );

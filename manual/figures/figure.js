@@ -15,6 +15,7 @@ import {
   turnedAbout,
   unit,
 } from "./places.js";
+import { level, upright } from "./svg.js";
 
 const Z = [0, 0, 1];
 
@@ -45,7 +46,7 @@ export function area(text, count, kind) {
   const names = text.split(" ");
   const found = (v) => outlineOf(text, count, v.scalar(kind), v);
   return {
-    terms: [...names, count, kind].filter((term) => typeof term === "string"),
+    terms: [...names, count, kind],
     span: (v) => found(v).outline,
     say: (v) =>
       `figure through ${found(v)
@@ -106,8 +107,7 @@ function centroidOf(outline) {
 
 // The centroid and its distances from the axes: times the area they are the first moments.
 export function levers(text, count, kind, [first, second]) {
-  const outline = (v) =>
-    outlineOf(text, count, typeof kind === "string" ? v.scalar(kind) : kind, v).outline;
+  const outline = (v) => outlineOf(text, count, v.scalar(kind), v).outline;
   return {
     terms: [first, second],
     span: (v) => [[0, 0, 0], ...outline(v)],
@@ -144,20 +144,8 @@ export function gyration(text, count, [first, second]) {
       const { left, right, top, bottom } = sheet.frame;
       const [X, Y] = sheet.to([j, i, 0]);
       const [OX, OY] = sheet.to([0, 0, 0]);
-      sheet.strokeAt(
-        [
-          [left, Y],
-          [right, Y],
-        ],
-        "accent thin dashed",
-      );
-      sheet.strokeAt(
-        [
-          [X, top],
-          [X, bottom],
-        ],
-        "accent thin dashed",
-      );
+      sheet.strokeAt(level(Y, left, right), "accent thin dashed");
+      sheet.strokeAt(upright(X, top, bottom), "accent thin dashed");
       sheet.arrowAt([right - 60, OY], [right - 60, Y], "accent", "accent thin");
       sheet.arrowAt([OX, top + 26], [X, top + 26], "accent", "accent thin");
       sheet.label(`√(${first} / area)`, [[right - 60, (Y + OY) / 2]], "accent");
@@ -207,7 +195,10 @@ export function besideAngle(vertex, first, second) {
       const phi = Math.abs(Math.atan2(cross(u, w)[2], dot(u, w)));
       const far = times(unit(u), 3 * Math.max(length(u), length(w), sheet.whole.reach));
       const quarter = Math.PI / 2;
-      for (const [from, to] of [[0, -Math.min(quarter, Math.PI - phi)], [phi, quarter]]) {
+      for (const [from, to] of [
+        [0, -Math.min(quarter, Math.PI - phi)],
+        [phi, quarter],
+      ]) {
         const start = turnedAbout(far, Z, sense * from);
         const arc = turningArc(o, start, Z, sense * (to - from));
         if (Math.abs(from) < quarter && exists(o) && arc.every(exists))

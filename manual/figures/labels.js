@@ -47,10 +47,7 @@ function lengthWithin(box, [x1, y1], [x2, y2]) {
 }
 
 const distance = ([x, y], box) =>
-  Math.hypot(
-    Math.max(box.left - x, 0, x - box.right),
-    Math.max(box.top - y, 0, y - box.bottom),
-  );
+  Math.hypot(Math.max(box.left - x, 0, x - box.right), Math.max(box.top - y, 0, y - box.bottom));
 
 const middleOf = ({ left, right, top, bottom }) => [(left + right) / 2, (top + bottom) / 2];
 

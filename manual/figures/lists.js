@@ -3,15 +3,13 @@
 import { textWidth } from "./labels.js";
 import { assemble, nothing, Sheet, stripLines } from "./sheet.js";
 import { frameOf, stripOf, words } from "./scene.js";
-import { element, entry, path } from "./svg.js";
-import { drawable, nameOf } from "./values.js";
+import { element, entry as text, path } from "./svg.js";
+import { drawable, nameOf, plainNames } from "./values.js";
 
 const LEFT = 92;
 const CELL = 44;
 const WIDEST = 78;
 const MOST = 12;
-
-const text = entry;
 
 // A row of cells: the entries of an argument. `links` says how to find the entry of row `to`, else
 // of the row before, that an entry comes from:
@@ -162,11 +160,11 @@ function paintCell(sheet, [x, y], place, value, { tone, faint, picked }) {
     layer: "dots",
   });
   if (sheet.small && !faint) paintBar(sheet, [x, y], place, value, tone);
-  const words = text(value);
-  const narrow = textWidth(words) > width - 4;
+  const whole = text(value);
+  const narrow = textWidth(whole) > width - 4;
   const shown = narrow
-    ? `${[...words].slice(0, Math.max(1, Math.floor(width / 9.5) - 2)).join("")}…`
-    : words;
+    ? `${[...whole].slice(0, Math.max(1, Math.floor(width / 9.5) - 2)).join("")}…`
+    : whole;
   sheet.words(shown, x + width / 2, y + cell / 2 + 6, faint ? "soft" : tone);
 }
 
@@ -175,7 +173,7 @@ function paintRow(sheet, row, r, place, v) {
   const [used, picked] = [row.used(v), row.picked(v)];
   const [x, y] = place.at(r, 0);
   sheet.words(
-    row.label.replace("'", ""),
+    plainNames([row.label]),
     x - 14,
     y + CELL / 2 + (row.note ? 0 : 6),
     row.tone(v),
@@ -270,7 +268,7 @@ export const pairs = (first, second, count) => ({
 });
 
 const sayRow = (row, values) =>
-  `${row.label.replace("'", "")}${row.note ? ` ${row.note}` : ""}: ${
+  `${plainNames([row.label])}${row.note ? ` ${row.note}` : ""}: ${
     values.map(text).join(", ") || "no entry"
   }`;
 

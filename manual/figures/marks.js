@@ -27,9 +27,14 @@ const isFlat = (place) => !place.own || place.own.length === 2;
 
 const wordsOf = (place) => (place.own ?? []).filter((term) => typeof term === "string").join(", ");
 
+// Results are accented, where nothing else is asked for.
+export const toneOf = (terms, v, tone) => tone ?? (terms.some(v.isResult) ? "accent" : "ink");
+
+// What only helps to see how a place was found.
+export const HELP = { look: "thin dashed", tone: "soft" };
+
 export function mark(parts, painter, { terms = [], tone, say = () => null } = {}) {
   const all = [...parts.flatMap((part) => part.terms), ...terms];
-  const pick = (v) => tone ?? (all.some(v.isResult) ? "accent" : "ink");
   const places = (v) => parts.map((part) => part.where(v));
   return {
     terms: all,
@@ -37,7 +42,7 @@ export function mark(parts, painter, { terms = [], tone, say = () => null } = {}
     say,
     paint(sheet, v) {
       const found = places(v);
-      if (found.every(exists)) painter(sheet, found, pick(v), v);
+      if (found.every(exists)) painter(sheet, found, toneOf(all, v, tone), v);
     },
   };
 }
@@ -66,7 +71,7 @@ export function point(where, label, { tone, held = true } = {}) {
 }
 
 // A point that only helps to understand: no name, no handle.
-export const spot = (where, tone) => point(where, "", { tone, held: false });
+export const spot = (where) => point(where, "", { tone: "soft", held: false });
 
 const shares = (p, q, parts) => parts.map((t) => add(times(p, 1 - t), q, t));
 
@@ -105,7 +110,7 @@ export function vector(from, to, label, { tone, look } = {}) {
 }
 
 // A direction drawn at a place, with its tip for a handle where it begins at the origin.
-export function direction(text, { from = ORIGIN, label, tone } = {}) {
+export function direction(text, { from = ORIGIN, label } = {}) {
   const way = at(text);
   const start = at(from);
   const name = label ?? wordsOf(way);
@@ -121,12 +126,12 @@ export function direction(text, { from = ORIGIN, label, tone } = {}) {
         colour,
       );
     },
-    { tone, say: (v) => `direction ${name} = ${spoken(way.where(v), isFlat(way))}` },
+    { say: (v) => `direction ${name} = ${spoken(way.where(v), isFlat(way))}` },
   );
 }
 
 // A direction whose length is not to scale, at a place: as long as asked, of the whole picture.
-export function pointer(text, from, label, { share = 0.35, tone } = {}) {
+export function pointer(text, from, label, share) {
   const way = at(text);
   const start = at(from);
   return {
@@ -140,7 +145,7 @@ export function pointer(text, from, label, { share = 0.35, tone } = {}) {
       const p = start.where(v);
       const q = add(p, unit(way.where(v)), share * sheet.whole.reach);
       if (!exists(p) || !exists(q)) return;
-      const colour = tone ?? (way.terms.some(v.isResult) ? "accent" : "ink");
+      const colour = toneOf(way.terms, v);
       sheet.arrow(p, q, colour);
       sheet.label(label, [sheet.to(q), sheet.to(add(times(p, 0.4), q, 0.6))], colour);
     },
@@ -179,15 +184,27 @@ function shifted(p, q, by) {
 export function arcBetween(vertex, u, w, radius) {
   const normal = cross(u, w);
   const axis = length(normal) > 1e-9 * length(u) * length(w) ? unit(normal) : [0, 0, 1];
-  const angle = Math.atan2(dot(normal, axis), dot(u, w));
-  return turningArc(vertex, times(unit(u), radius), axis, angle);
+  const phi = Math.atan2(dot(normal, axis), dot(u, w));
+  return turningArc(vertex, times(unit(u), radius), axis, phi);
 }
 
-export function turningArc(vertex, start, axis, angle) {
-  const steps = Math.max(2, Math.min(96, Math.ceil(Math.abs(angle) * 16) || 2));
+export function turningArc(vertex, start, axis, phi) {
+  const steps = Math.max(2, Math.min(96, Math.ceil(Math.abs(phi) * 16) || 2));
   return Array.from({ length: steps + 1 }, (_, i) =>
-    add(vertex, turnedAbout(start, axis, (angle * i) / steps)),
+    add(vertex, turnedAbout(start, axis, (phi * i) / steps)),
   );
+}
+
+const MOST_TURNED = 6.3; // more of a turn is not drawn
+
+export const drawnTurn = (radians) => Math.max(-MOST_TURNED, Math.min(MOST_TURNED, radians));
+
+// The way of what is turned, with a head at its end and words at its middle.
+export function paintWay(sheet, arc, text, { tone = "accent", wordTone = "ink", weight } = {}) {
+  if (!arc.every(exists)) return;
+  sheet.stroke(arc, `${tone} thin dashed`, { weight });
+  sheet.head(...arc.slice(-2).map((place) => sheet.to(place)), tone);
+  sheet.label(text, [sheet.to(arc[arc.length >> 1])], wordTone);
 }
 
 const degrees = (radians) => `${number(Number(((radians * 180) / Math.PI).toPrecision(4)))}°`;
@@ -217,19 +234,15 @@ export function angle(vertex, from, to, term, { radius = 46, tone, name } = {}) 
 }
 
 // The way of a place that is turned about a centre, with a head at its end.
-export function turn(where, centre, term, { axis = [0, 0, 1], tone, label = true, sign = 1 } = {}) {
-  const say = (v) => `${nameOf(term)} = ${number(v.scalar(term))} (${degrees(v.scalar(term))})`;
+export function turn(where, centre, term) {
+  const say = (v) => `${term} = ${number(v.scalar(term))} (${degrees(v.scalar(term))})`;
   return mark(
     [at(where), at(centre)],
     (sheet, [p, o], colour, v) => {
-      const turning = Math.max(-6.3, Math.min(6.3, sign * v.scalar(term)));
-      const arc = turningArc(o, minus(p, o), axis, turning);
-      if (!arc.every(exists)) return;
-      sheet.stroke(arc, `${colour} thin dashed`);
-      sheet.head(...arc.slice(-2).map((place) => sheet.to(place)), colour);
-      if (label) sheet.label(say(v), [sheet.to(arc[arc.length >> 1])], colour);
+      const arc = turningArc(o, minus(p, o), [0, 0, 1], drawnTurn(v.scalar(term)));
+      paintWay(sheet, arc, say(v), { tone: colour, wordTone: colour });
     },
-    { tone, terms: [term], say },
+    { terms: [term], say },
   );
 }
 
@@ -238,36 +251,27 @@ export function swing(where, from, to, term) {
   const say = (v) => `${term} = ${number(v.scalar(term))} (${degrees(v.scalar(term))})`;
   return mark(
     [at(where), at(from), at(to)],
-    (sheet, [p, q, r], colour, v) => {
+    (sheet, [p, q, r], _, v) => {
       const axis = unit(minus(r, q));
       const centre = add(q, axis, dot(minus(p, q), axis));
-      const turning = Math.max(-6.3, Math.min(6.3, v.scalar(term)));
-      const arc = turningArc(centre, minus(p, centre), axis, turning);
-      if (!arc.every(exists)) return;
-      sheet.stroke(arc, "accent thin dashed");
-      sheet.head(...arc.slice(-2).map((place) => sheet.to(place)), "accent");
-      sheet.label(say(v), [sheet.to(arc[arc.length >> 1])], "ink");
+      paintWay(
+        sheet,
+        turningArc(centre, minus(p, centre), axis, drawnTurn(v.scalar(term))),
+        say(v),
+      );
     },
     { terms: [term], say },
   );
 }
 
 // The small square of a right angle.
-export function square(vertex, from, to, { tone = "soft" } = {}) {
-  return mark(
-    [at(vertex), at(from), at(to)],
-    (sheet, [o, p, q]) => {
-      const size = 11 / sheet.view.sx;
-      const [u, w] = [unit(minus(p, o)), unit(minus(q, o))].map((way) => times(way, size));
-      const corner = [add(o, u), add(add(o, u), w), add(o, w)];
-      if (corner.every(exists)) sheet.stroke(corner, `${tone} thin`, { weight: 0.4 });
-    },
-    { tone },
-  );
-}
-
-export function fill(places, look = "ink-wash") {
-  return mark(places.map(at), (sheet, corners) => sheet.wash(corners, look));
+export function square(vertex, from, to) {
+  return mark([at(vertex), at(from), at(to)], (sheet, [o, p, q]) => {
+    const size = 11 / sheet.view.sx;
+    const [u, w] = [unit(minus(p, o)), unit(minus(q, o))].map((way) => times(way, size));
+    const corner = [add(o, u), add(add(o, u), w), add(o, w)];
+    if (corner.every(exists)) sheet.stroke(corner, "soft thin", { weight: 0.4 });
+  });
 }
 
 // A closed outline through places.

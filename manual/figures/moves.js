@@ -1,6 +1,6 @@
 // How lists of points are placed: turned, moved and turned, or seen from another origin.
 
-import { spoken, turningArc } from "./marks.js";
+import { drawnTurn, paintWay, spoken, turningArc } from "./marks.js";
 import { add, at, cross, dot, exists, length, list, minus, times, unit } from "./places.js";
 import { number } from "./svg.js";
 
@@ -8,21 +8,18 @@ const X = [1, 0, 0];
 const Y = [0, 1, 0];
 const Z = [0, 0, 1];
 
-const FULL = 6.3; // of a turn more is not drawn
-
-const around = (angle) => Math.max(-FULL, Math.min(FULL, angle));
-
 // The way of a place that is turned about an axis through another.
 function turningWay(p, origin, axis, angle) {
   const centre = add(origin, axis, dot(axis, minus(p, origin)) / dot(axis, axis));
-  return turningArc(centre, minus(p, centre), unit(axis), around(angle) * Math.sign(length(axis)));
+  return turningArc(
+    centre,
+    minus(p, centre),
+    unit(axis),
+    drawnTurn(angle) * Math.sign(length(axis)),
+  );
 }
 
-function paintTurn(sheet, arc, text) {
-  sheet.stroke(arc, "accent thin dashed", { weight: 0.5 });
-  sheet.head(...arc.slice(-2).map((place) => sheet.to(place)), "accent");
-  sheet.label(text, [sheet.to(arc[arc.length >> 1])], "ink");
-}
+const LIGHT = { weight: 0.5 }; // words may lie over it
 
 const named = (term, v) => `${term} = ${number(v.scalar(term))}`;
 
@@ -39,7 +36,7 @@ export function turns(text, count, term, mode, { axis = Z } = {}) {
         .slice(0, 8)
         .forEach((p, i) => {
           const arc = turningWay(p, [0, 0, 0], axis, sign * v.scalar(term));
-          if (arc.every(exists)) paintTurn(sheet, arc, i === 0 && named(term, v));
+          paintWay(sheet, arc, i === 0 && named(term, v), LIGHT);
         });
     },
   };
@@ -94,17 +91,16 @@ export function placing(text, count, shift, angles, { system = WORLD, least = 0 
       sheet.arrow(p, moved, "ink", "ink thin");
       const middle = times(add(p, moved), 0.5);
       sheet.label(steps.join(", "), [sheet.to(middle), sheet.to(moved)], "ink");
-      for (const { term, arc } of arcs)
-        if (arc.every(exists)) paintTurn(sheet, arc, named(term, v));
+      for (const { term, arc } of arcs) paintWay(sheet, arc, named(term, v), LIGHT);
     },
   };
 }
 
 // The local axes of a system, as long as a part of the picture.
-export function localAxes(system, share = 0.4) {
+export function localAxes(system) {
   const tips = (v, whole) => {
     const { origin, ways } = system.of(v);
-    return ways.map((way) => add(origin, way, share * whole.reach));
+    return ways.map((way) => add(origin, way, 0.4 * whole.reach));
   };
   return {
     terms: system.terms,
@@ -125,7 +121,11 @@ export function newOrigin(where, after, count, { flat = false } = {}) {
   const place = at(where);
   const places = list(after, count);
   const ways = flat ? [X, Y] : [X, Y, Z];
-  const seen = (v) => places.items(v).map((p) => add(place.where(v), p)).filter(exists);
+  const seen = (v) =>
+    places
+      .items(v)
+      .map((p) => add(place.where(v), p))
+      .filter(exists);
   return {
     terms: [...place.terms, ...places.terms],
     span: (v) => [place.where(v), ...seen(v)].filter(exists),

@@ -62,7 +62,7 @@ export const middle = (p, q) =>
 
 // From p towards q by a length, or by several.
 export const along = (p, q, ...lengths) =>
-  place(termsOf(at(p), at(q), ...lengths.filter((item) => typeof item === "string")), (v) => {
+  place(termsOf(at(p), at(q), ...lengths), (v) => {
     const start = at(p).where(v);
     const reach = lengths.map(v.scalar).reduce((total, item) => total + item, 0);
     return add(start, unit(minus(at(q).where(v), start)), reach);

@@ -1,37 +1,24 @@
 // The plane: a grid with coordinates, lines and circles by their coefficients, outlines.
 
 import { niceStep, ticksWithin } from "./fit.js";
-import { mark, spoken, turningArc } from "./marks.js";
+import { mark, spoken, toneOf, turningArc } from "./marks.js";
 import { add, at, exists, length, list, minus, onSurface, surface, unit } from "./places.js";
 import { scene } from "./scene.js";
-import { number, tickText } from "./svg.js";
+import { level, number, tickText, upright } from "./svg.js";
+import { plainNames } from "./values.js";
 
 function gridLines(sheet, low, high, steps) {
   const { frame } = sheet;
   for (const x of ticksWithin(low[0], high[0], steps[0])) {
     const [X] = sheet.to([x, 0, 0]);
     const look = Math.abs(x) < steps[0] / 2 ? "soft" : "faint";
-    sheet.strokeAt(
-      [
-        [X, frame.top],
-        [X, frame.bottom],
-      ],
-      look,
-      { weight: 0.1, layer: "back" },
-    );
+    sheet.strokeAt(upright(X, frame.top, frame.bottom), look, { weight: 0.1, layer: "back" });
     sheet.tick(tickText(x), X, frame.bottom + 17, "middle");
   }
   for (const y of ticksWithin(low[1], high[1], steps[1])) {
     const [, Y] = sheet.to([0, y, 0]);
     const look = Math.abs(y) < steps[1] / 2 ? "soft" : "faint";
-    sheet.strokeAt(
-      [
-        [frame.left, Y],
-        [frame.right, Y],
-      ],
-      look,
-      { weight: 0.1, layer: "back" },
-    );
+    sheet.strokeAt(level(Y, frame.left, frame.right), look, { weight: 0.1, layer: "back" });
     sheet.tick(tickText(y), frame.left - 6, Y + 5, "end");
   }
 }
@@ -83,9 +70,9 @@ function paintLine(sheet, p, way, colour, label, look = "") {
 }
 
 // The line a x + b y + c = 0; `normal` draws (a, b) on it, towards its positive side.
-export function line(text, label, { tone, normal = false, look } = {}) {
+export function line(text, { normal = false } = {}) {
   const terms = text.split(" ");
-  const name = label ?? terms.join(", ").replaceAll("'", "");
+  const name = plainNames(terms);
   const near = (v) => onSurface([0, 0, 0], text, v);
   return {
     terms,
@@ -94,9 +81,9 @@ export function line(text, label, { tone, normal = false, look } = {}) {
     paint(sheet, v) {
       const { normal: side } = surface(text, v);
       const p = onSurface(sheet.whole.middle, text, v);
-      const colour = tone ?? (terms.some(v.isResult) ? "accent" : "ink");
+      const colour = toneOf(terms, v);
       if (!exists(p)) return;
-      paintLine(sheet, p, unit([-side[1], side[0], 0]), colour, name, look);
+      paintLine(sheet, p, unit([-side[1], side[0], 0]), colour, name);
       if (normal) paintSide(sheet, p, side, colour, terms);
     },
   };
@@ -109,14 +96,10 @@ function paintSide(sheet, p, side, colour, terms) {
 }
 
 // The line through two places, beyond both.
-export function through(from, to, label = "", { tone = "soft", look = "dashed" } = {}) {
-  return mark(
-    [at(from), at(to)],
-    (sheet, [p, q], colour) => {
-      if (length(minus(q, p)) > 0) paintLine(sheet, p, minus(q, p), colour, label, look);
-    },
-    { tone },
-  );
+export function through(from, to, label = "") {
+  return mark([at(from), at(to)], (sheet, [p, q]) => {
+    if (length(minus(q, p)) > 0) paintLine(sheet, p, minus(q, p), "soft", label, "dashed");
+  });
 }
 
 const round = (centre, radius) => turningArc(centre, [radius, 0, 0], [0, 0, 1], 2 * Math.PI);
@@ -127,7 +110,7 @@ const corners = ([x, y], r) => [
 ];
 
 // A circle; `measure` gives centre and radius.
-function roundMark(terms, measure, name, { tone, look, wash } = {}) {
+function roundMark(terms, measure, name, { tone, look } = {}) {
   return {
     terms,
     span(v) {
@@ -141,10 +124,8 @@ function roundMark(terms, measure, name, { tone, look, wash } = {}) {
     paint(sheet, v) {
       const { centre, radius } = measure(v);
       if (!exists([...centre, radius])) return;
-      const colour = tone ?? (terms.some(v.isResult) ? "accent" : "ink");
-      const around = round(centre, radius);
-      if (wash) sheet.wash(around, `${colour}-wash`);
-      sheet.stroke(around, look ? `${colour} ${look}` : colour, { closed: true });
+      const colour = toneOf(terms, v, tone);
+      sheet.stroke(round(centre, radius), look ? `${colour} ${look}` : colour, { closed: true });
       sheet.label(
         name,
         [0.3, 0.8, 1.2, 1.7].map((turn) =>
@@ -158,7 +139,7 @@ function roundMark(terms, measure, name, { tone, look, wash } = {}) {
   };
 }
 
-export function circle(text, more) {
+export function circle(text) {
   const terms = text.split(" ");
   return roundMark(
     terms,
@@ -167,7 +148,6 @@ export function circle(text, more) {
       return { centre: [-D / 2, -E / 2, 0], radius: Math.sqrt((D * D) / 4 + (E * E) / 4 - F) };
     },
     terms.join(", "),
-    more,
   );
 }
 
@@ -195,7 +175,7 @@ export function circleThrough(centre, on, more) {
 }
 
 // Part of a circle about a centre, counter-clockwise from one place by an angle.
-export function arcOf(centre, from, reach, { tone, look = "", label, wash } = {}) {
+export function arcOf(centre, from, reach, { tone, look = "", label } = {}) {
   const places = (v) => {
     const o = at(centre).where(v);
     return turningArc(o, minus(at(from).where(v), o), [0, 0, 1], reach(v));
@@ -205,7 +185,6 @@ export function arcOf(centre, from, reach, { tone, look = "", label, wash } = {}
     (sheet, _, colour, v) => {
       const arc = places(v);
       if (!arc.every(exists)) return;
-      if (wash) sheet.wash(arc, wash);
       sheet.stroke(arc, `${colour} ${look}`);
       sheet.label(
         label?.(v),
@@ -224,10 +203,10 @@ const handleOfEntry = (names, v, i) =>
     : null;
 
 // An outline by its lists. Vertices are numbered, and can be taken hold of where they are inputs.
-export function polygon(text, count, { tone, look = "", wash = true, numbers = true } = {}) {
+export function polygon(text, count, { look = "", wash = true, numbers = true } = {}) {
   const vertices = list(text, count);
   const places = (v) => vertices.items(v).filter(exists);
-  const name = vertices.names.join(", ").replaceAll("'", "");
+  const name = plainNames(vertices.names);
   return {
     terms: vertices.terms,
     span: places,
@@ -237,7 +216,7 @@ export function polygon(text, count, { tone, look = "", wash = true, numbers = t
         .join(" ")}`,
     paint(sheet, v) {
       const all = places(v);
-      const colour = tone ?? (vertices.names.some(v.isResult) ? "accent" : "ink");
+      const colour = toneOf(vertices.names, v);
       if (!all.length) return;
       if (wash) sheet.wash(all, wash === true ? `${colour}-wash` : wash);
       sheet.stroke(all, `${colour} ${look}`, { closed: true });
@@ -290,9 +269,9 @@ export function parallels(text, count, order) {
 }
 
 // Points of lists. `chosen` says which are results: by a list of positions, or by their flags.
-export function points(text, count, { tone, chosen, of, flags, numbers = true } = {}) {
+export function points(text, count, { chosen, of, flags } = {}) {
   const all = list(text, count);
-  const name = all.names.join(", ").replaceAll("'", "");
+  const name = plainNames(all.names);
   const isChosen = (v) => {
     const found = new Set(chosen ? v.array(chosen).slice(0, v.count(of, 60)) : []);
     return (i) => found.has(i + 1);
@@ -310,14 +289,14 @@ export function points(text, count, { tone, chosen, of, flags, numbers = true } 
         .join(" ")}`,
     paint(sheet, v) {
       const inset = isChosen(v);
-      const base = tone ?? (all.names.some(v.isResult) ? "accent" : "ink");
+      const base = toneOf(all.names, v);
       const items = all.items(v);
       items.forEach((p, i) => {
         if (!exists(p)) return;
         const colour = inset(i) || (flags && !chosen) ? "accent" : base;
         sheet.drop?.(p);
         sheet.dot(p, colour, handleOfEntry(all.names, v, i), inset(i) ? 6 : 4.5);
-        if (numbers || flags) sheet.label(wordOf(v, i), [sheet.to(p)], flags ? "accent" : colour);
+        sheet.label(wordOf(v, i), [sheet.to(p)], flags ? "accent" : colour);
       });
     },
   };

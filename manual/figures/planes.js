@@ -1,6 +1,6 @@
 // Planes and blocks in space: patches with their normals, and what they have in common.
 
-import { mark, spoken } from "./marks.js";
+import { mark, spoken, toneOf } from "./marks.js";
 import {
   add,
   at,
@@ -15,6 +15,9 @@ import {
   unit,
 } from "./places.js";
 import { number } from "./svg.js";
+import { plainNames } from "./values.js";
+
+const REACH = 0.75; // of patches, as a part of the picture
 
 // Two directions in a plane, one of them level.
 function spread(normal) {
@@ -50,35 +53,34 @@ function extents(p, ways, reach, covered) {
 }
 
 // The plane A x + B y + C z + D = 0, or one of places, as a patch with its normal.
-export function patch(
-  text,
-  label,
-  { tone, meets = [], through: from, normal = true, share = 0.75, covers = [] } = {},
-) {
+export function patch(text, label, { meets = [], through: from, normal = true, covers = [] } = {}) {
   const terms = namesOf(text);
-  const name = label ?? terms.join(", ").replaceAll("'", "");
+  const name = label ?? plainNames(terms);
   const corners = (v, whole) => {
     const [u, w] = spread(surface(text, v).normal);
     const p = anchorOf(text, { meets, from }, v, whole);
     const covered = covers.map((place) => at(place).where(v)).filter(exists);
-    const [[left, right], [low, high]] = extents(p, [u, w], share * whole.reach, covered);
+    const [[left, right], [low, high]] = extents(p, [u, w], REACH * whole.reach, covered);
     const corner = (across, up) => add(add(p, u, across), w, up);
     return [corner(right, high), corner(left, high), corner(left, low), corner(right, low)];
   };
   const say = (v) =>
-    `plane ${name} = ${spoken([...terms.map(v.scalar)].slice(0, 3))} with ${
+    `plane ${name} = ${spoken(terms.map(v.scalar))} with ${
       terms[3]
     } = ${number(v.scalar(terms[3]))}`;
   return {
     normals: (v) => [unit(surface(text, v).normal)].filter(exists),
-    terms: [...terms, ...[from, ...covers].flatMap((place) => (place ? at(place).terms : [])),
-      ...meets.flatMap(namesOf)],
+    terms: [
+      ...terms,
+      ...[from, ...covers].flatMap((place) => (place ? at(place).terms : [])),
+      ...meets.flatMap(namesOf),
+    ],
     late: (v, whole) => corners(v, whole).filter(exists),
     say: typeof text === "string" ? say : undefined,
     paint(sheet, v) {
       const all = corners(v, sheet.whole);
       if (!all.every(exists)) return;
-      const colour = tone ?? (terms.some(v.isResult) ? "accent" : "ink");
+      const colour = toneOf(terms, v);
       sheet.wash(all, `${colour}-wash`);
       sheet.stroke(all, `${colour} thin`, { closed: true, weight: 0.6 });
       sheet.label(
@@ -98,7 +100,7 @@ function paintNormal(sheet, p, text, v, colour) {
 }
 
 // The line in which two planes meet, as far as their patches go.
-export function meeting(first, second, { tone = "accent", share = 0.75 } = {}) {
+export function meeting(first, second) {
   return {
     terms: [...first.split(" "), ...second.split(" ")],
     paint(sheet, v) {
@@ -106,8 +108,8 @@ export function meeting(first, second, { tone = "accent", share = 0.75 } = {}) {
       const way = cross(n1, n2);
       if (!(length(way) > 5e-3)) return; // as good as parallel
       const p = anchorOf(first, { meets: [second] }, v, sheet.whole);
-      const reach = times(unit(way), share * sheet.whole.reach);
-      if (exists(p) && exists(reach)) sheet.stroke([minus(p, reach), add(p, reach)], tone);
+      const reach = times(unit(way), REACH * sheet.whole.reach);
+      if (exists(p) && exists(reach)) sheet.stroke([minus(p, reach), add(p, reach)], "accent");
     },
   };
 }
@@ -146,12 +148,12 @@ export function intercepts(text) {
 }
 
 // The plane through three places, as the parallelogram or the triangle of them.
-export function facet(p, q, r, { tone, look = "thin" } = {}) {
+export function facet(p, q, r, { tone } = {}) {
   return mark(
     [at(p), at(q), at(r)],
     (sheet, corners, colour) => {
       sheet.wash(corners, `${colour}-wash`);
-      sheet.stroke(corners, `${colour} ${look}`, { closed: true, weight: 0.6 });
+      sheet.stroke(corners, `${colour} thin`, { closed: true, weight: 0.6 });
     },
     { tone },
   );
@@ -196,7 +198,7 @@ function paintBlock(sheet, corners, tone) {
 }
 
 // Where three planes meet.
-function corner(texts, v) {
+function meetingPoint(texts, v) {
   const planes = texts.map((text) => surface(text, v));
   const [n1, n2, n3] = planes.map((one) => one.normal);
   const [d1, d2, d3] = planes.map((one) => one.constant);
@@ -214,7 +216,7 @@ function corner(texts, v) {
 export function block(...slabs) {
   const corners = (v) =>
     [0, 1, 2, 3, 4, 5, 6, 7].map((i) =>
-      corner(
+      meetingPoint(
         slabs.map((slab, k) => slab[(i >> k) & 1]),
         v,
       ),

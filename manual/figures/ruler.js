@@ -4,7 +4,7 @@
 import { exists } from "./places.js";
 import { scene } from "./scene.js";
 import { niceStep, ticksWithin } from "./fit.js";
-import { number, tickText } from "./svg.js";
+import { level, number, tickText, upright } from "./svg.js";
 
 const onLine = (x) => [x, 0, 0];
 
@@ -14,27 +14,13 @@ const tall = (sheet, height) => (sheet.small ? 2.4 * height : height);
 function backdrop(sheet) {
   const { frame, view } = sheet;
   const y = sheet.to(onLine(0))[1];
-  sheet.strokeAt(
-    [
-      [frame.left, y],
-      [frame.right, y],
-    ],
-    "soft",
-    { layer: "back" },
-  );
+  sheet.strokeAt(level(y, frame.left, frame.right), "soft", { layer: "back" });
   sheet.head([frame.left, y], [frame.right, y], "soft");
   const low = (frame.left - view.left) / view.sx;
   const high = (frame.right - view.left) / view.sx;
   for (const x of ticksWithin(low, high, niceStep(high - low, 9))) {
     const X = sheet.to(onLine(x))[0];
-    sheet.strokeAt(
-      [
-        [X, y - 4],
-        [X, y + 4],
-      ],
-      "soft",
-      { layer: "back" },
-    );
+    sheet.strokeAt(upright(X, y - 4, y + 4), "soft", { layer: "back" });
     sheet.tick(tickText(x), X, y + 62, "middle");
   }
 }
@@ -56,13 +42,7 @@ export function entries(name, count, { chosen, of } = {}) {
         if (!exists(onLine(x))) return;
         const [X, Y] = sheet.to(onLine(x));
         const tone = picked(v).has(i + 1) ? "accent" : "ink";
-        sheet.strokeAt(
-          [
-            [X, Y - tall(sheet, 18)],
-            [X, Y + tall(sheet, 18)],
-          ],
-          tone,
-        );
+        sheet.strokeAt(upright(X, Y - tall(sheet, 18), Y + tall(sheet, 18)), tone);
         sheet.label(`${name}(${i + 1})`, [[X, Y + 20]], tone);
       });
     },
@@ -105,13 +85,7 @@ export const range = (low, high) => ({
       [x1, low],
       [x2, high],
     ]) {
-      sheet.strokeAt(
-        [
-          [x, y - half],
-          [x, y + half],
-        ],
-        "ink thin",
-      );
+      sheet.strokeAt(upright(x, y - half, y + half), "ink thin");
       sheet.label(name, [[x, y - 36]], "ink");
     }
   },
@@ -126,21 +100,8 @@ export const gap = (term, from, entry) => ({
     if (!exists([p, q, v.scalar(term)]) || v.scalar(term) === 0) return;
     const [[x1, y], [x2]] = [sheet.to(onLine(p)), sheet.to(onLine(q))];
     const above = y - tall(sheet, 50);
-    sheet.strokeAt(
-      [
-        [x1, above],
-        [x2, above],
-      ],
-      "accent thin",
-    );
-    for (const x of [x1, x2])
-      sheet.strokeAt(
-        [
-          [x, above - 6],
-          [x, above + 6],
-        ],
-        "accent thin",
-      );
+    sheet.strokeAt(level(above, x1, x2), "accent thin");
+    for (const x of [x1, x2]) sheet.strokeAt(upright(x, above - 6, above + 6), "accent thin");
     sheet.label(`${term} = ${number(v.scalar(term))}`, [[(x1 + x2) / 2, above - 4]], "accent");
   },
 });
@@ -153,14 +114,7 @@ export const value = (name) => ({
     const x = v.scalar(name);
     if (!exists([x])) return;
     const [X, Y] = sheet.to(onLine(x));
-    sheet.strokeAt(
-      [
-        [X, Y],
-        [X, Y - tall(sheet, 58)],
-      ],
-      "ink thin",
-      { weight: 0.3 },
-    );
+    sheet.strokeAt(upright(X, Y, Y - tall(sheet, 58)), "ink thin", { weight: 0.3 });
     sheet.dot(onLine(x), "ink", null, 5);
     sheet.label(
       `${name} = ${number(x)}`,
@@ -182,13 +136,7 @@ export const sides = (name, positive) => ({
     const isPositive = v.scalar(name) > 0;
     band(sheet, 0, isPositive ? far : -far, "accent", 24);
     const [x, y] = sheet.to(onLine(0));
-    sheet.strokeAt(
-      [
-        [x, y - tall(sheet, 30)],
-        [x, y + tall(sheet, 30)],
-      ],
-      "ink",
-    );
+    sheet.strokeAt(upright(x, y - tall(sheet, 30), y + tall(sheet, 30)), "ink");
     for (const [text, X] of [
       [positive[0], x + 90],
       [positive[1], x - 90],
@@ -203,13 +151,7 @@ export const zero = {
   span: () => finite([0]),
   paint(sheet) {
     const [x, y] = sheet.to(onLine(0));
-    sheet.strokeAt(
-      [
-        [x, y - tall(sheet, 30)],
-        [x, y + tall(sheet, 30)],
-      ],
-      "accent",
-    );
+    sheet.strokeAt(upright(x, y - tall(sheet, 30), y + tall(sheet, 30)), "accent");
     sheet.label("0", [[x, y + 32]], "accent");
   },
 };

@@ -139,7 +139,7 @@ export function dim(term, i, j, { upright, when = () => true, ...where } = {}) {
   return {
     terms: [term],
     outside: where.side ? [where] : [],
-    dimension: (v) => when(v) && Math.abs(ends(v).p[along] - ends(v).q[along]),
+    dimension: (v) => (when(v) ? Math.abs(ends(v).p[along] - ends(v).q[along]) : undefined),
     say: (v) => (when(v) ? `${term} = ${number(v.scalar(term))}` : null),
     paint(sheet, v) {
       const { p, q } = ends(v);

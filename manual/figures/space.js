@@ -2,10 +2,10 @@
 // that one sees where they are.
 
 import { niceStep, ticksWithin } from "./fit.js";
-import { arcBetween, mark, spoken } from "./marks.js";
+import { arcBetween, mark, spoken, toneOf } from "./marks.js";
 import { add, at, exists, footOn, length, list, minus, times, unit } from "./places.js";
 import { scene } from "./scene.js";
-import { number, tickText } from "./svg.js";
+import { level, number, tickText } from "./svg.js";
 
 // Where one looks from, the first as long as it shows the points apart.
 const AZIMUTHS = [0.62, 0.95, 0.35, 1.25, 0.15];
@@ -67,26 +67,24 @@ function around(places) {
 
 function paintFloor(sheet, low, high) {
   const step = niceStep(Math.max(high[0] - low[0], high[1] - low[1]), 7);
-  const level = low[2];
   const line = (p, q, look) => sheet.stroke([p, q], look, { weight: 0.1, layer: "back" });
   for (const x of ticksWithin(low[0], high[0], step)) {
-    line([x, low[1], level], [x, high[1], level], "faint");
+    line([x, low[1], low[2]], [x, high[1], low[2]], "faint");
   }
   for (const y of ticksWithin(low[1], high[1], step)) {
-    line([low[0], y, level], [high[0], y, level], "faint");
+    line([low[0], y, low[2]], [high[0], y, low[2]], "faint");
   }
   paintAxes(sheet, low, high, step);
 }
 
 function paintAxes(sheet, low, high, step) {
-  const corner = low;
   const size = 0.5 * Math.max(high[0] - low[0], high[1] - low[1]);
   const ends = [
     [high[0], low[1], low[2]],
     [low[0], high[1], low[2]],
     [low[0], low[1], Math.max(high[2], low[2] + size * 0.4)],
   ];
-  const p = sheet.to(corner);
+  const p = sheet.to(low);
   ["x", "y", "z"].forEach((name, i) => {
     const q = belowTop(p, sheet.to(ends[i]), sheet.frame.top + 18);
     sheet.strokeAt([p, q], "soft", { weight: 0.5, layer: "back" });
@@ -130,14 +128,7 @@ function backdrop(sheet, whole) {
     if (sheet.small || Math.abs(p[2] - whole.low[2]) < 1e-3 * whole.reach) return;
     sheet.stroke([p, below], "soft dashed", { weight: 0.2, layer: "back" });
     const [x, y] = sheet.to(below);
-    sheet.strokeAt(
-      [
-        [x - 3, y],
-        [x + 3, y],
-      ],
-      "soft",
-      { weight: 0.1, layer: "back" },
-    );
+    sheet.strokeAt(level(y, x - 3, x + 3), "soft", { weight: 0.1, layer: "back" });
   };
 }
 
@@ -161,7 +152,7 @@ export function beyond(from, to, label = "", { tone, look = "" } = {}) {
     late: (v, whole) => ends(v, whole).filter(exists),
     paint(sheet, v) {
       const [p, q] = ends(v, sheet.whole);
-      const colour = tone ?? (terms.some(v.isResult) ? "accent" : "ink");
+      const colour = toneOf(terms, v, tone);
       if (!exists(p) || !exists(q)) return;
       sheet.stroke([p, q], `${colour} ${look}`);
       sheet.label(label, [sheet.to(add(times(p, 0.1), q, 0.9)), sheet.to(q)], colour);
@@ -214,7 +205,7 @@ export function legs(from, to, names = []) {
 }
 
 // An axis system at a place: the nine numbers by their names.
-export function axes(origin, names, { tone = "accent", share = 0.5, labels = true } = {}) {
+export function axes(origin, names, { tone = "accent", share = 0.5 } = {}) {
   const terms = names.split(" ");
   const ways = (v) => [0, 3, 6].map((i) => terms.slice(i, i + 3).map(v.scalar));
   return {
@@ -234,7 +225,7 @@ export function axes(origin, names, { tone = "accent", share = 0.5, labels = tru
         const tip = add(p, way, share * sheet.whole.reach);
         if (!exists(tip) || !exists(p)) return;
         sheet.arrow(p, tip, tone);
-        if (labels) sheet.label(`${terms[3 * i]}..${terms[3 * i + 2]}`, [sheet.to(tip)], tone);
+        sheet.label(`${terms[3 * i]}..${terms[3 * i + 2]}`, [sheet.to(tip)], tone);
       });
     },
   };

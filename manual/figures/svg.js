@@ -44,6 +44,16 @@ export function element(tag, attributes, content = "") {
 export const path = (points, closed = false) =>
   points.map(([x, y], i) => `${i ? "L" : "M"}${px(x)} ${px(y)}`).join("") + (closed ? "Z" : "");
 
+// Straight strokes along the page's axes.
+export const level = (y, x1, x2) => [
+  [x1, y],
+  [x2, y],
+];
+export const upright = (x, y1, y2) => [
+  [x, y1],
+  [x, y2],
+];
+
 // The page sets the colours as custom properties; a picture that stands alone has those of light.
 export const STYLE = `
 .kez-figure { display: block; width: 100%; height: auto; font: 17px system-ui, sans-serif; }

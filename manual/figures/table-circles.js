@@ -1,13 +1,39 @@
 // Circles and arcs, placement of lists and outlines in the plane.
 
 import { area, besideAngle, cap, gyration, levers, vertexAngles } from "./figure.js";
-import { angle, direction, distance, point, segment, spot, square, turn }
-  from "./marks.js";
+import { angle, direction, distance, HELP, point, segment, spot, square, turn } from "./marks.js";
 import { newOrigin, turns } from "./moves.js";
-import { add, along, at, between, derived, dot, fixed, footOn, length, middle, minus, mixed,
-  ORIGIN, sum, times, turned, turnedAbout, unit } from "./places.js";
-import { arcOf, circle, circleAbout, circleThrough, line, plane, points, polygon, through }
-  from "./plane.js";
+import {
+  add,
+  along,
+  at,
+  between,
+  derived,
+  dot,
+  fixed,
+  footOn,
+  length,
+  middle,
+  minus,
+  mixed,
+  ORIGIN,
+  sum,
+  times,
+  turned,
+  turnedAbout,
+  unit,
+} from "./places.js";
+import {
+  arcOf,
+  circle,
+  circleAbout,
+  circleThrough,
+  line,
+  plane,
+  points,
+  polygon,
+  through,
+} from "./plane.js";
 import { number } from "./svg.js";
 
 const P0 = at("x0 y0");
@@ -15,24 +41,24 @@ const P1 = at("x1 y1");
 const P2 = at("x2 y2");
 const P = at("x y");
 
-// Lines that only help to see how a point was found.
-const HELP = { look: "thin dashed", tone: "soft" };
-
 const GUIDE = [circleThrough(P0, P1), segment(P1, P2), point(P0), point(P1), point(P2)];
 const MEASURED = along(P1, P2, "L");
-const edge = (sign) => derived("x1 y1 x2 y2 L w", (v) =>
-  along(P1, P2, v.scalar("L") + (sign * v.scalar("w")) / 2).where(v));
+const edge = (sign) =>
+  derived("x1 y1 x2 y2 L w", (v) =>
+    along(P1, P2, v.scalar("L") + (sign * v.scalar("w")) / 2).where(v),
+  );
 
 const LEFT_EDGE = edge(-1);
 const RIGHT_EDGE = edge(1);
 
-const REACHED = [spot(MEASURED, "soft"), distance(P1, MEASURED, "L", { tone: "ink", shift: 18 })];
+const REACHED = [spot(MEASURED), distance(P1, MEASURED, "L", { tone: "ink", shift: 18 })];
 
 // A place on the line from another at an angle to the guide.
-const atAngle = (from) => derived("x1 y1 x2 y2 theta", (v) => {
-  const way = unit(minus(P2.where(v), P1.where(v)));
-  return add(from.where(v), turnedAbout(way, [0, 0, 1], v.scalar("theta")));
-});
+const atAngle = (from) =>
+  derived("x1 y1 x2 y2 theta", (v) => {
+    const way = unit(minus(P2.where(v), P1.where(v)));
+    return add(from.where(v), turnedAbout(way, [0, 0, 1], v.scalar("theta")));
+  });
 
 // The chord's middle, raised over the chord as the routine raises it.
 const RAISED = derived("x0 y0 x1 y1 x2 y2 sense h", (v) => {
@@ -66,7 +92,7 @@ function turnBetween(centre, v) {
   return Math.atan2(u[0] * w[1] - u[1] * w[0], dot(u, w));
 }
 
-const theOtherWay = (angle) => angle - (angle < 0 ? -2 : 2) * Math.PI;
+const theOtherWay = (phi) => phi - (phi < 0 ? -2 : 2) * Math.PI;
 
 const named = (term) => Object.assign((v) => `${term} = ${number(v.scalar(term))}`,
   { terms: [term] });
@@ -95,7 +121,7 @@ const CIRCLE = {
   kezcer8: plane([...GUIDE, ...REACHED, segment(MEASURED, P, "", HELP),
     square(MEASURED, P2, P), point(P)], { tell: "status sense" }),
   kezcer9: plane([...GUIDE, distance(P1, MEASURED, "L", { tone: "ink", shift: 18 }),
-    spot(MEASURED, "soft"), distance(LEFT_EDGE, RIGHT_EDGE, "w", { tone: "ink", shift: -18 }),
+    spot(MEASURED), distance(LEFT_EDGE, RIGHT_EDGE, "w", { tone: "ink", shift: -18 }),
     segment(LEFT_EDGE, "xa ya", "", HELP),
     segment(RIGHT_EDGE, "xb yb", "", HELP),
     square(LEFT_EDGE, P1, "xa ya"), square(RIGHT_EDGE, P2, "xb yb"),
@@ -103,12 +129,12 @@ const CIRCLE = {
   kezcer4: plane([...GUIDE, ...REACHED, through(MEASURED, atAngle(MEASURED)),
     angle(MEASURED, P2, atAngle(MEASURED), "theta", { tone: "ink" }), point(P)],
   { tell: "status" }),
-  kezcer10: plane([...GUIDE, through(P1, P2), turn(P1, P0, "dphi"), spot(DPHI_TURNED, "soft"),
+  kezcer10: plane([...GUIDE, through(P1, P2), turn(P1, P0, "dphi"), spot(DPHI_TURNED),
     through(DPHI_TURNED, atAngle(DPHI_TURNED)),
     angle(P, sum(P, between(P2, P1)), sum(P, between(atAngle(DPHI_TURNED), DPHI_TURNED)), "theta",
       { tone: "ink" }), point(P)], { tell: "status" }),
   kezcer5: plane([...GUIDE, ...REACHED, through(MEASURED, RAISED),
-    distance(CHORD_MIDDLE, RAISED, "h", { tone: "ink" }), spot(RAISED, "soft"), point(P)],
+    distance(CHORD_MIDDLE, RAISED, "h", { tone: "ink" }), spot(RAISED), point(P)],
   { tell: "status sense" }),
   kezcer2: plane([circleAbout("c1x c1y", "R", "", { look: "thin", tone: "soft" }),
     circleAbout("c2x c2y", "R", "", { look: "thin", tone: "soft" }), circleAbout("cx cy", "R"),

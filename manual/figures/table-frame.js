@@ -2,10 +2,36 @@
 
 import { chart, read, bars } from "./chart.js";
 import { cells, lists, run } from "./lists.js";
-import { angle, direction, distance, division, outline, point, pointer, segment, square, vector }
-  from "./marks.js";
-import { add, along, at, between, derived, fixed, foot, footOn, length, minus, mixed, ORIGIN, sum,
-  unit } from "./places.js";
+import {
+  angle,
+  direction,
+  distance,
+  division,
+  outline,
+  point,
+  pointer,
+  segment,
+  square,
+  vector,
+} from "./marks.js";
+import {
+  add,
+  along,
+  at,
+  between,
+  derived,
+  dot,
+  fixed,
+  foot,
+  footOn,
+  length,
+  minus,
+  mixed,
+  ORIGIN,
+  sum,
+  times,
+  unit,
+} from "./places.js";
 import { line, plane, points, through } from "./plane.js";
 import { entries, interval, ruler, sides, value, zero } from "./ruler.js";
 import { meeting, patch, solid } from "./planes.js";
@@ -48,7 +74,7 @@ const POINTS = {
     { tell: "same t" }),
   kezpre: space([...TWO_SEGMENTS, vector(P1, MOVED, "", { tone: "soft", look: "dashed" }),
     outline([P1, P2, sum(P2, between(P4, P3)), MOVED], { tone: "soft", look: "dashed thin" }),
-    pointer("c.1 c.2 c.3", P1, "c", { share: 0.9 })], { tell: "c.1 c.2 c.3" }),
+    pointer("c.1 c.2 c.3", P1, "c", 0.9)], { tell: "c.1 c.2 c.3" }),
   kezpri: space([...TWO_SEGMENTS, vector(P1, MOVED, "", { tone: "soft", look: "dashed" }),
     segment(MOVED, footOn(MOVED, P1, P2), "", { tone: "soft", look: "thin dashed" }),
     segment(P1, footOn(MOVED, P1, P2), "", { tone: "accent" }),
@@ -86,9 +112,9 @@ const BISECTED = derived("x0 y0 x1 y1 a b", (v) => {
 });
 
 const LINES_IN_PLANE = {
-  kezln3: plane([line("a b c", undefined, { normal: true }), point(Q1), point(Q2)],
+  kezln3: plane([line("a b c", { normal: true }), point(Q1), point(Q2)],
     { tell: "a b c" }),
-  kezlds: plane([line("a b c", undefined, { normal: true }), point(Q),
+  kezlds: plane([line("a b c", { normal: true }), point(Q),
     distance(foot(Q, "a b c"), Q, "d"), square(foot(Q, "a b c"), Q, sum(foot(Q, "a b c"),
       mixed("-b", "a")))]),
   kezln4: plane([line("a b c"), point(Q0), direction("p q", { from: Q0 })],
@@ -98,10 +124,10 @@ const LINES_IN_PLANE = {
       const [x, y, turn] = ["x0", "y0", "theta"].map(v.scalar);
       return [x + Math.cos(turn), y + Math.sin(turn), 0];
     }), "theta", { tone: "ink", radius: 70 })], { tell: "a b c" }),
-  kezln2: plane([line("a b c", undefined, { normal: true }), line("a2 b2 c2"),
+  kezln2: plane([line("a b c", { normal: true }), line("a2 b2 c2"),
     distance(foot(ORIGIN, "a b c"), foot(foot(ORIGIN, "a b c"), "a2 b2 c2"), "d",
       { tone: "ink" })], { tell: "a2 b2 c2" }),
-  kezln5: plane([line("a b c", undefined, { normal: true }), point(Q0), point(Q1), point(Q2),
+  kezln5: plane([line("a b c", { normal: true }), point(Q0), point(Q1), point(Q2),
     segment(Q0, Q1), segment(Q0, Q2),
     angle(Q0, Q1, BISECTED, undefined, { tone: "accent", radius: 50 }),
     angle(Q0, BISECTED, Q2, undefined, { tone: "accent", radius: 56 })],
@@ -115,6 +141,12 @@ const LINES_IN_PLANE = {
     point(mixed(1, "p"), "p")], { tell: "p q" }),
 };
 
+// The second direction, or its opposite where that is nearer to the first.
+const ACUTE = derived("ux uy uz wx wy wz", (v) => {
+  const [u, w] = [U.where(v), W.where(v)];
+  return dot(u, w) < 0 ? times(w, -1) : w;
+});
+
 const ANGLES = {
   kezphi: plane([segment(Q0, Q1), segment(Q0, Q2), point(Q0), point(Q1), point(Q2),
     angle(Q0, Q1, Q2, "phi")]),
@@ -123,7 +155,7 @@ const ANGLES = {
     ...ENDS, angle("x0 y0 z0", P1, P2, "phi", { radius: 56 })]),
   kezphip: space([...DIRECTIONS, beyond(sum(ORIGIN, U, -1), U, "", { tone: "soft" }),
     beyond(sum(ORIGIN, W, -1), W, "", { tone: "soft" }),
-    angle(ORIGIN, U, acute(), "phi", { radius: 56 })], { tell: "fail" }),
+    angle(ORIGIN, U, ACUTE, "phi", { radius: 56 })], { tell: "fail" }),
   kezmov: space([point(P1), vector(P1, P2, "P1 P2"), vector(P3, P4, "P3 P4"),
     vector(P1, MOVED, "", { tone: "soft", look: "dashed" }),
     shadows(P1, P2, MOVED, ["ax", "ay", "az"])]),
@@ -135,14 +167,6 @@ const ANGLES = {
     patch("A2 B2 C2 D2", undefined, { meets: ["A1 B1 C1 D1"] }),
     meeting("A1 B1 C1 D1", "A2 B2 C2 D2")], { tell: "rel", meanings: { rel: PLANES } }),
 };
-
-// The second direction, or its opposite where that is nearer to the first.
-function acute() {
-  return derived("ux uy uz wx wy wz", (v) => {
-    const [a, b, c, x, y, z] = ["ux", "uy", "uz", "wx", "wy", "wz"].map(v.scalar);
-    return a * x + b * y + c * z < 0 ? [-x, -y, -z] : [x, y, z];
-  });
-}
 
 const SOUGHT = [entries("x", "n"), interval("x", "i"), value("v")];
 
@@ -160,13 +184,11 @@ const TABLES = {
     cells("idx", { count: "count", links: "position" })], { tell: "count v", silent: "n" }),
 };
 
-const STEPS = derived("x1 y1 z1 x2 y2 z2 realstep", (v) =>
-  along(P1, P2, v.scalar("realstep")).where(v));
-
 const SAMPLING = {
   kezpas: space([segment(P1, P2), division(P1, P2, "nseg"), ...ENDS,
-    distance(P1, STEPS, "realstep", { tone: "accent", shift: 26 })], { tell: "nseg npts step" }),
-  keznst: space([segment(P1, P2), points("xs ys zs", "n", { numbers: true }), ...ENDS,
+    distance(P1, along(P1, P2, "realstep"), "realstep", { tone: "accent", shift: 26 })],
+  { tell: "nseg npts step" }),
+  keznst: space([segment(P1, P2), points("xs ys zs", "n"), ...ENDS,
     distance(P1, along(P1, P2, "step"), "step", { tone: "ink", shift: 26 })], { silent: "n" }),
   kezinr: chart([bars("y", "n", "a", "b")], { tell: "s a b", silent: "n" }),
   kezpar: lists([cells("list1", { count: "count1", links: "equal", to: 1 }),

@@ -54,7 +54,7 @@ const OF_U = mixed("u", 0);
 
 const WHOLE = {
   kezinp: plane([circleAbout(CENTRE, { terms: ["p", "q", "r"], of: RADIUS }, "", { tone: "soft" }),
-    segment("p r", mixed("q", "-r"), "", { look: "thin" }), point("p r", "p, r", { held: true }),
+    segment("p r", mixed("q", "-r"), "", { look: "thin" }), point("p r", "p, r"),
     point(mixed("q", "-r"), "q, −r"), point(OF_U, "u"), point(mixed("v", 0), "v"),
     angle(CENTRE, "p r", OF_U, undefined, { name: "2 theta", tone: "accent" })],
   { tell: "u v theta" }),

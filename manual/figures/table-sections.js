@@ -29,8 +29,7 @@ const STANDING = [dim("d", 1, 6, left), dim("b1", 1, 12, top), dim("t1", 12, 11,
 const NOWHERE = [NaN, NaN, NaN];
 
 // A vertex of a slot of the channel: those in the web come first.
-const slot = (number, vertex) => (v) =>
-  contours(v)[number(v)]?.places[vertex - 1] ?? NOWHERE;
+const slot = (number, vertex) => (v) => contours(v)[number(v)]?.places[vertex - 1] ?? NOWHERE;
 const webSlots = (v) => Math.round(v.scalar("nw"));
 const inWeb = (vertex) => slot(() => 1, vertex);
 const inFlange = (vertex) => slot((v) => 1 + Math.max(0, Math.min(2, webSlots(v) || 0)), vertex);
@@ -41,7 +40,7 @@ const lipped = { when: isLipped };
 const plain = { when: (v) => !isLipped(v) };
 // Where a dimension stands beside what it measures, towards the lips.
 const inFrontOf = (where) => (v) => {
-  const [x, y] = typeof where === "number" ? vertices(v)[where - 1] ?? NOWHERE : where(v);
+  const [x, y] = typeof where === "number" ? (vertices(v)[where - 1] ?? NOWHERE) : where(v);
   return [x + 0.12 * v.scalar("b"), y, 0];
 };
 const atWeb = (place) => (v) => [v.array("x")[0] ?? NaN, place(v)[1], 0];
@@ -86,7 +85,7 @@ const BUILDERS = {
     dim("g", mid(37, 40), mid(41, 44), bottom)]),
 };
 
-const upTo = (term, share) => (v) => [0, share * v.scalar(term)];
+const upTo = (term, times) => (v) => [0, times * v.scalar(term)];
 
 const DESIGN = {
   kezro2: curve("kezro2", "b", "rho", upTo("b", 1.7),

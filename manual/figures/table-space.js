@@ -1,11 +1,34 @@
 // Lines, planes and placement in space.
 
 import { chart, runningSum } from "./chart.js";
-import { angle, direction, distance, outline, point, segment, spot, square, swing, vector }
-  from "./marks.js";
+import {
+  angle,
+  direction,
+  distance,
+  HELP,
+  outline,
+  point,
+  segment,
+  spot,
+  square,
+  swing,
+  vector,
+} from "./marks.js";
 import { localAxes, newOrigin, placing, systemOf, turns } from "./moves.js";
-import { add, at, between, derived, foot, footOn, minus, mixed, ORIGIN, sum, turnedAbout,
-  unit } from "./places.js";
+import {
+  add,
+  at,
+  between,
+  derived,
+  foot,
+  footOn,
+  minus,
+  mixed,
+  ORIGIN,
+  sum,
+  turnedAbout,
+  unit,
+} from "./places.js";
 import { line, plane, points, polygon } from "./plane.js";
 import { facet, intercepts, meeting, patch, planeOf } from "./planes.js";
 import { axes, axisLine, beyond, legs, space, toLine } from "./space.js";
@@ -21,9 +44,6 @@ const U = "ux uy uz";
 const W = "wx wy wz";
 const D1 = "dx1 dy1 dz1";
 const D2 = "dx2 dy2 dz2";
-
-// What only helps to see where a place is.
-const HELP = { tone: "soft", look: "thin dashed" };
 
 const ENDS = [point(P1), point(P2)];
 const PLANE = "A B C D";
@@ -43,8 +63,8 @@ const IN_PLANE = { meanings: { status: { 0: "in the plane", "-1": "outside", 1: 
 // The third point, when it has swung about the line of the others.
 const SWUNG = derived("x1 y1 z1 x2 y2 z2 x3 y3 z3 angle", (v) => {
   const [p, q, r] = [P1, P2, P3].map((place) => place.where(v));
-  const foot = footOn(P3, P1, P2).where(v);
-  return add(foot, turnedAbout(minus(r, foot), unit(minus(q, p)), v.scalar("angle")));
+  const centre = footOn(P3, P1, P2).where(v);
+  return add(centre, turnedAbout(minus(r, centre), unit(minus(q, p)), v.scalar("angle")));
 });
 
 const lineThrough = (p, q) => [beyond(p, q), point(p), point(q)];
@@ -135,16 +155,22 @@ const SYSTEM = "m1 m2 m3 m4 m5 m6 m7 m8 m9";
 const O = at("x0 y0 z0");
 
 // The steps of a point along the local axes, which are its local coordinates.
-const step = (count) => derived(`p p' ${SYSTEM} mode`, (v) => {
-  const local = v.array(v.scalar("mode") === 1 ? "p" : "p'");
-  const system = SYSTEM.split(" ").map(v.scalar);
-  return [0, 1, 2].slice(0, count).reduce((place, i) =>
-    add(place, system.slice(3 * i, 3 * i + 3), local[i] ?? NaN), [0, 0, 0]);
-});
+const step = (count) =>
+  derived(`p p' ${SYSTEM} mode`, (v) => {
+    const local = v.array(v.scalar("mode") === 1 ? "p" : "p'");
+    const system = SYSTEM.split(" ").map(v.scalar);
+    return [0, 1, 2]
+      .slice(0, count)
+      .reduce((place, i) => add(place, system.slice(3 * i, 3 * i + 3), local[i] ?? NaN), [0, 0, 0]);
+  });
 
 const LOCAL = systemOf(O, "xa ya za", "xb yb zb");
 
-const moved = (names) => names.split(" ").map((name) => `${name}'`).join(" ");
+const moved = (names) =>
+  names
+    .split(" ")
+    .map((name) => `${name}'`)
+    .join(" ");
 
 const placed = [polygon("x y z", "n"), polygon(moved("x y z"), "n")];
 
@@ -166,7 +192,7 @@ const PLACEMENT = {
   kezrotx: turning("x y' z'", [1, 0, 0], "x axis"),
   kezroty: turning("x' y z'", [0, -1, 0], "y axis"),
   kezrotz: turning("x' y' z", [0, 0, 1], "z axis"),
-  kezptr: space([...placed, spot(ORIGIN, "soft"),
+  kezptr: space([...placed, spot(ORIGIN),
     placing("x y z", "n", "tx ty tz", "ax ay az", { least: 1e-5 })],
   { tell: "tx ty tz ax ay az", silent: "n" }),
   kezptrl: space([point(O), point("xa ya za"), point("xb yb zb"),

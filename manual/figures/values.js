@@ -7,6 +7,9 @@ const MOST = 60; // entries of a list that are drawn
 
 export const nameOf = (term) => TERM.exec(term)[2];
 
+// Names in words, before and after the call alike.
+export const plainNames = (terms) => terms.join(", ").replaceAll("'", "");
+
 // As it is written below a picture: `X.2` is X(2).
 export function spelled(term) {
   const [, sign, name, entry] = TERM.exec(term);
