@@ -1,6 +1,7 @@
 // Computes what the pages show: node pictures.mjs QUESTIONS ANSWERS. Of each routine the results of
 // its worked calls, in their order, by a library of its own, and the pictures of the first; and the
 // pictures' style.
+
 import { readFileSync, writeFileSync } from "node:fs";
 import { load } from "kezlib/browser.js";
 import { callWith, resultTexts, valuesOf } from "./browser/call.js";
@@ -18,13 +19,17 @@ function pictures(kez, routine, { values, results }) {
   const drawn = (options) =>
     draw(routine.name, values, results, { call, title: routine.sentence, ...options });
   return {
-    picture: drawn({}), small: drawn({ small: true }), alone: drawn({ standalone: true }),
+    picture: drawn({}),
+    small: drawn({ small: true }),
+    alone: drawn({ standalone: true }),
   };
 }
 
 function copies(routine, texts, results) {
-  const statements = routine.languages.map((language) =>
-    [language.key, asStatements(routine, texts, language)]);
+  const statements = routine.languages.map((language) => [
+    language.key,
+    asStatements(routine, texts, language),
+  ]);
   return { ...Object.fromEntries(statements), kezcall: asRow(routine, texts, results) };
 }
 

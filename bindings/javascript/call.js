@@ -6,7 +6,7 @@ import {
 } from "./values.js";
 
 // What no routine writes: a quiet not-a-number with a payload of its own, the smallest integer.
-const UNWRITTEN = { real: 0x7fe5a5a5, integer: -(2 ** 31) };
+export const UNWRITTEN = { real: 0x7fe5a5a5, integer: -(2 ** 31) };
 
 const WORD = 4;
 

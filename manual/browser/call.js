@@ -1,16 +1,15 @@
 // One call of a routine with what stands in the fields: texts in, results out. The same code runs
 // when the pages are made and in them.
+
+import { UNWRITTEN } from "kezlib/call.js";
 import { looksReal, parse, ROOM, shown, tokens } from "./numbers.js";
 
 const ARRAYS = { real: Float32Array, integer: Int32Array };
 
-// What the binding leaves in entries that the library has not written, and what stands in those
-// that are nothing but room for it: in texts a point, as in kezcall's rows.
-const UNWRITTEN = { real: 0x7fe5a5a5, integer: -(2 ** 31) };
-
+// What stands for an entry that is nothing but room: in texts a point, as in kezcall's rows.
 const EMPTY = { real: NaN, integer: UNWRITTEN.integer };
 
-/** What is wrong with the text of one field. */
+// What is wrong with the text of one field.
 export class FieldError extends Error {
   constructor(name, message) {
     super(message);
@@ -22,7 +21,7 @@ export const inputsOf = (routine) => routine.arguments.filter((a) => a.direction
 export const outputsOf = (routine) => routine.arguments.filter((a) => a.direction !== "in");
 export const isArray = (argument) => argument.extent !== "" && argument.kind !== "callback";
 
-/** Of lists of either kind: reals if anything in them is one. */
+// Of lists of either kind: reals if anything in them is one.
 export function kindOfWords(routine, texts) {
   const words = inputsOf(routine).filter((a) => a.kind === "word");
   return words.some((a) => looksReal(texts[a.name])) ? "real" : "integer";
@@ -44,13 +43,14 @@ function arrayOf(numbers, text, kind) {
 function numbersOf(argument, text, kind) {
   try {
     return tokens(text).map((token) =>
-      isRoom(argument, token) ? EMPTY[kind] : parse(token, kind));
+      isRoom(argument, token) ? EMPTY[kind] : parse(token, kind),
+    );
   } catch (error) {
     throw new FieldError(argument.name, error.message);
   }
 }
 
-/** A routine of the host that has these values to give, and no others. */
+// A routine of the host that has these values to give, and no others.
 function called(argument, numbers) {
   return (i) => {
     if (i <= numbers.length) return numbers[i - 1];
@@ -68,11 +68,12 @@ function valueOf(argument, text, words) {
   return argument.kind === "word" && kind === "real" ? ARRAYS.real.from(numbers)[0] : numbers[0];
 }
 
-/** The values by argument that the binding takes. */
+// The values by argument that the binding takes.
 export function valuesOf(routine, texts) {
   const words = kindOfWords(routine, texts);
   return Object.fromEntries(
-    inputsOf(routine).map((a) => [a.name, valueOf(a, texts[a.name], words)]));
+    inputsOf(routine).map((a) => [a.name, valueOf(a, texts[a.name], words)]),
+  );
 }
 
 export const callWith = (kez, routine, values) =>
@@ -82,22 +83,26 @@ function entryTexts(entries, mayBeRoom) {
   const kind = entries instanceof Float32Array ? "real" : "integer";
   const bits = new Int32Array(entries.buffer, entries.byteOffset, entries.length);
   return Array.from(entries, (value, i) =>
-    mayBeRoom && bits[i] === UNWRITTEN[kind] ? ROOM : shown(value, kind));
+    mayBeRoom && bits[i] === UNWRITTEN[kind] ? ROOM : shown(value, kind),
+  );
 }
 
-/** Whether a result may still hold what stood for nothing. */
+// Whether a result may still hold what stood for nothing.
 const mayBeRoom = (argument, before) =>
-  (before === undefined ? argument.kept !== "" : tokens(before).includes(ROOM));
+  before === undefined ? argument.kept !== "" : tokens(before).includes(ROOM);
 
-/** A result as it is shown, null where nothing was written. */
+// A result as it is shown, null where nothing was written.
 function resultText(argument, value, before) {
   if (value === undefined) return null;
   if (typeof value === "number")
     return mayBeRoom(argument, before) && Object.is(value, EMPTY[argument.kind])
-      ? null : shown(value, argument.kind);
+      ? null
+      : shown(value, argument.kind);
   const texts = entryTexts(value, mayBeRoom(argument, before));
   return texts.length && texts.every((text) => text === ROOM) ? null : texts.join(" ");
 }
 
-export const resultTexts = (routine, results, inputs) => Object.fromEntries(
-  outputsOf(routine).map((a) => [a.name, resultText(a, results[a.name], inputs[a.name])]));
+export const resultTexts = (routine, results, inputs) =>
+  Object.fromEntries(
+    outputsOf(routine).map((a) => [a.name, resultText(a, results[a.name], inputs[a.name])]),
+  );

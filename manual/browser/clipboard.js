@@ -12,7 +12,7 @@ async function copyText(text) {
   }
 }
 
-/** A button that copies what `text` gives, and says so. */
+// A button that copies what `text` gives, and says so.
 export function startCopying(button, text) {
   const label = button.textContent;
   button.addEventListener("click", async () => {

@@ -1,5 +1,6 @@
 // A call as text that a reader takes with him: in each language by its template, whose holes
 // «x1» and «#X» are what an argument holds and its number of entries; and as a row for kezcall.
+
 import { inputsOf, isArray, kindOf, kindOfWords, outputsOf } from "./call.js";
 import { parse, ROOM, shortest, tokens } from "./numbers.js";
 import { sizeOf } from "./extents.js";
@@ -24,15 +25,18 @@ function inRows(entries, { joint, row, row_joint: rowJoint }) {
 
 function held(routine, texts, literals) {
   const words = kindOfWords(routine, texts);
-  return Object.fromEntries(inputsOf(routine).map((a) => {
-    const entries = tokens(texts[a.name])
-      .map((token) => literal(token, kindOf(a, words), literals));
-    return [a.name, inRows(entries, literals) || literals.filler];
-  }));
+  return Object.fromEntries(
+    inputsOf(routine).map((a) => {
+      const entries = tokens(texts[a.name]).map((token) =>
+        literal(token, kindOf(a, words), literals),
+      );
+      return [a.name, inRows(entries, literals) || literals.filler];
+    }),
+  );
 }
 
-/** The number of entries a host makes room for. */
-function entries(argument, routine, texts) {
+// The number of entries a host makes room for.
+function roomOf(argument, routine, texts) {
   if (argument.direction !== "out") return tokens(texts[argument.name]).length;
   return sizeOf(argument, routine, texts);
 }
@@ -42,12 +46,12 @@ export function asStatements(routine, texts, { templates, literals }) {
   const values = held(routine, texts, literals);
   return template.replace(/«(#?)(\w+)\.?»/g, (hole, size, name) => {
     if (!size) return values[name];
-    const count = entries(routine.arguments.find((a) => a.name === name), routine, texts);
-    return String(Math.max(count, literals.filler ? 1 : 0));
+    const argument = routine.arguments.find((a) => a.name === name);
+    return String(Math.max(roomOf(argument, routine, texts), literals.filler ? 1 : 0));
   });
 }
 
-/** Digits as kezcall reads them, which knows a list of reals by a point. */
+// Digits as kezcall reads them, which knows a list of reals by a point.
 function operandToken(token, kind, isWord) {
   if (token === ROOM) return token;
   const value = parse(token, kind);
@@ -58,16 +62,17 @@ function operandToken(token, kind, isWord) {
 
 function operand(argument, texts, words) {
   const kind = kindOf(argument, words);
-  const found = tokens(texts[argument.name])
-    .map((token) => operandToken(token, kind, argument.kind === "word"));
+  const found = tokens(texts[argument.name]).map((token) =>
+    operandToken(token, kind, argument.kind === "word"),
+  );
   return isArray(argument) || argument.kind === "callback" ? `[${found.join(" ")}]` : found[0];
 }
 
-/** Entries that were not written, and those that the binding cuts off, are points. */
+// Entries that were not written, and those that the binding cuts off, are points.
 function wanted(argument, routine, texts, result) {
   if (!isArray(argument)) return result ?? ROOM;
   const written = tokens(result ?? "");
-  const missing = Math.max(entries(argument, routine, texts) - written.length, 0);
+  const missing = Math.max(roomOf(argument, routine, texts) - written.length, 0);
   return `[${[...written, ...Array(missing).fill(ROOM)].join(" ")}]`;
 }
 

@@ -4,10 +4,11 @@
 const STEPS = { ArrowLeft: [-1, 0], ArrowRight: [1, 0], ArrowUp: [0, 1], ArrowDown: [0, -1] };
 const KEY_STEP = 8; // of the picture's units
 
-/** The pointer in the units of the picture's viewBox. */
+// The pointer in the units of the picture's viewBox.
 function positionIn(svg, event) {
-  const { x, y } = new DOMPoint(event.clientX, event.clientY)
-    .matrixTransform(svg.getScreenCTM().inverse());
+  const { x, y } = new DOMPoint(event.clientX, event.clientY).matrixTransform(
+    svg.getScreenCTM().inverse(),
+  );
   return [x, y];
 }
 
@@ -18,7 +19,7 @@ const scaleOf = (svg) => {
 
 const coordinates = ({ scale, left, top }, [x, y]) => [(x - left) / scale, (top - y) / scale];
 
-/** As few digits as tell positions of the picture apart. */
+// As few digits as tell positions of the picture apart.
 function rounded(value, scale) {
   const digits = Math.max(0, Math.min(9, Math.ceil(Math.log10(scale))));
   return String(Number(value.toFixed(digits)));
@@ -28,11 +29,12 @@ const handleOf = (event) => event.target.closest?.(".handle");
 
 const sameHandle = (figure, { x, y, entry }) =>
   [...figure.querySelectorAll(".handle")].find(
-    ({ dataset }) => dataset.x === x && dataset.y === y && dataset.entry === entry);
+    ({ dataset }) => dataset.x === x && dataset.y === y && dataset.entry === entry,
+  );
 
 export class Dragging {
-  /** `where(names)` says where the inputs of a handle are, `move(names, texts)` is told what they
-   * become. */
+  // `where(names)` says where the inputs of a handle are, `move(names, texts)` is told what they
+  // become.
   constructor(figure, where, move) {
     Object.assign(this, { figure, where, move, held: null });
     figure.addEventListener("pointerdown", (event) => this.take(event));
@@ -78,7 +80,7 @@ export class Dragging {
     sameHandle(this.figure, names)?.focus();
   }
 
-  /** What the drawing is held to while a handle is, so that nothing moves under the pointer. */
+  // What the drawing is held to while a handle is, so that nothing moves under the pointer.
   get view() {
     if (!this.held) return undefined;
     const { scale, left, top } = this.held.view;

@@ -1,11 +1,13 @@
 // The form with the inputs as text, and the list of the results.
+
 import { isArray, outputsOf } from "./call.js";
 import { tokens } from "./numbers.js";
 
 export class Fields {
   constructor(form, changed) {
     this.inputs = new Map(
-      [...form.elements].filter((e) => e.name).map((input) => [input.name, input]));
+      [...form.elements].filter((e) => e.name).map((input) => [input.name, input]),
+    );
     form.addEventListener("input", changed);
     form.addEventListener("submit", (event) => event.preventDefault());
   }
@@ -21,16 +23,15 @@ export class Fields {
     }
   }
 
-  /** Marks the one field that is at fault, or none. */
+  // Marks the one field that is at fault, or none.
   blame(name) {
     for (const [each, input] of this.inputs) {
-      const isAtFault = each === name;
-      input.toggleAttribute("aria-invalid", isAtFault);
-      if (isAtFault) input.setAttribute("aria-invalid", "true");
+      if (each === name) input.setAttribute("aria-invalid", "true");
+      else input.removeAttribute("aria-invalid");
     }
   }
 
-  /** One coordinate, or one entry of an array of them. */
+  // One coordinate, or one entry of an array of them.
   coordinate(name, entry) {
     const entries = tokens(this.inputs.get(name)?.value ?? "");
     return Number(entries[entry === undefined ? 0 : Number(entry) - 1]);

@@ -1,4 +1,5 @@
 // A routine's page: its inputs can be changed, and the library runs in the page.
+
 import { load } from "kezlib/browser.js";
 import { draw } from "../figures/draw.js";
 import { fragmentOf, textsInAddress } from "./address.js";
@@ -16,15 +17,18 @@ const list = document.getElementById("results");
 const message = document.getElementById("message");
 
 class Live {
-  /** Curves have a library of their own: their calls are none of those whose values are kept. */
+  // Curves have a library of their own: their calls are none of those whose values are kept.
   constructor(kez, forCurves) {
     Object.assign(this, { kez, forCurves });
     this.fields = new Fields(document.getElementById("fields"), () => this.changed());
     this.dragging = new Dragging(
-      figure, (handle) => this.where(handle), (handle, texts) => this.dragged(handle, texts));
+      figure,
+      (handle) => this.where(handle),
+      (handle, texts) => this.dragged(handle, texts),
+    );
   }
 
-  /** Shows what the address says, over the example. */
+  // Shows what the address says, over the example.
   restore() {
     const texts = textsInAddress(location.hash);
     const known = Object.entries(texts).filter(([name]) => name in routine.example);
@@ -82,11 +86,12 @@ class Live {
     for (const code of document.querySelectorAll("[data-call]")) {
       const language = routine.languages.find(({ key }) => key === code.dataset.call);
       code.textContent = language
-        ? asStatements(routine, texts, language) : asRow(routine, texts, results);
+        ? asStatements(routine, texts, language)
+        : asRow(routine, texts, results);
     }
   }
 
-  /** Says in words what is wrong, and with which field. */
+  // Says in words what is wrong, and with which field.
   fail(error) {
     const field = error instanceof FieldError ? error.field : undefined;
     this.fields.blame(field ?? error?.message.match(/^\w+: (\w+)\b/)?.[1]);

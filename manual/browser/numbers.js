@@ -18,19 +18,23 @@ function parseInteger(text) {
 
 export const parse = (text, kind) => (kind === "integer" ? parseInteger(text) : parseReal(text));
 
-/** What stands for an entry that is only room, or was not written. */
+// What stands for an entry that is only room, or was not written.
 export const ROOM = ".";
 
 // A minus sign may be pasted as well as typed.
-export const tokens = (text) => text.replaceAll("−", "-").split(/[\s,;]+/).filter(Boolean);
+export const tokens = (text) =>
+  text
+    .replaceAll("−", "-")
+    .split(/[\s,;]+/)
+    .filter(Boolean);
 
-/** Whether what stands in a list of either kind makes it one of reals. */
+// Whether what stands in a list of either kind makes it one of reals.
 export const looksReal = (text) =>
   tokens(text).some((token) => token !== ROOM && /[.en]/i.test(token));
 
 const same = (text, value) => Math.fround(Number(text)) === value;
 
-/** The shortest text that is read as this single again. */
+// The shortest text that is read as this single again.
 export function shortest(value) {
   if (Number.isNaN(value)) return "nan";
   if (!Number.isFinite(value)) return value < 0 ? "-inf" : "inf";

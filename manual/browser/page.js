@@ -22,7 +22,7 @@ function startTheme(button) {
   label();
 }
 
-/** The table of contents stands open where there is room beside the text. */
+// The table of contents stands open where there is room beside the text.
 function foldContents(details) {
   const narrow = matchMedia(NARROW);
   const fold = () => {
@@ -32,7 +32,7 @@ function foldContents(details) {
   fold();
 }
 
-/** Without moving the page itself. */
+// Without moving the page itself.
 function showCurrent(contents) {
   const current = contents.querySelector(".members [aria-current]");
   if (current) contents.scrollTop = current.offsetTop - contents.clientHeight / 2;
@@ -43,5 +43,8 @@ startTheme(document.getElementById("theme"));
 foldContents(contents);
 showCurrent(contents);
 startSearch(
-  document.getElementById("search"), document.getElementById("found"), window.manualIndex);
+  document.getElementById("search"),
+  document.getElementById("found"),
+  window.manualIndex,
+);
 document.querySelectorAll(".tabs").forEach(startTabs);

@@ -7,16 +7,19 @@ const ALSO = { rotate: "turn", rotation: "turn", translate: "move", inertia: "se
   polygon: "outline", buckling: "buckle", sort: "order" };
 
 const wordsOf = (text) =>
-  text.toLowerCase().split(/\.*(?:[^a-z0-9_#+.-]+|$)/).filter(Boolean);
+  text
+    .toLowerCase()
+    .split(/\.*(?:[^a-z0-9_#+.-]+|$)/)
+    .filter(Boolean);
 
-/** Those that tell something, if any does. */
+// Those that tell something, if any does.
 function asked(text) {
   const words = wordsOf(text);
   const telling = words.filter((word) => !SMALL.has(word));
   return telling.length ? telling : words;
 }
 
-/** Of one word, or what says the same: the better the higher, 0 when it is nowhere. */
+// Of one word, or what says the same: the better the higher, 0 when it is nowhere.
 const worth = (word, entry) =>
   Math.max(worthOfText(word, entry), ALSO[word] ? worthOfText(ALSO[word], entry) / 2 : 0);
 
@@ -34,7 +37,7 @@ function worthOfText(word, [name, sentence, place, , said]) {
   return ` ${said}`.includes(` ${word}`) ? 3 : 0;
 }
 
-/** The entries that have every word, best first; those of equal worth in their own order. */
+// The entries that have every word, best first; those of equal worth in their own order.
 function having(words, index) {
   const worthOf = (entry) => {
     const worths = words.map((word) => worth(word, entry));
@@ -47,7 +50,7 @@ function having(words, index) {
     .map((each) => each.entry);
 }
 
-/** Whether a letter too many, too few, another or two exchanged make the difference. */
+// Whether a letter too many, too few, another or two exchanged make the difference.
 function isSlip(word, other) {
   let same = 0;
   while (same < word.length && word[same] === other[same]) ++same;
@@ -60,8 +63,9 @@ const SHORTEST = 4; // of the words that are corrected
 
 function corrected(word, index) {
   if (word.length < SHORTEST || index.some((entry) => worth(word, entry))) return word;
-  const known = index.flatMap(
-    ([name, sentence, , , said]) => wordsOf(`${name} ${sentence} ${said}`));
+  const known = index.flatMap(([name, sentence, , , said]) =>
+    wordsOf(`${name} ${sentence} ${said}`),
+  );
   return known.find((other) => isSlip(word, other)) ?? word;
 }
 
@@ -69,6 +73,7 @@ export function ranked(index, text, most = 30) {
   const words = asked(text);
   if (words.length === 0) return [];
   const found = having(words, index);
-  const best = found.length ? found : having(words.map((word) => corrected(word, index)), index);
-  return best.slice(0, most);
+  if (found.length) return found.slice(0, most);
+  const meant = words.map((word) => corrected(word, index));
+  return having(meant, index).slice(0, most);
 }

@@ -1,4 +1,5 @@
 // The search: a combobox whose list shows what was found. "/" goes there from anywhere.
+
 import { ranked } from "./ranking.js";
 
 function option([name, sentence, place, href], i) {

@@ -1,5 +1,6 @@
 // Tabs as the ARIA practices have them: one is in the order of the Tab key, arrows move between
 // them. The language is remembered for the next page.
+
 import { remember, remembered } from "./memory.js";
 
 const MOVES = { ArrowLeft: -1, ArrowRight: 1, Home: -Infinity, End: Infinity };

@@ -1,4 +1,5 @@
 // Loaded before the page is painted, so that a chosen theme does not flash up the other first.
+
 import { remembered } from "./memory.js";
 
 const theme = remembered("theme");

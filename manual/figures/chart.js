@@ -118,7 +118,7 @@ export function runningSum(text, count, normal, constant, chosen, of) {
     paint(sheet, v) {
       const all = sums(v);
       if (!all.every(exists)) return;
-      for (let i = 1; i < all.length; i += 1) {
+      for (let i = 1; i < all.length; ++i) {
         const [p, q] = [all[i - 1], all[i]];
         sheet.stroke([p, [q[0], p[1], 0]], "soft thin dashed");
         sheet.arrow([q[0], p[1], 0], q, "ink");

@@ -251,7 +251,7 @@ export const pairs = (first, second, count) => ({
   terms: [first, second, count],
   paint(sheet, place, v) {
     const total = v.count(count, Math.min(v.array(first).length, v.array(second).length));
-    for (let k = 0; k < total; k += 1) {
+    for (let k = 0; k < total; ++k) {
       const [i, j] = [v.array(first)[k] - 1, v.array(second)[k] - 1];
       if (!(i >= 0 && j >= 0 && i < MOST && j < MOST)) continue;
       const [p, q] = [place.at(0, i), place.at(1, j)];

@@ -292,7 +292,7 @@ export function division(from, to, count) {
     [at(from), at(to)],
     (sheet, [p, q], colour, v) => {
       const parts = Math.min(60, v.scalar(count));
-      for (let i = 1; i < parts; i += 1) {
+      for (let i = 1; i < parts; ++i) {
         const place = add(times(p, 1 - i / parts), q, i / parts);
         sheet.drop?.(place);
         sheet.dot(place, "accent");

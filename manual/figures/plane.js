@@ -260,7 +260,7 @@ export function parallels(text, count, order) {
         if (place) sheet.label(`number ${place}`, [sheet.to(places[i])], "accent");
       });
       const ordered = v.array(order).map((i) => places[i - 1] ?? [NaN]);
-      for (let i = 1; i < ordered.length; i += 1) {
+      for (let i = 1; i < ordered.length; ++i) {
         if (exists(ordered[i - 1]) && exists(ordered[i]))
           sheet.arrow(ordered[i - 1], ordered[i], "accent", "accent thin");
       }

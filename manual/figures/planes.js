@@ -31,7 +31,7 @@ function spread(normal) {
 function anchorOf(text, { meets, from }, v, whole) {
   const wanted = from?.where(v) ?? [NaN];
   let p = exists(wanted) ? wanted : whole.middle;
-  for (let i = 0; i < 30; i += 1) {
+  for (let i = 0; i < 30; ++i) {
     for (const other of meets) {
       const q = onSurface(p, other, v);
       if (exists(q)) p = q;

@@ -56,7 +56,7 @@ export class Sheet {
     if (!drawn(points)) return;
     this.put(layer, element("path", { class: look.trim(), d: path(points, closed) }));
     const all = closed ? [...points, points[0]] : points;
-    for (let i = 1; i < all.length; i += 1) {
+    for (let i = 1; i < all.length; ++i) {
       if (near(all[i - 1]) && near(all[i])) this.strokes.push([all[i - 1], all[i], weight]);
     }
   }

@@ -195,7 +195,7 @@ export function legs(from, to, names = []) {
     [at(from), at(to)],
     (sheet, [p, q]) => {
       const stops = [p, [q[0], p[1], p[2]], [q[0], q[1], p[2]], q];
-      for (let i = 0; i < 3; i += 1) {
+      for (let i = 0; i < 3; ++i) {
         sheet.stroke([stops[i], stops[i + 1]], "accent thin dashed", { weight: 0.5 });
         sheet.label(names[i], [sheet.to(times(add(stops[i], stops[i + 1]), 0.5))], "accent");
       }
