@@ -79,11 +79,11 @@ def limit(argument, routine, sizes):
 
 
 def printing(argument, routine, sizes, form):
-    name, form = argument.name, FORMATS[kind_of(argument, form)]
+    name, shown = argument.name, FORMATS[kind_of(argument, form)]
     if not argument.extent:
-        return f'printf("{name} = {form}\\n", {name});'
+        return f'printf("{name} = {shown}\\n", {name});'
     return (f"for (int entry = 0; entry < {limit(argument, routine, sizes)}; entry++) "
-            f'printf("{name}[%d] = {form}\\n", entry, {name}[entry]);')
+            f'printf("{name}[%d] = {shown}\\n", entry, {name}[entry]);')
 
 
 def call(routine, literals, sizes):

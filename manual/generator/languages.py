@@ -6,7 +6,7 @@ from dataclasses import dataclass
 import c
 from interface.writers import all_writers
 
-ORDER = ["C", "Python", "Fortran", "C#", "VBA", "Pascal", "JavaScript", "TypeScript"]
+ORDER = ["C", "Python", "Fortran", "C#", "VBA", "Pascal", "JavaScript", "TypeScript"]  # then others
 
 
 @dataclass
@@ -29,7 +29,7 @@ def key_of(title):
 def tabs():
     writers = [c, *(w for w in all_writers().values() if hasattr(w, "LANGUAGE"))]
     ordered = sorted((w for w in writers if hasattr(w, "call")),
-                     key=lambda w: ORDER.index(w.LANGUAGE.title))
+                     key=lambda w: [*ORDER, w.LANGUAGE.title].index(w.LANGUAGE.title))
     return [Tab(key_of(w.LANGUAGE.title), w.LANGUAGE.title, w.LANGUAGE.literals, w,
                 "c" if w is c else pathlib.PurePath(w.LANGUAGE.file).parts[0]) for w in ordered]
 

@@ -188,7 +188,7 @@ class Site:
 
     def shapes_page(self):
         builders = [r for r in self.interface.routines if r.name.startswith(BUILDER)]
-        group = next(g for g in self.interface.groups if g.title == builders[0].group)
+        group = routine.family(builders[0], self.interface)
         shapes = [{"name": r.name, "href": f"{r.name}.html",
                    "summary": self.prose.inline(routine.sentence(r)),
                    "picture": Safe(self.drawn[r.name].picture),

@@ -11,6 +11,7 @@ UNIT = re.compile(r" \((lengths?(?:\^\d)?|rad|stress)\)")
 NAME = re.compile(r"\bkez\w+\b")
 CLAUSE = r"(?:table )?\d[\d.]*\d(?: \([^)]*\))?"
 SOURCE = re.compile(rf"EN 199\d-\d-\d(?:, {CLAUSE}(?: and {CLAUSE})*)?")
+FIRST = re.compile(r"(?:[^\n]|\n(?!\n))+?(?<! )(?<!\.\.)\.(?=\s|$)")  # the first sentence
 TIME = re.compile(r"(?m)^Time: ((?:.|\n(?!\n))+)\.$")
 
 
@@ -63,23 +64,20 @@ def related(routine, interface):
     named = [n for n in NAME.findall(whole_text(routine)) if n in known]
     naming = [r.name for r in interface.routines
               if routine.name in NAME.findall(whole_text(r))]
-    family = [r.name for r in interface.routines if r.group == routine.group]
-    here = family.index(routine.name)
-    near = sorted(family, key=lambda name: abs(family.index(name) - here))[1:5]
-    names = dict.fromkeys([*named, *naming, *sorted(near, key=family.index)])
+    members = [r.name for r in interface.routines if r.group == routine.group]
+    here = members.index(routine.name)
+    near = sorted(members, key=lambda name: abs(members.index(name) - here))[1:5]
+    names = dict.fromkeys([*named, *naming, *sorted(near, key=members.index)])
     return [known[name] for name in names if name != routine.name]
 
 
-def family_text(routine, interface):
+def family(routine, interface):
     return next(g for g in interface.groups if g.title == routine.group)
 
 
 def sentence(routine):
     """The summary. One that ends in a colon leads up to what is said behind it."""
     return routine.summary.rstrip(":.") + "."
-
-
-FIRST = re.compile(r"(?:[^\n]|\n(?!\n))+?(?<! )(?<!\.\.)\.(?=\s|$)")
 
 
 def lead_and_description(routine):

@@ -10,6 +10,8 @@ from markupsafe import Markup as Safe
 from . import languages, routine, worked
 from .markup import plain_text
 
+KEPT = {"in": "", "out": "kept", "in and out": "unchanged"}  # by direction, what is not written
+
 
 @dataclass
 class Card:
@@ -90,9 +92,6 @@ def input_rows(rows, call, prose):
                    "note": "here the values that it returns, one after another" if called else ""}
 
 
-KEPT = {"in": "", "out": "kept", "in and out": "unchanged"}
-
-
 def kept_text(row):
     if not row.kept:
         return ""
@@ -112,7 +111,7 @@ def routine_values(r, site):
     prose, calls = site.prose, site.calls[r.name]
     shown, folded = worked.shown_and_folded(worked.groups(calls))
     tabs = tab_values(r, site.drawn[r.name].copies, site.tabs, dict(site.language_pages()))
-    group = routine.family_text(r, site.interface)
+    group = routine.family(r, site.interface)
     lead, description = routine.lead_and_description(r)
     return {
         "name": r.name, "summary": prose.inline(lead),
