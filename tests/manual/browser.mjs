@@ -1,4 +1,5 @@
 // A real browser, and the manual that it is to show: the folders come in the environment.
+
 import { execFileSync } from "node:child_process";
 import { readdirSync, readFileSync } from "node:fs";
 import { createRequire } from "node:module";
@@ -22,13 +23,13 @@ export const launch = () =>
 
 export const ready = (tab) => tab.waitForSelector("html[data-live]", { state: "attached" });
 
-/** Opens a page, and waits for the library where it runs in it. */
+// Opens a page, and waits for the library where it runs in it.
 export async function open(tab, page) {
   await tab.goto(address(page));
   if (routines.includes(page)) await ready(tab);
 }
 
-/** A tab that notes what must not happen in it. */
+// A tab that notes what must not happen in it.
 export async function watchedTab(browser, options = {}) {
   const context = await browser.newContext(options);
   const tab = await context.newPage();

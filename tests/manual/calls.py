@@ -41,23 +41,15 @@ def values(row, literals):
 
 
 def call(row):
-    return {"comment": row.comment, "inputs": values(row, row.given),
-            "results": values(row, row.wanted)}
-
-
-def described(routine):
-    return {"group": routine.group,
-            "arguments": [{"name": argument.name, "kind": argument.kind,
-                           "direction": argument.direction, "list": bool(argument.extent)}
-                          for argument in routine.arguments]}
+    return {"inputs": values(row, row.given), "results": values(row, row.wanted)}
 
 
 def main():
     interface = reader.read()
-    found = {routine.name: described(routine) for routine in interface.routines}
-    for name, worked in rows.worked_calls(interface).items():
-        found[name]["calls"] = [call(row) for row in worked]
-    print(json.dumps(found))
+    worked = rows.worked_calls(interface)
+    print(json.dumps({r.name: {"arguments": [a.name for a in r.arguments],
+                               "calls": [call(row) for row in worked[r.name]]}
+                      for r in interface.routines}))
 
 
 if __name__ == "__main__":

@@ -4,6 +4,7 @@ A host takes the copied texts by names of their own and a `Place`, and gives by 
 output was printed as, its entries in a list; nothing or None of one that was kept.
 """
 
+import ctypes
 import json
 import os
 import pathlib
@@ -126,7 +127,7 @@ def csharp(texts, place):
 def vba(texts, place):
     """By the parser, as there is no VBA here."""
     declarations = vba_calls.module(place.binding("vba") / "KezLib.bas")
-    library = vba_calls.ctypes.CDLL(str(place.library))
+    library = ctypes.CDLL(str(place.library))
     found = {}
     for name, text in texts.items():
         lines = physical_lines((text.replace("\n", "\r\n") + "\r\n").encode())

@@ -1,4 +1,5 @@
 // What a reader does on the pages: changing numbers, dragging, copying, searching.
+
 import assert from "node:assert/strict";
 import { mkdtempSync, writeFileSync } from "node:fs";
 import { tmpdir } from "node:os";
@@ -20,21 +21,30 @@ const field = (name) => tab.locator(`#fields [name="${name}"]`);
 const picture = () => tab.locator("#picture").innerHTML();
 const message = () => tab.locator("#message").textContent();
 
-const fields = () => tab.evaluate(() =>
-  [...document.querySelectorAll("#fields input")].map((input) => [input.name, input.value]));
+const fields = () =>
+  tab.evaluate(() =>
+    [...document.querySelectorAll("#fields input")].map((input) => [input.name, input.value]),
+  );
 
-const results = async () => Object.fromEntries(await tab.evaluate(() =>
-  [...document.querySelectorAll("#results > div")].map((entry) =>
-    [...entry.children].map((child) => child.textContent))));
+const results = async () =>
+  Object.fromEntries(
+    await tab.evaluate(() =>
+      [...document.querySelectorAll("#results > div")].map((entry) =>
+        [...entry.children].map((child) => child.textContent),
+      ),
+    ),
+  );
+
+const written = (text) => text.split(" ").filter((token) => token !== ".");
+
+function answeredLine(line) {
+  const [, name, value] = /^(\w+) +(?:= )?(.*?)(?: +unchanged)?$/.exec(line);
+  const shown = value === "not written" ? "kept" : value.replace(/^\[(.*)\]$/, "$1");
+  return [name, written(shown).join(" ") || "kept"];
+}
 
 // Of kezcall's answer, by output what the page shows.
-function answered(text) {
-  return Object.fromEntries(text.trim().split("\n").map((line) => {
-    const [, name, value] = /^(\w+) +(?:= )?(.*?)(?: +unchanged)?$/.exec(line);
-    const shown = value === "not written" ? "kept" : value.replace(/^\[(.*)\]$/, "$1");
-    return [name, shown.split(" ").filter((token) => token !== ".").join(" ") || "kept"];
-  }));
-}
+const answered = (text) => Object.fromEntries(text.trim().split("\n").map(answeredLine));
 
 // To some last places: sines and the like are the platform's.
 function agree(one, other) {
@@ -46,10 +56,11 @@ function agree(one, other) {
 function assertSame(found, wanted, what) {
   assert.deepEqual(Object.keys(found), Object.keys(wanted), what);
   for (const [name, text] of Object.entries(wanted)) {
-    const [ours, theirs] = [found[name], text].map((each) => each.split(" ")
-      .filter((token) => token !== "."));
-    assert.ok(ours.length === theirs.length && ours.every((token, i) => agree(token, theirs[i])),
-      `${what}: ${name} is ${found[name]}, kezcall has ${text}`);
+    const [ours, theirs] = [found[name], text].map(written);
+    assert.ok(
+      ours.length === theirs.length && ours.every((token, i) => agree(token, theirs[i])),
+      `${what}: ${name} is ${found[name]}, kezcall has ${text}`,
+    );
   }
 }
 
@@ -122,9 +133,13 @@ test("a worked call goes into the fields, and the way back out of them", async (
 });
 
 test("a browser that remembers nothing shows what is chosen all the same", async () => {
-  await tab.addInitScript(() => Object.defineProperty(window, "localStorage", {
-    get() { throw new DOMException("refused", "SecurityError"); },
-  }));
+  await tab.addInitScript(() =>
+    Object.defineProperty(window, "localStorage", {
+      get() {
+        throw new DOMException("refused", "SecurityError");
+      },
+    }),
+  );
   await open(tab, "kezlci.html");
   await tab.locator("#tab-fortran").click();
   assert.ok(await tab.locator("#panel-fortran").isVisible());
@@ -201,7 +216,10 @@ test("a point of a list is moved by the arrow keys, alone", async () => {
   assert.deepEqual(await entries("X"), x);
   const moved = await entries("Y");
   assert.ok(Number(moved[1]) > Number(y[1]), `${y} became ${moved}`);
-  assert.deepEqual(moved.filter((_, i) => i !== 1), y.filter((_, i) => i !== 1));
+  assert.deepEqual(
+    moved.filter((_, i) => i !== 1),
+    y.filter((_, i) => i !== 1),
+  );
 });
 
 test("every language's call follows the numbers, and kezcall takes its row", async () => {
@@ -231,7 +249,10 @@ test("the keyboard alone: search, a tab that is remembered, a point, the theme",
   await tab.keyboard.press("/");
   await tab.keyboard.type("line circle");
   const found = await tab.locator("#found [role=option]").allTextContents();
-  assert.ok(found.some((text) => text.includes("kezlci")), found.join("\n"));
+  assert.ok(
+    found.some((text) => text.includes("kezlci")),
+    found.join("\n"),
+  );
   await tab.locator("#search").fill("kezln3");
   await tab.keyboard.press("ArrowDown");
   await tab.keyboard.press("ArrowUp");

@@ -1,4 +1,5 @@
 // What a reader looks for, and what the search shows first.
+
 import assert from "node:assert/strict";
 import { readFileSync } from "node:fs";
 import { test } from "node:test";
