@@ -57,8 +57,7 @@ export const upright = (x, y1, y2) => [
 // The page sets the colours as custom properties; a picture that stands alone has those of light.
 export const STYLE = `
 .kez-figure { display: block; width: 100%; height: auto; font: 17px system-ui, sans-serif; }
-.kez-figure path, .kez-figure circle, .kez-figure rect { fill: none; stroke-linecap: round;
-  stroke-linejoin: round; }
+.kez-figure path, .kez-figure circle { fill: none; stroke-linecap: round; stroke-linejoin: round; }
 .kez-figure .ink { stroke: var(--ink, #1f2937); stroke-width: 2; }
 .kez-figure .soft { stroke: var(--soft, #6b7280); stroke-width: 1.3; }
 .kez-figure .faint { stroke: var(--faint, #e0e3e8); stroke-width: 1; }
