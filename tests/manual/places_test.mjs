@@ -14,14 +14,17 @@ import {
   shapesOf,
 } from "./drawn.mjs";
 
+// Of a picture that says how it is scaled, else no numbers.
+function scaleOf(svg) {
+  const root = /^<svg [^>]*>/.exec(svg)[0];
+  return ["scale", "left", "top"].map((part) => Number(attribute(root, `data-${part}`)));
+}
+
 test("a handle stands where its inputs say, by the picture's scale", () => {
   let count = 0;
   for (const name of NAMES) {
     const svg = pictureOf(name);
-    const root = /^<svg [^>]*>/.exec(svg)[0];
-    const [scale, left, top] = ["scale", "left", "top"].map((part) =>
-      Number(attribute(root, `data-${part}`)),
-    );
+    const [scale, left, top] = scaleOf(svg);
     const { inputs } = callOf(name);
     for (const [, group, spot] of svg.matchAll(
       /(<g class="handle"[^>]*>)<circle[^>]*>(<circle[^>]*>)/g,
@@ -43,6 +46,27 @@ test("a handle stands where its inputs say, by the picture's scale", () => {
     }
   }
   assert.ok(count > 60, `${count} handles`);
+});
+
+test("the grid's lines stand where their coordinates say", () => {
+  let count = 0;
+  for (const name of NAMES) {
+    const svg = pictureOf(name);
+    const [scale, left, top] = scaleOf(svg);
+    const grid = shapesOf(svg).filter(({ look }) => ["soft", "faint"].includes(look));
+    for (const [, given, text] of svg.matchAll(/<text class="tick"([^>]*)>([^<]*)/g)) {
+      if (!scale) continue;
+      const value = Number(text.replace("\u2212", "-"));
+      const isBelow = attribute(given, "text-anchor") === "middle";
+      const [axis, place] = isBelow ? [0, left + scale * value] : [1, top - scale * value];
+      const isThere = grid.some(({ points }) =>
+        points.every((point) => Math.abs(point[axis] - place) < 0.2),
+      );
+      assert.ok(isThere, `${name}: no line at ${text}`);
+      ++count;
+    }
+  }
+  assert.ok(count > 300, `${count} lines`);
 });
 
 // The dimensions of a call that have a line.
@@ -94,13 +118,17 @@ test("turns end where the results are", () => {
     const arcs = shapesOf(svg).filter(
       ({ look, points }) => /dashed/.test(look) && points.length > 4,
     );
+    const tips = shapesOf(svg)
+      .filter(({ look }) => look.endsWith("-fill"))
+      .map(({ points }) => points[0]);
     assert.ok(arcs.length > 0, name);
     for (const { points } of arcs) {
       const [x, y] = points.at(-1);
-      assert.ok(
-        resultsOf(svg).some(([X, Y]) => Math.hypot(X - x, Y - y) < 1),
-        `${name}: ${[x, y]}`,
-      );
+      for (const ends of [resultsOf(svg), tips])
+        assert.ok(
+          ends.some(([X, Y]) => Math.hypot(X - x, Y - y) < 1),
+          `${name}: ${[x, y]}`,
+        );
     }
   }
 });
