@@ -1,7 +1,7 @@
 // Sketches of what design values belong to: channels, edge stiffeners and stressed panels.
 
+import { equation } from "./marks.js";
 import { add, exists, minus } from "./places.js";
-import { number } from "./svg.js";
 
 // The wall of a channel, web at the left, lips at the right: the outline, and its centre-line.
 function wall(v) {
@@ -42,10 +42,7 @@ function centroid(v) {
 export const CHANNEL = {
   terms: ["B", "H", "C", "t"],
   span: (v) => wall(v).filter(exists),
-  say: (v) =>
-    `channel of B = ${number(v.scalar("B"))}, H = ${number(v.scalar("H"))}, C = ${number(
-      v.scalar("C"),
-    )}, t = ${number(v.scalar("t"))}`,
+  say: (v) => `channel of ${["B", "H", "C", "t"].map((term) => equation(term, v)).join(", ")}`,
   paint(sheet, v) {
     const all = wall(v);
     if (!all.every(exists)) return;
@@ -63,7 +60,7 @@ const shear = (v) => [centroid(v) - v.scalar("x0"), 0, 0];
 export const CENTRES = {
   terms: ["x0"],
   span: (v) => [centre(v), shear(v)].filter(exists),
-  say: (v) => `x0 = ${number(v.scalar("x0"))} from the centroid to the shear centre`,
+  say: (v) => `${equation("x0", v)} from the centroid to the shear centre`,
   paint(sheet, v) {
     const [g, s] = [centre(v), shear(v)];
     if (!exists(g) || !exists(s)) return;
@@ -73,8 +70,8 @@ export const CENTRES = {
       [s, "shear centre", "accent"],
     ]) {
       sheet.dot(p, tone, null, 6);
-      sheet.label(name, [sheet.to(p)], tone);
+      sheet.label(name, [p], tone);
     }
-    sheet.label(`x0 = ${number(v.scalar("x0"))}`, [sheet.to(add(g, minus(s, g), 0.5))], "accent");
+    sheet.label(equation("x0", v), [add(g, minus(s, g), 0.5)], "accent");
   },
 };

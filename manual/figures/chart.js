@@ -1,7 +1,7 @@
 // Charts: the plane with a scale of its own for each axis, and curves of a design value.
 
 import { fit } from "./fit.js";
-import { mark } from "./marks.js";
+import { equation, mark } from "./marks.js";
 import { at, dot, exists, list } from "./places.js";
 import { grid } from "./plane.js";
 import { scene } from "./scene.js";
@@ -24,8 +24,8 @@ export function read(where, names) {
     const { left, bottom } = sheet.frame;
     const [x, y] = sheet.to(p);
     strokeToAxes(sheet, [x, y], [colour, colour], 0.3);
-    sheet.label(names[0], [[x, bottom - 12]], "ink");
-    sheet.label(names[1], [[left + 12, y]], colour);
+    sheet.labelAt(names[0], [[x, bottom - 12]], "ink");
+    sheet.labelAt(names[1], [[left + 12, y]], colour);
   });
 }
 
@@ -79,7 +79,7 @@ function curveMark(name, term, result, range) {
   return {
     terms: [term, result],
     span: (v, options) => [...corners(v), ...sampled(v, options)],
-    say: (v) => `${result} = ${number(v.scalar(result))} at ${term} = ${number(v.scalar(term))}`,
+    say: (v) => `${equation(result, v)} at ${equation(term, v)}`,
     paint(sheet, v) {
       const all = sampled(v, sheet.options);
       if (all.length) sheet.stroke(all, "ink");
@@ -88,8 +88,8 @@ function curveMark(name, term, result, range) {
       const [x, y] = sheet.to(p);
       strokeToAxes(sheet, [x, y], ["soft", "accent"], 0.2);
       sheet.dot(p, "accent");
-      sheet.label(`${result} = ${number(v.scalar(result))}`, [[x, y]], "accent");
-      sheet.label(term, [[sheet.frame.right - 12, sheet.frame.bottom - 4]], "soft");
+      sheet.labelAt(equation(result, v), [[x, y]], "accent");
+      sheet.labelAt(term, [[sheet.frame.right - 12, sheet.frame.bottom - 4]], "soft");
     },
   };
 }
@@ -126,7 +126,7 @@ export function runningSum(text, count, normal, constant, chosen, of) {
       all.forEach((p, i) => {
         const tone = isFound(v, i) ? "accent" : "ink";
         sheet.dot(p, tone, null, tone === "accent" ? 6 : 4.5);
-        sheet.label(i ? `point ${i}` : constant, [sheet.to(p)], tone);
+        sheet.label(i ? `point ${i}` : constant, [p], tone);
       });
     },
   };
@@ -163,7 +163,7 @@ export function bars(name, count, from, to) {
         sheet.dot(p, i === leftOut ? "soft" : "ink");
         sheet.label(
           i === leftOut ? "left out" : `${name}(${i + 1})`,
-          [sheet.to(p)],
+          [p],
           i === leftOut ? "soft" : "ink",
         );
       });

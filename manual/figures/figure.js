@@ -60,7 +60,7 @@ export function area(text, count, kind) {
       }
       used.forEach((p, i) => {
         sheet.dot(p, "ink", { x: names[0], y: names[1], entry: i + 1 });
-        sheet.label(String(i + 1), [sheet.to(p)], "ink");
+        sheet.label(String(i + 1), [p], "ink");
       });
     },
   };
@@ -122,7 +122,7 @@ export function levers(text, count, kind, [first, second]) {
         sheet.arrow(foot, p, "accent", "accent thin");
         sheet.label(
           `${name} / area`,
-          [0.5, 0.3, 0.7].map((t) => sheet.to(add(times(foot, 1 - t), p, t))),
+          [0.5, 0.3, 0.7].map((t) => add(times(foot, 1 - t), p, t)),
           "accent",
         );
       }
@@ -148,8 +148,8 @@ export function gyration(text, count, [first, second]) {
       sheet.strokeAt(upright(X, top, bottom), "accent thin dashed");
       sheet.arrowAt([right - 60, OY], [right - 60, Y], "accent", "accent thin");
       sheet.arrowAt([OX, top + 26], [X, top + 26], "accent", "accent thin");
-      sheet.label(`√(${first} / area)`, [[right - 60, (Y + OY) / 2]], "accent");
-      sheet.label(
+      sheet.labelAt(`√(${first} / area)`, [[right - 60, (Y + OY) / 2]], "accent");
+      sheet.labelAt(
         `√(${second} / area)`,
         [
           [X, top + 26],

@@ -23,6 +23,9 @@ export const spoken = (p, flat) =>
     .map(number)
     .join(", ")})`;
 
+// A value as it is said in a picture: "d = 5".
+export const equation = (term, v) => `${nameOf(term)} = ${number(v.scalar(term))}`;
+
 const isFlat = (place) => !place.own || place.own.length === 2;
 
 const wordsOf = (place) => (place.own ?? []).filter((term) => typeof term === "string").join(", ");
@@ -64,7 +67,7 @@ export function point(where, label, { tone, held = true } = {}) {
     (sheet, [p], colour, v) => {
       sheet.drop?.(p);
       sheet.dot(p, colour, held ? handleOf(place, v) : null);
-      sheet.label(name, [sheet.to(p)], colour);
+      sheet.label(name, [p], colour);
     },
     { tone, say: (v) => name && `${name} at ${spoken(place.where(v), isFlat(place))}` },
   );
@@ -80,11 +83,7 @@ export function segment(from, to, label, { look, tone } = {}) {
     [at(from), at(to)],
     (sheet, [p, q], colour) => {
       sheet.stroke([p, q], look ? `${colour} ${look}` : colour);
-      sheet.label(
-        label,
-        shares(p, q, [0.5, 0.35, 0.65]).map((place) => sheet.to(place)),
-        colour,
-      );
+      sheet.label(label, shares(p, q, [0.5, 0.35, 0.65]), colour);
     },
     { tone },
   );
@@ -95,11 +94,7 @@ export function vector(from, to, label, { tone, look } = {}) {
     [at(from), at(to)],
     (sheet, [p, q], colour) => {
       sheet.arrow(p, q, colour, look ? `${colour} ${look}` : colour);
-      sheet.label(
-        label,
-        shares(p, q, [0.55, 0.4, 0.7, 1]).map((place) => sheet.to(place)),
-        colour,
-      );
+      sheet.label(label, shares(p, q, [0.55, 0.4, 0.7, 1]), colour);
     },
     {
       tone,
@@ -120,11 +115,7 @@ export function direction(text, { from = ORIGIN, label } = {}) {
       sheet.arrow(p, q, colour);
       const handle = from === ORIGIN ? handleOf(way, v) : null;
       if (handle) sheet.dot(q, colour, handle, 3);
-      sheet.label(
-        name,
-        shares(p, q, [0.6, 0.8, 0.4, 1]).map((place) => sheet.to(place)),
-        colour,
-      );
+      sheet.label(name, shares(p, q, [0.6, 0.8, 0.4, 1]), colour);
     },
     { say: (v) => `direction ${name} = ${spoken(way.where(v), isFlat(way))}` },
   );
@@ -147,14 +138,14 @@ export function pointer(text, from, label, share) {
       if (!exists(p) || !exists(q)) return;
       const colour = toneOf(way.terms, v);
       sheet.arrow(p, q, colour);
-      sheet.label(label, [sheet.to(q), sheet.to(add(times(p, 0.4), q, 0.6))], colour);
+      sheet.label(label, [q, add(times(p, 0.4), q, 0.6)], colour);
     },
   };
 }
 
 // "d = 5" between two places.
 export function distance(from, to, term, { tone, shift = 0 } = {}) {
-  const say = (v) => `${nameOf(term)} = ${number(v.scalar(term))}`;
+  const say = (v) => equation(term, v);
   return mark(
     [at(from), at(to)],
     (sheet, [p, q], colour, v) => {
@@ -165,7 +156,7 @@ export function distance(from, to, term, { tone, shift = 0 } = {}) {
       sheet.strokeAt([a, b], `${colour} thin`);
       for (const end of [a, b]) sheet.strokeAt(tick(end), `${colour} thin`);
       const mid = (t) => [a[0] + t * (b[0] - a[0]), a[1] + t * (b[1] - a[1])];
-      sheet.label(say(v), [mid(0.5), mid(0.3), mid(0.7)], colour);
+      sheet.labelAt(say(v), [mid(0.5), mid(0.3), mid(0.7)], colour);
     },
     { tone, terms: [term], say },
   );
@@ -204,17 +195,16 @@ export function paintWay(sheet, arc, text, { tone = "accent", wordTone = "ink", 
   if (!arc.every(exists)) return;
   sheet.stroke(arc, `${tone} thin dashed`, { weight });
   sheet.head(...arc.slice(-2).map((place) => sheet.to(place)), tone);
-  sheet.label(text, [sheet.to(arc[arc.length >> 1])], wordTone);
+  sheet.label(text, [arc[arc.length >> 1]], wordTone);
 }
 
 const degrees = (radians) => `${number(Number(((radians * 180) / Math.PI).toPrecision(4)))}°`;
 
+const angleEquation = (term, v) => `${equation(term, v)} (${degrees(v.scalar(term))})`;
+
 // The angle at a vertex between the directions to two places. Its radius is one of the page.
 export function angle(vertex, from, to, term, { radius = 46, tone, name } = {}) {
-  const label = (v) =>
-    term === undefined
-      ? name
-      : `${nameOf(term)} = ${number(v.scalar(term))} (${degrees(v.scalar(term))})`;
+  const label = (v) => (term === undefined ? name : angleEquation(term, v));
   return mark(
     [at(vertex), at(from), at(to)],
     (sheet, [o, p, q], colour, v) => {
@@ -223,11 +213,7 @@ export function angle(vertex, from, to, term, { radius = 46, tone, name } = {}) 
       if (!arc.every(exists)) return;
       sheet.stroke(arc, `${colour} thin`);
       const parts = [0.5, 0.25, 0.75].map((t) => arc[Math.round(t * (arc.length - 1))]);
-      sheet.label(
-        label(v),
-        parts.map((place) => sheet.to(place)),
-        colour,
-      );
+      sheet.label(label(v), parts, colour);
     },
     { tone, terms: term === undefined ? [] : [term], say: (v) => label(v) },
   );
@@ -235,7 +221,7 @@ export function angle(vertex, from, to, term, { radius = 46, tone, name } = {}) 
 
 // The way of a place that is turned about a centre, with a head at its end.
 export function turn(where, centre, term) {
-  const say = (v) => `${term} = ${number(v.scalar(term))} (${degrees(v.scalar(term))})`;
+  const say = (v) => angleEquation(term, v);
   return mark(
     [at(where), at(centre)],
     (sheet, [p, o], colour, v) => {
@@ -248,7 +234,7 @@ export function turn(where, centre, term) {
 
 // The way of a place that swings about the line through two others.
 export function swing(where, from, to, term) {
-  const say = (v) => `${term} = ${number(v.scalar(term))} (${degrees(v.scalar(term))})`;
+  const say = (v) => angleEquation(term, v);
   return mark(
     [at(where), at(from), at(to)],
     (sheet, [p, q, r], _, v) => {

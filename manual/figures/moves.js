@@ -1,8 +1,7 @@
 // How lists of points are placed: turned, moved and turned, or seen from another origin.
 
-import { drawnTurn, paintWay, spoken, turningArc } from "./marks.js";
+import { drawnTurn, equation, paintWay, spoken, turningArc } from "./marks.js";
 import { add, at, cross, dot, exists, length, list, minus, times, unit } from "./places.js";
-import { number } from "./svg.js";
 
 const X = [1, 0, 0];
 const Y = [0, 1, 0];
@@ -21,14 +20,12 @@ function turningWay(p, origin, axis, angle) {
 
 const LIGHT = { weight: 0.5 }; // words may lie over it
 
-const named = (term, v) => `${term} = ${number(v.scalar(term))}`;
-
 // The ways of the points of a list that is turned about an axis through the origin.
 export function turns(text, count, term, mode, { axis = Z } = {}) {
   const places = list(text, count);
   return {
     terms: [...places.terms, term, mode],
-    say: (v) => named(term, v),
+    say: (v) => equation(term, v),
     paint(sheet, v) {
       const sign = v.scalar(mode) === 1 ? -1 : 1;
       places
@@ -36,7 +33,7 @@ export function turns(text, count, term, mode, { axis = Z } = {}) {
         .slice(0, 8)
         .forEach((p, i) => {
           const arc = turningWay(p, [0, 0, 0], axis, sign * v.scalar(term));
-          paintWay(sheet, arc, i === 0 && named(term, v), LIGHT);
+          paintWay(sheet, arc, i === 0 && equation(term, v), LIGHT);
         });
     },
   };
@@ -84,14 +81,14 @@ export function placing(text, count, shift, angles, { system = WORLD, least = 0 
   return {
     terms: [...places.terms, ...steps, ...turnings, ...system.terms],
     span: (v) => [way(v).moved, ...way(v).arcs.flatMap(({ arc }) => arc)].filter(exists),
-    say: (v) => [...steps, ...turnings].map((term) => named(term, v)).join(", "),
+    say: (v) => [...steps, ...turnings].map((term) => equation(term, v)).join(", "),
     paint(sheet, v) {
       const { p, moved, arcs } = way(v);
       if (!exists(p) || !exists(moved)) return;
       sheet.arrow(p, moved, "ink", "ink thin");
       const middle = times(add(p, moved), 0.5);
-      sheet.label(steps.join(", "), [sheet.to(middle), sheet.to(moved)], "ink");
-      for (const { term, arc } of arcs) paintWay(sheet, arc, named(term, v), LIGHT);
+      sheet.label(steps.join(", "), [middle, moved], "ink");
+      for (const { term, arc } of arcs) paintWay(sheet, arc, equation(term, v), LIGHT);
     },
   };
 }
@@ -110,7 +107,7 @@ export function localAxes(system) {
       tips(v, sheet.whole).forEach((tip, i) => {
         if (!exists(origin) || !exists(tip)) return;
         sheet.arrow(origin, tip, "soft");
-        sheet.label(`local ${"xyz"[i]}`, [sheet.to(tip)], "soft");
+        sheet.label(`local ${"xyz"[i]}`, [tip], "soft");
       });
     },
   };
@@ -143,7 +140,7 @@ export function newOrigin(where, after, count, { flat = false } = {}) {
         const tip = add(origin, way, 0.5 * sheet.whole.reach);
         if (!exists(tip)) return;
         sheet.arrow(origin, tip, "accent");
-        sheet.label(`new ${"xyz"[i]}`, [sheet.to(tip)], "accent");
+        sheet.label(`new ${"xyz"[i]}`, [tip], "accent");
       });
       for (const p of seen(v)) sheet.arrow(origin, p, "accent", "accent thin dashed");
     },

@@ -1,8 +1,8 @@
 // Sketches of plates that buckle: a panel under a stress that varies, and an edge stiffener.
 
+import { equation } from "./marks.js";
 import { exists } from "./places.js";
 import { dim } from "./section.js";
-import { number } from "./svg.js";
 
 const onPlate = (reach) => (v) => [reach(v), 0, 0];
 const scalar = (term) => (v) => v.scalar(term);
@@ -36,16 +36,15 @@ function plate(sheet, from, to, look) {
 export const PANEL = {
   terms: ["s1", "s2"],
   span: (v) => [[0, 0, 0], [v.scalar("b"), 0, 0], ...stresses(v)].filter(exists),
-  say: (v) =>
-    `stresses at the edges s1 = ${number(v.scalar("s1"))}, s2 = ${number(v.scalar("s2"))}`,
+  say: (v) => `stresses at the edges ${equation("s1", v)}, ${equation("s2", v)}`,
   paint(sheet, v) {
     const b = v.scalar("b");
     const diagram = stresses(v);
     if (diagram.every(exists)) {
       sheet.wash(diagram, "ink-wash");
       sheet.stroke(diagram, "ink thin", { closed: true });
-      sheet.label("s1", [sheet.to(diagram[1])], "ink");
-      sheet.label("s2", [sheet.to(diagram[2])], "ink");
+      sheet.label("s1", [diagram[1]], "ink");
+      sheet.label("s2", [diagram[2]], "ink");
     }
     plate(sheet, 0, b, "soft dashed");
     plate(sheet, compressed(v), b, "ink heavy");
@@ -76,9 +75,9 @@ export const STRESSED = {
     sheet.wash(diagram, "ink-wash");
     sheet.stroke(diagram, "ink thin", { closed: true });
     plate(sheet, 0, 1, "ink heavy");
-    sheet.label("1", [sheet.to(diagram[1])], "ink");
-    sheet.label("psi", [sheet.to(diagram[2])], "ink");
-    sheet.label("b", [sheet.to([0.5, 0, 0])], "ink");
+    sheet.label("1", [diagram[1]], "ink");
+    sheet.label("psi", [diagram[2]], "ink");
+    sheet.label("b", [[0.5, 0, 0]], "ink");
   },
 };
 

@@ -66,7 +66,7 @@ function paintLine(sheet, p, way, colour, label, look = "") {
   sheet.strokeAt(ends, `${colour} ${look}`);
   const [p1, p2] = ends;
   const share = (t) => [p1[0] + t * (p2[0] - p1[0]), p1[1] + t * (p2[1] - p1[1])];
-  sheet.label(label, [0.9, 0.1, 0.78, 0.22, 0.66].map(share), colour);
+  sheet.labelAt(label, [0.9, 0.1, 0.78, 0.22, 0.66].map(share), colour);
 }
 
 // The line a x + b y + c = 0; `normal` draws (a, b) on it, towards its positive side.
@@ -92,7 +92,7 @@ export function line(text, { normal = false } = {}) {
 function paintSide(sheet, p, side, colour, terms) {
   const tip = add(p, unit(side), 44 / sheet.view.sx);
   sheet.arrow(p, tip, colour, `${colour} thin`);
-  sheet.label(`(${terms[0]}, ${terms[1]})`, [sheet.to(tip)], colour);
+  sheet.label(`(${terms[0]}, ${terms[1]})`, [tip], colour);
 }
 
 // The line through two places, beyond both.
@@ -129,9 +129,7 @@ function roundMark(terms, measure, name, { tone, look } = {}) {
       sheet.label(
         name,
         [0.3, 0.8, 1.2, 1.7].map((turn) =>
-          sheet.to(
-            add(centre, [radius * Math.cos(turn * Math.PI), radius * Math.sin(turn * Math.PI), 0]),
-          ),
+          add(centre, [radius * Math.cos(turn * Math.PI), radius * Math.sin(turn * Math.PI), 0]),
         ),
         colour,
       );
@@ -188,7 +186,7 @@ export function arcOf(centre, from, reach, { tone, look = "", label } = {}) {
       sheet.stroke(arc, `${colour} ${look}`);
       sheet.label(
         label?.(v),
-        [0.5, 0.4, 0.6].map((t) => sheet.to(arc[Math.floor(t * (arc.length - 1))])),
+        [0.5, 0.4, 0.6].map((t) => arc[Math.floor(t * (arc.length - 1))]),
         colour,
       );
     },
@@ -223,7 +221,7 @@ export function polygon(text, count, { look = "", wash = true, numbers = true } 
       all.forEach((p, i) => {
         sheet.drop?.(p);
         sheet.dot(p, colour, handleOfEntry(vertices.names, v, i), 3.5);
-        if (numbers && all.length <= 24) sheet.label(String(i + 1), [sheet.to(p)], colour);
+        if (numbers && all.length <= 24) sheet.label(String(i + 1), [p], colour);
       });
     },
   };
@@ -257,7 +255,7 @@ export function parallels(text, count, order) {
         const place = v.array(order).indexOf(i + 1) + 1;
         paintLine(sheet, places[i], unit([-row[1], row[0], 0]), "ink", `line ${i + 1}`);
         sheet.dot(places[i], "accent");
-        if (place) sheet.label(`number ${place}`, [sheet.to(places[i])], "accent");
+        if (place) sheet.label(`number ${place}`, [places[i]], "accent");
       });
       const ordered = v.array(order).map((i) => places[i - 1] ?? [NaN]);
       for (let i = 1; i < ordered.length; ++i) {
@@ -296,7 +294,7 @@ export function points(text, count, { chosen, of, flags } = {}) {
         const colour = inset(i) || (flags && !chosen) ? "accent" : base;
         sheet.drop?.(p);
         sheet.dot(p, colour, handleOfEntry(all.names, v, i), inset(i) ? 6 : 4.5);
-        sheet.label(wordOf(v, i), [sheet.to(p)], flags ? "accent" : colour);
+        sheet.label(wordOf(v, i), [p], flags ? "accent" : colour);
       });
     },
   };

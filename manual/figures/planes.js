@@ -1,6 +1,6 @@
 // Planes and blocks in space: patches with their normals, and what they have in common.
 
-import { mark, spoken, toneOf } from "./marks.js";
+import { equation, mark, spoken, toneOf } from "./marks.js";
 import {
   add,
   at,
@@ -14,7 +14,6 @@ import {
   times,
   unit,
 } from "./places.js";
-import { number } from "./svg.js";
 import { plainNames } from "./values.js";
 
 const REACH = 0.75; // of patches, as a part of the picture
@@ -64,10 +63,7 @@ export function patch(text, label, { meets = [], through: from, normal = true, c
     const corner = (across, up) => add(add(p, u, across), w, up);
     return [corner(right, high), corner(left, high), corner(left, low), corner(right, low)];
   };
-  const say = (v) =>
-    `plane ${name} = ${spoken(terms.map(v.scalar))} with ${
-      terms[3]
-    } = ${number(v.scalar(terms[3]))}`;
+  const say = (v) => `plane ${name} = ${spoken(terms.map(v.scalar))} with ${equation(terms[3], v)}`;
   return {
     normals: (v) => [unit(surface(text, v).normal)].filter(exists),
     terms: [
@@ -83,11 +79,7 @@ export function patch(text, label, { meets = [], through: from, normal = true, c
       const colour = toneOf(terms, v);
       sheet.wash(all, `${colour}-wash`);
       sheet.stroke(all, `${colour} thin`, { closed: true, weight: 0.6 });
-      sheet.label(
-        name,
-        all.map((p) => sheet.to(p)),
-        colour,
-      );
+      sheet.label(name, all, colour);
       if (normal)
         paintNormal(sheet, anchorOf(text, { meets, from }, v, sheet.whole), text, v, colour);
     },

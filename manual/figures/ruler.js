@@ -1,6 +1,7 @@
 // A number line: entries of a table as strokes on it, values as points, intervals and ranges as
 // bands.
 
+import { equation } from "./marks.js";
 import { exists } from "./places.js";
 import { scene } from "./scene.js";
 import { niceStep, ticksWithin } from "./fit.js";
@@ -43,7 +44,7 @@ export function entries(name, count, { chosen, of } = {}) {
         const [X, Y] = sheet.to(onLine(x));
         const tone = picked(v).has(i + 1) ? "accent" : "ink";
         sheet.strokeAt(upright(X, Y - tall(sheet, 18), Y + tall(sheet, 18)), tone);
-        sheet.label(`${name}(${i + 1})`, [[X, Y + 20]], tone);
+        sheet.labelAt(`${name}(${i + 1})`, [[X, Y + 20]], tone);
       });
     },
   };
@@ -75,7 +76,7 @@ export const interval = (name, index) => ({
 export const range = (low, high) => ({
   terms: [low, high],
   span: (v) => finite([v.scalar(low), v.scalar(high)]),
-  say: (v) => `range from ${low} = ${number(v.scalar(low))} to ${high} = ${number(v.scalar(high))}`,
+  say: (v) => `range from ${equation(low, v)} to ${equation(high, v)}`,
   paint(sheet, v) {
     const ends = [v.scalar(low), v.scalar(high)];
     if (!exists(ends)) return;
@@ -86,7 +87,7 @@ export const range = (low, high) => ({
       [x2, high],
     ]) {
       sheet.strokeAt(upright(x, y - half, y + half), "ink thin");
-      sheet.label(name, [[x, y - 36]], "ink");
+      sheet.labelAt(name, [[x, y - 36]], "ink");
     }
   },
 });
@@ -94,7 +95,7 @@ export const range = (low, high) => ({
 // A distance above the line, from an end of the range to an entry.
 export const gap = (term, from, entry) => ({
   terms: [term],
-  say: (v) => `${term} = ${number(v.scalar(term))}`,
+  say: (v) => equation(term, v),
   paint(sheet, v) {
     const [p, q] = [v.scalar(from), entry(v) ?? NaN];
     if (!exists([p, q, v.scalar(term)]) || v.scalar(term) === 0) return;
@@ -102,22 +103,22 @@ export const gap = (term, from, entry) => ({
     const above = y - tall(sheet, 50);
     sheet.strokeAt(level(above, x1, x2), "accent thin");
     for (const x of [x1, x2]) sheet.strokeAt(upright(x, above - 6, above + 6), "accent thin");
-    sheet.label(`${term} = ${number(v.scalar(term))}`, [[(x1 + x2) / 2, above - 4]], "accent");
+    sheet.labelAt(equation(term, v), [[(x1 + x2) / 2, above - 4]], "accent");
   },
 });
 
 export const value = (name) => ({
   terms: [name],
   span: (v) => finite([v.scalar(name)]),
-  say: (v) => `${name} = ${number(v.scalar(name))}`,
+  say: (v) => equation(name, v),
   paint(sheet, v) {
     const x = v.scalar(name);
     if (!exists([x])) return;
     const [X, Y] = sheet.to(onLine(x));
     sheet.strokeAt(upright(X, Y, Y - tall(sheet, 58)), "ink thin", { weight: 0.3 });
     sheet.dot(onLine(x), "ink", null, 5);
-    sheet.label(
-      `${name} = ${number(x)}`,
+    sheet.labelAt(
+      equation(name, v),
       [
         [X, Y - 60],
         [X, Y - 84],
@@ -141,7 +142,7 @@ export const sides = (name, positive) => ({
       [positive[0], x + 90],
       [positive[1], x - 90],
     ]) {
-      sheet.label(text, [[X, y + 30]], "soft");
+      sheet.labelAt(text, [[X, y + 30]], "soft");
     }
   },
 });
@@ -152,7 +153,7 @@ export const zero = {
   paint(sheet) {
     const [x, y] = sheet.to(onLine(0));
     sheet.strokeAt(upright(x, y - tall(sheet, 30), y + tall(sheet, 30)), "accent");
-    sheet.label("0", [[x, y + 32]], "accent");
+    sheet.labelAt("0", [[x, y + 32]], "accent");
   },
 };
 

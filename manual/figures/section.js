@@ -2,7 +2,7 @@
 
 import { drawable } from "./values.js";
 import { add, cross, dot, exists, minus, times } from "./places.js";
-import { turningArc } from "./marks.js";
+import { equation, turningArc } from "./marks.js";
 import { scene } from "./scene.js";
 import { number } from "./svg.js";
 
@@ -114,7 +114,7 @@ function paintDimension(sheet, v, term, { p, q, along }, where) {
   const tone = v.isResult(term) ? "accent" : "ink";
   const tips = arrows(sheet, ends, size < 34, along, tone);
   const middle = [(ends[0][0] + ends[1][0]) / 2, (ends[0][1] + ends[1][1]) / 2];
-  sheet.label(term, size < 34 ? [...tips, middle] : [middle], tone);
+  sheet.labelAt(term, size < 34 ? [...tips, middle] : [middle], tone);
 }
 
 // Heads from within, or from outside where there is no room. Gives where words may stand.
@@ -140,7 +140,7 @@ export function dim(term, i, j, { upright, when = () => true, ...where } = {}) {
     terms: [term],
     outside: where.side ? [where] : [],
     dimension: (v) => (when(v) ? Math.abs(ends(v).p[along] - ends(v).q[along]) : undefined),
-    say: (v) => (when(v) ? `${term} = ${number(v.scalar(term))}` : null),
+    say: (v) => (when(v) ? equation(term, v) : null),
     paint(sheet, v) {
       const { p, q } = ends(v);
       if (sheet.small || !when(v)) return;

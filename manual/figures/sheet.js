@@ -141,7 +141,7 @@ export class Sheet {
   }
 
   // Words at the first anchor, a position of the page, or at a later one where that is worse.
-  label(text, anchors, tone) {
+  labelAt(text, anchors, tone) {
     const inside = anchors.filter(near);
     if (this.small || !text || !inside.length) return;
     this.labels.push({
@@ -151,6 +151,11 @@ export class Sheet {
       width: textWidth(text) + 2 * BESIDE,
       height: HEIGHT_OF_TEXT + 2,
     });
+  }
+
+  label(text, places, tone) {
+    const anchors = places.map((place) => this.to(place));
+    this.labelAt(text, anchors, tone);
   }
 
   // Beside the frame there is room for a few letters, and no more.

@@ -2,10 +2,10 @@
 // that one sees where they are.
 
 import { niceStep, ticksWithin } from "./fit.js";
-import { arcBetween, mark, spoken, toneOf } from "./marks.js";
+import { arcBetween, equation, mark, spoken, toneOf } from "./marks.js";
 import { add, at, exists, footOn, length, list, minus, times, unit } from "./places.js";
 import { scene } from "./scene.js";
-import { level, number, tickText } from "./svg.js";
+import { level, tickText } from "./svg.js";
 
 // Where one looks from, the first as long as it shows the points apart.
 const AZIMUTHS = [0.62, 0.95, 0.35, 1.25, 0.15];
@@ -89,7 +89,7 @@ function paintAxes(sheet, low, high, step) {
     const q = belowTop(p, sheet.to(ends[i]), sheet.frame.top + 18);
     sheet.strokeAt([p, q], "soft", { weight: 0.5, layer: "back" });
     sheet.head(p, q, "soft");
-    sheet.label(name, [q], "soft");
+    sheet.labelAt(name, [q], "soft");
   });
   if (sheet.small) return;
   tickAlong(sheet, "x", ticksWithin(low[0], high[0], step), (x) => [x, high[1], low[2]]);
@@ -155,7 +155,7 @@ export function beyond(from, to, label = "", { tone, look = "" } = {}) {
       const colour = toneOf(terms, v, tone);
       if (!exists(p) || !exists(q)) return;
       sheet.stroke([p, q], `${colour} ${look}`);
-      sheet.label(label, [sheet.to(add(times(p, 0.1), q, 0.9)), sheet.to(q)], colour);
+      sheet.label(label, [add(times(p, 0.1), q, 0.9), q], colour);
     },
   };
 }
@@ -170,7 +170,7 @@ export function axisLine(axis, name) {
     paint(sheet) {
       const [p, q] = ends(sheet.whole);
       sheet.arrow(p, q, "soft");
-      sheet.label(name, [sheet.to(q)], "soft");
+      sheet.label(name, [q], "soft");
     },
   };
 }
@@ -197,7 +197,7 @@ export function legs(from, to, names = []) {
       const stops = [p, [q[0], p[1], p[2]], [q[0], q[1], p[2]], q];
       for (let i = 0; i < 3; ++i) {
         sheet.stroke([stops[i], stops[i + 1]], "accent thin dashed", { weight: 0.5 });
-        sheet.label(names[i], [sheet.to(times(add(stops[i], stops[i + 1]), 0.5))], "accent");
+        sheet.label(names[i], [times(add(stops[i], stops[i + 1]), 0.5)], "accent");
       }
     },
     { terms: names },
@@ -225,7 +225,7 @@ export function axes(origin, names, { tone = "accent", share = 0.5 } = {}) {
         const tip = add(p, way, share * sheet.whole.reach);
         if (!exists(tip) || !exists(p)) return;
         sheet.arrow(p, tip, tone);
-        sheet.label(`${terms[3 * i]}..${terms[3 * i + 2]}`, [sheet.to(tip)], tone);
+        sheet.label(`${terms[3 * i]}..${terms[3 * i + 2]}`, [tip], tone);
       });
     },
   };
@@ -241,7 +241,7 @@ export function shadows(from, first, second, names) {
   const places = (v) => parts.map((part) => part.where(v));
   const walls = (v, whole) =>
     names.map((_, axis) => places(v).map((place) => onWall(place, axis, whole)));
-  const say = (v) => names.map((name) => `${name} = ${number(v.scalar(name))}`).join(", ");
+  const say = (v) => names.map((name) => equation(name, v)).join(", ");
   return {
     terms: [...parts.flatMap((part) => part.terms), ...names],
     span: (v) => places(v).filter(exists),
@@ -266,5 +266,5 @@ function paintShadow(sheet, [vertex, first, second], places, name, v) {
   const arc = arcBetween(vertex, minus(first, vertex), minus(second, vertex), size);
   sheet.stroke(arc, "accent thin");
   const middle = arc[arc.length >> 1];
-  sheet.label(`${name} = ${number(v.scalar(name))}`, [sheet.to(middle)], "accent");
+  sheet.label(equation(name, v), [middle], "accent");
 }

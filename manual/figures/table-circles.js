@@ -1,7 +1,18 @@
 // Circles and arcs, placement of lists and outlines in the plane.
 
 import { area, besideAngle, cap, gyration, levers, vertexAngles } from "./figure.js";
-import { angle, direction, distance, HELP, point, segment, spot, square, turn } from "./marks.js";
+import {
+  angle,
+  direction,
+  distance,
+  equation,
+  HELP,
+  point,
+  segment,
+  spot,
+  square,
+  turn,
+} from "./marks.js";
 import { newOrigin, turns } from "./moves.js";
 import {
   add,
@@ -34,7 +45,6 @@ import {
   polygon,
   through,
 } from "./plane.js";
-import { number } from "./svg.js";
 
 const P0 = at("x0 y0");
 const P1 = at("x1 y1");
@@ -94,7 +104,7 @@ function turnBetween(centre, v) {
 
 const theOtherWay = (phi) => phi - (phi < 0 ? -2 : 2) * Math.PI;
 
-const named = (term) => Object.assign((v) => `${term} = ${number(v.scalar(term))}`,
+const named = (term) => Object.assign((v) => equation(term, v),
   { terms: [term] });
 
 const nearArc = (v) => turnBetween(P0, v);
