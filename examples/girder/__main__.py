@@ -48,7 +48,7 @@ def main(stack):
     PARSER.add_argument("--jobs", type=int, default=1, metavar="N", choices=range(1, 61),
                         help="compute in N processes (1 to 60)")
     PARSER.add_argument("--dask", metavar="ADDRESS", help="compute on a Dask cluster, HOST:PORT")
-    given, faults, x = PARSER.parse_args(), [], 0.0
+    given, faults, middle = PARSER.parse_args(), [], 0.0
     sys.stdout.reconfigure(encoding="utf-8")
     sections = list(read.read(given.file, faults.append))
     if not sections and not faults:
@@ -65,9 +65,9 @@ def main(stack):
         if given.svg:
             Path(given.svg, f"section-{number}.svg").write_text(picture.draw(number, r), "utf-8")
         for loop in r.loops if drawing else ():
-            points = [(z.real + x, z.imag, bulge) for z, bulge in loop.curve()]
+            points = [(z.real + middle, z.imag, bulge) for z, bulge in loop.curve()]
             drawing.modelspace().add_lwpolyline(points, "xyb", close=True)
-        x += 1.5 * (r.edges[section.LEFT] + r.edges[section.RIGHT])
+        middle += 1.5 * (r.edges[section.LEFT] + r.edges[section.RIGHT])
     if drawing:
         drawing.saveas(given.dxf)
     print("" if given.quiet else report.NOTES, end="")
@@ -80,5 +80,5 @@ if __name__ == "__main__":
             sys.exit(main(opened))
     except ImportError as missing:
         PARSER.exit(2, f"girder: {missing}; Debian has it in python3-{missing.name}\n")
-    except (OSError, KeyboardInterrupt) as reason:
+    except (OSError, ValueError, KeyboardInterrupt) as reason:
         PARSER.exit(2, f"girder: {str(reason) or 'interrupted'}\n")

@@ -5,7 +5,8 @@ from html import escape
 from pathlib import Path
 
 from girder.report import report
-from girder.section import BOTTOM, INTERNAL, LEFT, OUTSTAND, RIGHT, TOP
+from girder.section import BOTTOM, LEFT, RIGHT, TOP
+from girder.shapes import INTERNAL, OUTSTAND
 
 TEMPLATE = Path(__file__).with_name("picture.svg").read_text(encoding="utf-8")
 COLUMN, LINE = 710, 17
@@ -15,7 +16,7 @@ class Drawing:
     """Of one effective section, or of the gross one, in pixels x + iy with y down."""
     def __init__(self, r, state):
         self.r, self.state, self.out, e = r, state, [], r.edges
-        self.shear = r.gross.at - (r.torsion[0] if r.torsion else 0)
+        self.shear = r.gross.at - (r.x0 or 0)
         width = max(e[LEFT], -self.shear.real) + e[RIGHT]
         self.scale = min(400 / width, 540 / (e[BOTTOM] + e[TOP]))
         self.middle = complex(e[RIGHT] - width / 2, (e[TOP] - e[BOTTOM]) / 2)
@@ -77,7 +78,7 @@ class Drawing:
                     self.size(z1, z2, -24 * inward, colour)
 
     def axes(self):
-        phi, at, low, high = self.r.axes[2], self.at, self.low, self.high
+        phi, at, low, high = self.r.axes.theta, self.at, self.low, self.high
         for turn, name, back, ahead in (
                 (1, "u" if phi else "x = u", at.real - self.left + 22, high.real - at.real + 58),
                 (-1j, "v" if phi else "y = v", low.imag - at.imag + 22, at.imag - high.imag + 46)):
@@ -109,7 +110,7 @@ class Drawing:
         if state and any(r.lost for r in state.plates):
             self.text("moved halo", self.on(state.left.at), "●")
         self.text("centroid", self.at, "⊕")
-        if self.r.torsion:
+        if self.r.x0:
             self.text("shear halo", self.on(self.shear), "✕")
         right = complex(self.high.real, low.imag)
         self.size(low, right, 52j, "head")

@@ -37,7 +37,7 @@ def plates(state):
 
 
 def report(number, r):
-    s, pressed = r.given, [state for state in r.states if state.plates]
+    s, pressed = r.section, [state for state in r.states if state.plates]
     verdict = (f"INCOMPLETE, no rule for {', '.join(r.faults)}. Nothing effective is known."
                if r.faults else
                f"The largest stress, {r.largest:.1f} N/mm2 at the {r.where}, is {r.verdict}: "
@@ -50,7 +50,7 @@ def report(number, r):
 
 
 def row(number, r):
-    s = r.given
+    s = r.section
     yield from (("number", number), ("name", s.name), ("shape", s.shape), ("dims [mm]", dims(s)),
                 ("fy [N/mm2]", s.fy), ("N [kN]", s.N / 1e3), ("M [kNm]", s.M / 1e6),
                 ("largest [N/mm2]", "" if r.faults else r.largest), ("verdict", r.verdict))

@@ -1,18 +1,17 @@
-"""A section under its forces: EN 1993-1-5, 4.4 and 4.6, and for lips EN 1993-1-3, 5.5.3."""
+"""A section under its forces: EN 1993-1-5, 4.3 to 4.6, and for lips EN 1993-1-3, 5.5.3."""
 
 from collections import namedtuple
+from itertools import product
 from math import copysign, degrees, isclose, sqrt
-from types import SimpleNamespace
 
 import kezlib
-from girder.shapes import (INTERNAL, LIP, NO_LIP, OUTSTAND, SHAPES, SLOTTED, Properties, build,
-                           combined)
+from girder import shapes
 
 E, NU = 210000.0, 0.3  # EN 1993-1-1, 3.2.6
-GRADIENTS = {"N": 0, "M": 1j, "N eN": 1}  # where stresses grow to under the actions
+DIRECTIONS = {"N": 0, "M": 1j, "N eN": 1}  # in which the stress grows under an action
 LEFT, RIGHT, BOTTOM, TOP = -1, 1, -1j, 1j  # outwards; edges are that far from the origin
 NAMES = {LEFT: "left", RIGHT: "right", BOTTOM: "bottom", TOP: "top"}
-# What, symbol, unit, the effective section that is meant, the value by properties and edges.
+# Of every section: what, symbol, unit, the effective section meant, value by properties and edges.
 QUANTITIES = (
     ("Area", "A", "cm2", "N", lambda p, e, r: p.A / 100),
     ("Centroid from the left", "xs", "mm", "N", lambda p, e, r: p.at.real + r.edges[LEFT]),
@@ -22,20 +21,20 @@ QUANTITIES = (
     ("Modulus, bottom", "Wb", "cm3", "M", lambda p, e, r: p.Ix / (e[BOTTOM] + p.at.imag) / 1e3),
     ("Second moment", "Iy", "cm4", "N eN", lambda p, e, r: p.Iy / 1e4),
     ("Product moment", "Ixy", "cm4", "", lambda p, e, r: p.Ixy / 1e4),
-    ("Principal moment", "Iu", "cm4", "", lambda p, e, r: r.axes[0] / 1e4),
-    ("Principal moment", "Iv", "cm4", "", lambda p, e, r: r.axes[1] / 1e4),
-    ("Angle from x to u", "", "deg", "", lambda p, e, r: degrees(r.axes[2])),
+    ("Principal moment", "Iu", "cm4", "", lambda p, e, r: r.axes.u / 1e4),
+    ("Principal moment", "Iv", "cm4", "", lambda p, e, r: r.axes.v / 1e4),
+    ("Angle from x to u", "", "deg", "", lambda p, e, r: degrees(r.axes.theta)),
     ("Stress at the top", "", "N/mm2", TOP, lambda p, e, r: r.gross_stress(TOP)),
     ("Stress at the bottom", "", "N/mm2", BOTTOM, lambda p, e, r: r.gross_stress(BOTTOM)),
-    ("To the shear centre", "x0", "mm", "", lambda p, e, r: r.torsion and r.torsion[0]),
-    ("Warping constant", "Iw", "cm6", "", lambda p, e, r: r.torsion and r.torsion[1] / 1e6))
+    ("To the shear centre", "x0", "mm", "", lambda p, e, r: r.x0),
+    ("Warping constant", "Iw", "cm6", "", lambda p, e, r: r.Iw and r.Iw / 1e6))
 
 
 class State(namedtuple("State", "name load plates left edges")):
-    """The effective section under one action alone."""
+    """The effective section that is left under one action alone."""
     def stress(self, z):
-        p, x, y = self.left, (z - self.left.at).real, (z - self.left.at).imag
-        return self.load * {"N": 1 / p.A, "M": y / p.Ix, "N eN": x / p.Iy}[self.name]
+        p, arm = self.left, z - self.left.at
+        return self.load * {"N": 1 / p.A, "M": arm.imag / p.Ix, "N eN": arm.real / p.Iy}[self.name]
 
 
 class Plate(namedtuple("Plate", "name kind start along across width t")):
@@ -46,8 +45,8 @@ class Plate(namedtuple("Plate", "name kind start along across width t")):
     def without(self, u, v, share):
         """Of so much of it between u and v as a hole."""
         A, squares = -share * (v - u) * self.t, ((v - u) ** 2 / 12, self.t**2 / 12)
-        Ix, Iy = (A * s for s in squares[::-1 if self.along.imag == 0 else 1])
-        return Properties(A, self.at((u + v) / 2), Ix, Iy, 0.0)
+        Ix, Iy = (A * square for square in squares[::1 if self.along.imag else -1])
+        return shapes.Properties(A, self.at((u + v) / 2), Ix, Iy, 0.0)
 
     def rho(self, fy, k):
         """Of an outstand: EN 1993-1-5, 4.4 (4.3), which the library does not have."""
@@ -56,19 +55,26 @@ class Plate(namedtuple("Plate", "name kind start along across width t")):
 
 
 def place(panel, vertices, inset):
-    a, b, c = (vertices[n - 1] for n in panel[2:])
+    a, b, c = (vertices[number - 1] for number in (panel.a, panel.b, panel.c))
     x, y = (b - a).real, (b - a).imag
-    along = complex(x > 0 or -1, 0) if abs(x) >= abs(y) else complex(0, y > 0 or -1)
+    along = complex(copysign(1, x), 0) if abs(x) >= abs(y) else complex(0, copysign(1, y))
     across = 1j * ((c - a) / along).imag * along
-    begin = 0.0 if panel.kind == NO_LIP else inset
-    width = max(abs(x), abs(y)) - begin * (2 if panel.kind in (INTERNAL, SLOTTED) else 1)
-    return Plate(*panel[:2], a + begin * along, along, across, width, abs(across))
+    begin = 0.0 if panel.kind == shapes.NO_LIP else inset
+    width = max(abs(x), abs(y)) - begin * (1 if panel.kind in (shapes.OUTSTAND, shapes.LIP) else 2)
+    return Plate(panel.name, panel.kind, a + begin * along, along, across, width, abs(across))
 
 
-class Reduced(SimpleNamespace):
-    """A plate in compression from begin to end. psi: ratio of the stresses, the larger compression
-    below the line, which is at_start or not; ends: effective widths at the larger one, and beyond;
-    lost: from, to and share of what is not effective; rule: why; fault: why there is none."""
+class Reduced:
+    """A plate in compression from begin to end. ends: effective widths at the larger compression,
+    which is at_start or not, and beyond; lost: from, to and share of what is not effective."""
+    def __init__(self, plate, start, end):
+        self.plate, self.at_start = plate, start >= end
+        self.psi = min(start, end) / max(start, end)
+        width = plate.width / (1 - min(self.psi, 0.0))
+        self.begin = 0.0 if self.at_start else plate.width - width
+        self.end = self.begin + width
+        self.ends, self.lost, self.rule, self.fault = (width, 0.0), [], "", ""
+
     def gone(self):
         return sum(v - u for u, v, share in self.lost if share == 1)
 
@@ -94,8 +100,7 @@ class Reduced(SimpleNamespace):
         self.lost = [(self.begin + first, self.end - last, 1)]
 
     def reduce_lip(self, flange, depth, both, fy):
-        """EN 1993-1-3, 5.5.3.2: the stiffener is the lip and what of the flange is effective beside
-        it, and has the thickness chi t."""
+        """EN 1993-1-3, 5.5.3.2: it and the effective flange beside it have the thickness chi t."""
         p, b, leg = self.plate, flange.plate.width, flange.ends[0]  # the larger one is at the lip
         k = 0.5 + 0.83 * max(p.width / b - 0.35, 0.0) ** (2 / 3)
         width = p.width * p.rho(fy, k)
@@ -108,111 +113,109 @@ class Reduced(SimpleNamespace):
         self.fault = "" if chi else "kezchi does not settle"
 
 
+def reduce_all(plates, stress, fy):
+    ends = {p: (stress(p.at(0.0)), stress(p.at(p.width))) for p in plates}
+    found = {p.name: Reduced(p, *s) for p, s in ends.items() if max(s) > 1e-6 * abs(min(s))}
+    both = {"top flange", "top lip", "bottom flange", "bottom lip"} <= found.keys()
+    for name, r in found.items():
+        flange = found.get(name.replace("lip", "flange"))
+        if r.plate.kind == shapes.SLOTTED:
+            r.fault = "it has slots"
+        elif r.plate.kind == shapes.NO_LIP:
+            r.ends, r.rule, r.lost = (0.0, 0.0), shapes.NO_LIP + " (host)", [(r.begin, r.end, 1)]
+        elif r.plate.kind == shapes.INTERNAL:
+            r.reduce_internal(fy)
+        elif r.plate.kind == shapes.LIP and flange:
+            r.reduce_lip(flange, plates[0].width, both, fy)
+        else:
+            r.reduce_outstand(fy)
+    for r in found.values():
+        r.lost = [i for i in r.lost if i[1] - i[0] > 1e-6 * r.plate.width and i[2] > 1e-6]
+    return list(found.values())
+
+
 class Result:
     """Of a section the gross properties; states: the effective sections, under each action alone;
     stresses: with them, at the corners; faults: why nothing effective is known."""
     def __init__(self, section):
-        shape, d, self.given = SHAPES[section.shape], section.dims, section
-        self.loops = build(shape, d)
+        self.section, shape, d = section, shapes.SHAPES[section.shape], section.dims
+        self.loops = shapes.build(shape, d)
         vertices = [z for loop in self.loops for z in loop.z]
-        g = combined([p for loop in self.loops for p in (loop.polygon(), *loop.fillets())])
+        g = shapes.combined([p for loop in self.loops for p in (loop.polygon(), *loop.fillets())])
         # Rounding leaves symmetric sections some Ixy, which would turn the axes where Ix = Iy.
         self.gross = g._replace(Ixy=0.0) if abs(g.Ixy) < 1e-6 * (g.Ix + g.Iy) else g
         self.edges = {side: max((z / side).real for z in vertices) for side in NAMES}
-        self.axes = tuple(kezlib.kezinp(*self.gross[2:]))
-        self.torsion = None
+        self.axes = kezlib.kezinp(*self.gross[2:])
+        self.x0 = self.Iw = None
         if section.shape == "channel" and not d.nw:  # both are those of a whole web
-            walls = d.b, d.h, d.c, d.t
-            self.torsion = kezlib.kezshc_c(*walls).x0, kezlib.kezwar_c(*walls).Iw
-        plates = [place(panel, vertices, shape.inset(d)) for panel in shape.panels(d)]
-        self.plates = [p for p in plates if p.width > 0]
+            self.x0 = kezlib.kezshc_c(d.b, d.h, d.c, d.t).x0
+            self.Iw = kezlib.kezwar_c(d.b, d.h, d.c, d.t).Iw
+        panels = shape.panels(d) if callable(shape.panels) else shape.panels
+        self.plates = [p for panel in panels
+                       if (p := place(panel, vertices, shape.inset(d))).width > 0]
         self.load()
         self.faults = list(dict.fromkeys(f"{r.plate.name}: {r.fault}" for state in self.states
                                          for r in state.plates if r.fault))
-        self.largest, self.where = max(((s, at) for at, s in self.stresses.items()),
-                                       key=lambda pair: abs(pair[0]))
-        above = abs(self.largest) > section.fy
-        self.verdict = "incomplete" if self.faults else "ABOVE fy" if above else "not above fy"
-
-    def reduce_all(self, stress):
-        found, fy = {}, self.given.fy
-        for p in self.plates:
-            s = [stress(p.at(0.0)), stress(p.at(p.width))]
-            if (high := max(s)) > 1e-6 * abs(low := min(s)):
-                width, at_start = p.width / (1 - min(low / high, 0.0)), s[0] >= s[1]
-                begin = 0.0 if at_start else p.width - width
-                found[p.name] = Reduced(plate=p, psi=low / high, at_start=at_start, begin=begin,
-                                        end=begin + width, ends=(width, 0.0), lost=[], rule="",
-                                        fault="")
-        flanges = {name: found[flange] for name, r in found.items() if r.plate.kind == LIP
-                   and (flange := name.replace("lip", "flange")) in found}
-        for name, r in found.items():
-            if r.plate.kind == SLOTTED:
-                r.fault = "it has slots"
-            elif r.plate.kind == NO_LIP:
-                r.ends, r.rule, r.lost = (0.0, 0.0), NO_LIP + " (host)", [(r.begin, r.end, 1)]
-            elif name in flanges:
-                r.reduce_lip(flanges[name], self.plates[0].width, len(flanges) == 2, fy)
-            else:
-                (r.reduce_internal if r.plate.kind == INTERNAL else r.reduce_outstand)(fy)
-        for r in found.values():
-            r.lost = [i for i in r.lost if i[1] - i[0] > 1e-6 * r.plate.width and i[2] > 1e-6]
-        return list(found.values())
+        self.where, self.largest = max(self.stresses.items(), key=lambda pair: abs(pair[1]))
+        verdict = "ABOVE fy" if abs(self.largest) > section.fy else "not above fy"
+        self.verdict = "incomplete" if self.faults else verdict
 
     def edges_left(self, found):
         """How far the section reaches, where tips of outstands are lost."""
         ends = {r.plate.name: u for r in found for u, v, _ in r.lost if v > 0.999 * r.plate.width}
         tips = [(p.along, (p.at(ends.get(p.name, p.width)) / p.along).real)
-                for p in self.plates if p.kind == OUTSTAND]
+                for p in self.plates if p.kind == shapes.OUTSTAND]
         return {side: max((far for along, far in tips if along == side), default=edge)
                 for side, edge in self.edges.items()}
 
     def effective(self, name, load):
         """Webs are reduced by the stresses of the section with effective flanges (of one stress,
         with lips) and whole webs, found again until they settle: EN 1993-1-5, 4.4(3)."""
-        base, before, gradient = self.gross, [], GRADIENTS[name] * copysign(1, load)
+        base, before, along = self.gross, [], DIRECTIONS[name] * copysign(1, load)
         for _ in range(20):
-            found = self.reduce_all(lambda z: ((z - base.at) / gradient).real if gradient else 1)
+            found = reduce_all(self.plates, lambda z: ((z - base.at) / along).real if along else 1,
+                               self.section.fy)
             lost = [(r.plate, r.plate.without(*part)) for r in found for part in r.lost]
-            flanges = [part for p, part in lost if p.kind in (LIP, NO_LIP)
-                       or not gradient or not (p.along / gradient).real]
+            flanges = [part for p, part in lost if p.kind in (shapes.LIP, shapes.NO_LIP)
+                       or not along or not (p.along / along).real]
             area = [part.A for part in flanges]
             if len(area) == len(before) and all(map(isclose, area, before)):
                 break
-            base, before = combined([self.gross, *flanges]), area
+            base, before = shapes.combined([self.gross, *flanges]), area
         else:
             found[0].fault = "effective widths do not settle"
-        left = combined([self.gross] + [part for _, part in lost])
+        left = shapes.combined([self.gross] + [part for _, part in lost])
         return State(name, load, found, left, self.edges_left(found))
 
     def load(self):
-        N, M = self.given.N, self.given.M
+        """EN 1993-1-5, 4.3: N alone, M alone, and N times the shift eN of the centroid."""
+        N, M = self.section.N, self.section.M
         pushed = [self.effective("N", N)] if N > 0 else []
         shift = pushed[0].left.at - self.gross.at if pushed else 0j
         tiny = 1e-5 * sum(self.edges.values())
-        Mx, My = (-N * (e if abs(e) > tiny else 0.0) for e in (shift.imag, shift.real))
+        Mx, My = (-N * e if abs(e) > tiny else 0.0 for e in (shift.imag, shift.real))
         turned = [self.effective("N eN", My)] if My else []
-        # A shift that relieves the section counts as none: EN 1993-1-3, 6.1.3(3).
-        cases = [pushed + [self.effective("M", m) for m in (moment,) if m] + turned
-                 for moment in dict.fromkeys((M, M + Mx))]
-        self.states, self.stresses = max(((case, self.at_corners(case)) for case in cases),
-                                         key=lambda pair: max(map(abs, pair[1].values())))
+        cases = []
+        for moment in (M, M + Mx) if Mx else (M,):  # EN 1993-1-3, 6.1.3(3): no shift may relieve
+            states = pushed + ([self.effective("M", moment)] if moment else []) + turned
+            cases.append((states, self.at_corners(states)))
+        self.states, self.stresses = max(cases, key=lambda case: max(map(abs, case[1].values())))
 
     def at_corners(self, states):
         """EN 1993-1-5, 4.6 (4.15): each action by its own section, each edge by its own modulus."""
-        tension = min(self.given.N, 0.0) / self.gross.A
-        turned = any(s.name == "N eN" for s in states)
-        return {f"{NAMES[side]} {NAMES.get(beside, '')}".strip(): tension + sum(
-            s.stress(side * s.edges[side] + beside * s.edges.get(beside, 0)) for s in states)
-            for side in (TOP, BOTTOM) for beside in ((LEFT, RIGHT) if turned else (0,))}
+        turned = any(state.name == "N eN" for state in states)
+        corners = product((TOP, BOTTOM), (LEFT, RIGHT)) if turned else product((TOP, BOTTOM))
+        tension = min(self.section.N, 0.0) / self.gross.A
+        return {" ".join(NAMES[side] for side in corner): tension + sum(
+            state.stress(sum(side * state.edges[side] for side in corner)) for state in states)
+            for corner in corners}
 
     def gross_stress(self, side):
         """Of free bending, above or below the centroid."""
-        p, s, y = self.gross, self.given, (self.edges[side] * side - self.gross.at).imag
+        p, s, y = self.gross, self.section, (self.edges[side] * side - self.gross.at).imag
         return s.N / p.A + s.M * p.Iy * y / (p.Ix * p.Iy - p.Ixy**2)
 
     def quantities(self):
-        """What, symbol, unit, gross and effective value: of every section the same ones."""
         known = {} if self.faults else {s.name: (s.left, s.edges, self) for s in self.states}
         at = {side: max((s for where, s in self.stresses.items() if NAMES[side] in where), key=abs)
               for side in (TOP, BOTTOM) if not self.faults}

@@ -1,5 +1,4 @@
-"""The table of shapes, and the contours that come of it. Points are complex numbers x + iy in mm: x
-runs across and y up, from the middle of the width and of the height."""
+"""The shapes and their contours. Points are complex x + iy, in mm from the middle of a section."""
 
 from collections import namedtuple
 from itertools import islice
@@ -16,7 +15,7 @@ FILLET = (10 - 3 * pi) / (12 - 3 * pi)  # from the tangents to the centroid, of 
 # A plate from the vertex a, its supported end, as far as b; c is in the face opposite a.
 Panel = namedtuple("Panel", "name kind a b c")
 # dims: in the order of the line, ? behind one that may be 0; rules: lest contours cross themselves;
-# panels: flanges before their lips, a channel's web first; inset: where plates begin to count.
+# panels: or their function, lips after flanges, a web first; inset: where plates begin to count.
 Shape = namedtuple("Shape", "dims builder arguments rules panels inset radii",
                    defaults=(lambda d: 0.0, lambda d: {}))
 
@@ -65,8 +64,7 @@ def panels(kind, *rows):
 
 
 def channel(d):
-    """Lips stiffen the flanges between the ratios of EN 1993-1-3, 5.2(2). Else there are none, and
-    the flanges reach to their outer edges."""
+    """Beyond the ratios of EN 1993-1-3, 5.2(2), flanges without lips reach to their outer edges."""
     web = SLOTTED if d.nw else INTERNAL
     if d.c == 0:
         return panels(web, ("web", 6, 5, 1)) + panels(OUTSTAND, ("top flange", 6, 7, 1),
@@ -90,26 +88,24 @@ ANGLES = panels(OUTSTAND, ("left angle, top leg", 6, 1, 2), ("left angle, leg", 
                 ("right angle, top leg", 7, 12, 10), ("right angle, leg", 7, 8, 10))
 SHAPES = {
     "girder": Shape("d b1 b2 t1 t2 tw", kezlib.kezsec_ia, "d b1 b2 t1 t2 tw",
-                    ("t1 + t2 < d", "tw < b1", "tw < b2"), lambda d: GIRDER),
+                    ("t1 + t2 < d", "tw < b1", "tw < b2"), GIRDER),
     "rolled": Shape("h b tf tw r", kezlib.kezsec_ia, "h b b tf tf tw",
-                    ("2 * (tf + r) < h", "tw + 2 * r < b"), lambda d: GIRDER,
-                    lambda d: d.r, lambda d: dict.fromkeys((3, 4, 9, 10), d.r)),
-    "tee": Shape("b h tf tw", kezlib.kezsec_t, "b h tf tw", ("tf < h", "tw < b"), lambda d: TEE),
+                    ("2 * (tf + r) < h", "tw + 2 * r < b"), GIRDER, inset=lambda d: d.r,
+                    radii=lambda d: dict.fromkeys((3, 4, 9, 10), d.r)),
+    "tee": Shape("b h tf tw", kezlib.kezsec_t, "b h tf tw", ("tf < h", "tw < b"), TEE),
     "box": Shape("bt bb tt tb h tw s", kezlib.kezsec_box, "bt bb tt tb h tw s",
-                 ("tt + tb < h", "s + 2 * tw <= bt", "s + 2 * tw <= bb"), lambda d: BOX),
-    "rhs": Shape("b h t", kezlib.kezsec_rhs, "b h t", ("2 * t < b", "2 * t < h"), lambda d: RHS),
+                 ("tt + tb < h", "s + 2 * tw <= bt", "s + 2 * tw <= bb"), BOX),
+    "rhs": Shape("b h t", kezlib.kezsec_rhs, "b h t", ("2 * t < b", "2 * t < h"), RHS),
     "hollow": Shape("b h t r", kezlib.kezsec_rhs, "b h t",  # b - 3 t: EN 1993-1-5, 4.4(2)
-                    ("2 * t < b", "2 * t < h", "2 * r < b", "2 * r < h"), lambda d: RHS,
-                    lambda d: max(0.0, min(d.r, 1.5 * d.t) - d.t),
-                    lambda d: {n: max(0.0, d.r - d.t * (n > 4)) for n in range(1, 9)}),
-    "angles": Shape("a h s? th tv", kezlib.kezsec_l2, "a h s th tv", ("tv < a", "th < h"),
-                    lambda d: ANGLES),
+                    ("2 * t < b", "2 * t < h", "2 * r < b", "2 * r < h"), RHS,
+                    inset=lambda d: max(0.0, min(d.r, 1.5 * d.t) - d.t),
+                    radii=lambda d: {n: max(0.0, d.r - d.t * (n > 4)) for n in range(1, 9)}),
+    "angles": Shape("a h s? th tv", kezlib.kezsec_l2, "a h s th tv", ("tv < a", "th < h"), ANGLES),
     "channel": Shape("b h c? t sw? yw? nw?", kezlib.kezsec_c, "b h c t 0 0 0 0 sw yw nw 0 0 0",
                      ("2 * t < b", "2 * t < h", "c == 0 or t < c < h / 2", "nw in (0, 1, 2)",
                       "nw == 0 or sw > 0", "nw == 0 or yw + sw / 2 < h / 2 - t",
                       "nw < 2 or yw > sw / 2"),
-                     channel, lambda d: -d.t / 2),  # between centre-lines: EN 1993-1-3, 5.1
-}
+                     channel, inset=lambda d: -d.t / 2)}  # between centre-lines: EN 1993-1-3, 5.1
 # Beyond 10 m powers could overflow, below 0.1 mm the library's tolerance would begin to show.
 LIMITS = {word: {name.rstrip("?"): (0.0 if name.endswith("?") else 0.1, 10000.0)
                  for name in shape.dims.split()} for word, shape in SHAPES.items()}
