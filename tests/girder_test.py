@@ -237,6 +237,14 @@ class Effective(Case):
         self.near(lip.ends[0], 24.5 * 0.689393, 1e-4)
         self.near(lip.gone(), 24.5 * (1 - 0.689393), 1e-4)
 
+    def test_other_lips(self):
+        """One that is pressed at its end, its flange not, is an outstand; a stocky one is whole."""
+        found = plates(result("channel 100 110 54 1 0 0 0  350 0 5"), "M")
+        self.assertNotIn("bottom flange", found)
+        self.assertTrue(found["bottom lip"].rule.startswith("outstand"))
+        found = plates(result("channel 60 100 20 6 0 0 0  235 10 0"), "N")
+        self.assertEqual(found["top lip"].lost + found["top flange"].lost, [])
+
     def test_width_between_round_corners(self):
         """b - 3 t, more where r is less (EN 1993-1-5, 4.4(2)), and clear of the walls."""
         for r, width in ((10, 185), (6, 188), (3, 190)):

@@ -130,7 +130,7 @@ def reduce_all(plates, stress, fy):
         else:
             r.reduce_outstand(fy)
     for r in found.values():
-        r.lost = [i for i in r.lost if i[1] - i[0] > 1e-6 * r.plate.width and i[2] > 1e-6]
+        r.lost = [(u, v, s) for u, v, s in r.lost if v - u > 1e-6 * r.plate.width and s > 1e-6]
     return list(found.values())
 
 
