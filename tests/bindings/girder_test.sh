@@ -10,5 +10,6 @@ cd "$work"
 
 find_python distributed ezdxf tqdm
 unset KEZLIB_LIBRARY
-quietly env PYTHONPATH="$package/share/kezlib/bindings/python" "$python" -B "$source/tests/girder_test.py"
+export PYTHONPATH="$package/share/kezlib/bindings/python"
+quietly "$python" -B "$source/tests/girder_test.py"
 echo "$(sed -n 's/^Ran \([0-9]* tests\) .*/\1/p' log) of the section host passed"

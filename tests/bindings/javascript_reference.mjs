@@ -1,5 +1,5 @@
 // Makes the calls of `reference calls` with the WebAssembly module, and holds the hashes of what
-// they leave against the list of all builds. Below the binding, whose numbers do not carry all bits.
+// they leave against the list of all builds. Below the binding, whose numbers drop some bits.
 //
 //   node javascript_reference.mjs PACKAGE LIST SEEDED ROWS
 
