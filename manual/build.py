@@ -21,7 +21,7 @@ import jinja2  # noqa: E402
 from generator import documents, languages, pages, worked  # noqa: E402
 from generator.pictures import draw_all  # noqa: E402
 from generator.routine_page import page_data  # noqa: E402
-from interface import HEADER, ROOT, read  # noqa: E402
+from interface import ROOT, read, version  # noqa: E402
 
 
 def absolute(path):
@@ -34,10 +34,6 @@ def parse_command():
     for name in ("library", "work", "out"):
         parser.add_argument(name, type=absolute, metavar=name.upper())
     return parser.parse_args()
-
-
-def version():
-    return ".".join(re.findall(r"#define KEZ_VERSION_\w+ (\d+)", HEADER.read_text()))
 
 
 def environment():

@@ -32,10 +32,6 @@ def signature(routine):
     return wrapped(f"void {routine.name}(", map(parameter, routine.arguments), ");")
 
 
-def kind_of(argument, form):
-    return form if argument.kind == "word" else argument.kind
-
-
 def callback(argument, literals):
     return ("/* Above the function that calls: */\n"
             f"static float {argument.name}(const int32_t *i) {{\n"
@@ -54,7 +50,7 @@ def scalar_declarations(routine, literals, form):
     for direction, const in (("in", "const "), ("in,out", ""), ("out", "")):
         for kind in ("real", "integer"):
             found = [scalar(a, literals) for a in routine.arguments if not a.extent
-                     and a.direction == direction and kind_of(a, form) == kind]
+                     and a.direction == direction and a.kind_in(form) == kind]
             if found:
                 yield wrapped(f"{const}{TYPES[kind]} ", found, ";")
 
@@ -63,7 +59,7 @@ def array_declaration(argument, literals, sizes, form):
     const = "const " if argument.direction == "in" else ""
     given = argument.direction != "out" or argument.name in literals
     size, values = ("", literals[argument.name]) if given else (sizes[argument.name], "0")
-    kind = TYPES[kind_of(argument, form)]
+    kind = TYPES[argument.kind_in(form)]
     return f"{const}{kind} {argument.name}[{size}] = {{{values}}};"
 
 
@@ -79,7 +75,7 @@ def limit(argument, routine, sizes):
 
 
 def printing(argument, routine, sizes, form):
-    name, shown = argument.name, FORMATS[kind_of(argument, form)]
+    name, shown = argument.name, FORMATS[argument.kind_in(form)]
     if not argument.extent:
         return f'printf("{name} = {shown}\\n", {name});'
     return (f"for (int entry = 0; entry < {limit(argument, routine, sizes)}; entry++) "

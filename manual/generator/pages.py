@@ -8,7 +8,7 @@ from interface import HEADER, ROOT
 from interface.reader import parse_comment
 from markupsafe import Markup as Safe
 
-from . import languages, routine
+from . import routine
 from .documents import Document
 from .markup import Prose, plain_text
 from .routine_page import Card, routine_values

@@ -4,6 +4,7 @@ import itertools
 from collections import defaultdict
 from dataclasses import dataclass, field
 
+from interface.arithmetic import signed
 from interface.rows import read_rows, single, word
 
 SHOWN = 8
@@ -25,7 +26,7 @@ def literal_text(literal, kind):
     if not literal.startswith("0x"):
         return literal
     bits = word(literal, kind)
-    return str(bits - (bits >> 31 << 32)) if kind == "integer" else f"{single(bits):.9g}"
+    return str(signed(bits)) if kind == "integer" else f"{single(bits):.9g}"
 
 
 def typed(literals, kind):

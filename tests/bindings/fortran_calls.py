@@ -2,6 +2,7 @@
 
 import row_values
 import worked_calls
+from interface import arithmetic
 from interface.writers import fortran
 
 ANSWER = 'write (*, "(*(1x, z8.8))", advance="no") transfer({}, [0])'
@@ -9,7 +10,7 @@ TYPES = {"real": "real(c_float)", "integer": "integer(c_int32_t)"}
 
 
 def of_bits(bits):
-    return "-0.0" if bits == 1 << 31 else f"transfer({worked_calls.signed(bits)}, 0.0)"
+    return "-0.0" if bits == 1 << 31 else f"transfer({arithmetic.signed(bits)}, 0.0)"
 
 
 def literal(text, kind):

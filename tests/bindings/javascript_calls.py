@@ -28,9 +28,8 @@ def words(row, name):
 
 def kept(row):
     """What the outputs that may be kept hold, where the host says so."""
-    names = javascript.kept(row.routine)
     return {a.name: [GIVEN_TO_KEEP[row.kinds[a.name]]] * extent(a, row)
-            for a in row.routine.outputs() if a.name in names}
+            for a in row.routine.kept_outputs()}
 
 
 def texts(row, language):
@@ -93,7 +92,7 @@ def before(row, argument, way):
     kind = row.kinds[argument.name]
     if argument.direction == "in,out":
         return words(row, argument.name)
-    if way == "plain" and argument.name in javascript.kept(row.routine):
+    if way == "plain" and argument.is_kept():
         return [GIVEN_TO_KEEP[kind]] * extent(argument, row)
     return [UNWRITTEN[kind] if argument.extent else None] * extent(argument, row)
 

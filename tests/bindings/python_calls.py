@@ -64,7 +64,7 @@ def presets(row):
         return {}
     integers = integers_of(row, before=True)
     return {a.name: [GIVEN[row.kinds[a.name]]] * (extent(a, integers) + 1 if a.extent else 1)
-            for a in python.optional(row.routine)}
+            for a in row.routine.kept_outputs()}
 
 
 def passed(argument, literals, kind):
@@ -82,7 +82,7 @@ def call_with_numpy(row, literals):
     values = {a.name: passed(a, literals[a.name], row.kinds[a.name])
               for a in row.routine.arguments if a.name in literals}
     inputs = [values[a.name] for a in row.routine.inputs()]
-    kept = {python.LANGUAGE.name(a.name): values[a.name] for a in python.optional(row.routine)
+    kept = {python.LANGUAGE.name(a.name): values[a.name] for a in row.routine.kept_outputs()
             if a.name in values}
     return getattr(kezlib, row.routine.name)(*inputs, **kept)
 

@@ -50,5 +50,5 @@ def texts(row, literal, joint):
 
 def form(row):
     """What lists of either kind are, real or integer."""
-    words = [a.name for a in row.routine.arguments if a.kind == "word"]
-    return row.kinds[words[0]] if words else "real"
+    words = row.routine.words()
+    return row.kinds[words[0].name] if words else "real"

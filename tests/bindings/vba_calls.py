@@ -42,12 +42,12 @@ def wanted_parameters(routine, form, vba7):
         if a.callback:
             yield a.name, "LongPtr" if vba7 else "Long", False
         else:
-            yield a.name, FORMS[form if a.kind == "word" else a.kind], True
+            yield a.name, FORMS[a.kind_in(form)], True
 
 
 def wanted_declarations(vba7):
     for routine in INTERFACE.routines:
-        if any(a.kind == "word" for a in routine.arguments):
+        if routine.words():
             for form, name in FORMS.items():
                 yield routine.name + name, routine.name, list(
                     wanted_parameters(routine, form, vba7))

@@ -25,7 +25,7 @@ def has_signalling(literals):
 
 def in_other_kind(row):
     """A row about raw words with the same bits as reals instead of integers, or the reverse."""
-    words = {a.name for a in row.routine.arguments if a.kind == "word"}
+    words = {a.name for a in row.routine.words()}
 
     def bits(found):
         return {name: [text if text == "." else f"0x{rows.word(text, row.kinds[name]):08x}"
@@ -40,8 +40,8 @@ def in_other_kind(row):
 def all_rows():
     for row in rows.read_rows(INTERFACE):
         yield row
-        words = [a.name for a in row.routine.arguments if a.kind == "word"]
-        texts = [text for name in words for text in row.given.get(name, [])]
+        words = row.routine.words()
+        texts = [text for a in words for text in row.given.get(a.name, [])]
         if words and not has_signalling(texts):
             yield in_other_kind(row)
 
@@ -54,10 +54,6 @@ def wanted(row):
     entries = held(row)
     return {name: literals + ["."] * (len(entries[name]) - len(literals))
             for name, literals in row.wanted.items()}
-
-
-def signed(bits):
-    return bits - (bits >> 31 << 32)
 
 
 def literal(writer, of_bits):
@@ -75,8 +71,7 @@ def families():
     """The rows of each routine, or of each kind of words of one, by the declaration's name."""
     found = {}
     for row in ROWS:
-        words = any(a.kind == "word" for a in row.routine.arguments)
-        name = f"{row.routine.name}_{form(row)}" if words else row.routine.name
+        name = row.routine.name + (f"_{form(row)}" if row.routine.words() else "")
         found.setdefault(name, []).append(row)
     return found
 

@@ -8,7 +8,7 @@ import sys
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "tools"))
 
-from interface import reader, rows  # noqa: E402
+from interface import arithmetic, reader, rows  # noqa: E402
 
 
 def value_of(literal, kind):
@@ -17,7 +17,7 @@ def value_of(literal, kind):
         return None
     if literal.startswith("0x"):
         bits = int(literal, 16)
-        return bits - (bits >> 31 << 32) if kind == "integer" else rows.single(bits)
+        return arithmetic.signed(bits) if kind == "integer" else rows.single(bits)
     if kind == "integer":
         return int(literal)
     value, _, rest = literal.partition("~")

@@ -5,6 +5,7 @@ import re
 import textwrap
 from dataclasses import dataclass, field
 
+from .arithmetic import signed
 from .rows import single, word
 
 
@@ -28,7 +29,7 @@ class Literals:
         bits = word(literal, kind)
         if kind == "integer":
             return (self.least_integer if bits == 1 << 31 else
-                    self.integer.format(bits - (bits >> 31 << 32)))
+                    self.integer.format(signed(bits)))
         value = single(bits)
         if math.isnan(value):
             return self.not_a_number
@@ -69,6 +70,11 @@ def description(routine):
     return (routine.summary + (" " if leads_up else "\n\n") + routine.details).rstrip()
 
 
+def kept_value(routine):
+    """What it keeps from call to call, as a paragraph; empty if nothing."""
+    return f"Kept value: {routine.kept}" if routine.kept else ""
+
+
 def wrapped(text, prefix, width=100):
     """Paragraphs as the lines of a comment; sketches and tables, which are indented or begin with a
     bar, stay as they are."""
@@ -104,7 +110,7 @@ def is_list(argument):
 
 def forms(routine):
     """The kinds of its raw words: a declaration for each; one of none where it has no words."""
-    return ["integer", "real"] if any(a.kind == "word" for a in routine.arguments) else [None]
+    return ["integer", "real"] if routine.words() else [None]
 
 
 INTEGERS = re.compile(r"(?:[-\d\s,&]|«\w+»)*")  # or what a page puts integers in place of
@@ -113,5 +119,5 @@ INTEGERS = re.compile(r"(?:[-\d\s,&]|«\w+»)*")  # or what a page puts integers
 def form_of(routine, literals, language):
     """The kind of a call's raw words, by the texts of what they hold."""
     texts = [literals.get(a.name, "").replace(language.literals.least_integer, "0")
-             for a in routine.arguments if a.kind == "word"]
+             for a in routine.words()]
     return "integer" if all(map(INTEGERS.fullmatch, texts)) else "real"

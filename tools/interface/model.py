@@ -17,6 +17,14 @@ class Argument:
     kept_when: str = ""  # condition of that clause: the cases in which it is not written
     callback: "Callback | None" = None  # of that kind, its type
 
+    def is_kept(self):
+        """Whether it is an output that some case leaves as the caller had it."""
+        return self.direction == "out" and bool(self.kept_when)
+
+    def kind_in(self, form):
+        """Its kind where raw words are of that form, real or integer."""
+        return form if self.kind == "word" else self.kind
+
     def whole_text(self):
         word = "unchanged" if self.direction == "in,out" else "kept"
         return self.text + (f"; {word} when {self.kept_when}" if self.kept_when else "")
@@ -63,6 +71,12 @@ class Routine:
 
     def outputs(self):
         return [a for a in self.arguments if a.direction != "in"]
+
+    def kept_outputs(self):
+        return [a for a in self.arguments if a.is_kept()]
+
+    def words(self):
+        return [a for a in self.arguments if a.kind == "word"]
 
 
 @dataclass

@@ -10,14 +10,6 @@ WIDTH = 92
 KINDS = {"real": "float", "integer": "int", "word": "float or int"}
 
 
-def is_optional(argument):
-    return argument.direction == "out" and bool(argument.kept_when)
-
-
-def optional(routine):
-    return [a for a in routine.arguments if is_optional(a)]
-
-
 def callback_hint(callback):
     taken = ", ".join(KINDS[a.kind] for a in callback.arguments)
     return f"Callable[[{taken}], {KINDS[callback.result]}]"
@@ -41,7 +33,7 @@ def documented_result(argument):
     kind = KINDS[argument.kind]
     if argument.extent:
         return f"array of {kind}, [{argument.extent}]"
-    return f"{kind} or None" if is_optional(argument) else kind
+    return f"{kind} or None" if argument.is_kept() else kind
 
 
 def result_text(argument):
@@ -62,7 +54,7 @@ def section(title, lines):
 def documentation(routine, name):
     """The lines of a docstring; `name` gives an argument's name as the function has it."""
     given = [*items(routine.inputs(), documented_kind, lambda a: a.text, name),
-             *items(optional(routine), lambda a: f"{documented_kind(a)}, optional",
+             *items(routine.kept_outputs(), lambda a: f"{documented_kind(a)}, optional",
                     lambda a: "what to return where it is not written", name)]
     returned = items(routine.outputs(), documented_result, result_text, name)
     notes = wrapped(f"Kept from one call to the next: {routine.kept}", "", WIDTH)

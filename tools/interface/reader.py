@@ -213,5 +213,10 @@ def parse_header(text):
     return interface
 
 
+def version():
+    """The library's, as 1.0.0."""
+    return ".".join(re.findall(r"#define KEZ_VERSION_\w+ (\d+)", HEADER.read_text()))
+
+
 def read():
     return parse_header(HEADER.read_text())

@@ -44,9 +44,8 @@ def looks_real(literal):
 
 
 def kinds(row):
-    words = [a.name for a in row.routine.arguments if a.kind == "word"]
-    literals = [text for found in (row.given, row.wanted) for name in words
-                for text in found.get(name, [])]
+    literals = [text for found in (row.given, row.wanted) for a in row.routine.words()
+                for text in found.get(a.name, [])]
     of_words = "real" if any(map(looks_real, literals)) else "integer"
     return {a.name: {"word": of_words, "callback": "real"}.get(a.kind, a.kind)
             for a in row.routine.arguments}

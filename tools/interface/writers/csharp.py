@@ -6,8 +6,8 @@ import textwrap
 from xml.sax.saxutils import escape
 
 from ..arithmetic import substituted
-from ..languages import (Language, Literals, broken, form_of, forms, glued, is_list, shape,
-                         wrapped)
+from ..languages import (Language, Literals, broken, form_of, forms, glued, is_list, kept_value,
+                         shape, wrapped)
 from ..model import FormError
 from . import NOTICE
 
@@ -41,7 +41,7 @@ def name(argument):
 def type_name(argument, form):
     if argument.callback:
         return argument.callback.name
-    kind = TYPES[form if argument.kind == "word" else argument.kind]
+    kind = TYPES[argument.kind_in(form)]
     return kind + "[]" if is_list(argument) else kind
 
 
@@ -50,7 +50,7 @@ def passing(argument):
     others before C# 7.2 for an error."""
     if is_list(argument) or argument.direction == "in":
         return ""
-    return "out " if argument.direction == "out" and not argument.kept_when else "ref "
+    return "out " if argument.direction == "out" and not argument.is_kept() else "ref "
 
 
 def native_passing(argument):
@@ -96,12 +96,12 @@ def comment(lines):
 
 def documentation(routine, group):
     more = "; the remarks of the class say more." if group.text else "."
-    kept = routine.kept and f"Kept value: {routine.kept}"
     texts = wrapped(f"<summary>{marked_up(routine.summary)}</summary>", "", 84)
     for a in routine.arguments:
         text = f"{DIRECTIONS[a.direction]}, {shape(a)}: {a.whole_text()}."
         texts += wrapped(f'<param name="{a.name}">{marked_up(text)}</param>', "", 84)
-    remarks = paragraphs("\n\n".join([routine.details, kept, f"Family: {routine.group}{more}"]))
+    remarks = paragraphs("\n\n".join([routine.details, kept_value(routine),
+                                      f"Family: {routine.group}{more}"]))
     return comment([*texts, "<remarks>", *remarks, "</remarks>"])
 
 

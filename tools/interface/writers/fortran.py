@@ -2,7 +2,7 @@
 
 import itertools
 
-from ..languages import Language, Literals, broken, form_of, forms, is_list, wrapped
+from ..languages import Language, Literals, broken, form_of, forms, is_list, kept_value, wrapped
 from . import NOTICE
 
 # Each entry has a line of its own: a line ends at column 132, wherever the literals come from.
@@ -64,7 +64,7 @@ def intent(argument):
 def declared(argument, form):
     if argument.callback:
         return f"procedure({argument.callback.name})"
-    kind = KINDS[form if argument.kind == "word" else argument.kind]
+    kind = KINDS[argument.kind_in(form)]
     return f"{kind}, intent({intent(argument)})"
 
 
@@ -101,8 +101,7 @@ def body(routine, form):
 
 
 def text_of(routine):
-    kept = f"Kept value: {routine.kept}" if routine.kept else ""
-    return "\n\n".join(filter(None, [routine.summary, routine.details, kept]))
+    return "\n\n".join(filter(None, [routine.summary, routine.details, kept_value(routine)]))
 
 
 def interface_of(routine):
@@ -151,7 +150,7 @@ def values_name(argument):
 def variables(routine, form, sizes):
     for argument in routine.arguments:
         if not argument.callback:
-            kind = DEFAULT_KINDS[form if argument.kind == "word" else argument.kind]
+            kind = DEFAULT_KINDS[argument.kind_in(form)]
             bounds = f"({sizes[argument.name]})" if is_list(argument) else ""
             yield f"{kind} :: {argument.name}{bounds}"
 
@@ -160,8 +159,7 @@ def settings(routine, form, literals):
     for argument in routine.arguments:
         if argument.name in literals:
             value = literals[argument.name]
-            kind = form if argument.kind == "word" else argument.kind
-            typed = DEFAULT_KINDS.get(kind, "real")
+            typed = DEFAULT_KINDS.get(argument.kind_in(form), "real")
             yield (f"{values_name(argument)} = "
                    + (f"[{typed} :: {value}]" if is_list(argument) else value))
         elif argument.kept_when:

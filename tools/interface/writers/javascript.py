@@ -44,7 +44,7 @@ def fields(argument, routine):
     found = [f'kind: "{argument.kind}"', f'direction: "{argument.direction}"']
     if argument.extent and argument.kind != "callback":
         found += [f"extent: {arithmetic(argument.extent, routine)}", f'asks: "{argument.extent}"']
-    if argument.kept_when and argument.direction == "out":
+    if argument.is_kept():
         found.append("kept: true")
         if expression := conditions.behind(argument.kept_when):
             found.append(f"written: {arithmetic(expression, routine)}")
@@ -74,8 +74,8 @@ def write(interface):
 
 
 def kept(routine):
-    """The outputs whose values before the call may be given."""
-    return [a.name for a in routine.outputs() if a.kept_when and a.direction == "out"]
+    """Names of the outputs whose values before the call may be given."""
+    return [a.name for a in routine.kept_outputs()]
 
 
 def braces(names):

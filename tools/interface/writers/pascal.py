@@ -3,7 +3,8 @@
 import itertools
 from xml.sax.saxutils import escape
 
-from ..languages import Language, Literals, broken, form_of, forms, glued, is_list, wrapped
+from ..languages import (Language, Literals, broken, form_of, forms, glued, is_list, kept_value,
+                         wrapped)
 from . import NOTICE
 
 RESERVED = frozenset("""
@@ -37,13 +38,13 @@ BY_REFERENCE = {"FPC": "constref", "Delphi": "const [Ref]"}
 def passed(argument, compiler):
     if argument.direction == "in":
         return "" if argument.callback else f"{BY_REFERENCE[compiler]} "
-    return "out " if argument.direction == "out" and not argument.kept_when else "var "
+    return "out " if argument.direction == "out" and not argument.is_kept() else "var "
 
 
 def type_of(argument, form):
     if argument.callback:
         return argument.callback.name
-    return KINDS[form if argument.kind == "word" else argument.kind]
+    return KINDS[argument.kind_in(form)]
 
 
 def parameters(routine, form, compiler):
@@ -73,8 +74,7 @@ def element(opening, text):
 
 def document(routine):
     yield from element("summary", routine.summary)
-    kept = f"Kept value: {routine.kept}" if routine.kept else ""
-    if remarks := "\n\n".join(filter(None, [routine.details, kept])):
+    if remarks := "\n\n".join(filter(None, [routine.details, kept_value(routine)])):
         # Between the marks a sketch or a table stands as it does in the header.
         yield from ["/// <remarks>", *wrapped(escape(remarks), "/// "), "/// </remarks>"]
     for argument in routine.arguments:

@@ -2,14 +2,13 @@
 
 import itertools
 import keyword
-import re
 
 from .. import conditions
 from ..arithmetic import substituted
 from ..languages import Language, Literals, wrapped
 from ..model import FormError
-from ..numpydoc import callback_hint, documentation, is_optional, optional
-from ..reader import HEADER
+from ..numpydoc import callback_hint, documentation
+from ..reader import version
 from . import NOTICE
 
 LANGUAGE = Language(
@@ -31,11 +30,6 @@ out, or hold a not-a-number of their own or the smallest integer where they are 
 have another value there give it as a keyword argument."""
 
 
-def version():
-    found = re.findall(r"#define KEZ_VERSION_(?:MAJOR|MINOR|PATCH) (\d+)", HEADER.read_text())
-    return ".".join(found)
-
-
 def results_class(routine):
     return routine.name.capitalize()
 
@@ -49,12 +43,12 @@ def hint(argument):
 def result_hint(argument):
     if argument.extent:
         return f"{hint(argument)[:-1]}Array"
-    return f"Optional[{hint(argument)}]" if is_optional(argument) else hint(argument)
+    return f"Optional[{hint(argument)}]" if argument.is_kept() else hint(argument)
 
 
 def parameters(routine):
     given = [f"{LANGUAGE.name(a.name)}: {hint(a)}" for a in routine.inputs()]
-    kept = [f"{LANGUAGE.name(a.name)}: Optional[{hint(a)}] = None" for a in optional(routine)]
+    kept = [f"{LANGUAGE.name(a.name)}: Optional[{hint(a)}] = None" for a in routine.kept_outputs()]
     return given + (["*", *kept] if kept else [])
 
 
@@ -87,7 +81,7 @@ def declared(argument, name, literal):
 
 
 def call(routine, literals, sizes):
-    kept = [a for a in optional(routine) if a.name in literals]
+    kept = [a for a in routine.kept_outputs() if a.name in literals]
     lines, passed = [], []
     for argument in routine.inputs() + kept:
         name = LANGUAGE.name(argument.name)
@@ -120,7 +114,7 @@ def description(argument, routine):
     fields = [f'"{argument.kind}"', f'"{argument.direction}"']
     if argument.extent:
         fields += [f'extent="{argument.extent}"', f"size={over_values(argument.extent, routine)}"]
-    if is_optional(argument):
+    if argument.is_kept():
         fields.append("kept=True")
         if expression := conditions.behind(argument.kept_when):
             fields.append(f"written={over_values(expression, routine)}")
@@ -162,7 +156,7 @@ def as_tuple(names):
 
 def passed(routine):
     given = as_tuple([LANGUAGE.name(a.name) for a in routine.inputs()])
-    kept = [LANGUAGE.name(a.name) for a in optional(routine)]
+    kept = [LANGUAGE.name(a.name) for a in routine.kept_outputs()]
     if not kept:
         return indented(wrapped(f"return _{routine.name}({given})", "    "))
     none_is_given = " is ".join([*kept, "None"])

@@ -3,7 +3,7 @@
 import re
 import textwrap
 
-from ..languages import GLUE, Language, broken, description, shape, wrapped
+from ..languages import GLUE, Language, broken, description, kept_value, shape, wrapped
 from . import NOTICE, javascript
 
 LANGUAGE = Language(
@@ -46,17 +46,11 @@ def given_type(argument):
 def result_type(argument):
     if argument.extent:
         return LISTS[argument.kind]
-    may_be_kept = argument.kept_when and argument.direction == "out"
-    return "number | undefined" if may_be_kept else "number"
+    return "number | undefined" if argument.is_kept() else "number"
 
 
 def kept_type(argument):
     return f"{argument.name}?: {given_type(argument)}"
-
-
-def kept(routine):
-    names = javascript.kept(routine)
-    return [a for a in routine.outputs() if a.name in names]
 
 
 def braces(members):
@@ -64,10 +58,11 @@ def braces(members):
 
 
 def signature(routine):
+    kept = routine.kept_outputs()
     given = [f"{LANGUAGE.name(a.name)}: {given_type(a)}" for a in routine.inputs()]
-    given += [f"kept?: {braces(map(kept_type, kept(routine)))}"] if kept(routine) else []
+    given += [f"kept?: {braces(map(kept_type, kept))}"] if kept else []
     results = braces(f"{a.name}: {result_type(a)}" for a in routine.outputs())
-    lists = any(a.kind == "word" for a in routine.arguments)
+    lists = routine.words()
     variable = "<List extends ArrayLike<number>>" if lists else ""
     line = f"{routine.name}{variable}({', '.join(given)}): {results};"
     return "\n".join(broken(re.sub(r"(?<=[:{|]) | (?=[}|])", GLUE, line), 96, "  "))
@@ -87,8 +82,8 @@ def tag(text):
 
 
 def documentation(routine):
-    kept = f"\n\nKept value: {routine.kept}" if routine.kept else ""
-    lines = ["  /**", *wrapped(description(routine) + kept, "   * "), "   *"]
+    text = "\n\n".join(filter(None, [description(routine), kept_value(routine)]))
+    lines = ["  /**", *wrapped(text, "   * "), "   *"]
     for argument in routine.inputs():
         lines += tag(f"@param {described(LANGUAGE.name(argument.name), argument)}")
     if names := javascript.kept(routine):

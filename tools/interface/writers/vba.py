@@ -3,8 +3,8 @@
 import itertools
 import textwrap
 
-from ..languages import (Language, Literals, broken, form_of, forms, glued, is_list, shape,
-                         wrapped)
+from ..languages import (Language, Literals, broken, form_of, forms, glued, is_list, kept_value,
+                         shape, wrapped)
 from . import NOTICE
 
 LANGUAGE = Language(
@@ -69,7 +69,7 @@ def declared_name(routine, form):
 
 
 def type_name(argument, form):
-    return TYPES[form if argument.kind == "word" else argument.kind]
+    return TYPES[argument.kind_in(form)]
 
 
 def continued(text, indent=""):
@@ -97,8 +97,8 @@ def signature(routine):
 
 
 def documentation(routine):
-    kept = routine.kept and f"Kept value: {routine.kept}"
-    paragraphs = filter(None, [f"{routine.name}: {routine.summary}", routine.details, kept])
+    paragraphs = filter(None, [f"{routine.name}: {routine.summary}", routine.details,
+                               kept_value(routine)])
     lines = wrapped("\n\n".join(paragraphs), "' ", WIDTH)
     says = (lambda a: f"{DIRECTIONS[a.direction]}, {shape(a)}: {a.whole_text()}")
     for text, members in itertools.groupby(routine.arguments, says):
