@@ -36,21 +36,16 @@ import { line, plane, points, through } from "./plane.js";
 import { entries, interval, ruler, sides, value, zero } from "./ruler.js";
 import { meeting, patch, solid } from "./planes.js";
 import { beyond, legs, shadows, space } from "./space.js";
+import { ENDS, NO_YES, P, P1, P2, P3, P4 } from "./terms.js";
 
-const P1 = at("x1 y1 z1");
-const P2 = at("x2 y2 z2");
-const P3 = at("x3 y3 z3");
-const P4 = at("x4 y4 z4");
 const P5 = at("x5 y5 z5");
 const P6 = at("x6 y6 z6");
-const P = at("x y z");
 const U = at("ux uy uz");
 const W = at("wx wy wz");
 
 // The second segment's vector, moved to where the first one starts.
 const MOVED = sum(P1, between(P4, P3));
 
-const ENDS = [point(P1), point(P2)];
 const TWO_SEGMENTS = [...ENDS, point(P3), point(P4), vector(P1, P2), vector(P3, P4)];
 
 const DIRECTIONS = [direction("ux uy uz"), direction("wx wy wz")];
@@ -62,7 +57,6 @@ const PLANES = ["intersecting", "parallel", "parallel, opposite", "same plane",
   "same plane, opposite", "perpendicular", "null normal"];
 const POSITIONS = ["off the line", "at the first end", "at the second end", "between the ends",
   "before the first end", "beyond the second end"];
-const NO_YES = ["no", "yes"];
 
 const POINTS = {
   kezpds: space([...ENDS, distance(P1, P2, "d")]),

@@ -32,20 +32,15 @@ import {
 import { line, plane, points, polygon } from "./plane.js";
 import { facet, intercepts, meeting, patch, planeOf } from "./planes.js";
 import { axes, axisLine, beyond, legs, space, toLine } from "./space.js";
+import { ENDS, NO_YES, P, P1, P2, P3, P4 } from "./terms.js";
 
 const P0 = at("x0 y0 z0");
-const P1 = at("x1 y1 z1");
-const P2 = at("x2 y2 z2");
-const P3 = at("x3 y3 z3");
-const P4 = at("x4 y4 z4");
-const P = at("x y z");
 const TESTED = at("px py pz");
 const U = "ux uy uz";
 const W = "wx wy wz";
 const D1 = "dx1 dy1 dz1";
 const D2 = "dx2 dy2 dz2";
 
-const ENDS = [point(P1), point(P2)];
 const PLANE = "A B C D";
 const FIRST = "a1 b1 c1 d1";
 const SECOND = "a2 b2 c2 d2";
@@ -57,7 +52,6 @@ const PLANES = ["", "general", "parallel to the x axis", "parallel to the y axis
   "the yz plane", "the xz plane"];
 const LINES = ["oblique", "parallel", "parallel, opposite", "same line", "same line, opposite",
   "perpendicular", "skew", "undefined"];
-const NO_YES = ["no", "yes"];
 const IN_PLANE = { meanings: { status: { 0: "in the plane", "-1": "outside", 1: "no normal" } } };
 
 // The third point, when it has swung about the line of the others.
