@@ -30,12 +30,11 @@ all_on() {
     [ -z "$run" ] || cp "$builds/$1/KezLib.dll" .
     # shellcheck disable=SC2086
     quietly $compile $warnings $system -c "$module"
-    for source in $programs; do
+    for program in $programs; do
         # shellcheck disable=SC2086
-        quietly $compile $warnings $system "$source" kezlib.o $link -o program.exe
-        $run ./program.exe >results || fail "this ends with an error on $1: $source"
-        tr -d '\r' <results >printed
-        expect_printed "$source" printed "$1"
+        quietly $compile $warnings $system "$program" kezlib.o $link -o program.exe
+        # shellcheck disable=SC2086 # $run is empty or one word
+        expect_run "$program" "$1" $run ./program.exe
     done
     cd "$work"
 }
@@ -48,9 +47,9 @@ changed '/subroutine kezpds/,/end subroutine/s/intent(out)/intent(in)/'
 changed '/subroutine kezphip/,/end subroutine/s/intent(inout) :: fail/intent(out) :: fail/'
 
 if [ -n "$builds" ]; then
-    link="-static $builds/windows-x64/libKezLib.dll.a" run=$tests/../../tools/wine-x64
+    link="-static $builds/windows-x64/libKezLib.dll.a" run=$source/tools/wine-x64
     all_on windows-x64 x86_64-w64-mingw32-gfortran
-    link="-static $builds/windows-x86/libKezLib.dll.a" run=$tests/../../tools/wine-x86
+    link="-static $builds/windows-x86/libKezLib.dll.a" run=$source/tools/wine-x86
     system=-D_WIN32
     all_on windows-x86 i686-w64-mingw32-gfortran
 fi

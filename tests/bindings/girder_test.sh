@@ -2,11 +2,7 @@
 # girder_test.sh PACKAGE WORK: the section host in Python on the library that is installed in
 # PACKAGE, with the packages that it can use.
 set -eu
-source=$(cd "$(dirname "$0")/../.." && pwd)
-package=$1
-work=$2
-. "$source/tests/shell.sh"
-cd "$work"
+. "$(dirname "$0")/begin.sh"
 
 find_python distributed ezdxf tqdm
 unset KEZLIB_LIBRARY

@@ -4,11 +4,8 @@
 # The package for JavaScript: packed, installed in an empty folder and called from there by node,
 # and from pages by Chromium if there is one. Needs the programs of build/release.
 set -eu
-tests=$(cd "$(dirname "$0")/.." && pwd)
-. "$tests/shell.sh"
+. "$(dirname "$0")/begin.sh"
 
-binding=$(cd "$1" && pwd)/share/kezlib/bindings/javascript
-cd "$2"
 [ -e "$binding/kezlib.wasm" ] || fail "no $binding/kezlib.wasm: it comes from the preset wasm"
 
 typescript() {
@@ -22,22 +19,22 @@ echo '{"private": true}' >package.json
 quietly npm install --offline --no-audit --no-fund "$PWD"/kezlib-*.tgz
 
 echo "Every row, in three ways"
-python3 -B "$tests/bindings/javascript_calls.py" write .
-node "$tests/bindings/javascript_rows.mjs" .
-python3 -B "$tests/bindings/javascript_calls.py" check . >rows ||
+python3 -B "$tests/javascript_calls.py" write .
+node "$tests/javascript_rows.mjs" .
+python3 -B "$tests/javascript_calls.py" check . >rows ||
     { cat rows >&2; fail "a call gives another result"; }
 [ ! -e OUTPUT.TXT ] || fail "a file has been written"
 
 echo "The hashes of all builds"
-reference=$tests/../build/release/tests/reference
+reference=$source/build/release/tests/reference
 "$reference" calls seeded
-"$reference" calls worked "$tests"/cases/*.txt
-node "$tests/bindings/javascript_reference.mjs" node_modules/kezlib "$tests/reference.txt" \
+"$reference" calls worked "$source"/tests/cases/*.txt
+node "$tests/javascript_reference.mjs" node_modules/kezlib "$source/tests/reference.txt" \
     seeded worked >hashes || { cat hashes >&2; fail "another result than elsewhere"; }
 
 echo "Wrong calls, and types"
-quietly node --test "$tests/bindings/javascript_misuse.mjs"
-cp "$tests/bindings/javascript_types.mts" .
+quietly node --test "$tests/javascript_misuse.mjs"
+cp "$tests/javascript_types.mts" .
 quietly typescript uses.mts javascript_types.mts
 
 echo "Bindings that differ from the header"
@@ -47,8 +44,8 @@ refused() {
     cp "$binding/routines.js" $changed
     sed -i "/name: \"kezlci\"/,/\] },/$1" $changed
     if cmp -s "$binding/routines.js" $changed; then fail "nothing to change: $1"; fi
-    if node "$tests/bindings/javascript_rows.mjs" . >log 2>&1 &&
-        python3 -B "$tests/bindings/javascript_calls.py" check . >log 2>&1; then
+    if node "$tests/javascript_rows.mjs" . >log 2>&1 &&
+        python3 -B "$tests/javascript_calls.py" check . >log 2>&1; then
         fail "a changed binding passes: $1"
     fi
 }
@@ -60,7 +57,7 @@ refused 's/\["x1", "y1"/["y1", "x1"/'
 cp "$binding/routines.js" $changed
 
 echo "The examples and the page"
-cp "$tests"/../examples/*.mjs .
+cp "$examples"/*.mjs .
 expect_answer node host.mjs
 node section.mjs >section
 # By hand: A = 600 + 900, Ix = 3350000 - A 35^2, Iy = 750000 - A 15^2, Ixy = 337500 - A 15 35.
@@ -71,7 +68,7 @@ moments   Ix 151.3 cm^4, Iy 41.3 cm^4, Ixy -45.0 cm^4
 principal 167.3 cm^4 and 25.2 cm^4, at 19.6 degrees
 END
 cmp section expected
-python3 -B "$tests/bindings/page_blocks.py" "$binding/README.md" js blocks mjs
+page_programs js blocks mjs
 for prints in blocks/*.prints; do
     cp "${prints%.prints}.mjs" block.mjs
     node block.mjs | cmp - "$prints" || fail "the page's program ${prints%.prints}"
@@ -87,7 +84,7 @@ shown() {
 if command -v chromium >/dev/null; then
     echo "A page that is opened from a file"
     cp "$binding/kezlib.browser.js" .
-    cp "$tests/bindings/javascript_page.html" page.html
+    cp "$tests/javascript_page.html" page.html
     shown "file://$PWD/page.html"
     echo "A page that is sent by a server"
     import='import * as kezlib from "./node_modules/kezlib/kezlib.js";'

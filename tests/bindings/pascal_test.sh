@@ -6,7 +6,7 @@
 set -eu
 . "$(dirname "$0")/programs.sh"
 
-tools=$tests/../../tools
+tools=$source/tools
 unit=$binding/kezlib.pas
 # Warnings, notes and hints are shown, and end the compilation.
 warnings="-vewnh -Sewnh"
@@ -45,12 +45,11 @@ all_on() {
     mkdir -p "$1-$2"
     cd "$1-$2"
     [ -z "$run" ] || cp "$builds/$1/KezLib.dll" .
-    for source in $programs; do
-        sed "s/{\$MODE OBJFPC}/{\$MODE $2}/" "$source" >program.pas
+    for program in $programs; do
+        sed "s/{\$MODE OBJFPC}/{\$MODE $2}/" "$program" >program.pas
         built program.exe program.pas
-        $run ./program.exe >results || fail "this ends with an error on $1: $source"
-        tr -d '\r' <results >printed
-        expect_printed "$source" printed "$1, mode $2"
+        # shellcheck disable=SC2086 # $run is empty or one word
+        expect_run "$program" "$1, mode $2" $run ./program.exe
     done
     cd "$work"
 }

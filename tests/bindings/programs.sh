@@ -1,22 +1,13 @@
 # What the tests of languages share whose programs are compiled, one for each source: the calls, the
 # examples, what the page says and what a manual offers to copy.
 
-. "$(dirname "$0")/../shell.sh"
-
-language=$(basename "$0" _test.sh)
-tests=$(cd "$(dirname "$0")" && pwd)
-examples=$tests/../../examples
-package=$(cd "$1" && pwd)
-work=$(cd "$2" && pwd)
-builds=${3:+$(cd "$3" && pwd)}
-binding=$package/share/kezlib/bindings/$language
-cd "$work"
+. "$(dirname "$0")/begin.sh"
 
 calls() { python3 -B "$tests/${language}_calls.py" "$@"; }
 
 # write_programs SUFFIX EXAMPLE...: `programs` are all there are then.
 write_programs() {
-    python3 -B "$tests/page_blocks.py" "$binding/README.md" "$language" page "$1"
+    page_programs "$language" page "$1"
     calls "calls.$1"
     mkdir -p copied
     calls --copy copied "$1"
@@ -25,14 +16,20 @@ write_programs() {
     programs="$programs $*"
 }
 
-# expect_printed SOURCE FILE MACHINE: what the program of a source prints.
-expect_printed() {
-    case $1 in
-        */calls.*) said=$(calls --check "$2") || fail "on $3: $said"; echo "$3: $said" ;;
-        */host.*) expect_answer cat "$2" ;;
-        */shear.*) expect_shear "$2" ;;
-        */page/*) cmp "$2" "${1%.*}.prints" || fail "not as the page says on $3: $1" ;;
-        *) calls --check-copied "$1" "$2" || fail "wrong on $3: $1" ;;
+# expect_run SOURCE MACHINE COMMAND...: what the program of a source prints there.
+expect_run() {
+    program=$1 machine=$2
+    shift 2
+    "$@" >results || fail "this ends with an error on $machine: $program"
+    tr -d '\r' <results >printed
+    case $program in
+        */calls.*) said=$(calls --check printed) || fail "on $machine: $said"
+                   echo "$machine: $said" ;;
+        */host.*) expect_answer cat printed ;;
+        */shear.*) expect_shear printed ;;
+        */page/*) cmp printed "${program%.*}.prints" ||
+                      fail "not as the page says on $machine: $program" ;;
+        *) calls --check-copied "$program" printed || fail "wrong on $machine: $program" ;;
     esac
 }
 

@@ -2,17 +2,11 @@
 # python_test.sh PACKAGE WORK: calls the library that is installed in PACKAGE by the binding for
 # Python that is installed with it, with numpy and as where there is none.
 set -eu
-source=$(cd "$(dirname "$0")/../.." && pwd)
-package=$1
-work=$2
-. "$source/tests/shell.sh"
-cd "$work"
+. "$(dirname "$0")/begin.sh"
 
 find_python setuptools wheel numpy pip  # pip would spoil setuptools, were it first
 unset KEZLIB_LIBRARY
 export PYTHONDONTWRITEBYTECODE=1
-binding=$package/share/kezlib/bindings/python
-tests=$source/tests/bindings
 export PYTHONPATH="$binding"
 
 for world in numpy plain; do
@@ -62,12 +56,12 @@ version=$(sed -n 's/^#define KEZ_VERSION_M[A-Z]* //p; s/^#define KEZ_VERSION_PAT
 [ -e "kezlib-$version-py3-none-any.whl" ] || fail "the wheel is not kezlib-$version: $(ls ./*.whl)"
 [ -e site/kezlib/py.typed ] || fail "types are not marked in the wheel"
 export PYTHONPATH="$PWD/site"
-(export KEZLIB_LIBRARY="$library" && expect_answer "$python" "$source/examples/host.py")
-(export LD_LIBRARY_PATH="${library%/*}" && expect_answer "$python" "$source/examples/host.py")
+(export KEZLIB_LIBRARY="$library" && expect_answer "$python" "$examples/host.py")
+(export LD_LIBRARY_PATH="${library%/*}" && expect_answer "$python" "$examples/host.py")
 
 # Areas, centroids and Ix of the channel by hand.
 export PYTHONPATH="$binding"
-"$python" "$source/examples/outlines.py" >table
+"$python" "$examples/outlines.py" >table
 for line in '100 x 10 +38.00 +0.00 +21.32 ' '240 x 360 +137.60 +0.00 +27.05 ' \
         '20 +7.64 +-15.29 +0.00 +476.8 '; do
     grep -Eq -- "$line" table || { cat table >&2; fail "not in the table: $line"; }

@@ -5,15 +5,11 @@
 # calls the installed library as it is declared. It runs the examples and the page's programs too.
 # BUILDS, where the DLLs would be, is not used.
 set -eu
-tests=$(cd "$(dirname "$0")/.." && pwd)
-. "$tests/shell.sh"
+. "$(dirname "$0")/begin.sh"
 
-package=$(cd "$1" && pwd)
-binding=$package/share/kezlib/bindings/vba
 library=$package/lib/libKezLib.so.1
-cd "$2"
 
-check() { python3 -B "$tests/bindings/vba_calls.py" "$@"; }
+check() { python3 -B "$tests/vba_calls.py" "$@"; }
 
 # run FILE NAME PRINTS: a procedure of a host.
 run() {
@@ -40,11 +36,11 @@ check header "$binding/KezLib.bas"
 check rows "$binding/KezLib.bas" "$library" >calls
 
 echo "The examples and the page"
-run "$tests/../examples/host.bas" FirstCall '( 0.8660254 , 0.5 ) and ( -0.8660254 , 0.5 )'
+run "$examples/host.bas" FirstCall '( 0.8660254 , 0.5 ) and ( -0.8660254 , 0.5 )'
 # By hand: A = 2 (640 + 576), yc = 41472 / A, Ix = 2181803 - A yc^2, Iy = 2 (1637333 + 49728).
-run "$tests/../examples/host.bas" SectionValues \
+run "$examples/host.bas" SectionValues \
     'area 2432 centroid 0 17.05263 principal moments 1474596 3374123'
-python3 -B "$tests/bindings/page_blocks.py" "$binding/README.md" vba blocks bas
+page_programs vba blocks bas
 for prints in blocks/*.prints; do
     sed 's/$/\r/' "${prints%.prints}.bas" >page.bas
     run page.bas "$(sed -n 's/^Public Sub \(\w*\).*/\1/p' page.bas)" "$(cat "$prints")"
