@@ -47,12 +47,12 @@ if(TARGET bindings)
   if(WIN32)
     set(bindings_dir bindings)
   endif()
-  # JavaScript's package is whole only with the library as WebAssembly, which the preset wasm makes.
-  # What else it has may be older there: that is installed over it.
-  install(DIRECTORY ${PROJECT_SOURCE_DIR}/build/wasm/package/
-    DESTINATION ${bindings_dir}/javascript COMPONENT development OPTIONAL)
   install(DIRECTORY ${PROJECT_BINARY_DIR}/bindings/ bindings/ DESTINATION ${bindings_dir}
     COMPONENT development)
+  # JavaScript's package is whole only with what the preset wasm makes of the library.
+  set(made kezlib.wasm kezlib.browser.js package.json)
+  list(TRANSFORM made PREPEND ${PROJECT_SOURCE_DIR}/build/wasm/package/)
+  install(FILES ${made} DESTINATION ${bindings_dir}/javascript COMPONENT development OPTIONAL)
 endif()
 
 if(WIN32 AND BUILD_SHARED_LIBS)
