@@ -65,7 +65,7 @@ def array_declaration(argument, literals, sizes, form):
 
 def limit(argument, routine, sizes):
     """How many entries there are to be printed: the arrays themselves always have one."""
-    count = conditions.behind(argument.kept_when) if argument.direction == "out" else None
+    count = conditions.beyond(argument.kept_when) if argument.direction == "out" else None
     if count and count.isidentifier():
         return count
     written = {a.name for a in routine.outputs()}

@@ -165,7 +165,7 @@ bool check_order(const std::string& path) {
   std::ranges::reverse(order);
   const Results backwards = in_order(library, calls, order);
   for (std::size_t k = 0; k < calls.size(); ++k)
-    if (!calls[k].routine->kept)
+    if (!calls[k].routine->keeps)
       check.expect(forwards[k] == backwards[k], calls[k], "differs by what was called before");
   return check.close();
 }
@@ -177,7 +177,7 @@ bool check_page_end(const std::string& path) {
 }
 
 std::vector<Call> only(bool keeping, std::vector<Call> calls) {
-  std::erase_if(calls, [&](const Call& c) { return (c.routine->kept != nullptr) != keeping; });
+  std::erase_if(calls, [&](const Call& c) { return c.routine->keeps != keeping; });
   return calls;
 }
 

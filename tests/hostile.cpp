@@ -173,7 +173,7 @@ struct Written {
 };
 
 Written entries_written(const Argument& argument, const Values& after) {
-  if (!argument.kept_when) return {every_entry, every_entry};
+  if (!argument.kept) return {every_entry, every_entry};
   if (!argument.written) return {0, every_entry};
   const std::int64_t first = argument.written(Integers(after));
   return {first, first};
@@ -245,7 +245,7 @@ std::vector<std::string> faults(const Arguments& arguments) {
       if (entry < written.at_least && values[k] == poison)
         found.push_back(name + " is not written");
       if (entry >= written.at_most && values[k] != arguments.before(i, k))
-        found.push_back(name + " is written, although kept when " + argument.kept_when);
+        found.push_back(name + " is written, although " + argument.kept);
     }
   }
   return found;

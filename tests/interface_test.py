@@ -21,13 +21,19 @@ GROUP = "/** @defgroup g Group\n * @{\n */\n"
 GOOD = """/**
  * Sums a table. Details follow.
  *
+ * @par Name
+ * sum_table
+ *
+ * @par Deliberate
+ * Sums two times.
+ *
+ * @par Kept value
+ * The last sum.
+ *
  * @param[in] n entries
  * @param[in] x [2 * n + 1] table
  * @param[in,out] a,b sums
  * @param[out] w [n] words
- *
- * @par Kept value
- * The last sum.
  */
 KEZ_API void KEZ_CALL kezsum(const int32_t *n, const float x[], float *a,
                              float *b, void *w);
@@ -57,9 +63,11 @@ def names_in(text):
 class Form(unittest.TestCase):
     def test_good_routine(self):
         (routine,) = parse(GOOD).routines
-        self.assertEqual((routine.name, routine.group, routine.summary, routine.details,
-                          routine.kept),
-                         ("kezsum", "Group", "Sums a table.", "Details follow.", "The last sum."))
+        self.assertEqual((routine.name, routine.readable, routine.group, routine.group_name),
+                         ("kezsum", "sum_table", "Group", "g"))
+        self.assertEqual((routine.summary, routine.details), ("Sums a table.", "Details follow."))
+        self.assertEqual(routine.remarks(),
+                         {"Deliberate": "Sums two times.", "Kept value": "The last sum."})
         self.assertEqual([(a.name, a.kind, a.direction, a.extent) for a in routine.arguments],
                          [("n", "integer", "in", ""), ("x", "real", "in", "2 * n + 1"),
                           ("a", "real", "in,out", ""), ("b", "real", "in,out", ""),
@@ -108,6 +116,26 @@ class Form(unittest.TestCase):
                 ("no text", "n entries", "n"),
                 ("no description", " * Sums a table. Details follow.\n", ""),
                 ("unknown paragraph", "@par Kept value", "@par Kept values"),
+                ("paragraph without text", " * Sums two times.\n", ""),
+                ("paragraph below the arguments", " * @par Kept value\n * The last sum.\n *\n"
+                 " * @param[in] n entries\n",
+                 " * @param[in] n entries\n *\n * @par Kept value\n * The last sum.\n *\n"),
+                ("paragraphs out of order", "@par Kept value", "@par Degenerate input\n * None.\n"
+                 " * @par Deliberate"),
+                ("paragraph twice", "@par Kept value", "@par Deliberate"),
+                ("no name", " * @par Name\n * sum_table\n", ""),
+                ("name in capitals", "sum_table", "Sum_table"),
+                ("name of two words", "sum_table", "sum table"),
+                ("name with a loose underscore", "sum_table", "sum_"),
+                ("name like those of routines", "sum_table", "kez_sum"),
+                ("name and second name", "@par Deliberate\n * Sums two times.",
+                 "@par Second name of\n * `kezone`"),
+                ("through what is no name", "@par Deliberate\n * Sums",
+                 "@par Measures through\n * kezone"),
+                ("through no routine", "@par Deliberate\n * Sums two times.",
+                 "@par Measures through\n * `kezone`"),
+                ("through itself", "@par Deliberate\n * Sums two times.",
+                 "@par Measures through\n * `kezsum`"),
                 ("no comment", GOOD[:GOOD.index("KEZ_API")], ""),
                 ("returns a value", "KEZ_API void", "KEZ_API int32_t"),
                 ("no KEZ_API", "KEZ_API ", "")):
@@ -120,18 +148,39 @@ class Form(unittest.TestCase):
         with self.assertRaises(interface.FormError):
             parse(GOOD + GOOD)
 
+    def test_what_is_said_of_other_routines(self):
+        one = GOOD.replace("kezsum", "kezone").replace("sum_table", "sum_one")
+        through = one.replace("@par Deliberate\n * Sums two times.",
+                              "@par Measures through\n * `kezsum`")
+        self.assertEqual(parse(through + GOOD).routines[0].remarks()["Measures through"],
+                         "`kezsum`")
+        second = one.replace("@par Name\n * sum_one", "@par Second name of\n * `kezsum`")
+        found = parse(second + GOOD).routines[0]
+        self.assertEqual((found.readable, languages.known_as(found)),
+                         ("", "the same as kezsum"))
+        for reason, text in (
+                ("one name twice", one.replace("sum_one", "sum_table") + GOOD),
+                ("one routine named twice", through.replace("`kezsum`", "`kezsum`, `kezsum`") + GOOD),
+                ("second name of two", second.replace("`kezsum`", "`kezsum`, `kezsum`") + GOOD),
+                ("second name of a second name", second + GOOD.replace(
+                    "@par Name\n * sum_table", "@par Second name of\n * `kezone`"))):
+            with self.subTest(reason), self.assertRaises(interface.FormError):
+                parse(text)
+
     def test_what_is_kept(self):
         for condition, written in (
                 ("n is not 0", "return v[0] != 0 ? 0 : every_entry;"),
                 ("n is 0, -2 or 3",
                  "return v[0] == 0 || v[0] == -2 || v[0] == 3 ? 0 : every_entry;"),
                 ("n is below 1", "return v[0] < 1 ? 0 : every_entry;"),
-                ("behind max(n, 2)", "return std::max<std::int64_t>(v[0], 2);"),
-                ("a sum is below 1.5", '"a sum is below 1.5", nullptr}')):
-            text = GOOD.replace("[n] words", f"[n] words;\n *   kept when {condition}")
+                ("beyond max(n, 2)", "return std::max<std::int64_t>(v[0], 2);"),
+                ("a sum is below 1.5", '"kept when a sum is below 1.5", nullptr}')):
+            when = "" if condition.startswith("beyond") else "when "
+            text = GOOD.replace("[n] words", f"[n] words;\n *   kept {when}{condition}")
             with self.subTest(condition):
                 last = parse(text).routines[0].arguments[-1]
                 self.assertEqual((last.text, last.kept_when), ("words", condition))
+                self.assertEqual(last.whole_text(), f"words; kept {when}{condition}")
                 self.assertIn(written, table(text))
         text = GOOD.replace("a,b sums", "a,b sums; unchanged when n is 0")
         self.assertEqual([a.kept_when for a in parse(text).routines[0].arguments],
@@ -145,22 +194,23 @@ class Form(unittest.TestCase):
                 ("[n] words", "[n] words; kept when"),
                 ("[n] words", "[n] ; kept when n is 0"),
                 ("[n] words", "[n] words; kept when n is 0; more words"),
-                ("[n] words", "[n] words; kept when n is 0; kept when behind n"),
+                ("[n] words", "[n] words; kept when n is 0; kept beyond n"),
                 ("[n] words", "[n] words; kept when m is 0"),
                 ("[n] words", "[n] words; kept when x is 0"),
-                ("[n] words", "[n] words; kept when behind m"),
-                ("[n] words", "[n] words; kept when behind a"),
-                ("[n] words", "[n] words; kept when behind the last"),
+                ("[n] words", "[n] words; kept when beyond n"),
+                ("[n] words", "[n] words; kept beyond m"),
+                ("[n] words", "[n] words; kept beyond a"),
+                ("[n] words", "[n] words; kept beyond the last"),
                 ("a,b sums", "a,b sums; kept when n is 0"),
                 ("a,b sums", "a,b sums, else unchanged"),
-                ("a,b sums", "a,b sums; unchanged when behind n")):
+                ("a,b sums", "a,b sums; unchanged beyond n")):
             with self.subTest(new), self.assertRaises(interface.FormError):
                 parse(GOOD.replace(old, new))
 
     def test_callback(self):
         good = ("/** A host's function. */\n"
                 "typedef float(KEZ_CALL *kez_f)(const int32_t *i);\n"
-                "/**\n * Calls.\n *\n * @param[in] n calls\n * @param[in] f [n] values\n */\n"
+                "/**\n * Calls.\n *\n * @par Name\n * call\n *\n * @param[in] n calls\n * @param[in] f [n] values\n */\n"
                 "KEZ_API void KEZ_CALL kezcal(const int32_t *n, kez_f f);\n")
         (routine,) = parse(good).routines
         self.assertEqual([(a.kind, a.direction, a.extent) for a in routine.arguments],
@@ -190,7 +240,7 @@ class Form(unittest.TestCase):
         javascript.write(parse(good.replace("kez_f", "kez_z_callback")))
 
     def test_error_names_the_line(self):
-        with self.assertRaisesRegex(interface.FormError, "line 17: kezsum: .*by reference"):
+        with self.assertRaisesRegex(interface.FormError, "line 23: kezsum: .*by reference"):
             parse(GOOD.replace("kezsum", "kezone") + GOOD.replace("float *a", "float a"))
 
     def test_header_has_every_routine_with_its_count(self):

@@ -144,11 +144,18 @@ class Kezcall(unittest.TestCase):
                 self.assertEqual((run.returncode, run.stdout), (0, printed))
 
     def test_the_interface(self):
-        run = subprocess.run([KEZCALL, "--list"], capture_output=True, text=True)
-        self.assertRegex(run.stdout, r"(?m)^\* keznst  .*\n  kezinr ")
-        run = subprocess.run([KEZCALL, "--help", "kezsel1"], capture_output=True, text=True)
-        self.assertIn("kezsel1  n [ia] v  ->  count [idx]\n", run.stdout)
-        self.assertRegex(run.stdout, r"(?m)^  idx +out +integer \[n\] +the positions;")
+        def shown(*options):
+            run = subprocess.run([KEZCALL, *options], capture_output=True, text=True)
+            self.assertEqual(run.stderr, "")
+            return run.stdout
+
+        self.assertRegex(shown("--list"), r"(?m)^\* keznst  +sample_segment  .*\n  kezinr ")
+        self.assertIn("kezsel1  n [ia] v  ->  count [idx]\n", shown("--help", "kezsel1"))
+        self.assertRegex(shown("--help", "kezsel1"),
+                         r"(?m)^  idx +out +integer \[n\] +the positions;")
+        self.assertRegex(shown("--help", "kezpds"), "^kezpds, distance: ")
+        self.assertEqual(shown("--help", "distance"), shown("--help", "kezpds"))
+        self.assertRegex(shown("--help", "kezcer6"), r"(?m)^Kept value: ")
 
     def test_no_such_library(self):
         run = kezcall("kezcer 0 0 1", library=self.folder.name + "/none")

@@ -5,6 +5,7 @@ import re
 from dataclasses import dataclass, field
 
 from interface import HEADER, ROOT
+from interface.languages import known_as
 from interface.reader import parse_comment
 from markupsafe import Markup as Safe
 
@@ -203,9 +204,10 @@ class Site:
                     {"shapes": shapes, "text": self.prose.header(group.text)})
 
     def index(self):
-        """What the search knows: name, sentence, where it belongs, page, and its words."""
-        routines = [[r.name, plain_text(routine.sentence(r)), r.group, f"{r.name}.html",
-                     vocabulary(routine.whole_text(r))] for r in self.interface.routines]
+        """What the search knows: title, names and sentence, where it belongs, page, and its words."""
+        routines = [[r.name, f"{known_as(r)}: {plain_text(routine.sentence(r))}", r.group,
+                     f"{r.name}.html", vocabulary(routine.whole_text(r))]
+                    for r in self.interface.routines]
         texts = {page.href: said(page) for page in self.pages}
         others = [[e.title, "", chapter.title, e.href, vocabulary(texts[e.href])]
                   for chapter in self.contents() for e in chapter.entries]

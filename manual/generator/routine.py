@@ -4,15 +4,14 @@ import itertools
 import re
 from dataclasses import dataclass
 
-from interface.languages import shape
+from interface import conditions
+from interface.languages import documentation, known_as, shape
 
 DIRECTIONS = {"in": "in", "out": "out", "in,out": "in and out"}
 UNIT = re.compile(r" \((lengths?(?:\^\d)?|rad|stress)\)")
 NAME = re.compile(r"\bkez\w+\b")
-CLAUSE = r"(?:table )?\d[\d.]*\d(?: \([^)]*\))?"
-SOURCE = re.compile(rf"EN 199\d-\d-\d(?:, {CLAUSE}(?: and {CLAUSE})*)?")
 FIRST = re.compile(r"(?:[^\n]|\n(?!\n))+?(?<! )(?<!\.\.)\.(?=\s|$)")  # the first sentence
-TIME = re.compile(r"(?m)^Time: ((?:.|\n(?!\n))+)\.$")
+FACTS = ("Time", "Source", "Kept value")  # remarks that stand below the arguments
 
 
 @dataclass
@@ -22,14 +21,15 @@ class ArgumentRow:
     shape: str
     meaning: str
     unit: str
-    kept: str  # the cases in which it is not written
+    kept: str  # the header's clause of the cases in which it is not written
+    beyond: str  # of an array, how many first entries are written and no others
 
 
 def argument_row(group, names):
     unit = UNIT.search(group.text)
     return ArgumentRow(names, DIRECTIONS[group.direction], shape(group),
                        UNIT.sub("", group.text) if unit else group.text, unit[1] if unit else "",
-                       group.kept_when)
+                       group.kept_clause(), conditions.beyond(group.kept_when) or "")
 
 
 def argument_rows(routine):
@@ -43,19 +43,13 @@ def argument_rows(routine):
 
 
 def whole_text(routine):
-    return "\n\n".join([routine.summary, routine.details, routine.kept,
+    return "\n\n".join([known_as(routine), documentation(routine),
                         *(a.whole_text() for a in routine.arguments)])
 
 
-def time(routine):
-    found = TIME.search(routine.details)
-    return " ".join(found[1].split()) if found else ""
-
-
-def sources(routine):
-    text = " ".join(whole_text(routine).split())
-    found = list(dict.fromkeys(SOURCE.findall(text)))
-    return [s for s in found if not any(other != s and other.startswith(s) for other in found)]
+def remarks_above(routine):
+    """The titled paragraphs of the text; the others are facts."""
+    return {title: text for title, text in routine.remarks().items() if title not in FACTS}
 
 
 def related(routine, interface):
@@ -76,14 +70,13 @@ def family(routine, interface):
 
 
 def sentence(routine):
-    """The summary. One that ends in a colon leads up to what is said behind it."""
+    """The summary. One that ends in a colon leads up to what is said after it."""
     return routine.summary.rstrip(":.") + "."
 
 
 def lead_and_description(routine):
-    """The first sentence, and what stands below it but for the time."""
-    details = TIME.sub("", routine.details)
-    found = FIRST.match(details) if routine.summary.endswith(":") else None
+    """The first sentence, and what the description says below it."""
+    found = FIRST.match(routine.details) if routine.summary.endswith(":") else None
     if not found:
-        return sentence(routine), details.rstrip()
-    return f"{routine.summary} {found[0]}", details[found.end():].strip()
+        return sentence(routine), routine.details.rstrip()
+    return f"{routine.summary} {found[0]}", routine.details[found.end():].strip()

@@ -4,13 +4,11 @@ import json
 import urllib.parse
 from dataclasses import dataclass
 
-from interface import conditions
+from interface.languages import known_as
 from markupsafe import Markup as Safe
 
 from . import languages, routine, worked
 from .markup import plain_text
-
-KEPT = {"in": "", "out": "kept", "in and out": "unchanged"}  # by direction, what is not written
 
 
 @dataclass
@@ -23,6 +21,10 @@ class Card:
     @property
     def name(self):
         return self.routine.name
+
+    @property
+    def known_as(self):
+        return known_as(self.routine)
 
     @property
     def href(self):
@@ -55,9 +57,8 @@ def shown_group(calls, prose):
 
 
 def argument_data(argument):
-    behind = conditions.behind(argument.kept_when) if argument.kept_when else None
     return {"name": argument.name, "kind": argument.kind, "direction": argument.direction,
-            "extent": argument.extent, "kept": argument.kept_when, "behind": behind or ""}
+            "extent": argument.extent, "kept": argument.kept_when}
 
 
 def page_data(r, calls, tabs):
@@ -93,11 +94,9 @@ def input_rows(rows, call, prose):
 
 
 def kept_text(row):
-    if not row.kept:
-        return ""
-    if expression := conditions.behind(row.kept):
-        return f"entries behind {expression} are {KEPT[row.direction]}"
-    return f"{KEPT[row.direction]} when {row.kept}"
+    if row.beyond:
+        return f"entries beyond {row.beyond} are {row.kept.split()[0]}"
+    return row.kept
 
 
 def marked(rows, prose):
@@ -114,7 +113,7 @@ def routine_values(r, site):
     group = routine.family(r, site.interface)
     lead, description = routine.lead_and_description(r)
     return {
-        "name": r.name, "summary": prose.inline(lead),
+        "name": r.name, "known_as": known_as(r), "summary": prose.inline(lead),
         "family": {"title": group.title, "href": site.family_href(group.title),
                    "text": prose.header(group.text)},
         "in_family_text": f"`{r.name}`" in group.text,
@@ -122,9 +121,11 @@ def routine_values(r, site):
         "first": shown_call(calls[0]),
         "input_rows": list(input_rows(routine.argument_rows(r), calls[0], prose)),
         "details": prose.header(description),
+        "remarks": {title: prose.header(text)
+                    for title, text in routine.remarks_above(r).items()},
         "argument_rows": list(marked(routine.argument_rows(r), prose)),
-        "kept": prose.inline(r.kept), "sources": routine.sources(r),
-        "time": routine.time(r),
+        "kept": prose.inline(r.kept), "source": prose.inline(r.source),
+        "time": prose.inline(r.time),
         "tabs": list(tabs),
         "shown": [shown_group(calls, prose) for calls in shown],
         "folded": [shown_group(calls, prose) for calls in folded],

@@ -76,7 +76,7 @@ def wanted_length(row, argument, results, way):
     """The entries of an output: as many as were given, or are written."""
     if argument.direction == "in,out":
         return len(row.given[argument.name])
-    expression = conditions.behind(argument.kept_when)
+    expression = conditions.beyond(argument.kept_when)
     if not expression or way == "plain":
         return extent(argument, row)
     after = integers(row)

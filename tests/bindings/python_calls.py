@@ -111,7 +111,7 @@ def length_wanted(argument, row, literals):
     if argument.name in literals:
         return len(literals[argument.name])
     size = extent(argument, integers_of(row, before=True))
-    if expression := conditions.behind(argument.kept_when):
+    if expression := conditions.beyond(argument.kept_when):
         return min(size, max(arithmetic.evaluate(expression, integers_of(row)), 0))
     return size
 

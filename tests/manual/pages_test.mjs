@@ -74,7 +74,7 @@ test("no link is dead", () => {
 });
 
 // One of each kind of page, and those that have most on them.
-const KINDS = ["index.html", "reading.html", "family-circles.html", "shapes.html", "numbers.html",
+const KINDS = ["index.html", "reading.html", "family-guides.html", "shapes.html", "numbers.html",
   "benchmarks.html", "linking.html", "changelog.html", "language-c.html", "language-python.html",
   "kezlci.html", "kezsec_c.html", "kezptp2.html", "kezpnl.html", "kezapl.html"];
 

@@ -15,7 +15,8 @@ for (const [asked, first] of [
   ["fortran", "Fortran"], ["c#", "C#"], ["linking", "Linking and platforms"],
   ["cirlce of radius", "kezcer"], ["intersecton", "kezlci"], ["kezpdss", "kezpds"],
   ["kezlst", "Overview"], ["second moment of inertia", "kezipl"], ["numpy", "Python"],
-  ["circles and arcs", "Circles and arcs in the plane"]]) {
+  ["circles and arcs", "Circles and arcs"],
+  ["distance", "kezpds"], ["intersect_line_circle", "kezlci"]]) {
   test(`“${asked}” finds ${first}`, () => assert.equal(found(asked)[0], first));
 }
 

@@ -1,6 +1,6 @@
-"""The conditions of "kept when", as far as the integers of a call tell whether they hold:
+"""The clauses of what is kept, as far as the integers of a call tell when they hold:
 
-    kept when behind E             of an array: the first E entries are written, further ones kept
+    kept beyond E                  of an array: the first E entries are written, further ones kept
     kept when n is 0, 1 or 2       kept when n is not 0        kept when n is below 1
 
 Any other wording is for readers only.
@@ -12,7 +12,7 @@ from dataclasses import dataclass
 from . import arithmetic
 from .model import FormError
 
-BEHIND = re.compile(r"behind (.+)")
+BEYOND = re.compile(r"beyond (.+)")
 COMPARISON = re.compile(r"(\w+) is (?:(not )?(-?\d+(?:(?:, | or )-?\d+)*)|below (-?\d+))")
 
 
@@ -23,9 +23,9 @@ class Comparison:
     values: list
 
 
-def behind(condition):
+def beyond(condition):
     """How many first entries are written, an expression; none when the condition is another."""
-    match = BEHIND.fullmatch(condition)
+    match = BEYOND.fullmatch(condition)
     return match[1] if match else None
 
 
@@ -41,8 +41,8 @@ def comparison(condition):
 def check(argument, arguments):
     """What has one of the forms must be about integers that have one value in a call."""
     integers = [a for a in arguments if a.kind == "integer" and a.direction != "in,out"]
-    place = f"{argument.name}: '{argument.kept_when}'"
-    if expression := behind(argument.kept_when):
+    place = f"{argument.name}: '{argument.kept_clause()}'"
+    if expression := beyond(argument.kept_when):
         if not argument.extent:
             raise FormError(f"{place}, but it is no array")
         arithmetic.check(expression, integers, place, "an integer that is in or out")

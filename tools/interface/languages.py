@@ -64,27 +64,42 @@ def shape(argument):
     return f"{kind} array [{argument.extent}]" if argument.extent else kind
 
 
+def known_as(routine):
+    """What people call it: its readable name, or the routine that it is too."""
+    return routine.readable or f"the same as {routine.second_name_of}"
+
+
 def description(routine):
     """Summary and details as paragraphs; a summary that ends in a colon goes on in the details."""
-    leads_up = routine.summary.endswith(":") and not routine.details.startswith(" ")
+    leads_up = routine.summary.endswith(":") and not routine.details.startswith((" ", "|", "- "))
     return (routine.summary + (" " if leads_up else "\n\n") + routine.details).rstrip()
 
 
-def kept_value(routine):
-    """What it keeps from call to call, as a paragraph; empty if nothing."""
-    return f"Kept value: {routine.kept}" if routine.kept else ""
+def remarks(routine, without=()):
+    """Its titled paragraphs, each behind its title."""
+    return "\n\n".join(f"{title}:{chr(10) if text.startswith('- ') else ' '}{text}"
+                       for title, text in routine.remarks().items() if title not in without)
+
+
+def documentation(routine):
+    """All that the header says of it, except of its arguments."""
+    return "\n\n".join(filter(None, [description(routine), remarks(routine)]))
 
 
 def wrapped(text, prefix, width=100):
     """Paragraphs as the lines of a comment; sketches and tables, which are indented or begin with a
-    bar, stay as they are."""
+    bar, stay as they are, and items of a list begin a line."""
     lines = []
     for paragraph in text.split("\n\n"):
-        first, as_it_stands = paragraph.splitlines()[:1], paragraph.startswith((" ", "|"))
-        lines += [""] if lines and first else []
-        lines += (paragraph.splitlines() if as_it_stands else
-                  textwrap.wrap(" ".join(paragraph.split()), width - len(prefix),
-                                break_long_words=False, break_on_hyphens=False))
+        lines += [""] if lines and paragraph else []
+        if paragraph.startswith((" ", "|")):
+            lines += paragraph.splitlines()
+            continue
+        for item in re.split(r"\n(?=- )", paragraph):
+            indent = "  " if item.startswith("- ") else ""
+            lines += textwrap.wrap(" ".join(item.split()), width - len(prefix),
+                                   subsequent_indent=indent, break_long_words=False,
+                                   break_on_hyphens=False)
     return [(prefix + line).rstrip() for line in lines]
 
 

@@ -13,8 +13,8 @@ class Argument:
     kind: str  # real, integer, word or callback
     direction: str  # in, out or in,out
     extent: str = ""
-    text: str = ""  # without the clause "; kept when ..." or "; unchanged when ..."
-    kept_when: str = ""  # condition of that clause: the cases in which it is not written
+    text: str = ""  # without the clause "; kept ..." or "; unchanged ..."
+    kept_when: str = ""  # the cases in which it is not written: "n is 0", "beyond count"
     callback: "Callback | None" = None  # of that kind, its type
 
     def is_kept(self):
@@ -25,9 +25,14 @@ class Argument:
         """Its kind where raw words are of that form, real or integer."""
         return form if self.kind == "word" else self.kind
 
-    def whole_text(self):
+    def kept_clause(self):
+        """As the header writes it; empty if it is always written."""
         word = "unchanged" if self.direction == "in,out" else "kept"
-        return self.text + (f"; {word} when {self.kept_when}" if self.kept_when else "")
+        when = "" if self.kept_when.startswith("beyond ") else "when "
+        return f"{word} {when}{self.kept_when}" if self.kept_when else ""
+
+    def whole_text(self):
+        return "; ".join(filter(None, [self.text, self.kept_clause()]))
 
 
 @dataclass
@@ -59,12 +64,31 @@ class Group:
 
 @dataclass
 class Routine:
+    """The texts between the details and the arguments are those of the titled paragraphs."""
+
     name: str
     group: str  # its title
+    group_name: str
     summary: str
     details: str
-    kept: str  # what it keeps from call to call
+    readable: str = ""  # a name for people; none if it is another routine under a second name
+    second_name_of: str = ""  # that routine
+    measures_through: list = field(default_factory=list)  # routines whose decisions it shares
+    deliberate: str = ""  # what surprises
+    degenerate: str = ""
+    accuracy: str = ""
+    time: str = ""
+    source: str = ""
+    kept: str = ""  # what it keeps from call to call
     arguments: list = field(default_factory=list)
+
+    def remarks(self):
+        """Title and text of the paragraphs that it has besides its names."""
+        through = ", ".join(f"`{name}`" for name in self.measures_through)
+        texts = {"Measures through": through, "Deliberate": self.deliberate,
+                 "Degenerate input": self.degenerate, "Accuracy": self.accuracy,
+                 "Time": self.time, "Source": self.source, "Kept value": self.kept}
+        return {title: text for title, text in texts.items() if text}
 
     def inputs(self):
         return [a for a in self.arguments if a.direction != "out"]

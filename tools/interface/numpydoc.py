@@ -4,7 +4,7 @@ keyword what optional results are to be where they are not written, and returns 
 import itertools
 
 from . import conditions
-from .languages import description, wrapped
+from .languages import description, known_as, remarks, wrapped
 
 WIDTH = 92
 KINDS = {"real": "float", "integer": "int", "word": "float or int"}
@@ -41,7 +41,7 @@ def result_text(argument):
         return argument.text
     if argument.direction == "in,out":
         return argument.whole_text()
-    if expression := conditions.behind(argument.kept_when):
+    if expression := conditions.beyond(argument.kept_when):
         return f"{argument.text}; its length is {expression}, unless it was given"
     unwritten = "not written" if argument.extent else "None"
     return f"{argument.text}; {unwritten}, or what was given, when {argument.kept_when}"
@@ -57,6 +57,7 @@ def documentation(routine, name):
              *items(routine.kept_outputs(), lambda a: f"{documented_kind(a)}, optional",
                     lambda a: "what to return where it is not written", name)]
     returned = items(routine.outputs(), documented_result, result_text, name)
-    notes = wrapped(f"Kept from one call to the next: {routine.kept}", "", WIDTH)
+    notes = wrapped("\n\n".join(filter(None, [f"Name: {known_as(routine)}", remarks(routine)])), "",
+                    WIDTH)
     return (wrapped(description(routine), "", WIDTH) + section("Parameters", given)
-            + section("Returns", [*returned]) + section("Notes", notes if routine.kept else []))
+            + section("Returns", [*returned]) + section("Notes", notes))

@@ -2,14 +2,15 @@
 
 The header must keep a strict form: groups of routines, each routine one Doxygen comment followed by
 one prototype, each argument named by a @param whose direction agrees with its type, each array with
-its extent, what is kept in one clause at the end. A callback's type stands above the routines that
-take it, behind a comment of its own. What breaks the form is refused with its line.
+its extent, what is kept in one clause at the end. Titled paragraphs stand before the arguments. A
+callback's type stands above the routines that take it, below a comment of its own. What breaks the
+form is refused with its line.
 """
 
 import pathlib
 import re
 
-from . import arithmetic, conditions
+from . import arithmetic, conditions, paragraphs
 from .model import Argument, Callback, CallbackArgument, FormError, Group, Interface, Routine
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
@@ -35,6 +36,7 @@ TAG = re.compile(
     r"@param\[(in|out|in,out)\] ((?:\w+)(?:,\w+)*) (?:\[([^\]]+)\] )?(.+)", re.DOTALL
 )
 KINDS = {"float": "real", "int32_t": "integer", "void": "word"}
+CLAUSE = re.compile(r"(.+?); (kept|unchanged) (?:when (?!beyond )|(?=beyond ))([^;]+)")
 RESULTS = KINDS | {"void": "nothing"}
 
 
@@ -43,12 +45,14 @@ def plain(text):
 
 
 def parse_comment(comment):
-    """Splits a comment into its description, its @param texts and its other paragraphs."""
+    """Splits a comment into its description, its @param texts and the paragraphs before these."""
     lines = [re.sub(r"^\s*\* ?", "", line) for line in comment.strip().splitlines()]
     chunks = re.split(r"(?m)^(?=@)", "\n".join(lines))
     tags = [chunk for chunk in chunks[1:] if chunk.startswith("@param")]
     others = [chunk for chunk in chunks[1:] if not chunk.startswith("@param")]
-    return chunks[0].strip(), tags, others
+    if chunks[1:] != others + tags:
+        raise FormError("the arguments stand at the end")
+    return chunks[0].strip(), tags, [chunk.strip() for chunk in others]
 
 
 def parse_passed(text):
@@ -60,8 +64,8 @@ def parse_passed(text):
 
 
 def parse_callback(match):
-    text, tags, paragraphs = parse_comment(match["comment"])
-    if not text or tags or paragraphs:
+    text, tags, others = parse_comment(match["comment"])
+    if not text or tags or others:
         raise FormError("the comment of a callback's type is a description and nothing else")
     if match["result"] not in RESULTS:
         raise FormError(f"'{match['result']}' is not a result of a known type")
@@ -93,10 +97,12 @@ def split_clause(text, direction):
     """The text of an argument without its closing clause, and the condition in that."""
     if direction == "in":
         return text, ""
-    clause = f"; {'kept' if direction == 'out' else 'unchanged'} when "
-    says, _, condition = text.partition(clause)
-    if not says or re.search(r"\b(kept|unchanged)\b", says + condition) or ";" in condition:
-        raise FormError(f"'{text}': what is kept stands in one clause '{clause}...' at the end")
+    word = "kept" if direction == "out" else "unchanged"
+    found = CLAUSE.fullmatch(text)
+    says, condition = (found[1], found[3]) if found and found[2] == word else (text, "")
+    if re.search(r"\b(kept|unchanged)\b", says + condition):
+        raise FormError(f"'{text}': what is kept stands in one clause at the end, '; {word} when "
+                        f"...' or '; {word} beyond ...'")
     return says, condition
 
 
@@ -138,30 +144,20 @@ def parse_arguments(parameters, tags, callbacks):
     return arguments
 
 
-def kept_value(paragraphs):
-    kept = ""
-    for paragraph in paragraphs:
-        title, _, text = paragraph.partition("\n")
-        if title != "@par Kept value":
-            raise FormError(f"unknown paragraph '{title}'")
-        kept = plain(text)
-    return kept
-
-
 def parse_routine(match, group, callbacks):
-    description, tags, paragraphs = parse_comment(match["comment"])
+    description, tags, titled = parse_comment(match["comment"])
     arguments = parse_arguments(match["parameters"], tags, callbacks)
     summary, _, details = plain_description(description).partition("\n")
     if not summary:
         raise FormError("no description")
-    return Routine(match["name"], group, summary, details.rstrip(), kept_value(paragraphs),
-                   arguments)
+    return Routine(match["name"], group.title, group.name, summary, details.rstrip(),
+                   **paragraphs.read(titled), arguments=arguments)
 
 
 def plain_description(description):
     """The first sentence on a line of its own, then the rest with its lines as they stand: they are
     indented in a sketch."""
-    first = re.match(r"(.+?(?<!\.\.)[.:])(?:\s*\n(?= )|\s+|$)", description, re.DOTALL)
+    first = re.match(r"(.+?(?<!\.\.)(?<! )[.:])(?:\s*\n(?= )|\s+|$)", description, re.DOTALL)
     return plain(first[1]) + "\n" + description[first.end():] if first else ""
 
 
@@ -172,7 +168,7 @@ def group_text(comment):
 
 
 def parse_item(match, group, interface):
-    """Enters what a comment and the declaration behind it say; returns the group that is open."""
+    """Enters what a comment and the declaration below it say; returns the group that is open."""
     if match["callback"]:
         interface.callbacks.append(parse_callback(match))
     elif match["name"]:
@@ -181,7 +177,7 @@ def parse_item(match, group, interface):
         interface.routines.append(parse_routine(match, group, interface.callbacks))
     elif found := re.search(r"@defgroup (\w+) (.+)", match["comment"]):
         interface.groups.append(Group(*found.groups(), group_text(match["comment"])))
-        return found[2]
+        return interface.groups[-1]
     elif "@}" in match["comment"]:
         return None
     return group
@@ -210,6 +206,7 @@ def parse_header(text):
     names = [declared.name for declared in interface.routines + interface.callbacks]
     if len(set(names)) != len(names):
         raise FormError("a name is declared twice")
+    paragraphs.check(interface.routines)
     return interface
 
 

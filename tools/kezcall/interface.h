@@ -68,17 +68,18 @@ struct Argument {
   std::int64_t (*extent)(Integers);  // entries of the array; null for a scalar
   const char* extent_text;           // as the header writes it; null for a scalar
   const char* text;                  // what the header says of the argument
-  const char* kept_when;             // the cases in which it is not written; null for none
+  const char* kept;                  // the cases in which it is not written; null for none
   // How many first entries are written and no others; null where the integers do not tell.
   std::int64_t (*written)(Integers);
 };
 
 struct Routine {
   const char* name;
-  const char* group;    // title of the header's group
-  const char* summary;  // the comment's first sentence
-  const char* details;  // the rest of its description; may be empty
-  const char* kept;     // what it keeps from call to call; null when re-entrant
+  const char* readable;     // a name for people, or which routine it is under a second name
+  const char* group;        // title of the header's group
+  const char* summary;      // the comment's first sentence
+  const char* description;  // all that the comment says, except of the arguments
+  bool keeps;               // whether it remembers something from call to call
   std::span<const Argument> arguments;
 };
 

@@ -22,7 +22,8 @@ constexpr const char* usage =
        kezcall [--library PATH] [--memory WHERE] [--trace] FILE...
                                                    run files of rows
        kezcall --list                              all routines
-       kezcall --help [ROUTINE...]                 this text, or what a routine does
+       kezcall --help [ROUTINE...]                 this text, or what a routine does:
+                                                   kezpds, or distance
 
 A row is a call: the routine's name and its inputs in argument order. Behind an
 arrow it may say what the outputs must be, in argument order too:
@@ -90,10 +91,16 @@ Options parse_options(std::span<char*> arguments) {
   return options;
 }
 
+// By its name or by the one for people.
+const Routine* find_described(std::string_view name) {
+  const auto found = std::ranges::find(routines, name, &Routine::readable);
+  return found == routines.end() ? find_routine(name) : &*found;
+}
+
 int help(std::span<char*> names) {
   if (names.empty()) std::cout << usage;
   for (const char* name : names) {
-    const Routine* routine = find_routine(name);
+    const Routine* routine = find_described(name);
     if (!routine) throw UsageError(std::string("unknown routine '") + name + "'");
     if (name != names.front()) std::cout << '\n';
     print_help(std::cout, *routine);

@@ -108,9 +108,8 @@ bool is_drawn(std::string_view paragraph) {
 }
 
 void print_description(std::ostream& out, const Routine& routine) {
-  const std::string_view details = routine.details;
-  const std::string text = std::string(routine.name) + ": " + routine.summary +
-                           (is_drawn(details) ? "\n\n" : " ") + routine.details;
+  const std::string text =
+      std::string(routine.name) + ", " + routine.readable + ": " + routine.description;
   for (std::size_t begin = 0; begin < text.size();) {
     const std::size_t end = std::min(text.find("\n\n", begin), text.size());
     const std::string_view paragraph = std::string_view(text).substr(begin, end - begin);
@@ -155,16 +154,19 @@ void print_outputs(std::ostream& out, const Row& row, const Arguments& arguments
 }
 
 void print_list(std::ostream& out) {
-  const int width =
-      longest(routines, [](const Routine& r) { return std::string_view(r.name).size(); });
+  const auto width = [](auto name) {
+    return longest(routines, [name](const Routine& r) { return std::string_view(r.*name).size(); });
+  };
+  const int names = width(&Routine::name), readable = width(&Routine::readable);
   std::string_view group;
   for (const Routine& routine : routines) {
     if (routine.group != group) {
       out << (group.empty() ? "" : "\n") << routine.group << '\n';
       group = routine.group;
     }
-    out << (routine.kept ? "* " : "  ") << std::left << std::setw(width) << routine.name << "  "
-        << without_colon(routine.summary) << '\n';
+    out << (routine.keeps ? "* " : "  ") << std::left << std::setw(names) << routine.name << "  "
+        << std::setw(readable) << routine.readable << "  " << without_colon(routine.summary)
+        << '\n';
   }
   out << "\n* keeps a value from call to call\n";
 }
@@ -184,9 +186,6 @@ void print_help(std::ostream& out, const Routine& routine) {
     const auto column = static_cast<std::size_t>(names + types + 14);
     print_wrapped(out, argument.text, column, column);
   }
-  if (!routine.kept) return;
-  out << '\n';
-  print_wrapped(out, std::string("Kept value: ") + routine.kept, 0, 0);
 }
 
 }  // namespace kezcall

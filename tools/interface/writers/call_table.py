@@ -4,6 +4,7 @@ import re
 
 from .. import conditions
 from ..arithmetic import substituted
+from ..languages import documentation, known_as
 from ..model import FormError
 from . import NOTICE
 
@@ -29,7 +30,7 @@ RELATIONS = {"is": ("==", " || "), "not": ("!=", " && "), "below": ("<", "")}
 
 def written(argument, routine):
     """How many first entries are written."""
-    if expression := conditions.behind(argument.kept_when):
+    if expression := conditions.beyond(argument.kept_when):
         return function(substituted(expression, terms(routine)))
     if found := conditions.comparison(argument.kept_when):
         operator, joint = RELATIONS[found.relation]
@@ -42,9 +43,9 @@ def argument_fields(argument, routine):
     extent = ("nullptr", "nullptr")
     if argument.extent:
         extent = (function(substituted(argument.extent, terms(routine))), quoted(argument.extent))
-    kept_when = quoted(argument.kept_when) if argument.kept_when else "nullptr"
+    kept_clause = quoted(argument.kept_clause()) if argument.kept_when else "nullptr"
     return [quoted(argument.name), argument.kind, argument.direction.replace(",", "_"), *extent,
-            quoted(argument.whole_text()), kept_when, written(argument, routine)]
+            quoted(argument.whole_text()), kept_clause, written(argument, routine)]
 
 
 def check_callbacks(routine):
@@ -69,10 +70,10 @@ def write(interface):
         out += ["};", ""]
     out.append("constexpr Routine all[] = {")
     for r in interface.routines:
-        kept = quoted(r.kept) if r.kept else "nullptr"
-        out += [f"    {{{quoted(r.name)}, {quoted(r.group)}, {quoted(r.summary)},",
-                f"     {quoted(r.details)},",
-                f"     {kept}, {r.name}_arguments}},"]
+        out += [f"    {{{quoted(r.name)}, {quoted(known_as(r))}, {quoted(r.group)},",
+                f"     {quoted(r.summary)},",
+                f"     {quoted(documentation(r))},",
+                f"     {'true' if r.kept else 'false'}, {r.name}_arguments}},"]
     out += ["};", "", "}  // namespace", "", "const std::span<const Routine> routines = all;", "",
             "}  // namespace kezcall"]
     return "\n".join(out) + "\n"

@@ -1,13 +1,12 @@
 """The binding for C#, of which Visual Basic .NET can use the assembly."""
 
-import itertools
 import re
 import textwrap
 from xml.sax.saxutils import escape
 
 from ..arithmetic import substituted
-from ..languages import (Language, Literals, broken, form_of, forms, glued, is_list, kept_value,
-                         shape, wrapped)
+from ..languages import (Language, Literals, broken, form_of, forms, glued, is_list, known_as,
+                         remarks, shape, wrapped)
 from ..model import FormError
 from . import NOTICE
 
@@ -77,17 +76,15 @@ def marked_up(text):
     return re.sub(r"`([^`]+)`", r"<c>\1</c>", escape(text))
 
 
-def is_drawn(line):
-    return line.startswith((" ", "|"))
-
-
 def paragraphs(text):
-    """Sketches and tables in <code>, which keeps their lines, all other text in <para>."""
+    """Sketches and tables in <code>, which keeps their lines, all other text and each item of a
+    list in <para>."""
     for paragraph in filter(None, text.split("\n\n")):
-        for drawn, lines in itertools.groupby(paragraph.splitlines(), is_drawn):
-            text = "\n".join(lines)
-            yield (f"<code>\n{escape(text)}\n</code>" if drawn else
-                   "\n".join(wrapped(f"<para>{marked_up(text)}</para>", "", 84)))
+        if paragraph.startswith((" ", "|")):
+            yield f"<code>\n{escape(paragraph)}\n</code>"
+            continue
+        for item in re.split(r"\n(?=- )", paragraph):
+            yield "\n".join(wrapped(f"<para>{marked_up(item)}</para>", "", 84))
 
 
 def comment(lines):
@@ -96,13 +93,14 @@ def comment(lines):
 
 def documentation(routine, group):
     more = "; the remarks of the class say more." if group.text else "."
-    texts = wrapped(f"<summary>{marked_up(routine.summary)}</summary>", "", 84)
+    summary = f"{known_as(routine)}: {routine.summary}"
+    texts = wrapped(f"<summary>{marked_up(summary)}</summary>", "", 84)
     for a in routine.arguments:
         text = f"{DIRECTIONS[a.direction]}, {shape(a)}: {a.whole_text()}."
         texts += wrapped(f'<param name="{a.name}">{marked_up(text)}</param>', "", 84)
-    remarks = paragraphs("\n\n".join([routine.details, kept_value(routine),
-                                      f"Family: {routine.group}{more}"]))
-    return comment([*texts, "<remarks>", *remarks, "</remarks>"])
+    said = paragraphs("\n\n".join([routine.details, remarks(routine),
+                                   f"Family: {routine.group}{more}"]))
+    return comment([*texts, "<remarks>", *said, "</remarks>"])
 
 
 def checks(routine):

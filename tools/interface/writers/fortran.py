@@ -2,7 +2,8 @@
 
 import itertools
 
-from ..languages import Language, Literals, broken, form_of, forms, is_list, kept_value, wrapped
+from ..languages import (Language, Literals, broken, documentation, form_of, forms, is_list,
+                         known_as, wrapped)
 from . import NOTICE
 
 # Each entry has a line of its own: a line ends at column 132, wherever the literals come from.
@@ -101,7 +102,7 @@ def body(routine, form):
 
 
 def text_of(routine):
-    return "\n\n".join(filter(None, [routine.summary, routine.details, kept_value(routine)]))
+    return f"{known_as(routine)}: {documentation(routine)}"
 
 
 def interface_of(routine):

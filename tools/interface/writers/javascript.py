@@ -46,7 +46,7 @@ def fields(argument, routine):
         found += [f"extent: {arithmetic(argument.extent, routine)}", f'asks: "{argument.extent}"']
     if argument.is_kept():
         found.append("kept: true")
-        if expression := conditions.behind(argument.kept_when):
+        if expression := conditions.beyond(argument.kept_when):
             found.append(f"written: {arithmetic(expression, routine)}")
     return ", ".join(found)
 

@@ -3,8 +3,8 @@
 import itertools
 from xml.sax.saxutils import escape
 
-from ..languages import (Language, Literals, broken, form_of, forms, glued, is_list, kept_value,
-                         wrapped)
+from ..languages import (Language, Literals, broken, form_of, forms, glued, is_list, known_as,
+                         remarks, wrapped)
 from . import NOTICE
 
 RESERVED = frozenset("""
@@ -73,10 +73,10 @@ def element(opening, text):
 
 
 def document(routine):
-    yield from element("summary", routine.summary)
-    if remarks := "\n\n".join(filter(None, [routine.details, kept_value(routine)])):
+    yield from element("summary", f"{known_as(routine)}: {routine.summary}")
+    if text := "\n\n".join(filter(None, [routine.details, remarks(routine)])):
         # Between the marks a sketch or a table stands as it does in the header.
-        yield from ["/// <remarks>", *wrapped(escape(remarks), "/// "), "/// </remarks>"]
+        yield from ["/// <remarks>", *wrapped(escape(text), "/// "), "/// </remarks>"]
     for argument in routine.arguments:
         entries = f" [{argument.extent}]" if argument.extent else ""
         yield from element(f'param name="{LANGUAGE.name(argument.name)}"',

@@ -5,7 +5,7 @@ import keyword
 
 from .. import conditions
 from ..arithmetic import substituted
-from ..languages import Language, Literals, wrapped
+from ..languages import Language, Literals, known_as, wrapped
 from ..model import FormError
 from ..numpydoc import callback_hint, documentation
 from ..reader import version
@@ -116,7 +116,7 @@ def description(argument, routine):
         fields += [f'extent="{argument.extent}"', f"size={over_values(argument.extent, routine)}"]
     if argument.is_kept():
         fields.append("kept=True")
-        if expression := conditions.behind(argument.kept_when):
+        if expression := conditions.beyond(argument.kept_when):
             fields.append(f"written={over_values(expression, routine)}")
     if argument.callback:
         check_callback(argument.callback)
@@ -172,7 +172,7 @@ def function(routine):
 def family(group, routines):
     members = [r for r in routines if r.group == group.title]
     listed = [line for r in members
-              for line in indented(wrapped(f"{r.name}: {r.summary.rstrip(':.')}.", "", 96))]
+              for line in indented(wrapped(f"{r.name}, {known_as(r)}: {r.summary.rstrip(':.')}.", "", 96))]
     text = wrapped(group.text, "") if group.text else []
     return ["", group.title, "-" * len(group.title), *text, *([""] if text else []), *listed]
 

@@ -3,7 +3,7 @@
 import re
 import textwrap
 
-from ..languages import GLUE, Language, broken, description, kept_value, shape, wrapped
+from ..languages import GLUE, Language, broken, documentation, known_as, shape, wrapped
 from . import NOTICE, javascript
 
 LANGUAGE = Language(
@@ -81,8 +81,8 @@ def tag(text):
     return [first.replace("*   ", "* ", 1), *rest]
 
 
-def documentation(routine):
-    text = "\n\n".join(filter(None, [description(routine), kept_value(routine)]))
+def comment(routine):
+    text = f"{known_as(routine)}\n\n{documentation(routine)}"
     lines = ["  /**", *wrapped(text, "   * "), "   *"]
     for argument in routine.inputs():
         lines += tag(f"@param {described(LANGUAGE.name(argument.name), argument)}")
@@ -105,5 +105,5 @@ def write(interface):
     for routine in interface.routines:
         if group := groups.pop(routine.group, None):
             out += group_comment(group)
-        out += [*documentation(routine), textwrap.indent(signature(routine), "  "), ""]
+        out += [*comment(routine), textwrap.indent(signature(routine), "  "), ""]
     return "\n".join([*out[:-1], "}", ""])

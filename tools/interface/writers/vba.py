@@ -3,8 +3,8 @@
 import itertools
 import textwrap
 
-from ..languages import (Language, Literals, broken, form_of, forms, glued, is_list, kept_value,
-                         shape, wrapped)
+from ..languages import (Language, Literals, broken, documentation, form_of, forms, glued, is_list,
+                         known_as, shape, wrapped)
 from . import NOTICE
 
 LANGUAGE = Language(
@@ -96,10 +96,9 @@ def signature(routine):
     return "\n".join(declaration(routine, form, True) for form in forms(routine))
 
 
-def documentation(routine):
-    paragraphs = filter(None, [f"{routine.name}: {routine.summary}", routine.details,
-                               kept_value(routine)])
-    lines = wrapped("\n\n".join(paragraphs), "' ", WIDTH)
+def comment(routine):
+    text = f"{routine.name}, {known_as(routine)}: {documentation(routine)}"
+    lines = wrapped(text, "' ", WIDTH)
     says = (lambda a: f"{DIRECTIONS[a.direction]}, {shape(a)}: {a.whole_text()}")
     for text, members in itertools.groupby(routine.arguments, says):
         names = ", ".join(map(name, members))
@@ -112,7 +111,7 @@ def write(interface):
     parts = [HEAD + "\n#If VBA7 Then"]
     for group in interface.groups:
         parts.append("\n".join(["'", f"' {group.title}", "'", *wrapped(group.text, "' ", WIDTH)]))
-        parts += [f"{documentation(routine)}\n{signature(routine)}"
+        parts += [f"{comment(routine)}\n{signature(routine)}"
                   for routine in interface.routines if routine.group == group.title]
     parts += ["#Else", *(declaration(routine, form, False) for routine in interface.routines
                          for form in forms(routine)), "#End If"]
