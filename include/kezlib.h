@@ -97,6 +97,7 @@ extern "C" {
  * distance. For points in the plane pass 0 for z.
  * @{
  */
+
 /**
  * Distance between two points.
  *
@@ -187,7 +188,7 @@ KEZ_API void KEZ_CALL kezpre(const float *x1, const float *y1, const float *z1, 
                              float c[]);
 
 /**
- * Dot product of the vectors of two segments, (P2 - P1) . (P4 - P3).
+ * Dot product of the vectors of two segments. The vectors are P2 - P1 and P4 - P3.
  *
  * @par Name
  * dot_product
@@ -287,6 +288,7 @@ KEZ_API void KEZ_CALL kezgrc(const float *a, const float *b, const float *c, flo
  * it.
  * @{
  */
+
 /**
  * Line through two points. Its (a, b) points to the right, seen from the first point towards the
  * second.
@@ -300,7 +302,7 @@ KEZ_API void KEZ_CALL kezgrc(const float *a, const float *b, const float *c, flo
  * @par Accuracy
  * c loses accuracy far from the origin, with the square of the coordinates. With coordinates of 100
  * times the distance d of the points, the line is typically 0.0001 d off the points, at worst
- * 0.0005 d. With 1000 times d it is typically 0.006 d off, at worst 0.04 d. Move the origin near
+ * 0.0005 d. With 1000 times d it is typically 0.006 d off, at worst 0.05 d. Move the origin near
  * the line first (`keztra`).
  *
  * @param[in] x1,y1 first point (length)
@@ -384,7 +386,7 @@ KEZ_API void KEZ_CALL kezln5(const float *x0, const float *y0, const float *x1, 
  *
  * @par Accuracy
  * The routine multiplies by an approximate reciprocal square root of a^2 + b^2, accurate to about
- * 22 bits: typically 1e-7 of the distance is lost, at worst 4e-7.
+ * 22 bits: the distance is typically 5e-8 of itself off, at worst 4e-7.
  *
  * @param[in] x,y the point (length)
  * @param[in] a,b,c the line
@@ -402,9 +404,9 @@ KEZ_API void KEZ_CALL kezlds(const float *x, const float *y, const float *a, con
  *
  * @par Accuracy
  * Lines with small coefficients can count as parallel although they cross. Parallel lines through
- * points with rounded coordinates (`kezln3`) often count as crossing: about 1 pair in 20 at a size
- * of 10 units, more than half beyond 30. Divide each line by sqrt(a^2 + b^2) first. The point is as
- * accurate as the c of both lines, see `kezln3`.
+ * points with rounded coordinates (`kezln3`) can count as crossing: a few pairs in 100 at a size of
+ * 10 units, at least half of them from 100 units on. Divide each line by sqrt(a^2 + b^2) first. The
+ * point is as accurate as the c of both lines, see `kezln3`.
  *
  * @param[in] a1,b1,c1 first line a x + b y + c = 0
  * @param[in] a2,b2,c2 second line
@@ -429,9 +431,9 @@ KEZ_API void KEZ_CALL kezlni(const float *a1, const float *b1, const float *c1, 
  * P1 and P2 with the same x and y give not-a-number.
  *
  * @par Accuracy
- * If the foot of P0 is at P1, a0 should be 0. It is typically at most 0.0005 h0, at worst 0.002 h0
- * or not-a-number. The same holds for a3 - L and h3, if the foot of P3 is at P2. Move the origin
- * near the line first (`keztra`).
+ * If the foot of P0 is at P1, a0 should be 0. It is typically below 0.0004 h0, at worst 0.002 h0 or
+ * not-a-number. The same holds for a3 - L and h3, if the foot of P3 is at P2. Move the origin near
+ * the line first (`keztra`).
  *
  * @param[in] x0,y0,z0 P0 (length)
  * @param[in] x1,y1,z1 P1, first point of the line (length)
@@ -637,7 +639,8 @@ KEZ_API void KEZ_CALL kezmov(const float *x1, const float *y1, const float *z1, 
  * then classified all the same.
  *
  * @par Accuracy
- * An angle below 0.0003 may count as 0 (`kezphi`); the flags are then -1.
+ * An angle below 0.0003 may count as 0 (`kezphi`); the flags are then -1. Far from the origin the
+ * lines lose accuracy (`kezln3`): move the origin to P0 first.
  *
  * @param[in] x0,y0 P0, the vertex (length)
  * @param[in] x1,y1 P1, a point on the first ray (length)
@@ -720,7 +723,8 @@ KEZ_API void KEZ_CALL kezpsn(const float *x1, const float *y1, const float *z1, 
 /**
  * @defgroup tables Tables and sampling
  *
- * A table is an array of n entries. Where it must ascend, that is not checked.
+ * Whether a table ascends is not checked. Mind the order of the arguments: here the count stands
+ * before the table, in the sorts (`kezord`, `kezord1`) after it.
  * @{
  */
 
@@ -782,7 +786,7 @@ KEZ_API void KEZ_CALL kezpos1(const int32_t *n, const float x[], const float *v,
  * find_in_range
  *
  * @par Degenerate input
- * With hi below lo, no entry lies in the range. The range then lies between the neighbours of lo.
+ * With hi below lo no entry lies in the range, and the range counts as lying where lo does.
  *
  * @param[in] n entries of the table
  * @param[in] x [n] the table
@@ -853,8 +857,8 @@ KEZ_API void KEZ_CALL keznst(const float *x1, const float *y1, const float *z1, 
                              float xs[], float ys[], float zs[]);
 
 /**
- * Integral of evenly spaced samples from a to b by a trapezoid rule. It is h ((y(1) + y(n)) / 2 +
- * y(2) + ... + y(n - 2)), with h = (b - a) / (n - 1).
+ * Integral of evenly spaced samples from a to b by a trapezoid rule. It is h
+ * ((y(1) + y(n)) / 2 + y(2) + ... + y(n - 2)), with h = (b - a) / (n - 1).
  *
  * @par Name
  * integrate_samples
@@ -894,15 +898,20 @@ KEZ_API void KEZ_CALL kezpar(const int32_t *i1, const int32_t *i2, const int32_t
 /**
  * @defgroup circles Circles and arcs
  *
+ * A circle is the triple (D, E, F) of x^2 + y^2 + D x + E y + F = 0. F has the unit length^2, D and
+ * E the unit length.
  * @{
  */
 
 /**
- * Circle from centre and radius: D = -2 xc, E = -2 yc, F = xc^2 + yc^2 - r^2. Far from the origin
- * F loses the digits of the radius: work from a point near the circle.
+ * Circle from centre and radius, with D = -2 xc, E = -2 yc and F = xc^2 + yc^2 - r^2.
  *
  * @par Name
  * circle_about_centre
+ *
+ * @par Accuracy
+ * Far from the origin F loses the digits of the radius. `kezlci` says how far off the points of
+ * such a circle are. Move the origin near the circle first.
  *
  * @param[in] xc,yc centre (length)
  * @param[in] r radius; its sign does not matter (length)
@@ -912,20 +921,33 @@ KEZ_API void KEZ_CALL kezcer(const float *xc, const float *yc, const float *r, f
                              float *F);
 
 /**
- * Intersection of a line and a circle. The first point is the one with the larger y; where |a| is
- * at most 1.0e-5 the line counts as the horizontal b y + c = 0, and the first point is the one with
- * the larger x.
+ * Intersection of a line and a circle. The first point is the one with the larger y; on a
+ * horizontal line it is the one with the larger x.
  *
- * The line touches when the discriminant of the quadratic in y (or x) is within 1.0e-5 of zero.
- * That discriminant grows with the fourth power of the line's coefficients: scale the line so that
- * a^2 + b^2 is about 1, or a small line through the centre counts as touching, and one with
- * coefficients in the hundreds touches only when it is exactly tangent. Where b is much larger than
- * a, x = -(b y + c) / a loses digits; to avoid it pass b, a, c, E, D, F and read the points as (y,
- * x). A line with a = b = 0, or a horizontal one with b = 0, gives no finite point. Of a circle far
- * from the origin F has lost digits: see `kezcer`.
+ * The line touches if the discriminant of the quadratic in y (or x) is within 1.0e-5 of zero. The
+ * discriminant grows with the fourth power of the line's coefficients. Scale the line so that
+ * a^2 + b^2 is about 1. With much smaller coefficients even a line through the centre counts as
+ * touching; with coefficients in the hundreds only an exact tangent does. With a^2 + b^2 = 1 the
+ * line touches if the two points are at most 0.0032 / |a| apart, or on a horizontal line 0.0032.
  *
  * @par Name
  * intersect_line_circle
+ *
+ * @par Deliberate
+ * A line with |a| <= 1.0e-5 counts as the horizontal b y + c = 0, whatever is left of a.
+ *
+ * @par Degenerate input
+ * A line with a = b = 0, or a horizontal one with b = 0, gives n = 1 and no finite point.
+ *
+ * @par Accuracy
+ * Nearly level lines lose accuracy in x = -(b y + c) / a, with the square of b / a. On a circle of
+ * radius 1 about the origin, the points of a line that rises 1 in 100 are typically 1e-5 off the
+ * circle, at worst 2e-4. To avoid this, pass b, a, c, E, D, F and read the points as (y, x).
+ *
+ * Far from the origin F has lost accuracy. These figures are for lines at 45 degrees or more to
+ * the x axis that pass the centre within R / 2. With coordinates of 100 R the points are typically
+ * R / 3000 off the circle, at worst R / 300; with 1000 R typically R / 40, at worst R / 3. Nearly
+ * level lines are worse, and may miss the circle. Move the origin near the circle first (`keztra`).
  *
  * @param[in] a,b,c the line a x + b y + c = 0
  * @param[in] D,E,F the circle
@@ -938,13 +960,25 @@ KEZ_API void KEZ_CALL kezlci(const float *a, const float *b, const float *c, con
                              float *x2, float *y2);
 
 /**
- * Intersection of two circles: `kezlci` of their radical line with the first circle. Circles about
- * the same centre (|D2 - D1| + |E2 - E1| <= 1.0e-5) give n = 0. The line's coefficients are twice
- * the distance of the centres, so that circles of about one radius R count as touching when their
- * centres are less than 0.02 / sqrt(R) apart. Far from the origin F has lost digits: see `kezcer`.
+ * Intersection of two circles. It is the intersection of their radical line with the first circle.
+ * Circles of about the same radius R count as touching if their centres are less than
+ * 0.02 / sqrt(R) apart, because the line's coefficients are twice the distance of the centres.
  *
  * @par Name
  * intersect_circles
+ *
+ * @par Measures through
+ * `kezlci`
+ *
+ * @par Deliberate
+ * The radical line counts as horizontal if its a, D2 - D1, is within the tolerance (`kezlci`).
+ *
+ * @par Degenerate input
+ * Circles about the same centre, |D2 - D1| + |E2 - E1| <= 1.0e-5, give n = 0.
+ *
+ * @par Accuracy
+ * That of `kezlci`: far from the origin F has lost accuracy. Move the origin near the circles
+ * first.
  *
  * @param[in] D1,E1,F1 first circle
  * @param[in] D2,E2,F2 second circle
@@ -957,9 +991,9 @@ KEZ_API void KEZ_CALL kezc12(const float *D1, const float *E1, const float *F1, 
                              float *x2, float *y2);
 
 /**
- * Region of a circle: how it lies against a dividing line and the x axis, with a report of the
- * result in the file "OUTPUT.TXT". Only the height of the centre and the number of cut points
- * decide; a line that touches counts as not cutting, although x2 and y2 are then written.
+ * Region of a circle against a dividing line and the x axis. The routine also writes a report of
+ * the result to the file "OUTPUT.TXT". Only the number of cut points and the height of the centre
+ * decide. A line that touches counts as not cutting, although x2 and y2 are then written.
  *
  * | k | meaning                                                                              |
  * |---|--------------------------------------------------------------------------------------|
@@ -968,27 +1002,42 @@ KEZ_API void KEZ_CALL kezc12(const float *D1, const float *E1, const float *F1, 
  * | 3 | the line cuts and Y(1) < 0: the segment of angle phi is in the positive region       |
  * | 4 | the line cuts and Y(1) >= 0: that of angle 2 pi - phi is in the positive region      |
  *
- * Each call adds three records in Greek (code page Windows-1253) to the report, each with a blank
- * first: that it is of a circle; "KC; " and k; the meaning of k, for 3 and 4 followed by
- * "x2; ... ;y2; ... ;x3; ... ;y3; ..." with numbers that read back to the same values. These are
- * 43 bytes for k = 1, 46 for 2 and at most 137 for 3 and 4, and three more on Windows, where lines
- * end in a carriage return and a line feed; elsewhere in a line feed.
+ * Each call adds three records in Greek (code page Windows-1253) to the report. Each record begins
+ * with a blank.
+ * - The first says that it is about a circle.
+ * - The second is "KC; " and k.
+ * - The third is the meaning of k. For 3 and 4 "x2; ... ;y2; ... ;x3; ... ;y3; ..." follows, with
+ *   numbers that read back to the same values.
  *
- * Links are followed, but only a regular file is opened. Nothing about the file changes a result:
- * the records of a call at which it cannot be opened are lost, and the next call tries again; of
- * records for which there is no room the end or all is lost, and those of later calls follow. A
- * host with a limit on the size of files ignores SIGXFSZ, or ends by it as with any other write.
- * Processes that report at the same time need a directory each.
+ * Together they have 43 bytes for k = 1, 46 for k = 2 and at most 137 for 3 and 4. Lines end in a
+ * line feed. On Windows they end in a carriage return and a line feed, which makes three bytes
+ * more.
+ *
+ * Trouble with the file never changes a result. If it cannot be opened, the records of the call are
+ * lost and the next call tries again. If there is no room, the end of the records or all of them is
+ * lost, and those of later calls follow. Links are followed, but only a regular file is used. A
+ * host with a limit on the size of files must ignore SIGXFSZ, or the signal ends it as with any
+ * other write. Processes that report at the same time need a directory each.
  *
  * @par Name
  * classify_circle
  *
+ * @par Measures through
+ * `kezcer`, `kezlci`
+ *
+ * @par Deliberate
+ * The line counts as horizontal if its a is within the tolerance (`kezlci`).
+ *
+ * @par Accuracy
+ * That of `kezlci`. Move the origin near the circle first, but only along the x axis: the sign of
+ * Y(1) decides.
+ *
  * @par Kept value
- * The report, which is a file in the directory that is current at the first call that can open it.
- * That call replaces what a process before has left there. The file stays open, and no child
- * process inherits it, until the process ends or the library is unloaded; the records of every call
- * are in it when the call returns. Calls that are not serialised may mix their records, and lose
- * some of the first ones, but do no other harm.
+ * The report: a file in the directory that is current at the first call that can open it. That call
+ * replaces what an earlier process has left there. The file stays open until the process ends or
+ * the library is unloaded; no child process inherits it. The records of every call are in the file
+ * when the call returns. Calls that are not serialised may mix their records and lose some of the
+ * first ones, but do no other harm.
  *
  * @param[in] X,Y [2] centre, and a point on the circle (length)
  * @param[in] a,b,c the line a x + b y + c = 0
@@ -1001,27 +1050,37 @@ KEZ_API void KEZ_CALL kezcin(const float X[], const float Y[], const float *a, c
                              float *y3);
 
 /**
- * Centres of the circles of a given radius through two points, and the choice of one by its signed
- * distance e from the line of the chord (`kezln3`): the first when e sense >= 0; then the second,
- * in place of the first, when e sense > 0. A sense of 0 chooses the first.
+ * Centres of the circles of a given radius through two points, and the choice of one. The choice is
+ * made by a centre's signed distance e from the line of the chord (`kezln3`). The first centre is
+ * chosen if its e sense >= 0. The second replaces it if its own e sense > 0. A sense of 0 therefore
+ * chooses the first.
  *
  * | status | meaning                                                                           |
  * |--------|-----------------------------------------------------------------------------------|
  * | 0      | no centre (one point twice, R <= 1.0e-5 or short for the chord), or a level chord |
- * | 1      | one centre, written as both: a chord that is a diameter, or would have centres    |
- * |        | less than 0.0032 apart                                                            |
+ * | 1      | one centre, written as both: the chord is a diameter, or the two centres are at   |
+ * |        | most 0.0032 abs(y2 - y1) / (length of the chord) apart                            |
  * | 2      | two centres; the first has the larger x                                           |
- *
- * Level is a chord with |y2 - y1| < 1.0e-5. Its centres are written and chosen from all the same,
- * the first with the smaller y; a radius too short for it makes them not-a-number.
- *
- * Coordinates that are large against R take the digits of the centres and spoil the status, the
- * more the more level the chord: with coordinates of 100 R and a chord that rises 1 in 10 the
- * centres are about R / 50 off, and likewise with 10 R and 1 in 100. Move the origin to the middle
- * of the chord first: no digits are then lost.
  *
  * @par Name
  * arc_centres
+ *
+ * @par Measures through
+ * `kezln3`, `kezlds`
+ *
+ * @par Deliberate
+ * A level chord, with |y2 - y1| < 1.0e-5, has status 0 although its two centres are written and one
+ * of them is chosen. The first is the one with the smaller y.
+ *
+ * @par Degenerate input
+ * A radius too short for a level chord makes the centres not-a-number, and none is chosen. Points
+ * that are closer than 1.0e-5 but not the same count as a level chord; their centres mean nothing.
+ *
+ * @par Accuracy
+ * Coordinates that are large against R spoil the centres and the status, above all for nearly level
+ * chords. With coordinates of 100 R and a chord that rises 1 in 10 the centres are typically R / 50
+ * off, at worst R. The same holds with 10 R and 1 in 100. With the origin moved to the middle of
+ * the chord (`keztra`) they are typically 5e-8 R off, at worst 4e-7 R, for chords of up to 1.9 R.
  *
  * @param[in] x1,y1 first point (length)
  * @param[in] x2,y2 second point (length)
@@ -1038,13 +1097,24 @@ KEZ_API void KEZ_CALL kezcer2(const float *x1, const float *y1, const float *x2,
 
 /**
  * Radius and centre of the arc through two points that rises to a given height over the middle of
- * their chord; radius (f^2 + c^2 / 4) / (2 f) over a chord of length c. It is computed through an
- * angle, with a relative error of up to 2.0e-7 times the larger of c / f and f / c. The centre is
- * computed and chosen as by `kezcer2`, and loses digits as there: move the origin to the middle of
- * the chord first.
+ * their chord. The radius is (f^2 + c^2 / 4) / (2 f) over a chord of length c.
  *
  * @par Name
  * arc_by_rise
+ *
+ * @par Measures through
+ * `kezcer2`
+ *
+ * @par Deliberate
+ * A level chord has status 0 although its centre is written (`kezcer2`).
+ *
+ * @par Degenerate input
+ * A rise below 1.0e-5 gives status 0, and nothing else is written.
+ *
+ * @par Accuracy
+ * The radius is computed through an angle. Its relative error is typically 4e-8, at worst 4e-7,
+ * times the larger of c / f and f / c. The centre loses accuracy as that of `kezcer2`: move the
+ * origin to the middle of the chord first.
  *
  * @param[in] x1,y1 first point (length)
  * @param[in] x2,y2 second point (length)
@@ -1059,11 +1129,21 @@ KEZ_API void KEZ_CALL kezcer1(const float *x1, const float *y1, const float *x2,
                               int32_t *status);
 
 /**
- * Lengths of the two arcs into which two rays divide a circle. Rays in one direction may give
- * lengths that are not numbers, as their angle (`kezphi`).
+ * Lengths of the two arcs into which two rays divide a circle.
  *
  * @par Name
  * arc_lengths
+ *
+ * @par Measures through
+ * `kezphi`
+ *
+ * @par Degenerate input
+ * Rays in the same direction, or in opposite ones as for a half circle, may give lengths that are
+ * not numbers.
+ *
+ * @par Accuracy
+ * An s1 of less than 0.0003 R, or that close to a half circle, is typically 0.0002 R off, at worst
+ * 0.0009 R or not-a-number. There take R atan2(sina, cosa) from `keztrg`.
  *
  * @param[in] x0,y0 centre (length)
  * @param[in] x1,y1 point of the circle on the first ray (length)
@@ -1081,28 +1161,46 @@ KEZ_API void KEZ_CALL kezarc1(const float *x0, const float *y0, const float *x1,
 /**
  * @defgroup guides Points along a guide
  *
+ * A guide is the segment from P1 to P2. P1 lies on the circle about P0 and so fixes its radius R;
+ * P2 need not lie on it. "sense" chooses between two crossings by its sign. "Rejected" input gives
+ * status 0 and writes nothing else. No test rejects a value that is not a number.
+ *
+ * The lines that carry points to the circle meet it as by `kezlci`. That counts a line as touching
+ * also when it is nearly level without being level: on circles of a few units, slopes from 1e-5 to
+ * about 1e-3. `kezcer4` and `kezcer5` work in a frame with its origin at P1 and the guide along
+ * its x axis; there, "level" means along the guide.
  * @{
  */
 
 /**
- * Point of a circle on the line from its centre through the point that is measured along a guide.
- * The first crossing of line and circle (as of `kezlci`) is returned when sense times the z
- * component of (P1 - P0) x (first crossing - P0) is below 0, else the second: seen from the centre,
- * a positive sense gives the one clockwise of P1 and a negative sense the other, be it on the side
- * of the measured point or opposite to it. Coordinates that are large against R cost digits, as at
- * `kezcer`.
- *
- * Rejected are R <= 0.001, a guide of d <= 0.001, L <= 0.001, d - L <= 0.001 and, whatever the
- * guide's direction, |L - 2 R| < 0.001.
+ * Point of a circle on the line through its centre and the point that is measured along a guide. It
+ * is the first crossing of line and circle (as of `kezlci`) if sense times the z component of
+ * (P1 - P0) x (first crossing - P0) is below 0, else the second. Seen from the centre, a positive
+ * sense gives the crossing clockwise of P1, and a negative sense the other one. Either may be on
+ * the side of the measured point or opposite to it.
  *
  * @par Name
  * guided_point_along_ray
  *
+ * @par Measures through
+ * `kezln3`, `kezcer`, `kezlci`
+ *
+ * @par Deliberate
+ * The number of crossings is not looked at. If `kezlci` finds fewer than two, each missing one is
+ * replaced by the kept one, and status is still 1. An L within 0.001 of the diameter 2 R is
+ * rejected whatever the guide's direction. A line whose a is within the tolerance counts as
+ * horizontal.
+ *
+ * @par Degenerate input
+ * Rejected are R <= 0.001, a guide of d <= 0.001, L <= 0.001, d - L <= 0.001 and |L - 2 R| < 0.001.
+ *
+ * @par Accuracy
+ * That of `kezlci`: move the origin near the circle first (`keztra`).
+ *
  * @par Kept value
- * The last two crossings, (0, 0) before there are any. A line that `kezlci` does not find to cut
- * the circle in two points (the measured point is near the centre, the line nearly level, or the
- * circle tiny) is not detected: the crossings that are missing are the kept ones, and status is 1.
- * Rejected calls keep them.
+ * The last two crossings, (0, 0) before there are any. They replace the missing ones if the
+ * measured point is near the centre, the line is nearly level, or the circle is tiny. Rejected
+ * calls keep them.
  *
  * @param[in] x0,y0 centre P0 (length)
  * @param[in] x1,y1 P1, point of the circle and start of the guide (length)
@@ -1118,19 +1216,31 @@ KEZ_API void KEZ_CALL kezcer6(const float *x0, const float *y0, const float *x1,
 
 /**
  * Point of a circle square across a guide from the point that is measured along it. The crossing is
- * chosen as by `kezcer6`: where the measured point is inside the circle, a positive sense gives the
- * one on the left of the guide, seen from P1 towards P2, and a negative sense the one on the right.
- * Coordinates that are large against R cost digits, as at `kezcer`.
- *
- * Rejected are R <= 0.001, a guide of d <= 0.001, L <= 0.001 and d - L <= 0.001.
+ * chosen as by `kezcer6`. If the measured point is inside the circle, a positive sense gives the
+ * crossing on the left of the guide, seen from P1 towards P2, and a negative sense the one on the
+ * right.
  *
  * @par Name
  * guided_point_across
  *
+ * @par Measures through
+ * `kezln3`, `kezln4`, `kezcer`, `kezlci`
+ *
+ * @par Deliberate
+ * The number of crossings is not looked at. If `kezlci` finds fewer than two, each missing one is
+ * replaced by the kept one, and status is still 1. A line whose a is within the tolerance counts as
+ * horizontal.
+ *
+ * @par Degenerate input
+ * Rejected are R <= 0.001, a guide of d <= 0.001, L <= 0.001 and d - L <= 0.001.
+ *
+ * @par Accuracy
+ * That of `kezlci`: move the origin near the circle first (`keztra`).
+ *
  * @par Kept value
- * The last two crossings, (0, 0) before there are any. A perpendicular that misses the circle is
- * not detected: both crossings are then the kept ones, and status is 1. One that touches refreshes
- * the first only. Rejected calls keep both.
+ * The last two crossings, (0, 0) before there are any. Both replace the crossings of a
+ * perpendicular that misses the circle. A perpendicular that touches refreshes the first only.
+ * Rejected calls keep both.
  *
  * @param[in] x0,y0 centre P0 (length)
  * @param[in] x1,y1 P1, point of the circle and start of the guide (length)
@@ -1145,19 +1255,30 @@ KEZ_API void KEZ_CALL kezcer8(const float *x0, const float *y0, const float *x1,
                               const float *L, float *x, float *y, int32_t *status);
 
 /**
- * Edges of an opening in a circle: the points square across a guide from L - w/2 (point a) and from
- * L + w/2 (point b). The crossing is chosen as by `kezcer8`, for either point by its own first
- * crossing. Coordinates that are large against R cost digits, as at `kezcer`.
- *
- * Rejected are R <= 0.001, a guide of d <= 0.001, L <= 0.001, w <= 0.001, d - L <= 0.001, and
- * L - w/2 < 0.001 and (d - L) - w/2 < 0.001, where exactly 0.001 is enough.
+ * Edges of an opening in a circle, carried square across a guide. Point a is carried from L - w/2,
+ * point b from L + w/2. For each the crossing is chosen as by `kezcer8`, by its own first crossing.
  *
  * @par Name
  * guided_opening_across
  *
+ * @par Measures through
+ * `kezln3`, `kezln4`, `kezcer`, `kezlci`
+ *
+ * @par Deliberate
+ * The number of crossings is not looked at. If `kezlci` finds fewer than two, each missing one is
+ * replaced by the kept one, and status is still 1. A line whose a is within the tolerance counts as
+ * horizontal.
+ *
+ * @par Degenerate input
+ * Rejected are R <= 0.001, a guide of d <= 0.001, L <= 0.001, w <= 0.001 and d - L <= 0.001.
+ * Rejected are also L - w/2 < 0.001 and (d - L) - w/2 < 0.001; here exactly 0.001 is enough.
+ *
+ * @par Accuracy
+ * That of `kezlci`: move the origin near the circle first (`keztra`).
+ *
  * @par Kept value
- * The last two crossings of point a and those of point b, (0, 0) before there are any. They serve
- * as those of `kezcer8` do, each for its own point.
+ * The last two crossings of point a and those of point b, (0, 0) before there are any. Each point
+ * uses its own as `kezcer8` does.
  *
  * @param[in] x0,y0 centre P0 (length)
  * @param[in] x1,y1 P1, point of the circle and start of the guide (length)
@@ -1176,21 +1297,37 @@ KEZ_API void KEZ_CALL kezcer9(const float *x0, const float *y0, const float *x1,
 
 /**
  * Point of a circle on the line at an angle to a guide through the point that is measured along it.
- * It is the first crossing (as of `kezlci`, in a frame with its origin at P1 and the guide along
- * its x axis) unless that lies on the centre's side of the guide, then the second: the product of
- * the first's and the centre's signed distance from the guide is then above 1.0e-5. The guide's
- * direction is that of `kezaxph`: near the x axis the line stands up to 0.0003 off theta.
+ * The work is done in a frame with its origin at P1 and the guide along its x axis. The result is
+ * the first crossing (as of `kezlci`), or the second if the first is on the centre's side of the
+ * guide. That is the case if the product of their signed distances from the guide exceeds 1.0e-5. L
+ * may lie before P1 or beyond P2.
  *
- * Rejected are R <= 1.0e-5, a guide of at most 1.0e-5 or with coinciding ends, and a line that
- * touches the circle. L may lie before P1 or beyond P2.
+ * The guide's angle is that of `kezphi`, negative if y2 < y1. Unlike `kezaxph`, it keeps the sign
+ * of a difference within the tolerance.
  *
  * @par Name
  * guided_point_at_angle
  *
+ * @par Measures through
+ * `kezphi`, `kezln1`, `kezln3`, `kezlds`, `kezcer`, `kezlci`
+ *
+ * @par Deliberate
+ * A line that misses the circle is not detected: the kept result serves, and status is 1. A line
+ * whose a is within the tolerance counts as horizontal (`kezlci`).
+ *
+ * @par Degenerate input
+ * Rejected are R <= 1.0e-5, a guide of at most 1.0e-5 or with coinciding ends, and a line that
+ * touches the circle.
+ *
+ * @par Accuracy
+ * If the guide is within 0.001 of the x axis, the line is typically 0.00005 off theta, at worst
+ * 0.0005 (`kezphi`). Coordinates of 100 R cost only their own rounding: typically 1e-6 R, at worst
+ * 6e-6 R.
+ *
  * @par Kept value
- * The last result, (0, 0) before there is one. A line that misses the circle is not detected: the
- * kept result, taken for a point of the guide's frame, is then carried back like a crossing and
- * becomes the result, and status is 1.
+ * The last result, (0, 0) before there is one. If the line misses the circle, the kept result is
+ * treated as a point of the guide's frame. It is carried back like a crossing and becomes the
+ * result.
  *
  * @param[in,out] x0,y0 centre P0 (length); after success carried into the guide's frame and back,
  *   with the rounding of that; unchanged when status is 0
@@ -1207,26 +1344,37 @@ KEZ_API void KEZ_CALL kezcer4(float *x0, float *y0, float *x1, float *y1, float 
                               int32_t *status);
 
 /**
- * Meeting point of a guide's line and a line at an angle to it, drawn from P1 after turning it
- * about the centre. For the point only the direction of P2 matters, taken as by `kezcer4`. Rejected
- * are R <= 1.0e-5 and a guide of at most 1.0e-5.
- *
- * Success and rejection both give status 0: callers check R and the guide's length themselves.
+ * Meeting point of a guide's line and a line at an angle to it. The line is drawn from P1 after
+ * turning it about the centre. For the point only the direction of P2 matters; its angle is taken
+ * as by `kezcer4`.
  *
  * @par Name
  * guided_meeting_point
  *
+ * @par Measures through
+ * `kezphi`, `kezln1`, `kezln3`, `kezlni`, `kezpsl`
+ *
+ * @par Deliberate
+ * Success and rejection both give status 0: check R and the guide's length before the call. A point
+ * on the guide's line away from both P1 and P2 makes the status 0 whatever the lines are.
+ *
+ * @par Degenerate input
+ * Rejected are R <= 1.0e-5 and a guide of at most 1.0e-5.
+ *
+ * @par Accuracy
+ * If the guide is near the x axis, the line is off theta as in `kezcer4`.
+ *
  * @par Kept value
- * The last meeting point as found, in the frame with its origin at P1 and the guide along its x
- * axis; (0, 0) before there is one. Where the lines coincide or are parallel it is taken for a
+ * The last meeting point as found, in the frame with its origin at P1 and the guide along
+ * its x axis; (0, 0) before there is one. If the lines coincide or are parallel, it is treated as a
  * point of the present guide's frame and carried back into x and y.
  *
  * @param[in,out] x0,y0 centre P0 (length); carried into the guide's frame and back, with the
  *   rounding of that; unchanged when the input is rejected
  * @param[in,out] x1,y1 P1, point of the circle and start of the guide (length); carried likewise;
  *   unchanged when the input is rejected
- * @param[in,out] x2,y2 P2, end of the guide (length); carried likewise; unchanged when the input
- *   is rejected
+ * @param[in,out] x2,y2 P2, end of the guide (length); carried likewise; unchanged when the input is
+ *   rejected
  * @param[in] dphi angle of the turn about P0, counter-clockwise (rad)
  * @param[in] theta angle from the guide to the line, counter-clockwise (rad)
  * @param[out] x,y the meeting point (length); kept when the input is rejected
@@ -1238,31 +1386,44 @@ KEZ_API void KEZ_CALL kezcer10(float *x0, float *y0, float *x1, float *y1, float
                                int32_t *status);
 
 /**
- * Point of a circle on the line through two points: one measured along a chord, one raised over the
- * chord's midpoint along the sagitta. It is the crossing on the raised point's side of the chord;
- * the second (as of `kezlci`, in the chord's frame) unless the product of the first one's and the
- * raised point's signed distance from the chord is above 1.0e-5.
+ * Point of a circle on the line through a point measured along a chord and a point raised over the
+ * chord's midpoint along the sagitta. It is the crossing on the raised point's side of the chord.
+ * That is the first (as of `kezlci`, in the chord's frame) if the product of its and the raised
+ * point's signed distances from the chord is above 1.0e-5, else the second.
  *
- * The raised point lies h from the midpoint of P1 P2 towards P1 turned about P0 by half the angle
- * P1 P0 P2, clockwise for a positive sense. Points between ends that coincide are the first end.
- *
- * Rejected are, in this order, L < 0, h <= 1.0e-5, R <= 1.0e-5, a chord of d <= 1.0e-5,
- * d - L <= 1.0e-5 and a line that touches the circle.
+ * The raised point lies h from the midpoint of P1 P2, towards the crown. The crown is P1 turned
+ * about P0 by half the angle P1 P0 P2, clockwise for a positive sense.
  *
  * @par Name
  * guided_point_over_sagitta
  *
+ * @par Measures through
+ * `kezphi`, `kezaxph`, `kezln3`, `kezlds`, `kezcer`, `kezlci`
+ *
+ * @par Deliberate
+ * A line that misses the circle is not detected: the kept result serves, and status is 1. A line
+ * whose a is within the tolerance counts as horizontal (`kezlci`).
+ *
+ * @par Degenerate input
+ * Rejected are, in this order, L < 0, h <= 1.0e-5, R <= 1.0e-5, a chord of d <= 1.0e-5,
+ * d - L <= 1.0e-5 and a line that touches the circle. If P1 and P2 coincide, or the chord's
+ * midpoint and the crown, the first of the two serves for points between them. A chord that is a
+ * diameter may give not-a-number, as its angle at P0 (`kezphi`) may be none.
+ *
+ * @par Accuracy
+ * Coordinates of 100 R cost only their own rounding: typically 1e-6 R, at worst 6e-6 R.
+ *
  * @par Kept value
- * The last result, (0, 0) before there is one. A line that misses the circle is not detected: the
- * kept result, taken for a point of the chord's frame, is then carried back like a crossing and
- * becomes the result, and status is 1.
+ * The last result, (0, 0) before there is one. If the line misses the circle, the kept result is
+ * treated as a point of the chord's frame. It is carried back like a crossing and becomes the
+ * result.
  *
  * @param[in,out] x0,y0 centre P0 (length); after success carried into the chord's frame and back,
  *   with the rounding of that; unchanged when status is 0
  * @param[in,out] x1,y1 P1, point of the circle and start of the chord (length); carried likewise;
  *   unchanged when status is 0
- * @param[in,out] x2,y2 P2, end of the chord, need not lie on the circle (length); carried
- *   likewise; unchanged when status is 0
+ * @param[in,out] x2,y2 P2, end of the chord, need not lie on the circle (length); carried likewise;
+ *   unchanged when status is 0
  * @param[in] L distance from P1 along the chord (length)
  * @param[in] sense factor of the turn: 1 or -1
  * @param[in] h height over the chord's midpoint (length)
@@ -2381,13 +2542,34 @@ KEZ_API void KEZ_CALL kez3tra(float x[], float y[], float z[], const int32_t *n,
 /**
  * @defgroup sections Section outlines
  *
+ * Each routine writes a section's outline: a set of closed contours, their vertices one contour
+ * after another. The sketches number the vertices. x = 0 is the middle of the width, and y = 0 is
+ * mid-height. All contours run counter-clockwise from their top left corner, holes too; only the
+ * fillets of `kezsec_i` differ. Every routine writes the same record, with one entry per contour in
+ * the arrays:
+ *
+ * | argument | meaning                                                                |
+ * |----------|------------------------------------------------------------------------|
+ * | nc       | number of contours                                                     |
+ * | nv       | vertices of each contour                                               |
+ * | x, y     | the vertices, without a repeated closing vertex                        |
+ * | kind     | figure as `kezair` knows it: 2 a polygon                               |
+ * | sign     | 1.0 for material, -1.0 for a hole                                      |
+ * | v1 to v5 | 0.0                                                                    |
+ * | v6, v7   | the shape's value, an argument that is passed through, times the sign  |
+ *
+ * No dimension is checked: dimensions that do not fit together give contours that cross themselves.
+ *
+ * `kezapl`, `kezair`, `kezspl`, `kezstm`, `kezipl`, `kezcnv`, `kezppp` and `kezpin` write a
+ * polygon's first vertex behind its last. x and y have no room for that. The write would overwrite
+ * the next contour, or what the host keeps behind the array, and give a wrong area without any
+ * warning. So take each contour out with `kezadr`, into arrays of one entry more than it has
+ * vertices. Pass its number of vertices, which is nv except for `kezsec_b`.
  * @{
  */
 
 /**
- * Outline of a flat bar, a rectangle b by h. The vertex count is 12, although there are 4 vertices:
- * hosts rely on it. Pass 4 to `kezadr` and to the routines that take a contour, and mind that b is
- * an integer.
+ * Outline of a flat bar, a rectangle b by h. Note that b is an integer.
  *
  *     1------4
  *     |      |
@@ -2395,6 +2577,10 @@ KEZ_API void KEZ_CALL kez3tra(float x[], float y[], float z[], const int32_t *n,
  *
  * @par Name
  * outline_flat_bar
+ *
+ * @par Deliberate
+ * The vertex count nv is 12, although there are 4 vertices: hosts rely on it. Pass 4 to `kezadr`
+ * and to the routines that take a contour.
  *
  * @param[in] b width in whole units, an integer (length)
  * @param[in] h height (length)
@@ -2473,7 +2659,8 @@ KEZ_API void KEZ_CALL kezsec_h(const float *d, const float *b1, const float *b2,
                                float *v7);
 
 /**
- * Outline of an I section that stands upright: `kezsec_h` with the web along y and flange 1 on top.
+ * Outline of an I section that stands upright. It is that of `kezsec_h` with the web along y and
+ * flange 1 on top.
  *
  *     1----------------12
  *     2-----3    10----11
@@ -2540,8 +2727,8 @@ KEZ_API void KEZ_CALL kezsec_h1b(const float *d, const float *b1, const float *b
                                  float v3[], float v4[], float v5[], float v6[], float v7[]);
 
 /**
- * Outline of a two-celled box that lies on its side: `kezsec_h` with three webs, the upper cell
- * first.
+ * Outline of a two-celled box that lies on its side: `kezsec_h` with three webs. The upper cell
+ * comes before the lower one.
  *
  *     1--12
  *     |  |              9--8
@@ -2610,7 +2797,7 @@ KEZ_API void KEZ_CALL kezsec_box(const float *bt, const float *bb, const float *
                                  float v3[], float v4[], float v5[], float v6[], float v7[]);
 
 /**
- * Outline of a rectangular box with a horizontal tab on either side.
+ * Outline of a rectangular box with a horizontal tab on each side.
  *
  *             1-------------12
  *             |  13-----16  |
@@ -2701,12 +2888,10 @@ KEZ_API void KEZ_CALL kezsec_l2(const float *a, const float *h, const float *s, 
                                 float v7[]);
 
 /**
- * Outline of a cold-formed channel with sharp corners, web at the left: with lips, which may return
- * towards the web, and with a groove pressed into the web; or, when c is at most 1.0e-5, plain.
- * Edges of no length are kept where r or a dimension of the groove is 0; a groove with a depth but
- * no width (gw = gb = 0) is a solid rib 2 t wide. A c, nw or nf that is not a number counts as 0.
- * Behind the channel come the slots: those in the web, -yw first, then at each place along the
- * flanges, from the web on, the one at the top and the one at the bottom.
+ * Outline of a cold-formed channel with sharp corners, web at the left. It has lips, which may
+ * return towards the web, and a groove pressed into the web. If c is at most 1.0e-5 it is plain: no
+ * lips and no groove. The slots follow the channel: first those in the web, the one at -yw first.
+ * Then come those in the flanges, first at xf from the web, and at each place the top one first.
  *
  *     1-----------------------24     1----------8
  *     |  18----------------19  |     |  6-------7
@@ -2724,6 +2909,10 @@ KEZ_API void KEZ_CALL kezsec_l2(const float *a, const float *h, const float *s, 
  * @par Name
  * outline_cold_formed_channel
  *
+ * @par Degenerate input
+ * If r or a dimension of the groove is 0, edges of no length remain. A groove with a depth but no
+ * width (gw = gb = 0) is a solid rib 2 t wide. If c, nw or nf is not a number, it counts as 0.
+ *
  * @param[in] b,h,c overall width of the flanges, height, and height of the lips (length)
  * @param[in] t thickness of the wall, also in the groove (length)
  * @param[in] r length of the return from the lip's inner face (length)
@@ -2732,11 +2921,11 @@ KEZ_API void KEZ_CALL kezsec_l2(const float *a, const float *h, const float *s, 
  *   (length)
  * @param[in] sw height of each slot in the web (length)
  * @param[in] yw the slots' centres are at y = -yw and at y = yw (length)
- * @param[in] nw number of slots in the web, rounded to 0, 1 (the one at -yw) or 2
+ * @param[in] nw number of slots in the web, rounded to 0, 1 (the one at -yw) or 2, halves up
  * @param[in] sf width of each slot in the flanges (length)
  * @param[in] xf distance of the slots' centres from the web's outer face, and of a second pair from
  *   the flanges' outer edges (length)
- * @param[in] nf number of slots in each flange, rounded to 0, 1 or 2
+ * @param[in] nf number of slots in each flange, rounded to 0, 1 or 2, halves up
  * @param[in] value the shape's value, passed through
  * @param[out] nc number of contours: 1 and one for each slot
  * @param[out] nv [7] 24 or 8, then 4 for each slot; kept beyond nc
@@ -2755,13 +2944,14 @@ KEZ_API void KEZ_CALL kezsec_c(const float *b, const float *h, const float *c, c
                                float v6[], float v7[]);
 
 /**
- * Outline of an upright rolled I section with root fillets and two bolt holes, as 11 contours. 1 is
- * the shape without fillets, as `kezsec_ia` has it. 2 to 5 are triangles in the corners between web
- * and flange, 13 to 24, which begin at the corners 3, 4, 9 and 10 and not at their top left. 6 to 9
- * are what the fillets lack of the triangles: circular segments of kind 4, given by the centre of
- * the fillet's arc (25, 28, 31, 34) and the two ends of the arc (14 and 15, ...). As polygons these
- * three points run clockwise: pass them by their kind. With r = 0 they have no area, and `kezstm`
- * gives not-a-number for them. 10 and 11 are the holes in flange 2.
+ * Outline of an upright rolled I section with root fillets and two bolt holes, as 11 contours:
+ *
+ * | contour | figure                                                                         |
+ * |---------|--------------------------------------------------------------------------------|
+ * | 1       | the shape without fillets, as `kezsec_ia` has it                               |
+ * | 2 to 5  | triangles in the corners between web and flange                                |
+ * | 6 to 9  | circular segments of kind 4, which the fillets cut off the triangles           |
+ * | 10, 11  | the holes in flange 2                                                          |
  *
  *     1-------------------------12
  *     2------14-13   22-24------11
@@ -2775,8 +2965,17 @@ KEZ_API void KEZ_CALL kezsec_c(const float *b, const float *h, const float *c, c
  *       38-39             42-43
  *     6--------------------------7
  *
+ * The triangles have the vertices 13 to 24. They begin at the corners 3, 4, 9 and 10, not at their
+ * top left. A segment is given by the centre of the fillet's arc (25, 28, 31, 34) and the two ends
+ * of the arc, such as 14 and 15. As polygons these three points run clockwise: pass them by their
+ * kind.
+ *
  * @par Name
  * outline_rolled_i
+ *
+ * @par Degenerate input
+ * With r = 0 the segments have no area, and `kezstm` gives not-a-number for them. With dh = 0 the
+ * holes have no area.
  *
  * @param[in] d total depth, along y (length)
  * @param[in] b1,b2 widths of flange 1, on top, and of flange 2, at the bottom (length)
@@ -2806,20 +3005,27 @@ KEZ_API void KEZ_CALL kezsec_i(const float *d, const float *b1, const float *b2,
 /**
  * @defgroup design Design values
  *
+ * Plate buckling after EN 1993-1-5 and EN 1993-1-3, and two constants of channels. Lengths are in
+ * one unit and stresses in another; no factor is applied. The routines do not check their inputs:
+ * dimensions of 0, for example, give what the arithmetic yields.
  * @{
  */
 
 /**
- * Reduction factor of a plate panel for local buckling: EN 1993-1-5, 4.4 (4.2), for internal
- * compression elements. With the slenderness lp = b / ((e2 / e1) 28.4 sqrt(k) t):
+ * Reduction factor of a plate panel, an internal compression element, for local buckling. With the
+ * slenderness lp = b / ((e2 / e1) 28.4 sqrt(k) t):
  *
- *     rho = 1                                       where lp <= 0.5 + sqrt(0.085 - 0.055 psi)
- *     rho = (1 - 0.055 (3 + psi) / lp) / lp <= 1    beyond
- *
- * Nothing is checked; k = 0 gives 0 for a positive width.
+ *     rho = 1                                           if lp <= 0.5 + sqrt(0.085 - 0.055 psi)
+ *     rho = (1 - 0.055 (3 + psi) / lp) / lp, at most 1  otherwise
  *
  * @par Name
  * plate_reduction_factor
+ *
+ * @par Degenerate input
+ * Nothing is checked. k = 0 gives 0 for a positive width.
+ *
+ * @par Source
+ * EN 1993-1-5, 4.4 (4.2)
  *
  * @param[in] b width of the panel (length)
  * @param[in] t thickness (length)
@@ -2832,9 +3038,9 @@ KEZ_API void KEZ_CALL kezro2(const float *b, const float *t, const float *e1, co
                              const float *psi, const float *k, float *rho);
 
 /**
- * Effective width of an internal panel, in the parts next to the edge of the stress s1 and next to
- * the edge of the stress s2: EN 1993-1-5, 4.4 and table 4.1. Compression is positive, and s1 is the
- * larger compression. With beff = rho bbar and rho from `kezro2`:
+ * Effective width of an internal panel under stresses that vary linearly. It is split into the
+ * parts next to the edge of the stress s1 and next to the edge of the stress s2. Compression is
+ * positive, and s1 is the larger compression. With beff = rho bbar and rho from `kezro2`:
  *
  * | psi = s2 / s1   | k                            | be1                | be2        |
  * |-----------------|------------------------------|--------------------|------------|
@@ -2846,25 +3052,42 @@ KEZ_API void KEZ_CALL kezro2(const float *b, const float *t, const float *e1, co
  * | between -1, -3  | 5.98 (1 - psi)^2             | 0.4 beff           | 0.6 beff   |
  * | below -3        | not reduced                  | 0.5 bbar           | 0.5 bbar   |
  *
- * psi counts as 1 also when s2 is greater than s1 by at most 1.0e-5, and as -1 when s1 and |s2|
- * differ by less than 1.0e-5, unless |s2| / 3 > s1. Nothing else is checked.
+ * psi counts as 1 also if s2 is greater than s1 by at most 1.0e-5. It counts as -1 if s1 and |s2|
+ * differ by less than 1.0e-5, unless |s2| / 3 > s1.
  *
- * bbar is the part of the panel in compression: b, and where psi < 0 the shorter b / (1 - psi). To
- * pass b there is unsafe: it makes the result 1 - psi times too large, at psi = -1 twice.
+ * bbar is the part of the panel in compression: b, or the shorter b / (1 - psi) if psi < 0. Passing
+ * b there is unsafe: the result is 1 - psi times too large, twice at psi = -1.
  *
  * @par Name
  * effective_width_parts
  *
+ * @par Measures through
+ * `kezro2`
+ *
+ * @par Deliberate
+ * The comparison of s1 and |s2| for psi = -1 is strict: less than 1.0e-5. The others accept a
+ * difference of exactly 1.0e-5.
+ *
+ * @par Degenerate input
+ * No row applies, and be1 and be2 are not written, in these cases:
+ *
+ * - Both stresses are within the tolerance of 0.
+ * - s1 is not positive, or s2 is greater than s1 by more than 1.0e-5.
+ * - |s2| / 3 is exactly s1, and psi does not count as -1.
+ * - A stress is not a number, or both are infinite.
+ *
+ * Nothing else is checked.
+ *
+ * @par Source
+ * EN 1993-1-5, 4.4 and table 4.1
+ *
  * @param[in] b width of the whole panel, for the slenderness (length)
- * @param[in] bbar width in compression, which is reduced: b, or b / (1 - psi) where psi < 0
- *   (length)
+ * @param[in] bbar width in compression, which is reduced: b, or b / (1 - psi) if psi < 0 (length)
  * @param[in] t thickness (length)
  * @param[in] e1,e2 two numbers with e2 / e1 = sqrt(235 N/mm2 / fy), as in `kezro2`
  * @param[in] s1,s2 stresses at the edges (stress)
  * @param[out] be1,be2 effective parts at the edges of s1 and of s2 (length); kept when no row
- *   applies: both stresses are within the tolerance of 0, s1 is not positive, s2 is greater than s1
- *   by more than 1.0e-5, |s2| / 3 is exactly s1 (and psi does not count as -1), a stress is not a
- *   number, or both are infinite
+ *   applies
  */
 KEZ_API void KEZ_CALL kezef2(const float *b, const float *bbar, const float *t, const float *e1,
                              const float *e2, const float *s1, const float *s2, float *be1,
@@ -2872,16 +3095,27 @@ KEZ_API void KEZ_CALL kezef2(const float *b, const float *bbar, const float *t, 
 
 /**
  * Effective width of a panel in uniform compression whose buckling coefficient follows from the
- * ratio r = b / d: k = 0.5 up to r = 0.35, and 0.5 + (r - 0.35)^2 / 3 up to r = 0.6 (where
- * EN 1993-1-3, 5.5.3.2 has 0.5 + 0.83 times the cube root of the square). The width is rho b, with
- * rho from `kezro2` for psi = 1. Nothing is checked.
+ * ratio r = b / d. It is rho b, with rho from `kezro2` for psi = 1 and this coefficient k:
+ *
+ *     k = 0.5                           if r <= 0.35
+ *     k = 0.5 + (r - 0.35)^2 / 3        if 0.35 < r <= 0.6
  *
  * @par Name
  * effective_width
  *
+ * @par Measures through
+ * `kezro2`
+ *
+ * @par Degenerate input
+ * Nothing is checked.
+ *
+ * @par Source
+ * EN 1993-1-3, 5.5.3.2. Above r = 0.35 the standard has 0.5 + 0.83 times the cube root of
+ * (r - 0.35)^2, which is larger.
+ *
  * @par Kept value
- * The coefficient k. When r is greater than 0.6 or not a number it is that of the previous call,
- * and 0 (which gives beff = 0) before any call.
+ * The coefficient k. If r is greater than 0.6 or not a number, k is that of the previous call.
+ * Before any call it is 0, which gives beff = 0.
  *
  * @param[in] b width of the panel (length)
  * @param[in] d width that it is compared with (length)
@@ -2893,19 +3127,24 @@ KEZ_API void KEZ_CALL kezefr(const float *b, const float *d, const float *t, con
                              const float *e2, float *beff);
 
 /**
- * Reduction factor of an angle-shaped stiffener or flange outstand that buckles torsionally, held
- * by the bending stiffness of the plate to which it is attached: EN 1993-1-3, 5.5.3.1 (5.12) and
- * 5.5.3.2 (5.15), with the spring stiffness of 5.5.3.1 (5.10b), in which the lever arm stands for
- * both b1 and b2, s for hw and n for kf. Nothing is checked.
+ * Reduction factor of an angle-shaped stiffener or flange outstand that buckles torsionally. The
+ * plate to which it is attached holds it by its bending stiffness. In the spring stiffness the
+ * lever arm stands for both b1 and b2 of the standard, s for hw and n for kf.
  *
- * The slenderness is iterated, sqrt(chi) times that of the full stiffener, until chi changes by at
- * most 0.001. EN 1993-1-3 has sqrt(chi) on the plates' slenderness only (5.16): this chi is larger,
- * and less safe, than that of one application of (5.12) wherever that is below 1: at a slenderness
- * of 1.1 it is 0.771 against 0.675. Where the slenderness of the full stiffener lies between about
- * 1.88 and 2.0 it mostly does not settle, and chi is 0.
+ * The slenderness is iterated: it is sqrt(chi) times that of the full stiffener, until chi changes
+ * by at most 0.001. The standard applies sqrt(chi) to the slenderness of the plates only (5.16).
+ * This chi is therefore larger, and less safe, than one application of (5.12) gives, if that is
+ * below 1: at a slenderness of 1.1 it is 0.771 against 0.675.
  *
  * @par Name
  * stiffener_reduction_factor
+ *
+ * @par Degenerate input
+ * Nothing is checked. If the slenderness of the full stiffener is between about 1.88 and 2.0, the
+ * iteration mostly does not settle. Then, or if the slenderness is not finite, chi and tred are 0.
+ *
+ * @par Source
+ * EN 1993-1-3, 5.5.3.1 (5.10b) and (5.12), 5.5.3.2 (5.15)
  *
  * @param[in] t thickness (length)
  * @param[in] b leg towards the plate, between centre-lines (length)
@@ -2916,7 +3155,7 @@ KEZ_API void KEZ_CALL kezefr(const float *b, const float *d, const float *t, con
  * @param[in] fy yield strength (stress)
  * @param[in] E modulus of elasticity (stress)
  * @param[in] nu Poisson's ratio
- * @param[in] n the ratio kf in whole numbers: 0 where the other flange is in tension, 1 where it is
+ * @param[in] n the ratio kf in whole numbers: 0 if the other flange is in tension, 1 if it is
  *   compressed alike; the spring's length is s + arm + 0.5 n s
  * @param[out] chi reduction factor, 0 when 100 iterations do not settle it
  * @param[out] tred reduced thickness chi t, 0 when 100 iterations do not settle it (length)
@@ -2927,16 +3166,18 @@ KEZ_API void KEZ_CALL kezchi(const float *t, const float *b, const float *z, con
 
 /**
  * Distance from the centroid of a channel to its shear centre, along the axis of symmetry. The two
- * lie on either side of the web, and their distances from it add up. Thin-walled theory on the
- * centre-lines h = H - t, b = B - t and c = C - t / 2; a lip of at most 1.0e-5 is none, with c = 0:
+ * lie on opposite sides of the web, and their distances from it add up. Thin-walled theory applies
+ * to the centre-lines h = H - t, b = B - t and c = C - t / 2:
  *
  *     x0 = b (b + 2 c) / (h + 2 b + 2 c)
  *        + b (3 b h^2 + 6 c h^2 - 8 c^3) / (h^3 + 6 (b + c) h^2 - 12 c^2 h + 8 c^3)
  *
- * Nothing is checked: a lip shorter than t / 2 enters with a negative c.
- *
  * @par Name
  * channel_shear_centre
+ *
+ * @par Degenerate input
+ * Nothing is checked. A lip of at most 1.0e-5 counts as none, with c = 0. A lip shorter than t / 2
+ * gives a negative c.
  *
  * @param[in] B overall width of the flanges (length)
  * @param[in] H overall height (length)
@@ -2949,15 +3190,17 @@ KEZ_API void KEZ_CALL kezshc_c(const float *B, const float *H, const float *C, c
 
 /**
  * Warping constant of a channel. It is the integral, over the area, of the square of the sectorial
- * coordinate about the shear centre less its mean. Thin-walled theory on the centre-lines
- * h = H - t, b = B - t and c = C - t / 2; a lip of at most 1.0e-5 is none. Without a lip
+ * coordinate about the shear centre less its mean. Thin-walled theory applies to the centre-lines
+ * h = H - t, b = B - t and c = C - t / 2. Without a lip:
  *
  *     Iw = t b^3 h^2 (3 b + 2 h) / (12 (6 b + h))
  *
- * Nothing is checked: a lip shorter than t / 2 enters with a negative c.
- *
  * @par Name
  * channel_warping_constant
+ *
+ * @par Degenerate input
+ * Nothing is checked. A lip of at most 1.0e-5 counts as none. A lip shorter than t / 2 gives a
+ * negative c.
  *
  * @param[in] B overall width of the flanges (length)
  * @param[in] H overall height (length)
@@ -2973,17 +3216,39 @@ KEZ_API void KEZ_CALL kezwar_c(const float *B, const float *H, const float *C, c
 /**
  * @defgroup lists Lists
  *
+ * A list is an array of 32-bit entries and a count. A count below 1 is an empty list and no error,
+ * except for `kezpor`. Some lists may hold reals or integers, whose bits are moved as they are.
+ *
+ * Some routines strike entries out: they overwrite them by a marker, the largest entry plus 1, in
+ * 32-bit integers or in single precision. Callers see markers only where an entry says so.
+ *
+ * - In single precision adding 1 may change nothing. From a magnitude of 16777216 the marker can
+ *   equal the largest entry, and beyond 33554432 it does, for positive and negative entries. That
+ *   entry is then treated as a marker.
+ * - Above the largest integer the marker wraps to the smallest. Then the markers stand in front and
+ *   no entry counts.
+ * - Not-a-number is never the largest entry, and every comparison with it is false.
+ * - If no entry of a real list is above -3.4028235e38, that number takes the place of the largest
+ *   entry.
+ *
+ * Counts that are passed have no limit. A count that is returned wraps at 32 bits if it exceeds
+ * 2147483647: it is 4294967296 too small, or a multiple of that. Only `kezmer1`, `kezmer4`,
+ * `kezmer11` and `kezmer13` can return one. All entries are written nevertheless.
+ *
+ * Lists of up to 500 entries need no memory from the heap. With longer lists some routines of this
+ * group and the two that follow allocate memory while they run. If memory runs out, the result is
+ * the same unless the entry says otherwise. It may then take time n^2, or n1 n2 with two lists.
  * @{
  */
 
 /**
- * Joins two lists of either kind.
+ * Joins two lists of reals or integers.
  *
  * @par Name
  * join_lists
  *
  * @par Time
- * n1 + n2.
+ * n1 + n2
  *
  * @param[in] n1 entries of a
  * @param[in] a [n1] first list
@@ -2996,13 +3261,13 @@ KEZ_API void KEZ_CALL kezmer1(const int32_t *n1, const void *a, const int32_t *n
                               int32_t *nout, void *out);
 
 /**
- * Joins two lists of either kind; the same as `kezmer1`.
+ * Joins two lists of reals or integers: `kezmer1` under a second name.
  *
  * @par Second name of
  * `kezmer1`
  *
  * @par Time
- * n1 + n2.
+ * n1 + n2
  *
  * @param[in] n1 entries of a
  * @param[in] a [n1] first list
@@ -3021,11 +3286,11 @@ KEZ_API void KEZ_CALL kezmer11(const int32_t *n1, const void *a, const int32_t *
  * distinct_integers
  *
  * @par Time
- * n log n.
+ * n log n
  *
  * @param[in,out] n entries of a; on return the number of distinct values, 0 when one of them is
- *     2147483647
- * @param[in,out] a [n] the list; on return the distinct values, and markers behind them
+ *   2147483647
+ * @param[in,out] a [n] the list; on return the distinct values, then markers
  */
 KEZ_API void KEZ_CALL kezmer2(int32_t *n, int32_t a[]);
 
@@ -3036,29 +3301,35 @@ KEZ_API void KEZ_CALL kezmer2(int32_t *n, int32_t a[]);
  * repeated_integers
  *
  * @par Time
- * n log n.
+ * n log n
  *
  * @param[in,out] n entries of a; on return the number of repeated values, 0 when a value is
- *     2147483647
- * @param[in,out] a [n] the list; on return the repeated values, and markers behind them
+ *   2147483647
+ * @param[in,out] a [n] the list; on return the repeated values, then markers
  */
 KEZ_API void KEZ_CALL kezmer3(int32_t *n, int32_t a[]);
 
 /**
  * Distinct values of a real list within a tolerance, ascending. In the order of the list, each
- * entry strikes out the later ones that differ by less than the tolerance: values exactly tol apart
- * stay distinct here, unlike in the other routines. The marker is the largest entry + 1 + tol;
- * what is not below it is dropped, which includes not-a-number.
+ * entry strikes out the later ones that differ from it by less than tol. The marker is the largest
+ * entry + 1 + tol.
  *
  * @par Name
  * distinct_reals
  *
+ * @par Deliberate
+ * Values exactly tol apart stay distinct here. In the other routines with a tolerance they are near
+ * each other.
+ *
+ * @par Degenerate input
+ * Entries that are not below the marker are dropped. That includes not-a-number.
+ *
  * @par Time
- * n log n.
+ * n log n
  *
  * @param[in,out] n entries of a; on return the number of distinct values
- * @param[in,out] a [n] the list; on return the distinct values, and behind them what stood there,
- *     with markers over what was struck out
+ * @param[in,out] a [n] the list; on return the distinct values, then the old entries, with markers
+ *   over those struck out
  * @param[in] tol tolerance
  */
 KEZ_API void KEZ_CALL kezmer12(int32_t *n, float a[], const float *tol);
@@ -3071,32 +3342,32 @@ KEZ_API void KEZ_CALL kezmer12(int32_t *n, float a[], const float *tol);
  * compare_lists
  *
  * @par Time
- * m log m + ncom with m = n1 + n2.
+ * m log m + ncom with m = n1 + n2
  *
  * @param[in] n1 entries of a
  * @param[in] a [n1] first list
  * @param[in] n2 entries of b
  * @param[in] b [n2] second list
  * @param[out] ncom entries of com
- * @param[out] com [max(n1, 0) * max(n2, 0)] in the order of a, each entry as often as it stands
- *     in b; kept beyond ncom
+ * @param[out] com [max(n1, 0) * max(n2, 0)] in the order of a, each entry as often as it stands in
+ *   b; kept beyond ncom
  * @param[out] ndif entries of dif
  * @param[out] dif [max(n1, 0) + max(n2, 0)] entries of a that are not in b, then entries of b that
- *     are not in a; kept beyond ndif
+ *   are not in a; kept beyond ndif
  */
 KEZ_API void KEZ_CALL kezmer4(const int32_t *n1, const int32_t a[], const int32_t *n2,
                               const int32_t b[], int32_t *ncom, int32_t com[], int32_t *ndif,
                               int32_t dif[]);
 
 /**
- * Pairs of near-equal entries of two real lists: every i and j with |a(i) - b(j)| <= tol, ordered
- * by i, then by j.
+ * Pairs of near-equal entries of two real lists: every i and j with |a(i) - b(j)| <= tol. They are
+ * ordered by i, then by j.
  *
  * @par Name
  * pair_near_values
  *
  * @par Time
- * m log m + nm log nm with m = n1 + n2; n1 n2 when tol is infinite.
+ * m log m + nm log nm with m = n1 + n2; n1 n2 if tol is infinite
  *
  * @param[in] n1 entries of a
  * @param[in] a [n1] first list
@@ -3104,7 +3375,7 @@ KEZ_API void KEZ_CALL kezmer4(const int32_t *n1, const int32_t a[], const int32_
  * @param[in] b [n2] second list
  * @param[out] nm number of pairs
  * @param[out] ia,ib [max(n1 + n2, max(n1, 0) * max(n2, 0))] positions in a and in b, pair by pair,
- *     and behind nm 0 up to entry n1 + n2; kept beyond max(nm, n1 + n2)
+ *   then 0 up to entry n1 + n2; kept beyond max(nm, n1 + n2)
  * @param[in] tol tolerance
  */
 KEZ_API void KEZ_CALL kezmer13(const int32_t *n1, const float a[], const int32_t *n2,
@@ -3113,20 +3384,20 @@ KEZ_API void KEZ_CALL kezmer13(const int32_t *n1, const float a[], const int32_t
 
 /**
  * Marks the later near-duplicates in a real list. In the order of the list, each entry that is more
- * than tol away from the marker strikes out the later ones that differ by at most tol. Nothing is
- * removed.
+ * than tol away from the marker strikes out the later ones that differ from it by at most tol.
+ * Nothing is removed.
  *
  * @par Name
  * mark_near_duplicates
  *
  * @par Time
- * n log n.
+ * n log n
  *
  * @param[in] n entries of a
  * @param[in,out] a [n] the list; on return with markers
  * @param[out] nd number of entries marked
  * @param[out] idx [n - 1] positions of the marked entries, in the order they were marked; kept
- *     beyond nd
+ *   beyond nd
  * @param[out] big the marker, the largest entry + 1; -3.4028235e38 for an empty list
  * @param[in] tol tolerance
  */
@@ -3134,14 +3405,17 @@ KEZ_API void KEZ_CALL kezmer14(const int32_t *n, float a[], int32_t *nd, int32_t
                                const float *tol);
 
 /**
- * Removes the entries near a value from a real list: those that differ by more than tol remain, in
- * their order. Not-a-number is removed.
+ * Removes the entries near a value from a real list. Entries that differ from it by more than tol
+ * remain, in their order.
  *
  * @par Name
  * remove_near_value
  *
+ * @par Degenerate input
+ * Not-a-number is removed.
+ *
  * @par Time
- * n.
+ * n
  *
  * @param[in] n entries of a
  * @param[in,out] a [n] the list; on return the remaining entries; unchanged beyond nout
@@ -3153,16 +3427,19 @@ KEZ_API void KEZ_CALL kezmer15(const int32_t *n, float a[], const float *value, 
                                const float *tol);
 
 /**
- * Distinct values of a real list within a tolerance, apart from those near a given value, in the
- * order of the list, with a map from the list to them. An entry is left out unless it is more than
- * tol away from the value and from the marker, the largest entry + 1, and when it is within tol of
- * an earlier entry that stands; so not-a-number is left out.
+ * Distinct values of a real list within a tolerance, without those near a given value. They stay in
+ * the order of the list, and a map leads from the list to them. Entries remain if they are more
+ * than tol from the value and from the marker (largest entry + 1), and not within tol of an earlier
+ * one that remains.
  *
  * @par Name
  * map_distinct_reals
  *
+ * @par Degenerate input
+ * Not-a-number is left out. With a negative tol it remains if the marker is finite.
+ *
  * @par Time
- * n log n.
+ * n log n
  *
  * @param[in] n entries of a
  * @param[in] a [n] the list
@@ -3176,31 +3453,37 @@ KEZ_API void KEZ_CALL kezmer19(const int32_t *n, const float a[], float out[], c
                                int32_t *nout, int32_t idx[], const float *tol);
 
 /**
- * Inserts an entry into a list of either kind; the entries from its position on move one place up.
- * The caller adds 1 to the count.
+ * Inserts an entry into a list of reals or integers. The entries from its position on move one
+ * place up. The caller adds 1 to the count.
  *
  * @par Name
  * insert_entry
  *
  * @par Time
- * n.
+ * n
  *
  * @param[in] n entries of a before the insertion
  * @param[in,out] a [n + 1] the list; unchanged when pos lies outside 1..n + 1
- * @param[in] pos position of the new entry, 1 in front to n + 1 at the end
+ * @param[in] pos position of the new entry, from 1, in front, to n + 1, at the end
  * @param[in] value [1] the entry
  */
 KEZ_API void KEZ_CALL kezmer16(const int32_t *n, void *a, const int32_t *pos, const void *value);
 
 /**
- * Copies one block out of an array in which blocks of entries stand one after another: one contour
- * out of an outline's coordinates. Entries of either kind, reals or integers, are copied as they
- * are. Counts are added as they are, and their sum wraps at 32 bits. Nothing is copied when n is
- * below 1, when the sum of the counts before the block is below 0, or when the sum with its own
- * count passes 2147483647.
+ * Copies one block out of an array in which blocks of entries stand one after another. An example
+ * is one contour out of an outline's coordinates. The entries are reals or integers, whose bits are
+ * copied.
  *
  * @par Name
  * extract_block
+ *
+ * @par Deliberate
+ * The counts before the block are added as they are, negative ones too, and their sum wraps at 32
+ * bits.
+ *
+ * @par Degenerate input
+ * Nothing is copied if n is below 1, if that sum is below 0, if the count of the block is below 1,
+ * or if the sum and that count together exceed 2147483647.
  *
  * @param[in] a ignored
  * @param[in] counts [n] number of entries of each block
@@ -3216,19 +3499,24 @@ KEZ_API void KEZ_CALL kezadr(const int32_t *a, const int32_t counts[], const int
 /**
  * @defgroup orders Orders
  *
+ * The group "Lists" says what a list, a marker and an empty list are, and what memory long lists
+ * need. Mind the order of the arguments: `kezord`, `kezord1` and `kezordi` take the list before the
+ * count, the others the count before the list.
  * @{
  */
 
 /**
- * Sorts a real table into ascending order. With not-a-number or with zeros of both signs in the
- * table the order is that of a selection sort that takes the last of equal minima; a table of that
- * sort that finds no memory takes n^2.
+ * Sorts a real table into ascending order.
  *
  * @par Name
  * sort_reals
  *
+ * @par Degenerate input
+ * With not-a-number or with zeros of both signs in the table, the order is that of a selection sort
+ * that takes the last of equal minima. If memory runs out, sorting such a table takes n^2.
+ *
  * @par Time
- * n log n.
+ * n log n
  *
  * @param[in,out] x [n] the table
  * @param[in] n entries of the table; nothing is done when below 1
@@ -3242,7 +3530,7 @@ KEZ_API void KEZ_CALL kezord(float x[], const int32_t *n);
  * sort_integers
  *
  * @par Time
- * n log n.
+ * n log n
  *
  * @param[in,out] ia [n] the table
  * @param[in] n entries of the table; nothing is done when below 1
@@ -3250,19 +3538,23 @@ KEZ_API void KEZ_CALL kezord(float x[], const int32_t *n);
 KEZ_API void KEZ_CALL kezord1(int32_t ia[], const int32_t *n);
 
 /**
- * Order of a real list without moving its entries. Of entries of one value the one at the highest
- * position comes first. The list comes before its count.
+ * Order of a real list without moving its entries. The list comes before its count.
  *
- * Pass by pass the smallest entry is chosen and a marker put in its place, the largest entry + 1: a
- * list with entries so large that the marker is no larger may have positions chosen again. A
- * pass that begins at a not-a-number chooses none. When a long list of these two sorts finds no
- * memory, iord is kept.
+ * n passes each choose the smallest entry and overwrite it by a marker, the largest entry plus 1.
  *
  * @par Name
  * order_reals
  *
+ * @par Deliberate
+ * Of equal entries the one at the highest position comes first.
+ *
+ * @par Degenerate input
+ * If the marker is not larger than every entry, positions may repeat. If v(i) is not-a-number, pass
+ * i chooses nothing. If memory runs out for a list of more than 500 entries in one of these two
+ * cases, iord is not written.
+ *
  * @par Time
- * n log n.
+ * n log n
  *
  * @param[in] v [n] the list
  * @param[in] n entries of v
@@ -3271,7 +3563,7 @@ KEZ_API void KEZ_CALL kezord1(int32_t ia[], const int32_t *n);
 KEZ_API void KEZ_CALL kezordi(const float v[], const int32_t *n, int32_t iord[]);
 
 /**
- * Reverses a table of 32-bit entries of either kind, reals or integers.
+ * Reverses a table of 32-bit entries, reals or integers.
  *
  * @par Name
  * reverse_table
@@ -3282,13 +3574,13 @@ KEZ_API void KEZ_CALL kezordi(const float v[], const int32_t *n, int32_t iord[])
 KEZ_API void KEZ_CALL kezinv(const int32_t *n, void *x);
 
 /**
- * Reverses a list of either kind.
+ * Reverses a list of reals or integers.
  *
  * @par Name
  * reverse_list
  *
  * @par Time
- * n.
+ * n
  *
  * @param[in] n entries of a
  * @param[in,out] a [n] the list
@@ -3296,13 +3588,13 @@ KEZ_API void KEZ_CALL kezinv(const int32_t *n, void *x);
 KEZ_API void KEZ_CALL kezmer17(const int32_t *n, void *a);
 
 /**
- * Reverses a list of either kind; the same as `kezmer17`.
+ * Reverses a list of reals or integers: `kezmer17` under a second name.
  *
  * @par Second name of
  * `kezmer17`
  *
  * @par Time
- * n.
+ * n
  *
  * @param[in] n entries of a
  * @param[in,out] a [n] the list
@@ -3311,35 +3603,55 @@ KEZ_API void KEZ_CALL kezmer18(const int32_t *n, void *a);
 
 /**
  * Order of parallel lines a(i) x + b(i) y + c(i) = 0 across their direction, by ascending
- * intercept: -c / a on the x axis when `kezlni` says that the first line is parallel to the y axis
- * and distinct from it, else -c / b on the y axis, which divides by zero for a first line that is
- * the y axis itself. Other lines are compared with the first only.
+ * intercept. If `kezlni` finds the first line parallel to the y axis and distinct from it, the
+ * intercepts are -c / a on the x axis, else -c / b on the y axis. Lines other than the first are
+ * compared with it only: they may coincide with one another.
+ *
+ * Divide each line by sqrt(a^2 + b^2) first: `kezlni` compares products of the coefficients as they
+ * are, which grow with the distance between the points that gave them.
  *
  * @par Name
  * order_parallel_lines
  *
+ * @par Measures through
+ * `kezlni`
+ *
+ * @par Deliberate
+ * A first line that is the y axis itself does not count as parallel to it: its intercept -c / b
+ * divides by zero. `kezordi` puts the last of equal intercepts first.
+ *
+ * @par Accuracy
+ * Rounding makes nominally parallel lines by `kezln3` cross for `kezlni`. Typically such pairs are
+ * still ordered if the points have coordinates up to 3. At worst 4 of 5 pairs are not, from
+ * coordinates of 100 on. Divided first, they are all ordered if the points of a line are at least
+ * 1/100 of their coordinates apart.
+ *
  * @par Time
- * n log n.
+ * n log n
  *
  * @param[in] n number of lines
  * @param[in] a,b,c [n] the lines
  * @param[out] iord [n] 1, 2, ..., n when status is -1, else the lines by ascending intercept, as
- *     `kezordi` orders them; kept when `kezordi` keeps the entry
+ *   `kezordi` orders them; kept when `kezordi` keeps the entry
  * @param[out] status 0 ordered; -1 when there is no line, when `kezlni` does not find each other
- *     line parallel to the first and distinct from it, or when memory ran out
+ *   line parallel to the first and distinct from it, or when memory ran out
  */
 KEZ_API void KEZ_CALL kezpor(const int32_t *n, const float a[], const float b[], const float c[],
                              int32_t iord[], int32_t *status);
 
 /**
  * Puts the corners of a quadrilateral into an order in which its outline does not cross itself. The
- * first corner stays the first. The order (1, 2, 3, 4) is tried first, then (1, 2, 4, 3); an order
- * is rejected when the dot product of the normals of the two triangles, into which the diagonal
- * from its first corner divides it, is below zero. (1, 4, 2, 3) is the last resort. Degenerate
- * corners keep their order.
+ * first corner stays the first. The order (1, 2, 3, 4) is tried, then (1, 2, 4, 3). If both are
+ * rejected, (1, 4, 2, 3) is taken.
+ *
+ * The diagonal from its first corner divides an order into two triangles. The order is rejected if
+ * the dot product of their normals is below zero.
  *
  * @par Name
  * order_quadrilateral
+ *
+ * @par Degenerate input
+ * Degenerate corners stay in their order.
  *
  * @param[in,out] X,Y,Z [4] the corners, rewritten in the order found (length)
  * @param[out] order [4] position at which each corner of the outline was passed in
@@ -3351,17 +3663,35 @@ KEZ_API void KEZ_CALL kezorv(float X[], float Y[], float Z[], int32_t order[]);
 /**
  * @defgroup polygons Polygons and slabs
  *
+ * A polygon is a list of n vertices in order, clockwise or counter-clockwise. X and Y must have
+ * n + 1 entries: the routines first copy vertex 1 to entry n + 1, also for n = 0, not for n < 0.
+ * Shorter arrays are overrun without any warning.
+ *
+ * A plane is the quadruple (A, B, C, D) of A x + B y + C z + D = 0 with the normal (A, B, C), which
+ * is not normalised. A slab is the space between two parallel planes.
+ *
+ * The group "Lists" says what memory large polygons need.
  * @{
  */
 
 /**
- * Whether an outline is convex: its vertex angles, each the smaller one between the edges, add up
- * to (n - 2) pi. The tolerance of 1.0e-5 rad is for the whole sum: with some 20 vertices, or with
- * one on a straight edge, rounding alone can exceed it. A vertex that is repeated has the angle 0,
- * and the outline is not convex.
+ * Whether an outline is convex: the sum of its vertex angles is compared with (n - 2) pi. A vertex
+ * angle is the smaller one between the edges.
  *
  * @par Name
  * is_convex_polygon
+ *
+ * @par Measures through
+ * `kezphi`
+ *
+ * @par Degenerate input
+ * A repeated vertex has the angle 0, and the outline counts as not convex. Two vertices may give 0
+ * or -1.
+ *
+ * @par Accuracy
+ * The sum has one tolerance of 1.0e-5 rad, so rounding alone can make a convex outline count as not
+ * convex. Typically it does so to no outline of up to 14 vertices, to 1 in 100 of 20, 1 in 5 of 30,
+ * and 3 in 4 of 60. At worst it does so to half of those with a vertex on a straight slanting edge.
  *
  * @param[in,out] X,Y [n + 1] the vertices (length); entry n + 1 becomes the first
  * @param[in] n number of vertices
@@ -3370,63 +3700,83 @@ KEZ_API void KEZ_CALL kezorv(float X[], float Y[], float Z[], int32_t order[]);
 KEZ_API void KEZ_CALL kezcnv(float X[], float Y[], const int32_t *n, int32_t *flag);
 
 /**
- * Position of a point against a polygon of either sense. The polygon comes back closed and moved,
- * with the point as its origin. The point is inside when the outline crosses the horizontal line
- * through it an odd number of times on either side; a crossing within 1.0e-5 of a vertex counts for
- * both edges. A point level with a vertex can so be reported on the wrong side, either way: the
- * centre of a diamond is outside. To be sure, turn polygon and point a little before the call
- * (`kezrot`), so that no vertex is level with the point.
+ * Position of a point against a polygon. The point is inside if the outline crosses the horizontal
+ * through it an odd number of times to its left or to its right. A crossing within 1.0e-5 of a
+ * vertex counts for both edges.
  *
  * @par Name
  * point_in_polygon
  *
+ * @par Measures through
+ * `kezln3`, `kezlni`, `kezpsl`
+ *
+ * @par Deliberate
+ * The polygon comes back closed and moved, with the point as its origin.
+ *
+ * @par Degenerate input
+ * A point level with a vertex may be reported inside although it is outside, or the reverse: the
+ * centre of a diamond is outside. To be sure, turn polygon and point a little before the call
+ * (`kezrot`), so that no vertex is level with the point.
+ *
+ * @par Accuracy
+ * Near an end of an edge, rounding alone can make a point on the edge count as off it.
+ *
  * @par Time
- * n.
+ * n
  *
  * @param[in] n number of vertices; below 1 the point is outside, below 0 nothing is moved
  * @param[in,out] X,Y [n + 1] the vertices, of which n, and at least the first, are read; on return
- *     moved by (-px, -py), with the first repeated behind the last (length)
+ *   moved by (-px, -py), with the first repeated after the last (length)
  * @param[in] px,py the point (length)
  * @param[out] status 0 inside, -1 outside, 100 on an edge or a vertex, as `kezpsl` finds it: up to
- *     about 1/900 of its length beside an edge's middle
+ *   about 1/900 of its length beside an edge's middle
  */
 KEZ_API void KEZ_CALL kezppp(const int32_t *n, float X[], float Y[], const float *px,
                              const float *py, int32_t *status);
 
 /**
- * Cuts a polygon of either sense along a line. The points where the line crosses an edge away from
- * its ends (1.0e-5 in x or in y) are inserted into the outline; its vertices then go to two parts
- * by the sign of y, whatever the line: to cut along another line than the x axis, first move and
- * turn the polygon. Vertices within 1.0e-5 of the x axis belong to both parts.
- *
- * When a large polygon finds no memory, n1, n2 and length are 0.
+ * Cuts a polygon along a line. The points at which the line crosses an edge, away from its ends
+ * (1.0e-5 in x or in y), are inserted into the outline. Then the vertices go to two parts by the
+ * sign of y, whatever the line. To cut along a line other than the x axis, first move and turn the
+ * polygon until that line is the x axis. Vertices within 1.0e-5 of the x axis belong to both parts.
  *
  * @par Name
  * cut_polygon
  *
+ * @par Measures through
+ * `kezln3`, `kezlni`
+ *
+ * @par Degenerate input
+ * If memory runs out with more than 500 vertices, n1, n2 and length are 0.
+ *
+ * @par Accuracy
+ * length adds its pieces up in single precision: a piece shorter than 3e-8 of the sum adds nothing.
+ * The relative error is typically 1e-6 with 1,000 pieces and 1e-5 with 100,000. At worst it is 1e-5
+ * and 1e-4.
+ *
  * @par Time
- * n log n.
+ * n log n
  *
  * @param[in] n number of vertices; below 1 both parts are empty
  * @param[in,out] X,Y [n + 1] the vertices, of which n are read; on return with the first repeated
- *     behind the last (length)
+ *   after the last (length)
  * @param[in] a,b,c the line a x + b y + c = 0
  * @param[out] n1 vertices of part 1
  * @param[out] X1,Y1 [2 * n] part 1, y >= -1.0e-5 (length); kept beyond n1
  * @param[out] n2 vertices of part 2
  * @param[out] X2,Y2 [2 * n] part 2, y <= 1.0e-5 (length); kept beyond n2
  * @param[out] length sum of the gaps between the first and second, third and fourth, ... inserted
- *     point of part 1 by ascending x: the length of the x axis inside the polygon, where it passes
- *     through no vertex (length)
+ *   point of part 1 by ascending x: the length of the x axis inside the polygon, if it passes
+ *   through no vertex (length)
  */
 KEZ_API void KEZ_CALL kezpin(const int32_t *n, float X[], float Y[], const float *a, const float *b,
                              const float *c, int32_t *n1, float X1[], float Y1[], int32_t *n2,
                              float X2[], float Y2[], float *length);
 
 /**
- * Position of points against the slab between two parallel planes. The planes must be distinct,
- * 1 or 2 for `kezdirp`. A point is on a plane when the plane's value A x + B y + C z + D there is
- * less than 1.0e-5 from 0; with a normal that is not of unit length that is no distance.
+ * Positions of points against the slab between two parallel planes. The planes must be distinct:
+ * `kezdirp` must give 1 or 2. A point is on a plane if the plane's value A x + B y + C z + D there
+ * is less than 1.0e-5 from 0. If the normal is not of unit length, that value is no distance.
  *
  * | code | meaning                                              |
  * |------|------------------------------------------------------|
@@ -3439,12 +3789,27 @@ KEZ_API void KEZ_CALL kezpin(const int32_t *n, float X[], float Y[], const float
  * @par Name
  * points_in_slab
  *
+ * @par Measures through
+ * `kezdirp`
+ *
+ * @par Deliberate
+ * `kezdirp` finds whether parallel planes are distinct by one component of their normals only: the
+ * last one that it can divide by, even if the components disagree by rounding.
+ *
+ * @par Degenerate input
+ * Planes closer together than 1.0e-5 of their distance from the origin count as not distinct.
+ *
+ * @par Accuracy
+ * Points rounded onto a slanting plane with a unit normal typically count as on it: all of them up
+ * to coordinates of 30. At worst 1 in 7 is missed up to coordinates of 300, and 3 in 5 up to 1,000.
+ * See "Coordinates far from the origin".
+ *
  * @par Time
- * n.
+ * n
  *
  * @param[in] A1,B1,C1,D1 first plane
  * @param[in,out] A2,B2,C2,D2 second plane; comes back negated when the planes are parallel and
- *     distinct and its normal points the same way as that of the first, also when n is below 1
+ *   distinct and its normal points the same way as that of the first, also when n is below 1
  * @param[in] n number of points
  * @param[in] X,Y,Z [n] the points (length)
  * @param[out] code [n] their positions
@@ -3455,14 +3820,21 @@ KEZ_API void KEZ_CALL kezptp1(const float *A1, const float *B1, const float *C1,
 
 /**
  * Points on the faces and inside a box of three slabs, each classified by `kezptp1`. On the faces
- * are all points on one of the six planes, also outside the other slabs; inside are those between
- * the planes of all three slabs.
+ * are all points on one of the six planes, even if they are outside the other slabs. Inside are
+ * those between the planes of all three slabs.
  *
  * @par Name
  * points_in_box
  *
+ * @par Measures through
+ * `kezptp1`
+ *
+ * @par Deliberate
+ * `kezdirp` finds whether parallel planes are distinct by one component of their normals only: the
+ * last one that it can divide by, even if the components disagree by rounding.
+ *
  * @par Time
- * n.
+ * n
  *
  * @param[in] A1,B1,C1,D1 slab 1, first plane
  * @param[in,out] A2,B2,C2,D2 slab 1, second plane; may come back negated
@@ -3476,7 +3848,7 @@ KEZ_API void KEZ_CALL kezptp1(const float *A1, const float *B1, const float *C1,
  * @param[out] code1,code2,code3 [n] positions against slab 1, 2 and 3
  * @param[out] nout entries of out; kept when mode is not 1, 2 or 3
  * @param[out] out [n] positions of the points in X, Y and Z: ascending those on the faces, then
- *     ascending those inside; kept beyond nout
+ *   ascending those inside; kept beyond nout
  */
 KEZ_API void KEZ_CALL kezptp2(const float *A1, const float *B1, const float *C1, const float *D1,
                               float *A2, float *B2, float *C2, float *D2, const float *A3,

@@ -45,7 +45,7 @@ class SharedObject(unittest.TestCase):
         node = ("*ABS*", "KEZLIB_1.0", "KEZLIB_1.0")
         wanted = {node} | {(".text", "KEZLIB_1.0", routine.name) for routine in ROUTINES}
         exported = {s[1:] for s in self.defined}
-        self.assertEqual(wanted - exported, set(), "edit src/<family>/exports.cpp")
+        self.assertEqual(wanted - exported, set(), "edit src/<folder>/exports.cpp")
         self.assertEqual(exported - wanted, set())
 
     def test_is_named_for_its_major_version(self):

@@ -160,8 +160,9 @@ class Form(unittest.TestCase):
                          ("", "the same as kezsum"))
         for reason, text in (
                 ("one name twice", one.replace("sum_one", "sum_table") + GOOD),
-                ("one routine named twice", through.replace("`kezsum`", "`kezsum`, `kezsum`") + GOOD),
-                ("second name of two", second.replace("`kezsum`", "`kezsum`, `kezsum`") + GOOD),
+                ("one routine named twice", through.replace("`kezsum`", "`kezsum`, `kezsum`")
+                 + GOOD),
+                ("second name of two", second.replace("`kezsum`", "`kezsum`, `kezfoo`") + GOOD),
                 ("second name of a second name", second + GOOD.replace(
                     "@par Name\n * sum_table", "@par Second name of\n * `kezone`"))):
             with self.subTest(reason), self.assertRaises(interface.FormError):
@@ -210,7 +211,8 @@ class Form(unittest.TestCase):
     def test_callback(self):
         good = ("/** A host's function. */\n"
                 "typedef float(KEZ_CALL *kez_f)(const int32_t *i);\n"
-                "/**\n * Calls.\n *\n * @par Name\n * call\n *\n * @param[in] n calls\n * @param[in] f [n] values\n */\n"
+                "/**\n * Calls.\n *\n * @par Name\n * call\n *\n"
+                " * @param[in] n calls\n * @param[in] f [n] values\n */\n"
                 "KEZ_API void KEZ_CALL kezcal(const int32_t *n, kez_f f);\n")
         (routine,) = parse(good).routines
         self.assertEqual([(a.kind, a.direction, a.extent) for a in routine.arguments],
@@ -252,7 +254,7 @@ class Form(unittest.TestCase):
     def test_every_routine_has_rows(self):
         rows = "".join(path.read_text() for path in (TESTS / "cases").glob("*.txt"))
         called = set(re.findall(r"^(kez\w+) .*->", rows, re.MULTILINE))
-        self.assertEqual({r.name for r in HEADER} - called, set(), "edit tests/cases/<family>.txt")
+        self.assertEqual({r.name for r in HEADER} - called, set(), "edit tests/cases/<folder>.txt")
 
     def test_generated_files_are_fresh(self):
         subprocess.run([sys.executable, "-B", pathlib.Path(interface.__file__).parent, "--check"],
@@ -263,7 +265,7 @@ class Form(unittest.TestCase):
         self.assertEqual(
             routine_list.renewed(marked, parse(GOOD)),
             marked.replace("old\n", "\nThere are 1, by family:\n\n**Group**\n\n"
-                                   "- `kezsum`: Sums a table.\n\n"))
+                                   "- `kezsum`, `sum_table`: Sums a table.\n\n"))
         for mark in (routine_list.BEGIN, routine_list.END):
             with self.assertRaises(interface.FormError):
                 routine_list.renewed(marked.replace(mark, ""), parse(GOOD))

@@ -204,7 +204,7 @@ class Site:
                     {"shapes": shapes, "text": self.prose.header(group.text)})
 
     def index(self):
-        """What the search knows: title, names and sentence, where it belongs, page, and its words."""
+        """What the search knows: title, sentence, where it belongs, page, and its words."""
         routines = [[r.name, f"{known_as(r)}: {plain_text(routine.sentence(r))}", r.group,
                      f"{r.name}.html", vocabulary(routine.whole_text(r))]
                     for r in self.interface.routines]

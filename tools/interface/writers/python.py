@@ -171,8 +171,8 @@ def function(routine):
 
 def family(group, routines):
     members = [r for r in routines if r.group == group.title]
-    listed = [line for r in members
-              for line in indented(wrapped(f"{r.name}, {known_as(r)}: {r.summary.rstrip(':.')}.", "", 96))]
+    items = [f"{r.name}, {known_as(r)}: {r.summary.rstrip(':.')}." for r in members]
+    listed = [line for item in items for line in indented(wrapped(item, "", 96))]
     text = wrapped(group.text, "") if group.text else []
     return ["", group.title, "-" * len(group.title), *text, *([""] if text else []), *listed]
 

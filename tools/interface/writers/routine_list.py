@@ -1,4 +1,4 @@
-"""README's list of the routines, their number and one sentence each by family."""
+"""README's list of the routines: their number, and by family the names and a sentence of each."""
 
 import itertools
 import textwrap
@@ -13,7 +13,8 @@ END = "<!-- End of the list. -->\n"
 
 def item(routine):
     sentence = routine.summary.rstrip(":.") + "."  # a colon leads up to a formula
-    return textwrap.fill(f"- `{routine.name}`: {sentence}", 100, subsequent_indent="  ",
+    names = ", ".join(f"`{name}`" for name in (routine.name, routine.readable) if name)
+    return textwrap.fill(f"- {names}: {sentence}", 100, subsequent_indent="  ",
                          break_long_words=False, break_on_hyphens=False)
 
 
