@@ -1,5 +1,7 @@
 """The header's parser refuses what breaks the form, and what was generated is fresh."""
 
+import builtins
+import keyword
 import pathlib
 import re
 import subprocess
@@ -8,7 +10,7 @@ import unittest
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "tools"))
 import interface  # noqa: E402
-from interface import arithmetic, languages, rows  # noqa: E402
+from interface import arithmetic, languages, rows, writers  # noqa: E402
 from interface.writers import (  # noqa: E402
     call_table, fortran, javascript, module_definition, routine_list)
 
@@ -250,6 +252,12 @@ class Form(unittest.TestCase):
         declared = {f"{r.name} {len(r.arguments)}" for r in HEADER}
         self.assertEqual(declared - listed, set(), "edit tests/routines.txt")
         self.assertEqual(listed - declared, set(), "edit include/kezlib.h")
+
+    def test_readable_names_are_free_in_every_language(self):
+        taken = {*keyword.kwlist, *dir(builtins)}.union(
+            *(writer.LANGUAGE.reserved for writer in writers.all_writers().values()
+              if hasattr(writer, "LANGUAGE")))
+        self.assertEqual(taken & {r.readable for r in HEADER}, set(), "edit include/kezlib.h")
 
     def test_every_routine_has_rows(self):
         rows = "".join(path.read_text() for path in (TESTS / "cases").glob("*.txt"))

@@ -26,7 +26,8 @@ const worth = (word, entry) =>
 function worthOfText(word, [name, sentence, place, , said]) {
   const title = name.toLowerCase();
   if (title === word) return 100;
-  if (title.startsWith(word)) return 60;
+  const isName = !title.includes(" ");
+  if (isName ? title.startsWith(word) : wordsOf(title).includes(word)) return 60;
   if (title.startsWith(`kez${word}`)) return 50;
   const words = wordsOf(sentence);
   const at = words.findIndex((other) => other.startsWith(word));

@@ -13,7 +13,7 @@ for (const [asked, first] of [
   ["kezlci", "kezlci"], ["LCI", "kezlci"], ["circle line intersection", "kezlci"],
   ["area of an outline", "kezapl"], ["lip", "kezsec_c"], ["effective width", "kezef2"],
   ["fortran", "Fortran"], ["c#", "C#"], ["linking", "Linking and platforms"],
-  ["cirlce of radius", "kezcer"], ["intersecton", "kezlci"], ["kezpdss", "kezpds"],
+  ["cirlce of radius", "kezcer"], ["intersecton", "kezlni"], ["kezpdss", "kezpds"],
   ["kezlst", "Overview"], ["second moment of inertia", "kezipl"], ["numpy", "Python"],
   ["circles and arcs", "Circles and arcs"],
   ["distance", "kezpds"], ["intersect_line_circle", "kezlci"]]) {
