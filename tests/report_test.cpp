@@ -1,5 +1,6 @@
 // The region report as a host finds it, byte for byte. Runs in a directory without a report.
 #include <atomic>
+#include <cerrno>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -125,6 +126,30 @@ void threads_mix_whole_records() {
   expect(std::system("! ls -l /proc/self/fd | grep linked.txt") == 0, "none in a child process");
 }
 
+// A daemon closes what it does not know, and the next file that it opens takes the number.
+void a_closed_descriptor_is_opened_again() {
+  for (int file = 3; file < 20; ++file) close(file);
+  const int own = open("own.txt", O_RDWR | O_CREAT | O_TRUNC, 0600);
+  expect(write(own, "nine byte", 9) == 9, "a file of the host's");
+  for (const Case& one : {cut_on_axis, missed_above}) expected += one.call();
+  expect(fs::file_size("own.txt") == 9, "the host's file keeps its bytes");
+  expect(fcntl(own, F_GETFD) != -1, "and stays open");
+  close(own);
+  expect_report("records before and after the descriptor was closed");
+}
+
+void standard_streams_stay_the_hosts() {
+  const int saved = dup(STDIN_FILENO);
+  for (int file = 3; file < 20; ++file)
+    if (file != saved) close(file);
+  close(STDIN_FILENO);
+  expected += missed_below.call();
+  expect(fcntl(STDIN_FILENO, F_GETFD) == -1, "a closed input's number is left to the host");
+  dup2(saved, STDIN_FILENO);
+  close(saved);
+  expect_report("the records, above the standard streams");
+}
+
 void a_full_disk_changes_no_result() {
   std::signal(SIGXFSZ, SIG_IGN);
   rlimit limit{};
@@ -145,7 +170,9 @@ void a_full_disk_changes_no_result() {
 int main() {
   expect(!fs::exists(report), "loading the library leaves the file system alone");
   fs::create_directory(report);
+  errno = 77;
   missed_above.call();
+  expect(errno == 77, "the host's error code, when the report cannot be opened");
   fs::remove(report);
 
 #if defined(__linux__)
@@ -163,6 +190,8 @@ int main() {
   expect(!fs::exists("OUTPUT.TXT"), "one report, where the first call was made");
 
 #if defined(__linux__)
+  a_closed_descriptor_is_opened_again();
+  standard_streams_stay_the_hosts();
   a_full_disk_changes_no_result();
 #endif
   return failures == 0 ? 0 : 1;
