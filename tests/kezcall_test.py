@@ -7,6 +7,7 @@ The C compiler for a library that misbehaves is taken from the environment's CC.
 
 import os
 import pathlib
+import re
 import shlex
 import subprocess
 import sys
@@ -156,6 +157,34 @@ class Kezcall(unittest.TestCase):
         self.assertRegex(shown("--help", "kezpds"), "^kezpds, distance: ")
         self.assertEqual(shown("--help", "distance"), shown("--help", "kezpds"))
         self.assertRegex(shown("--help", "kezcer6"), r"(?m)^Kept value: ")
+
+    def test_a_long_line_takes_time_in_proportion(self):
+        count = 600000
+        path = self.file(f"kezinv {count} [{'1.5 ' * count}]\n")
+        self.assert_run(subprocess.run([KEZCALL, "--library", LIBRARY, path], timeout=30,
+                                       capture_output=True, text=True), 0, "1 passed, 0 failed")
+
+    def test_messages_do_not_reach_the_terminal_s_controls(self):
+        run = kezcall("kez\x1b\u009b" + "long" * 1000)
+        self.assertEqual(run.returncode, 2)
+        self.assertIn("unknown routine 'kez\\x1b\\xc2\\x9blong", run.stderr)
+        self.assertLess(len(run.stderr), 500)
+
+    @unittest.skipUnless(os.path.exists("/dev/full"), "only Linux has a device that is always full")
+    def test_output_that_is_lost(self):
+        for call in (["--list"], ["kezcer", "0", "0", "1"]):
+            with open("/dev/full", "w") as full:
+                run = subprocess.run([KEZCALL, *call], stdout=full, stderr=subprocess.PIPE,
+                                     text=True)
+            self.assertEqual(run.returncode, 2)
+            self.assertIn("could not be written", run.stderr)
+
+    @unittest.skipUnless(sys.platform == "linux", "about programs for Linux")
+    def test_the_program_is_hardened(self):
+        run = subprocess.run(["readelf", "-d", KEZCALL], capture_output=True, text=True, check=True)
+        self.assertIn("NOW", run.stdout)
+        path = re.search(r"runpath: \[(.*)\]", run.stdout)[1]
+        self.assertNotIn("", path.split(":"))
 
     def test_no_such_library(self):
         run = kezcall("kezcer 0 0 1", library=self.folder.name + "/none")

@@ -1,10 +1,13 @@
 // kezcall: KezLib's host on the command line.
 #include <algorithm>
+#include <cerrno>
+#include <cstring>
 #include <exception>
 #include <filesystem>
 #include <iostream>
 #include <span>
 #include <string>
+#include <system_error>
 #include <vector>
 
 #include "library.h"
@@ -113,7 +116,9 @@ bool names_files(const std::vector<std::string>& operands) {
   const std::string& operand = operands.front();
   const std::string_view name = next_token(operand, 0).text;
   if (find_routine(name)) return false;
-  return name.find_first_of("./\\") != name.npos || std::filesystem::exists(operand);
+  std::error_code too_long_a_name;
+  return name.find_first_of("./\\") != name.npos ||
+         std::filesystem::exists(operand, too_long_a_name);
 }
 
 std::string joined(const std::vector<std::string>& words) {
@@ -140,11 +145,13 @@ int run(std::span<char*> arguments) {
 
 int main(int argc, char* argv[]) {
   try {
-    return run(std::span(argv, static_cast<std::size_t>(argc)).subspan(1));
+    const int status = run(std::span(argv, static_cast<std::size_t>(argc)).subspan(1));
+    if (std::cout.flush()) return status;
+    std::cerr << "kezcall: the output could not be written: " << std::strerror(errno) << '\n';
   } catch (const UsageError& error) {
-    std::cerr << "kezcall: " << error.what() << "; see kezcall --help\n";
+    std::cerr << "kezcall: " << shown(error.what()) << "; see kezcall --help\n";
   } catch (const std::exception& error) {
-    std::cerr << "kezcall: " << error.what() << '\n';
+    std::cerr << "kezcall: " << shown(error.what()) << '\n';
   }
   return bad_input;
 }

@@ -134,7 +134,37 @@ void print_row_form(std::ostream& out, const Routine& routine) {
   out << routine.name << " " << inputs << "  -> " << outputs << '\n';
 }
 
+bool continues_a_character(char byte) {
+  return (static_cast<unsigned char>(byte) & 0xc0) == 0x80;
+}
+
+// A terminal obeys these, also those that UTF-8 writes as a byte 0xc2 and one from 0x80 to 0x9f.
+bool is_control(char before, char c, char behind) {
+  const auto byte = static_cast<unsigned char>(c);
+  const auto second = [](char first, char next) {
+    return first == '\xc2' && continues_a_character(next) &&
+           static_cast<unsigned char>(next) < 0xa0;
+  };
+  return (byte < 0x20 && c != '\t') || byte == 0x7f || second(before, c) || second(c, behind);
+}
+
 }  // namespace
+
+std::string shown(std::string_view text) {
+  constexpr std::size_t most = 400;
+  constexpr std::string_view digits = "0123456789abcdef";
+  std::string result;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (result.size() >= most && !continues_a_character(text[i])) return result + "...";
+    const char behind = i + 1 < text.size() ? text[i + 1] : ' ';
+    const auto byte = static_cast<unsigned char>(text[i]);
+    if (is_control(i > 0 ? text[i - 1] : ' ', text[i], behind))
+      result.append("\\x").append({digits[byte / 16], digits[byte % 16]});
+    else
+      result += text[i];
+  }
+  return result;
+}
 
 void print_outputs(std::ostream& out, const Row& row, const Arguments& arguments) {
   for (std::size_t i = 0; i < row.routine->arguments.size(); ++i) {

@@ -2,10 +2,15 @@
 #pragma once
 
 #include <iosfwd>
+#include <string>
+#include <string_view>
 
 #include "rows.h"
 
 namespace kezcall {
+
+// A text from outside in a message: control characters as \x1b, and at most some 400 bytes of it.
+std::string shown(std::string_view text);
 
 // Every output by name, one a line, and of each whether it was written.
 void print_outputs(std::ostream& out, const Row& row, const Arguments& arguments);

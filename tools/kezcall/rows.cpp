@@ -178,13 +178,13 @@ const Routine* find_routine(std::string_view name) {
 }
 
 Token next_token(std::string_view line, std::size_t from) {
-  const std::string_view content = line.substr(0, line.find('#'));
-  const std::size_t begin = content.find_first_not_of(blanks, from);
-  if (begin == content.npos) return {{}, content.find_last_not_of(blanks) + 2};
+  const std::size_t begin = std::min(line.find_first_not_of(blanks, from), line.size());
+  if (begin == line.size() || line[begin] == '#')
+    return {{}, line.substr(0, begin).find_last_not_of(blanks) + 2};
   std::size_t length = 1;
-  if (content[begin] != '[' && content[begin] != ']')
-    length = content.substr(begin).find_first_of(" \t\r\n[]");
-  return {content.substr(begin, length), begin + 1};
+  if (line[begin] != '[' && line[begin] != ']')
+    length = line.substr(begin).find_first_of(" \t\r\n[]#");
+  return {line.substr(begin, length), begin + 1};
 }
 
 std::optional<Row> parse_row(std::string_view line) {

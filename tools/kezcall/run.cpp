@@ -56,7 +56,7 @@ struct Totals {
 
 void report_bad_input(const std::string& place, std::size_t column, const std::string& message) {
   std::cout << std::flush;  // the two streams often end up in one file
-  std::cerr << place << ':' << column << ": " << message << '\n';
+  std::cerr << shown(place) << ':' << column << ": " << shown(message) << '\n';
 }
 
 // Calls the row's routine and returns what is wrong with what it did. Throws InputError, at column
@@ -79,7 +79,7 @@ std::vector<std::string> call_row(const Library& library, const Row& row, const 
 void run_placed(const Library& library, const PlacedRow& placed, const Pass& pass, bool trace,
                 Totals& totals) {
   const Row& row = placed.row;
-  if (trace) std::cout << placed.place << ": " << row.text << std::endl;
+  if (trace) std::cout << shown(placed.place) << ": " << shown(row.text) << std::endl;
   std::vector<std::string> troubles;
   try {
     troubles = call_row(library, row, pass, Arguments(*row.routine, row.given));
@@ -94,7 +94,8 @@ void run_placed(const Library& library, const PlacedRow& placed, const Pass& pas
   }
   ++(troubles.empty() ? totals.passed : totals.failed);
   if (troubles.empty()) return;
-  std::cout << placed.place << ": " << row.text << pass_text(*row.routine, pass) << '\n';
+  std::cout << shown(placed.place) << ": " << shown(row.text) << pass_text(*row.routine, pass)
+            << '\n';
   for (const std::string& trouble : troubles) std::cout << "    " << trouble << '\n';
 }
 
@@ -114,7 +115,7 @@ std::vector<PlacedRow> read_rows(const std::string& file, Totals& totals) {
     }
   }
   if (stream.is_open() && !stream.bad()) return rows;
-  std::cerr << "kezcall: cannot read " << file << ": " << std::strerror(errno) << '\n';
+  std::cerr << "kezcall: cannot read " << shown(file) << ": " << std::strerror(errno) << '\n';
   totals.bad_input = true;
   return rows;
 }
