@@ -46,6 +46,9 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     src/circles/guided_points.cpp src/frame/keys.cpp src/frame/sampling.cpp src/frame/tables.cpp
     src/lists/lists.cpp src/lists/near_values.cpp src/lists/ordering.cpp src/sections/shapes.cpp
     PROPERTIES COMPILE_OPTIONS "$<$<CONFIG:Release>:-O2;-fvect-cost-model=dynamic>")
+  # One loop for each number of arguments, which the calls keep busy.
+  set_source_files_properties(src/batch/batch.cpp
+    PROPERTIES COMPILE_OPTIONS "$<$<CONFIG:Release>:-Os>")
   # Short loops over long lists, which run a third slower where they cross a line of the decoder.
   set_source_files_properties(src/frame/point_lists.cpp src/frame/rotation.cpp
     PROPERTIES COMPILE_OPTIONS -falign-loops=32)
@@ -83,6 +86,6 @@ elseif(NOT APPLE)
   # Hidden visibility does not reach what the templates of the C++ library become here.
   target_link_options(KezLib PRIVATE
     -Wl,--version-script=${PROJECT_SOURCE_DIR}/src/kezlib.map -Wl,--as-needed
-    -Wl,-z,relro -Wl,-z,now)
+    -Wl,-z,relro -Wl,-z,now -Wl,-Bsymbolic-functions)
   set_property(TARGET KezLib APPEND PROPERTY LINK_DEPENDS ${PROJECT_SOURCE_DIR}/src/kezlib.map)
 endif()

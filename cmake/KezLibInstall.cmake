@@ -3,7 +3,7 @@
 include(CMakePackageConfigHelpers)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/KezLib)
-install(FILES include/kezlib.h TYPE INCLUDE COMPONENT development)
+install(FILES include/kezbatch.h include/kezlib.h TYPE INCLUDE COMPONENT development)
 install(TARGETS KezLib EXPORT KezLib
   RUNTIME COMPONENT runtime
   LIBRARY COMPONENT runtime NAMELINK_COMPONENT development

@@ -10,6 +10,7 @@
 #include <thread>
 
 #include "hostile.h"
+#include "kezbatch.h"
 
 namespace {
 
@@ -220,6 +221,140 @@ bool check_relay(const std::string& path) {
 
 #endif
 
+// Calls of one routine with each argument's values a step apart, as kezbatch takes them.
+class Batch {
+ public:
+  explicit Batch(const std::vector<Arguments>& calls, bool backward)
+      : routine_(calls[0].routine()) {
+    for (std::size_t i = 0; i < routine_.arguments.size(); ++i) {
+      std::size_t stride = 1;
+      for (const Arguments& call : calls) stride = std::max(stride, call.values(i).size());
+      std::vector<Word>& block = blocks_.emplace_back(stride * calls.size(), poison);
+      for (std::size_t k = 0; k < calls.size(); ++k)
+        std::ranges::copy(calls[k].values(i), place(block, stride, k, backward, calls.size()));
+      address_.push_back(&*place(block, stride, 0, backward, calls.size()));
+      const auto bytes = static_cast<std::intptr_t>(stride * sizeof(Word));
+      step_.push_back(backward ? -bytes : bytes);
+      if (routine_.arguments[i].kind == Kind::callback) {
+        address_.back() = callback_that_returns(calls[0].given(i));
+        step_.back() = 0;
+      }
+    }
+  }
+
+  void share(std::size_t argument) { step_[argument] = 0; }
+
+  std::int32_t run(const Library& library, std::int32_t count) const {
+    const auto entry = reinterpret_cast<decltype(&kezbatch)>(library.find("kezbatch"));
+    const auto arguments = static_cast<std::int32_t>(address_.size());
+    std::int32_t status = -1;
+    entry(routine_.name, &arguments, &count, address_.data(), step_.data(), &status);
+    return status;
+  }
+
+  // Whether a call left what another one did with the same arguments.
+  bool has_left(const Arguments& alone, std::size_t k) const {
+    for (std::size_t i = 0; i < step_.size(); ++i) {
+      if (routine_.arguments[i].direction == Direction::in) continue;
+      const Word* first = reinterpret_cast<const Word*>(static_cast<const char*>(address_[i]) +
+                                                        static_cast<std::intptr_t>(k) * step_[i]);
+      if (!std::ranges::equal(alone.values(i), std::span(first, alone.values(i).size())))
+        return false;
+    }
+    return true;
+  }
+
+ private:
+  static std::vector<Word>::iterator place(std::vector<Word>& block, std::size_t stride,
+                                           std::size_t k, bool backward, std::size_t count) {
+    return block.begin() + static_cast<std::ptrdiff_t>(stride * (backward ? count - 1 - k : k));
+  }
+
+  const Routine& routine_;
+  std::vector<std::vector<Word>> blocks_;
+  std::vector<void*> address_;
+  std::vector<std::intptr_t> step_;
+};
+
+constexpr std::size_t batched = 7;
+
+// Seven calls whose first real scalar is one variable, and whose callback is one routine.
+std::vector<Arguments> drawn_batch(const Routine& routine, std::size_t number, std::size_t shared) {
+  std::vector<Arguments> calls;
+  Choices choices = choices_for(routine, number);
+  Values first;
+  for (std::size_t k = 0; k < batched; ++k) {
+    Values values = draw_values(routine, choices, k % 2 ? Mood::ordinary : Mood::hostile);
+    if (k == 0) first = values;
+    for (std::size_t i = 0; i < values.size(); ++i)
+      if (i == shared || routine.arguments[i].kind == Kind::callback) values[i] = first[i];
+    calls.emplace_back(routine, values);
+  }
+  return calls;
+}
+
+// One call for many leaves the bits of single calls, kept values included.
+bool check_batch(const std::string& path) {
+  Check check("batch");
+  for (const Routine& routine : routines) {
+    const auto shared =
+        static_cast<std::size_t>(std::ranges::find_if(routine.arguments,
+                                                      [](const Argument& a) {
+                                                        return a.kind == Kind::real &&
+                                                               a.direction == Direction::in &&
+                                                               !a.extent;
+                                                      }) -
+                                 routine.arguments.begin());
+    for (std::size_t number = 0; number < 30; ++number) {
+      std::vector<Arguments> alone = drawn_batch(routine, number, shared);
+      Batch batch(alone, number % 2 == 0);
+      if (shared < routine.arguments.size()) batch.share(shared);
+      for (const Library library(path); const Arguments& call : alone)
+        invoke(entry_of(library, routine), call);
+      const Library library(path);
+      const Call call{&routine, {}};
+      check.expect(batch.run(library, batched) == 0, call, "status");
+      for (std::size_t k = 0; k < batched; ++k)
+        check.expect(batch.has_left(alone[k], k), call, "differs in a batch");
+    }
+  }
+  return check.close();
+}
+
+// What is refused calls nothing.
+bool check_batch_refusals(const std::string& path) {
+  Check check("batch refusals");
+  const Library library(path);
+  const auto entry = reinterpret_cast<decltype(&kezbatch)>(library.find("kezbatch"));
+  const Routine& distance = *std::ranges::find(routines, std::string("kezpds"), &Routine::name);
+  struct Refused {
+    const char* name;
+    std::int32_t arguments, count, status;
+  };
+  for (const auto& [name, arguments, count, wanted] : {Refused{"kezpds", 6, 1, 2},
+                                                       {"kezpds", 8, 1, 2},
+                                                       {"kezpd", 7, 1, 1},
+                                                       {"kezpdsx", 7, 1, 1},
+                                                       {"", 0, 1, 1},
+                                                       {"zzz", 7, 1, 1},
+                                                       {"kezpds", 7, 0, 0},
+                                                       {"kezpds", 7, -1, 0}}) {
+    std::int32_t status = -1;
+    float one = 1;
+    void* address[8];
+    const std::intptr_t step[8] = {};
+    std::ranges::fill(address, &one);
+    entry(name, &arguments, &count, address, step, &status);
+    check.expect(status == wanted && one == 1, {&distance, {}}, name);
+  }
+  return check.close();
+}
+
+bool check_batches(const std::string& path) {
+  const bool same = check_batch(path);
+  return check_batch_refusals(path) && same;
+}
+
 struct NamedCheck {
   std::string name;
   bool (*run)(const std::string& path);
@@ -227,7 +362,7 @@ struct NamedCheck {
 
 const std::vector<NamedCheck> checks = {
     {"hostile", check_hostile},   {"unaligned", check_unaligned}, {"overlap", check_overlap},
-    {"order", check_order},
+    {"order", check_order},       {"batch", check_batches},
 #ifndef _WIN32
     {"page-end", check_page_end}, {"threads", check_threads},     {"relay", check_relay},
 #endif

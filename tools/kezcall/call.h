@@ -103,6 +103,9 @@ enum class Memory {
   unaligned,  // one byte behind an address that is right for its type
 };
 
+// A host's routine that returns these values, until the next call in this thread.
+void* callback_that_returns(std::span<const Word> values);
+
 // Calls the routine at `entry`. On 32-bit x86 the stack pointer is `stack_offset` (0, 4, 8 or 12)
 // bytes above a multiple of 16 at the call; elsewhere the offset is the compiler's business and
 // both counts are 0. Threads may call at the same time.

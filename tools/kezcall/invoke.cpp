@@ -24,12 +24,20 @@ callback(const std::int32_t* index) {
   return std::bit_cast<float>(callback_values[static_cast<std::size_t>(*index) - 1]);
 }
 
+}  // namespace
+
+void* callback_that_returns(std::span<const Word> values) {
+  callback_values = values;
+  return reinterpret_cast<void*>(&callback);
+}
+
+namespace {
+
 std::vector<void*> addresses(const Arguments& arguments, const Placed& placed) {
   std::vector<void*> result;
   for (std::size_t i = 0; i < arguments.routine().arguments.size(); ++i) {
     if (arguments.routine().arguments[i].kind == Kind::callback) {
-      callback_values = arguments.given(i);
-      result.push_back(reinterpret_cast<void*>(&callback));
+      result.push_back(callback_that_returns(arguments.given(i)));
     } else {
       result.push_back(placed.address(i));
     }

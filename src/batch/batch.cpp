@@ -1,0 +1,74 @@
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+#include <utility>
+
+#include "../frame/arguments.h"
+#include "kezbatch.h"
+
+namespace {
+
+// Once for all routines that take as many arguments. Addresses are integers here: behind the last
+// call they may lead anywhere.
+template <std::size_t... i, typename... Argument>
+[[gnu::noinline]] void call_each(std::int32_t count, void* const* address,
+                                 const std::intptr_t* step, std::index_sequence<i...>,
+                                 void(KEZ_CALL* routine)(Argument...)) {
+  std::uintptr_t at[] = {reinterpret_cast<std::uintptr_t>(address[i])...};
+  for (; count > 0; --count) {
+    routine(reinterpret_cast<Argument>(at[i])...);
+    ((at[i] += static_cast<std::uintptr_t>(step[i])), ...);
+  }
+}
+
+template <typename... Argument>
+constexpr std::size_t arguments_of(void(KEZ_CALL*)(Argument...)) {
+  return sizeof...(Argument);
+}
+
+template <auto routine>
+void calls_of(std::int32_t count, void* const* address, const std::intptr_t* step) {
+  call_each(count, address, step, std::make_index_sequence<arguments_of(routine)>(), routine);
+}
+
+// The name stands in the table, which then has one address a routine for the loader to set.
+struct Routine {
+  std::array<char, 12> name;
+  std::int32_t arguments;
+  void (*calls)(std::int32_t, void* const*, const std::intptr_t*);
+
+  constexpr std::string_view view() const { return {name.data()}; }
+};
+
+template <auto routine, std::size_t size>
+constexpr Routine described(const char (&name)[size]) {
+  Routine result{{}, arguments_of(routine), calls_of<routine>};
+  static_assert(size <= result.name.size());
+  std::ranges::copy(name, result.name.begin());
+  return result;
+}
+
+constexpr Routine routines[] = {
+#define KEZ_ROUTINE(name) described<name>(#name),
+#include "routines.inc"
+};
+static_assert(std::ranges::is_sorted(routines, {}, &Routine::view));
+
+}  // namespace
+
+extern "C" void KEZ_CALL kezbatch(const char* routine, const int32_t* arguments,
+                                  const int32_t* count, void* const address[],
+                                  const intptr_t step[], int32_t* status) {
+  const std::string_view name = routine;
+  const Routine* found = std::ranges::lower_bound(routines, name, {}, &Routine::view);
+  if (found == std::end(routines) || found->view() != name) {
+    *status = 1;
+  } else if (found->arguments != *arguments) {
+    *status = 2;
+  } else {
+    found->calls(*count, address, step);
+    *status = 0;
+  }
+}
