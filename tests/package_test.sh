@@ -34,6 +34,7 @@ mv installed "$prefix"
 # What a host gets, and nothing else.
 sort >expected <<END
 bin/kezcall
+include/kezbatch.h
 include/kezlib.h
 $libdir/cmake/KezLib/KezLibConfig.cmake
 $libdir/cmake/KezLib/KezLibConfigVersion.cmake
