@@ -16,24 +16,24 @@ namespace {
 struct Bisector {
   float dx, dy, k;
 
-  float y_at(float x) const noexcept { return (k - 2 * dx * x) / dy * 0.5f; }
+  float y_at(float x) const { return (k - 2 * dx * x) / dy * 0.5f; }
 };
 
-ArcCentres centres_over_level_chord(Vec2 p, Bisector bisector, float radius) noexcept {
+ArcCentres centres_over_level_chord(Vec2 p, Bisector bisector, float radius) {
   const float x = bisector.k / bisector.dx * 0.5f;
   const float h = square_root(radius * radius - (p.x - x) * (p.x - x));
   return {CentreStatus::none_or_level_chord, {x, p.y - h}, {x, p.y + h}, std::nullopt};
 }
 
 // (x - p.x)^2 + (y - p.y)^2 = radius^2 with y from the bisector.
-Quadratic equation_of_centres(Vec2 p, Bisector bisector, float radius) noexcept {
+Quadratic equation_of_centres(Vec2 p, Bisector bisector, float radius) {
   const auto [dx, dy, k] = bisector;
   const float slope = dx / dy;
   return {slope * slope + 1, -2 * p.x - dx * k / (dy * dy) + 2 * p.y * dx / dy,
           k * k / (dy * dy) * 0.25f - p.y * k / dy - radius * radius + p.x * p.x + p.y * p.y};
 }
 
-std::optional<ArcCentres> centres_over_chord(Vec2 p, Bisector bisector, float radius) noexcept {
+std::optional<ArcCentres> centres_over_chord(Vec2 p, Bisector bisector, float radius) {
   const Quadratic equation = equation_of_centres(p, bisector, radius);
   const float discriminant = equation.discriminant();
   // Unlike a line that touches a circle: below zero there is no centre however little it is.
@@ -49,7 +49,7 @@ std::optional<ArcCentres> centres_over_chord(Vec2 p, Bisector bisector, float ra
 }
 
 // The second test overrides the first, and with centres that are not numbers neither holds.
-std::optional<Vec2> choose(Line chord, Vec2 first, Vec2 second, float sense) noexcept {
+std::optional<Vec2> choose(Line chord, Vec2 first, Vec2 second, float sense) {
   std::optional<Vec2> chosen;
   if (std::isgreaterequal(signed_distance(first, chord) * sense, 0.0f)) chosen = first;
   if (std::isgreater(signed_distance(second, chord) * sense, 0.0f)) chosen = second;
@@ -58,7 +58,7 @@ std::optional<Vec2> choose(Line chord, Vec2 first, Vec2 second, float sense) noe
 
 }  // namespace
 
-std::optional<ArcCentres> arc_centres(Vec2 p, Vec2 q, std::int32_t sense, float radius) noexcept {
+std::optional<ArcCentres> arc_centres(Vec2 p, Vec2 q, std::int32_t sense, float radius) {
   const Vec2 chord = q - p;
   if (is_exactly_zero(chord) || radius <= tolerance) return std::nullopt;
   const Bisector bisector = {chord.x, chord.y, -(p.x * p.x + p.y * p.y) + q.x * q.x + q.y * q.y};
@@ -71,7 +71,7 @@ std::optional<ArcCentres> arc_centres(Vec2 p, Vec2 q, std::int32_t sense, float 
   return centres;
 }
 
-std::optional<RisenArc> arc_by_rise(Vec2 p, Vec2 q, std::int32_t sense, float rise) noexcept {
+std::optional<RisenArc> arc_by_rise(Vec2 p, Vec2 q, std::int32_t sense, float rise) {
   if (rise < tolerance) return std::nullopt;
   // Centre, crown and an end of the arc make an isosceles triangle with the angle theta at the
   // crown, so that half the chord is radius sin(pi - 2 theta).

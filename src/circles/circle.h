@@ -11,7 +11,7 @@
 
 namespace kez {
 
-inline Circle circle_about(Vec2 centre, float radius) noexcept {
+inline Circle circle_about(Vec2 centre, float radius) {
   return {-2 * centre.x, -2 * centre.y,
           centre.x * centre.x + centre.y * centre.y - radius * radius};
 }
@@ -29,7 +29,7 @@ struct Roots {
   float first, second;
 };
 
-inline Roots solve(Quadratic equation) noexcept {
+inline Roots solve(Quadratic equation) {
   const float discriminant = equation.discriminant();
   if (equal(discriminant, 0)) return {1, equation.double_root(), 0};
   if (discriminant < 0) return {0, 0, 0};
@@ -37,7 +37,7 @@ inline Roots solve(Quadratic equation) noexcept {
   return {2, equation.first_root(s), equation.second_root(s)};
 }
 
-inline Crossings intersect_line_circle(Line line, Circle circle) noexcept {
+inline Crossings intersect_line_circle(Line line, Circle circle) {
   const float a = line.a, b = line.b, c = line.c;
   const float d = circle.d, e = circle.e, f = circle.f;
 
@@ -55,7 +55,7 @@ inline Crossings intersect_line_circle(Line line, Circle circle) noexcept {
   return {roots.count, {roots.first, y}, {roots.second, y}};
 }
 
-inline Crossings intersect_circles(Circle p, Circle q) noexcept {
+inline Crossings intersect_circles(Circle p, Circle q) {
   const Line radical = {q.d - p.d, q.e - p.e, q.f - p.f};
   if (std::fabs(radical.a) + std::fabs(radical.b) <= tolerance) return {};
   return intersect_line_circle(radical, p);

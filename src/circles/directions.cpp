@@ -9,14 +9,14 @@
 
 namespace kez {
 
-float direction_angle(Vec2 v) noexcept {
+float direction_angle(Vec2 v) {
   const float phi = vertex_angle(Vec2{0, 0}, {1, 0}, v);
   return non_zero(v.y) ? phi * v.y / std::fabs(v.y) : phi;
 }
 
 // The angle at a vertex never exceeds pi, so that the sum falls short of (n - 2) pi where a vertex
 // is reflex. The tolerance does not grow with the number of vertices.
-Convexity judge_convexity(const PlanePoints& outline) noexcept {
+Convexity judge_convexity(const PlanePoints& outline) {
   const std::size_t n = close_outline(outline);
   if (n == 0) return Convexity::not_convex;
   float sum = vertex_angle(outline[0], outline[n - 1], outline[1]);
@@ -27,7 +27,7 @@ Convexity judge_convexity(const PlanePoints& outline) noexcept {
   return equal(sum, expected) ? Convexity::convex : Convexity::not_convex;
 }
 
-Feet drop_perpendiculars(Vec3 before, Vec3 first, Vec3 second, Vec3 after) noexcept {
+Feet drop_perpendiculars(Vec3 before, Vec3 first, Vec3 second, Vec3 after) {
   const Line line = line_through({first.x, first.y}, {second.x, second.y});
   const auto height = [line](Vec3 p) { return std::fabs(signed_distance({p.x, p.y}, line)); };
   const auto leg = [](float hypotenuse, float other) {

@@ -44,7 +44,7 @@ constinit RegionReport region_report;
 
 // When the library is unloaded. Should a report be needed still later, while the process ends, it
 // is opened again.
-[[gnu::destructor]] void close_report() noexcept {
+[[gnu::destructor]] void close_report() {
   region_report.close();
 }
 

@@ -11,7 +11,7 @@
 
 namespace kez {
 
-std::optional<ArcLengths> divide_circle(Vec2 centre, Vec2 p, Vec2 q) noexcept {
+std::optional<ArcLengths> divide_circle(Vec2 centre, Vec2 p, Vec2 q) {
   const float r = distance(centre, p);
   if (r <= tolerance || distance(p, q) <= tolerance) return std::nullopt;
   const float arc = vertex_angle(centre, p, q) * r;
@@ -23,7 +23,7 @@ namespace {
 // Four neighbours in a list, for a processor that computes with them at once.
 using Four = float __attribute__((vector_size(16)));
 
-Four four_from(const float* first) noexcept {
+Four four_from(const float* first) {
   Four four;
   std::memcpy(&four, first, sizeof four);
   return four;
@@ -33,7 +33,7 @@ Four four_from(const float* first) noexcept {
 // area integrals. Every fourth edge has its own partial sum, in a fixed order: every build rounds
 // alike.
 template <std::size_t count, typename Terms>
-std::array<float, count> sum_over_edges(const ConstPlanePoints& outline, Terms terms) noexcept {
+std::array<float, count> sum_over_edges(const ConstPlanePoints& outline, Terms terms) {
   std::array<float, count> sums{};
   if (outline.size() == 0) return sums;
   const float *const xs = outline.xs(), *const ys = outline.ys();
@@ -58,7 +58,7 @@ std::array<float, count> sum_over_edges(const ConstPlanePoints& outline, Terms t
 
 }  // namespace
 
-float polygon_area(const PlanePoints& outline) noexcept {
+float polygon_area(const PlanePoints& outline) {
   close_outline(outline);
   const auto terms = [](auto px, auto py, auto qx, auto qy) {
     return std::array{(qy - py) * (qx + px)};
@@ -66,7 +66,7 @@ float polygon_area(const PlanePoints& outline) noexcept {
   return 0.5f * sum_over_edges<1>(outline, terms)[0];
 }
 
-FirstMoments polygon_first_moments(const PlanePoints& outline) noexcept {
+FirstMoments polygon_first_moments(const PlanePoints& outline) {
   close_outline(outline);
   const auto terms = [](auto px, auto py, auto qx, auto qy) {
     return std::array{(px - qx) * ((qy + py) * qy + py * py),
@@ -76,7 +76,7 @@ FirstMoments polygon_first_moments(const PlanePoints& outline) noexcept {
   return {about_x / 6, about_y / 6};
 }
 
-SecondMoments polygon_second_moments(const PlanePoints& outline) noexcept {
+SecondMoments polygon_second_moments(const PlanePoints& outline) {
   close_outline(outline);
   const auto terms = [](auto px, auto py, auto qx, auto qy) {
     const auto dy = qy - py, sx = px + qx, sy = py + qy, px2 = px * px, qx2 = qx * qx;
@@ -94,18 +94,18 @@ struct Sector {
   float r, phi;
 
   // Of a circle of radius 1.
-  float twice_unit_area() const noexcept { return phi - std::sin(phi); }
-  float area() const noexcept { return r * r * twice_unit_area() * 0.5f; }
+  float twice_unit_area() const { return phi - std::sin(phi); }
+  float area() const { return r * r * twice_unit_area() * 0.5f; }
 };
 
-Sector sector(Vec2 centre, Vec2 p, Vec2 q, Figure figure) noexcept {
+Sector sector(Vec2 centre, Vec2 p, Vec2 q, Figure figure) {
   const float phi = vertex_angle(centre, p, q);
   return {distance(centre, p), figure == Figure::complement ? 2 * pi - phi : phi};
 }
 
 }  // namespace
 
-PlacedArea circular_segment(Vec2 centre, Vec2 p, Vec2 q, Figure figure) noexcept {
+PlacedArea circular_segment(Vec2 centre, Vec2 p, Vec2 q, Figure figure) {
   const Sector part = sector(centre, p, q, figure);
   const float half_sine = std::sin(part.phi / 2);
 
@@ -120,7 +120,7 @@ PlacedArea circular_segment(Vec2 centre, Vec2 p, Vec2 q, Figure figure) noexcept
   return {part.area(), Vec2{chord.a / norm * offset, chord.b / norm * offset} + centre};
 }
 
-std::size_t points_used(Figure figure, std::int32_t n) noexcept {
+std::size_t points_used(Figure figure, std::int32_t n) {
   switch (figure) {
     case Figure::area_at_point:
       return 1;
@@ -138,8 +138,7 @@ std::size_t points_used(Figure figure, std::int32_t n) noexcept {
 namespace {
 
 // All figures but the polygon, whose moments come without its centroid.
-std::optional<PlacedArea> place_area(Figure figure, const ConstPlanePoints& points,
-                                     float stated) noexcept {
+std::optional<PlacedArea> place_area(Figure figure, const ConstPlanePoints& points, float stated) {
   switch (figure) {
     case Figure::area_at_point:
       return PlacedArea{stated, points[0]};
@@ -156,7 +155,7 @@ std::optional<PlacedArea> place_area(Figure figure, const ConstPlanePoints& poin
   return std::nullopt;
 }
 
-float area_of(Figure figure, const PlanePoints& points, float stated, float otherwise) noexcept {
+float area_of(Figure figure, const PlanePoints& points, float stated, float otherwise) {
   // A stated area needs no point: a host may pass lists that have none.
   if (figure == Figure::area_at_point) return stated;
   if (figure == Figure::polygon) return polygon_area(points);
@@ -169,7 +168,7 @@ float area_of(Figure figure, const PlanePoints& points, float stated, float othe
 }
 
 FirstMoments first_moments_of(Figure figure, const PlanePoints& points, float stated,
-                              FirstMoments otherwise) noexcept {
+                              FirstMoments otherwise) {
   if (figure == Figure::polygon) return polygon_first_moments(points);
   const auto placed = place_area(figure, points, stated);
   if (!placed) return otherwise;
@@ -179,12 +178,12 @@ FirstMoments first_moments_of(Figure figure, const PlanePoints& points, float st
 }  // namespace
 
 float figure_area(Figure figure, const PlanePoints& points, float stated, float factor,
-                  float otherwise) noexcept {
+                  float otherwise) {
   return area_of(figure, points, stated, otherwise) * factor;
 }
 
 FirstMoments figure_first_moments(Figure figure, const PlanePoints& points, float stated,
-                                  float factor, FirstMoments otherwise) noexcept {
+                                  float factor, FirstMoments otherwise) {
   const FirstMoments moments = first_moments_of(figure, points, stated, otherwise);
   return {moments.x * factor, factor * moments.y};
 }

@@ -16,7 +16,7 @@ struct ArcLengths {
 };
 
 // The arcs into which the rays to p and q divide the circle through p.
-std::optional<ArcLengths> divide_circle(Vec2 centre, Vec2 p, Vec2 q) noexcept;
+std::optional<ArcLengths> divide_circle(Vec2 centre, Vec2 p, Vec2 q);
 
 struct FirstMoments {
   float x, y;  // about the x axis: the integral of y; about the y axis: that of x
@@ -28,9 +28,9 @@ struct SecondMoments {
 
 // Of an outline, which is closed first. Positive for counter-clockwise ones, so that holes given
 // clockwise subtract.
-float polygon_area(const PlanePoints& outline) noexcept;
-FirstMoments polygon_first_moments(const PlanePoints& outline) noexcept;
-SecondMoments polygon_second_moments(const PlanePoints& outline) noexcept;
+float polygon_area(const PlanePoints& outline);
+FirstMoments polygon_first_moments(const PlanePoints& outline);
+SecondMoments polygon_second_moments(const PlanePoints& outline);
 
 struct PlacedArea {
   float area;
@@ -40,15 +40,15 @@ struct PlacedArea {
 // What the chord from p to q cuts from the circle about `centre` through p: the complement, or for
 // any other figure the segment of the smaller angle. Where the chord is a diameter, the centroid is
 // not a number, or on either side.
-PlacedArea circular_segment(Vec2 centre, Vec2 p, Vec2 q, Figure figure) noexcept;
+PlacedArea circular_segment(Vec2 centre, Vec2 p, Vec2 q, Figure figure);
 
 // Points that a figure takes of its list: a polygon of n vertices one more than n.
-std::size_t points_used(Figure figure, std::int32_t n) noexcept;
+std::size_t points_used(Figure figure, std::int32_t n);
 
 // The list holds points_used() points. What is no figure gives `otherwise`, times the factor too.
 float figure_area(Figure figure, const PlanePoints& points, float stated, float factor,
-                  float otherwise) noexcept;
+                  float otherwise);
 FirstMoments figure_first_moments(Figure figure, const PlanePoints& points, float stated,
-                                  float factor, FirstMoments otherwise) noexcept;
+                                  float factor, FirstMoments otherwise);
 
 }  // namespace kez

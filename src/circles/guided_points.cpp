@@ -15,38 +15,38 @@ namespace {
 // What must be left of lengths on site, in the caller's units; independent of the tolerance.
 constexpr float clearance = 0.001f;
 
-Vec2 measured_point(const Guide& guide, float t) noexcept {
+Vec2 measured_point(const Guide& guide, float t) {
   // A guide longer than the clearance has no coinciding ends.
   return point_along(guide.start, guide.end, t).value_or(Vec2{});
 }
 
-Line across_guide(const Guide& guide, Vec2 p) noexcept {
+Line across_guide(const Guide& guide, Vec2 p) {
   const Line along = line_through(guide.start, guide.end);
   return line_in_direction(p, {along.a, along.b});
 }
 
-void refresh(KeptCrossings& kept, const Crossings& found) noexcept {
+void refresh(KeptCrossings& kept, const Crossings& found) {
   if (found.count >= 1) kept.first = found.first;
   if (found.count == 2) kept.second = found.second;
 }
 
 // Deliberate: the number of crossings is not looked at, and kept ones serve (kezcer6).
 Vec2 cross_circle(const Guide& guide, float radius, Line line, std::int32_t sense,
-                  KeptCrossings& kept) noexcept {
+                  KeptCrossings& kept) {
   refresh(kept, intersect_line_circle(line, circle_about(guide.centre, radius)));
   const float side = cross(guide.start - guide.centre, kept.first - guide.centre);
   return std::isless(static_cast<float>(sense) * side, 0.0f) ? kept.first : kept.second;
 }
 
 // Written as what is refused: a value that is not a number passes.
-bool can_measure(float radius, float d, float l) noexcept {
+bool can_measure(float radius, float d, float l) {
   return !(radius <= clearance || d <= clearance || l <= clearance || d - l <= clearance);
 }
 
 }  // namespace
 
 std::optional<Vec2> carry_along_ray(const Guide& guide, std::int32_t sense, float l,
-                                    KeptCrossings& kept) noexcept {
+                                    KeptCrossings& kept) {
   const float radius = distance(guide.start, guide.centre), d = distance(guide.end, guide.start);
   // Deliberate: a length equal to the diameter is refused whatever the guide's direction (kezcer6).
   if (!can_measure(radius, d, l) || std::fabs(l - radius - radius) < clearance) return std::nullopt;
@@ -55,7 +55,7 @@ std::optional<Vec2> carry_along_ray(const Guide& guide, std::int32_t sense, floa
 }
 
 std::optional<Vec2> carry_across(const Guide& guide, std::int32_t sense, float l,
-                                 KeptCrossings& kept) noexcept {
+                                 KeptCrossings& kept) {
   const float radius = distance(guide.start, guide.centre), d = distance(guide.end, guide.start);
   if (!can_measure(radius, d, l)) return std::nullopt;
   return cross_circle(guide, radius, across_guide(guide, measured_point(guide, l / d)), sense,
@@ -63,7 +63,7 @@ std::optional<Vec2> carry_across(const Guide& guide, std::int32_t sense, float l
 }
 
 std::optional<Opening> carry_opening_across(const Guide& guide, std::int32_t sense, float l,
-                                            float w, KeptOpening& kept) noexcept {
+                                            float w, KeptOpening& kept) {
   const float radius = distance(guide.start, guide.centre), d = distance(guide.end, guide.start);
   if (!can_measure(radius, d, l) || w <= clearance) return std::nullopt;
   // Strict, unlike the others: an opening may come as near to an end as the clearance.
@@ -77,13 +77,13 @@ std::optional<Opening> carry_opening_across(const Guide& guide, std::int32_t sen
 
 namespace {
 
-bool has_frame(const Guide& guide) noexcept {
+bool has_frame(const Guide& guide) {
   return !(distance(guide.start, guide.centre) <= tolerance ||
            distance(guide.end, guide.start) <= tolerance);
 }
 
 // The start becomes the origin, and the end comes to the positive x axis.
-LocalFrame frame_of(const Guide& guide) noexcept {
+LocalFrame frame_of(const Guide& guide) {
   const Vec2 v = guide.end - guide.start;
   const float angle = vertex_angle(Vec2{0, 0}, {1, 0}, v);
   return {guide.start, v.y < 0 ? -angle : angle};
@@ -91,16 +91,16 @@ LocalFrame frame_of(const Guide& guide) noexcept {
 
 }  // namespace
 
-Guide to_local(const LocalFrame& frame, const Guide& guide) noexcept {
+Guide to_local(const LocalFrame& frame, const Guide& guide) {
   return {frame.to_local(guide.centre), frame.to_local(guide.start), frame.to_local(guide.end)};
 }
 
-Guide to_global(const LocalFrame& frame, const Guide& guide) noexcept {
+Guide to_global(const LocalFrame& frame, const Guide& guide) {
   return {frame.to_global(guide.centre), frame.to_global(guide.start), frame.to_global(guide.end)};
 }
 
 std::optional<GuidedPoint> carry_at_angle(const Guide& guide, float l, float theta,
-                                          Vec2& kept_result) noexcept {
+                                          Vec2& kept_result) {
   if (!has_frame(guide)) return std::nullopt;
   const auto measured = point_along(guide.start, guide.end, l / distance(guide.end, guide.start));
   if (!measured) return std::nullopt;
@@ -124,7 +124,7 @@ std::optional<GuidedPoint> carry_at_angle(const Guide& guide, float l, float the
 }
 
 std::optional<GuideMeeting> meet_guide(const Guide& guide, float dphi, float theta,
-                                       Vec2& kept_meeting) noexcept {
+                                       Vec2& kept_meeting) {
   if (!has_frame(guide)) return std::nullopt;
   // The rotated point is there wherever the radius is longer than the tolerance.
   const Vec2 rotated = rotate_about(guide.centre, guide.start, dphi).point.value_or(guide.start);

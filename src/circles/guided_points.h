@@ -15,8 +15,8 @@ struct Guide {
   Vec2 centre, start, end;
 };
 
-Guide to_local(const LocalFrame& frame, const Guide& guide) noexcept;
-Guide to_global(const LocalFrame& frame, const Guide& guide) noexcept;
+Guide to_local(const LocalFrame& frame, const Guide& guide);
+Guide to_global(const LocalFrame& frame, const Guide& guide);
 
 // The last two crossings with a circle. A line that misses the circle refreshes neither and one
 // that touches it only the first; what is left of earlier ones is used as if it were found now.
@@ -28,9 +28,9 @@ struct KeptCrossings {
 // square to the guide. The sign of `sense` chooses the crossing. None where the guide, the circle
 // or the measured part is too short, or too little of the guide is left.
 std::optional<Vec2> carry_along_ray(const Guide& guide, std::int32_t sense, float l,
-                                    KeptCrossings& kept) noexcept;
+                                    KeptCrossings& kept);
 std::optional<Vec2> carry_across(const Guide& guide, std::int32_t sense, float l,
-                                 KeptCrossings& kept) noexcept;
+                                 KeptCrossings& kept);
 
 struct Opening {
   Vec2 first, second;
@@ -43,7 +43,7 @@ struct KeptOpening {
 // The edges of an opening of width w whose middle is measured `l` along the guide, both carried
 // across.
 std::optional<Opening> carry_opening_across(const Guide& guide, std::int32_t sense, float l,
-                                            float w, KeptOpening& kept) noexcept;
+                                            float w, KeptOpening& kept);
 
 // A construction in the guide's frame: the result, and the guide after the way there and back.
 struct GuidedPoint {
@@ -54,7 +54,7 @@ struct GuidedPoint {
 // The point measured `l` along the guide, carried to the circle at the angle theta to the guide.
 // Where that line misses the circle, the kept result is carried back in place of a crossing.
 std::optional<GuidedPoint> carry_at_angle(const Guide& guide, float l, float theta,
-                                          Vec2& kept_result) noexcept;
+                                          Vec2& kept_result);
 
 struct GuideMeeting {
   Meeting status;
@@ -65,6 +65,6 @@ struct GuideMeeting {
 // Parallel and coinciding lines leave the meeting point kept, in the frame of the guide where it
 // was found, and it is taken for this guide's.
 std::optional<GuideMeeting> meet_guide(const Guide& guide, float dphi, float theta,
-                                       Vec2& kept_meeting) noexcept;
+                                       Vec2& kept_meeting);
 
 }  // namespace kez

@@ -11,7 +11,7 @@ namespace kez {
 namespace {
 
 // From 0 to 2 pi.
-float polar_angle(Vec2 v) noexcept {
+float polar_angle(Vec2 v) {
   // A negative zero would turn the quotient's sign, and the point to the other side.
   const float x = v.x + 0.0f;
   const float phi = std::atan(quotient(v.y, x));
@@ -21,7 +21,7 @@ float polar_angle(Vec2 v) noexcept {
 
 }  // namespace
 
-RotatedPoint rotate_about(Vec2 centre, Vec2 p, float angle) noexcept {
+RotatedPoint rotate_about(Vec2 centre, Vec2 p, float angle) {
   const Vec2 v = p - centre;
   const float r = length(v);
   if (r <= tolerance) return {std::nullopt, v};

@@ -11,10 +11,10 @@ namespace kez {
 // The frame about `origin` whose x axis stands at `angle` to the global one.
 class LocalFrame {
  public:
-  LocalFrame(Vec2 origin, float angle) noexcept : origin_(origin), rotation_(rotation_by(angle)) {}
+  LocalFrame(Vec2 origin, float angle) : origin_(origin), rotation_(rotation_by(angle)) {}
 
-  Vec2 to_local(Vec2 p) const noexcept { return rotate(inverse(rotation_), p - origin_); }
-  Vec2 to_global(Vec2 p) const noexcept { return rotate(rotation_, p) + origin_; }
+  Vec2 to_local(Vec2 p) const { return rotate(inverse(rotation_), p - origin_); }
+  Vec2 to_global(Vec2 p) const { return rotate(rotation_, p) + origin_; }
 
  private:
   Vec2 origin_;
@@ -28,6 +28,6 @@ struct RotatedPoint {
   Vec2 given;
 };
 
-RotatedPoint rotate_about(Vec2 centre, Vec2 p, float angle) noexcept;
+RotatedPoint rotate_about(Vec2 centre, Vec2 p, float angle);
 
 }  // namespace kez

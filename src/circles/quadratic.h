@@ -9,14 +9,14 @@ namespace kez {
 struct Quadratic {
   float k2, k1, k0;
 
-  float discriminant() const noexcept { return k1 * k1 - k2 * 4 * k0; }
+  float discriminant() const { return k1 * k1 - k2 * 4 * k0; }
 
   // Where the discriminant counts as zero.
-  float double_root() const noexcept { return -quotient(k1, k2) * 0.5f; }
+  float double_root() const { return -quotient(k1, k2) * 0.5f; }
 
   // s is the square root of the discriminant.
-  float first_root(float s) const noexcept { return (s - k1) / k2 * 0.5f; }
-  float second_root(float s) const noexcept { return -(k1 + s) / k2 * 0.5f; }
+  float first_root(float s) const { return (s - k1) / k2 * 0.5f; }
+  float second_root(float s) const { return -(k1 + s) / k2 * 0.5f; }
 };
 
 }  // namespace kez

@@ -4,7 +4,7 @@
 
 namespace kez {
 
-RegionFinding find_region(Vec2 centre, Vec2 p, Line line) noexcept {
+RegionFinding find_region(Vec2 centre, Vec2 p, Line line) {
   const Crossings crossings =
       intersect_line_circle(line, circle_about(centre, distance(centre, p)));
   // A centre on the axis counts as negative where the line misses and as positive where it cuts.

@@ -21,6 +21,6 @@ struct RegionFinding {
 };
 
 // The circle about `centre` through p.
-RegionFinding find_region(Vec2 centre, Vec2 p, Line line) noexcept;
+RegionFinding find_region(Vec2 centre, Vec2 p, Line line);
 
 }  // namespace kez

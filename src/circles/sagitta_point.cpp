@@ -13,12 +13,12 @@ namespace kez {
 namespace {
 
 // Between ends that coincide, the first.
-Vec2 point_between(Vec2 p, Vec2 q, float t) noexcept {
+Vec2 point_between(Vec2 p, Vec2 q, float t) {
   return point_along(p, q, t).value_or(p);
 }
 
 // The point at the height h over the chord's midpoint, towards the middle of the arc.
-Vec2 raised_point(const Guide& chord, std::int32_t sense, float h) noexcept {
+Vec2 raised_point(const Guide& chord, std::int32_t sense, float h) {
   const Vec2 foot = midpoint(chord.start, chord.end);
   const float phi = vertex_angle(chord.centre, chord.start, chord.end);
   const float half_arc = static_cast<float>(sense) * phi * -0.5f;
@@ -29,7 +29,7 @@ Vec2 raised_point(const Guide& chord, std::int32_t sense, float h) noexcept {
 }  // namespace
 
 std::optional<GuidedPoint> point_over_sagitta(const Guide& chord, float l, std::int32_t sense,
-                                              float h, Vec2& kept_result) noexcept {
+                                              float h, Vec2& kept_result) {
   if (l < 0 || h <= tolerance) return std::nullopt;
   const float radius = distance(chord.start, chord.centre), d = distance(chord.end, chord.start);
   if (radius <= tolerance || d <= tolerance || d - l <= tolerance) return std::nullopt;

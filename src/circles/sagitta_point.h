@@ -12,6 +12,6 @@ namespace kez {
 // above its midpoint, on the side that the sign of `sense` gives. Where that line misses the
 // circle, the kept result is carried back in place of a crossing.
 std::optional<GuidedPoint> point_over_sagitta(const Guide& chord, float l, std::int32_t sense,
-                                              float h, Vec2& kept_result) noexcept;
+                                              float h, Vec2& kept_result);
 
 }  // namespace kez

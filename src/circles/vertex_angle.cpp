@@ -11,7 +11,7 @@ namespace kez {
 
 namespace {
 
-bool foot_behind_vertex(Vec2 vertex, Vec2 p, Line ray, Vec2 point) noexcept {
+bool foot_behind_vertex(Vec2 vertex, Vec2 p, Line ray, Vec2 point) {
   const LineMeeting foot = intersect_lines(ray, line_in_direction(point, {ray.a, ray.b}));
   return foot.status == Meeting::one_point &&
          position_on_segment(Segment{vertex, p}, foot.point) == Position::before_first;
@@ -20,7 +20,7 @@ bool foot_behind_vertex(Vec2 vertex, Vec2 p, Line ray, Vec2 point) noexcept {
 }  // namespace
 
 void locate_in_angle(Vec2 vertex, Vec2 p, Vec2 q, const ConstPlanePoints& points,
-                     std::span<std::int32_t> flags) noexcept {
+                     std::span<std::int32_t> flags) {
   if (equal(vertex_angle(vertex, p, q), 0)) {
     std::fill(flags.begin(), flags.end(), code_of(AngleClass::none));
     return;

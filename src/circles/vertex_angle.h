@@ -15,6 +15,6 @@ enum class AngleClass : std::int32_t { none = -1, first = 1, second = 2 };
 // the first line does not lie behind the vertex, else `second`; `none` for all where the rays
 // coincide or one has no length.
 void locate_in_angle(Vec2 vertex, Vec2 p, Vec2 q, const ConstPlanePoints& points,
-                     std::span<std::int32_t> flags) noexcept;
+                     std::span<std::int32_t> flags);
 
 }  // namespace kez

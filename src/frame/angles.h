@@ -12,28 +12,28 @@
 namespace kez {
 
 template <typename Vector>
-bool both_long(Vector u, Vector w) noexcept {
+bool both_long(Vector u, Vector w) {
   return length(u) > tolerance && length(w) > tolerance;
 }
 
 // 0 where a vector is no longer than the tolerance. The cosine is not clamped: exactly parallel
 // vectors may round past 1, and the angle is then not a number.
 template <typename Vector>
-float angle(Vector u, Vector w) noexcept {
+float angle(Vector u, Vector w) {
   return both_long(u, w) ? arc_cosine(cosine(u, w)) : 0.0f;
 }
 
 // At a vertex, between the rays to p and q.
 template <typename Point>
-float vertex_angle(Point vertex, Point p, Point q) noexcept {
+float vertex_angle(Point vertex, Point p, Point q) {
   return angle(p - vertex, q - vertex);
 }
 
 // Between two lines whatever their orientation, 0 to pi/2; none where a vector is too short.
-std::optional<float> line_angle(Vec3 u, Vec3 w) noexcept;
+std::optional<float> line_angle(Vec3 u, Vec3 w);
 
 // Between the projections of two vectors on the y-z, x-z and x-y planes.
-Vec3 projected_angles(Vec3 u, Vec3 w) noexcept;
+Vec3 projected_angles(Vec3 u, Vec3 w);
 
 enum class DirectionRelation : std::int32_t {
   oblique = 0,
@@ -43,7 +43,7 @@ enum class DirectionRelation : std::int32_t {
   null = 4,
 };
 
-inline DirectionRelation relate_directions(Vec3 u, Vec3 w) noexcept {
+inline DirectionRelation relate_directions(Vec3 u, Vec3 w) {
   const CosineSquare square = cosine_square(u, w);
   if (square.is_clear_of_one() && square.is_clear_of_zero()) return DirectionRelation::oblique;
   if (is_null(u) || is_null(w)) return DirectionRelation::null;
@@ -65,7 +65,7 @@ enum class LineRelation : std::int32_t {
   undefined = 7,
 };
 
-LineRelation relate_lines(Segment<Vec3> first, Segment<Vec3> second) noexcept;
+LineRelation relate_lines(Segment<Vec3> first, Segment<Vec3> second);
 
 enum class PlaneRelation : std::int32_t {
   intersecting = 0,
@@ -77,6 +77,6 @@ enum class PlaneRelation : std::int32_t {
   null_normal = 6,
 };
 
-PlaneRelation relate_planes(Plane p, Plane q) noexcept;
+PlaneRelation relate_planes(Plane p, Plane q);
 
 }  // namespace kez

@@ -21,59 +21,59 @@
 
 namespace kez {
 
-inline Vec2 load(const float* x, const float* y) noexcept {
+inline Vec2 load(const float* x, const float* y) {
   return {*x, *y};
 }
 
-inline Vec3 load(const float* x, const float* y, const float* z) noexcept {
+inline Vec3 load(const float* x, const float* y, const float* z) {
   return {*x, *y, *z};
 }
 
 inline Segment<Vec3> load_segment(const float* x1, const float* y1, const float* z1,
-                                  const float* x2, const float* y2, const float* z2) noexcept {
+                                  const float* x2, const float* y2, const float* z2) {
   return {load(x1, y1, z1), load(x2, y2, z2)};
 }
 
 // From the first end of a segment to its second.
 inline Vec3 load_vector(const float* x1, const float* y1, const float* z1, const float* x2,
-                        const float* y2, const float* z2) noexcept {
+                        const float* y2, const float* z2) {
   return load_segment(x1, y1, z1, x2, y2, z2).vector();
 }
 
-inline Line load_line(const float* a, const float* b, const float* c) noexcept {
+inline Line load_line(const float* a, const float* b, const float* c) {
   return {*a, *b, *c};
 }
 
-inline Plane load_plane(const float* a, const float* b, const float* c, const float* d) noexcept {
+inline Plane load_plane(const float* a, const float* b, const float* c, const float* d) {
   return {*a, *b, *c, *d};
 }
 
-inline Circle load_circle(const float* d, const float* e, const float* f) noexcept {
+inline Circle load_circle(const float* d, const float* e, const float* f) {
   return {*d, *e, *f};
 }
 
-inline void store(std::int32_t value, std::int32_t* to) noexcept {
+inline void store(std::int32_t value, std::int32_t* to) {
   *to = value;
 }
 
-inline void store(Vec2 p, float* x, float* y) noexcept {
+inline void store(Vec2 p, float* x, float* y) {
   *x = p.x;
   *y = p.y;
 }
 
-inline void store(Vec3 p, float* x, float* y, float* z) noexcept {
+inline void store(Vec3 p, float* x, float* y, float* z) {
   *x = p.x;
   *y = p.y;
   *z = p.z;
 }
 
-inline void store(Line l, float* a, float* b, float* c) noexcept {
+inline void store(Line l, float* a, float* b, float* c) {
   *a = l.a;
   *b = l.b;
   *c = l.c;
 }
 
-inline void store(Plane p, float* a, float* b, float* c, float* d) noexcept {
+inline void store(Plane p, float* a, float* b, float* c, float* d) {
   *a = p.a;
   *b = p.b;
   *c = p.c;
@@ -82,33 +82,33 @@ inline void store(Plane p, float* a, float* b, float* c, float* d) noexcept {
 
 // A result that there may be none of: then the caller's variables stay as they are.
 template <typename Result, typename... Variable>
-void store(const std::optional<Result>& result, Variable*... to) noexcept {
+void store(const std::optional<Result>& result, Variable*... to) {
   if (result) store(*result, to...);
 }
 
 // A count below 1 means an empty list.
-inline std::size_t size_of(std::int32_t n) noexcept {
+inline std::size_t size_of(std::int32_t n) {
   return n > 0 ? static_cast<std::size_t>(n) : 0;
 }
 
 // The caller's list of n entries.
 template <typename T>
-std::span<T> entries(T* first, std::int32_t n) noexcept {
+std::span<T> entries(T* first, std::int32_t n) {
   return {first, size_of(n)};
 }
 
 // The caller's n points.
 template <typename Real>
-PlaneList<Real> points(Real* xs, Real* ys, std::int32_t n) noexcept {
+PlaneList<Real> points(Real* xs, Real* ys, std::int32_t n) {
   return {xs, ys, size_of(n)};
 }
 template <typename Real>
-SpaceList<Real> points(Real* xs, Real* ys, Real* zs, std::int32_t n) noexcept {
+SpaceList<Real> points(Real* xs, Real* ys, Real* zs, std::int32_t n) {
   return {xs, ys, zs, size_of(n)};
 }
 
 // The caller's n vertices with the place for the closing one.
-inline PlanePoints outline(float* xs, float* ys, std::int32_t n) noexcept {
+inline PlanePoints outline(float* xs, float* ys, std::int32_t n) {
   return {xs, ys, size_with_place(n)};
 }
 

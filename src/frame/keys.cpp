@@ -8,17 +8,17 @@ namespace kez {
 
 namespace {
 
-constexpr Key key_in(Key entry) noexcept {
+constexpr Key key_in(Key entry) {
   return entry;
 }
 
-constexpr Key key_in(Keyed entry) noexcept {
+constexpr Key key_in(Keyed entry) {
   return key_of(entry);
 }
 
 // Distributes the entries by a digit of their keys, in their order; false where all have the same.
 template <int bits, typename Entry>
-bool distribute(std::span<const Entry> from, std::span<Entry> to, int shift) noexcept {
+bool distribute(std::span<const Entry> from, std::span<Entry> to, int shift) {
   const auto digit = [shift](Entry e) { return key_in(e) >> shift & ((1U << bits) - 1); };
   std::array<std::uint32_t, 1U << bits> places{};
   for (const Entry e : from) ++places[digit(e)];
@@ -30,7 +30,7 @@ bool distribute(std::span<const Entry> from, std::span<Entry> to, int shift) noe
 }
 
 template <int bits, typename Entry>
-Sorted<Entry> sort_by_digits(Sorted<Entry> s) noexcept {
+Sorted<Entry> sort_by_digits(Sorted<Entry> s) {
   for (int shift = 0; shift < 32; shift += bits) {
     if (distribute<bits, Entry>(s.entries, s.room, shift)) std::swap(s.entries, s.room);
   }
@@ -39,7 +39,7 @@ Sorted<Entry> sort_by_digits(Sorted<Entry> s) noexcept {
 
 // Fewer digits are fewer passes, but each has more places to count, which pays for long lists.
 template <typename Entry>
-Sorted<Entry> sort(Sorted<Entry> s) noexcept {
+Sorted<Entry> sort(Sorted<Entry> s) {
   if (s.entries.size() >= 1024) return sort_by_digits<11>(s);
   if (s.entries.size() >= fewest_keys) return sort_by_digits<8>(s);
   std::sort(s.entries.begin(), s.entries.end());
@@ -48,11 +48,11 @@ Sorted<Entry> sort(Sorted<Entry> s) noexcept {
 
 }  // namespace
 
-Sorted<Key> sort_keys(std::span<Key> entries, std::span<Key> room) noexcept {
+Sorted<Key> sort_keys(std::span<Key> entries, std::span<Key> room) {
   return sort(Sorted<Key>{entries, room});
 }
 
-Sorted<Keyed> sort_keys(std::span<Keyed> entries, std::span<Keyed> room) noexcept {
+Sorted<Keyed> sort_keys(std::span<Keyed> entries, std::span<Keyed> room) {
   return sort(Sorted<Keyed>{entries, room});
 }
 

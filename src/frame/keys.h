@@ -10,41 +10,41 @@ namespace kez {
 
 using Key = std::uint32_t;
 
-constexpr Key key_of(std::int32_t value) noexcept {
+constexpr Key key_of(std::int32_t value) {
   return static_cast<Key>(value) ^ 0x80000000;
 }
 
 // -0 comes before 0; not-a-number comes first or last, by its sign.
-constexpr Key key_of(float value) noexcept {
+constexpr Key key_of(float value) {
   const auto bits = std::bit_cast<Key>(value);
   return bits ^ (bits >> 31 ? 0xffffffff : 0x80000000);
 }
 
 // Zeros of either sign have the same key, and so has every not-a-number, behind all others.
-constexpr Key comparison_key(float value) noexcept {
+constexpr Key comparison_key(float value) {
   return value == value ? key_of(value + 0.0f) : 0xffffffff;
 }
 
-constexpr void set_value(Key key, std::int32_t& value) noexcept {
+constexpr void set_value(Key key, std::int32_t& value) {
   value = static_cast<std::int32_t>(key ^ 0x80000000);
 }
 
-constexpr void set_value(Key key, float& value) noexcept {
+constexpr void set_value(Key key, float& value) {
   value = std::bit_cast<float>(key ^ (key >> 31 ? 0x80000000 : 0xffffffff));
 }
 
 // A key, and below it the index of what it belongs to.
 using Keyed = std::uint64_t;
 
-constexpr Keyed keyed(Key key, std::size_t index) noexcept {
+constexpr Keyed keyed(Key key, std::size_t index) {
   return Keyed{key} << 32 | static_cast<std::uint32_t>(index);
 }
 
-constexpr Key key_of(Keyed entry) noexcept {
+constexpr Key key_of(Keyed entry) {
   return static_cast<Key>(entry >> 32);
 }
 
-constexpr std::size_t index_of(Keyed entry) noexcept {
+constexpr std::size_t index_of(Keyed entry) {
   return static_cast<std::uint32_t>(entry);
 }
 
@@ -58,7 +58,7 @@ struct Sorted {
 inline constexpr std::size_t fewest_keys = 80;
 
 // Sorts ascending; the entries end up in either span. Those with the same key must ascend before.
-Sorted<Key> sort_keys(std::span<Key> entries, std::span<Key> room) noexcept;
-Sorted<Keyed> sort_keys(std::span<Keyed> entries, std::span<Keyed> room) noexcept;
+Sorted<Key> sort_keys(std::span<Key> entries, std::span<Key> room);
+Sorted<Keyed> sort_keys(std::span<Keyed> entries, std::span<Keyed> room);
 
 }  // namespace kez

@@ -4,18 +4,18 @@ namespace kez {
 
 namespace {
 
-void subtract(float origin, float list[], std::size_t size) noexcept {
+void subtract(float origin, float list[], std::size_t size) {
   for (std::size_t i = 0; i < size; ++i) list[i] -= origin;
 }
 
 }  // namespace
 
-void translate(const PlanePoints& points, Vec2 origin) noexcept {
+void translate(const PlanePoints& points, Vec2 origin) {
   subtract(origin.x, points.xs(), points.size());
   subtract(origin.y, points.ys(), points.size());
 }
 
-void translate(const SpacePoints& points, Vec3 origin) noexcept {
+void translate(const SpacePoints& points, Vec3 origin) {
   subtract(origin.x, points.xs(), points.size());
   subtract(origin.y, points.ys(), points.size());
   subtract(origin.z, points.zs(), points.size());

@@ -12,19 +12,19 @@ namespace kez {
 template <typename Real>
 class PlaneList {
  public:
-  PlaneList(Real* xs, Real* ys, std::size_t size) noexcept : xs_(xs), ys_(ys), size_(size) {}
+  PlaneList(Real* xs, Real* ys, std::size_t size) : xs_(xs), ys_(ys), size_(size) {}
 
-  std::size_t size() const noexcept { return size_; }
-  Vec2 operator[](std::size_t i) const noexcept { return {xs_[i], ys_[i]}; }
-  void put(std::size_t i, Vec2 p) const noexcept {
+  std::size_t size() const { return size_; }
+  Vec2 operator[](std::size_t i) const { return {xs_[i], ys_[i]}; }
+  void put(std::size_t i, Vec2 p) const {
     xs_[i] = p.x;
     ys_[i] = p.y;
   }
 
-  operator PlaneList<const Real>() const noexcept { return {xs_, ys_, size_}; }
+  operator PlaneList<const Real>() const { return {xs_, ys_, size_}; }
 
-  Real* xs() const noexcept { return xs_; }
-  Real* ys() const noexcept { return ys_; }
+  Real* xs() const { return xs_; }
+  Real* ys() const { return ys_; }
 
  private:
   Real *xs_, *ys_;
@@ -34,24 +34,24 @@ class PlaneList {
 template <typename Real>
 class SpaceList {
  public:
-  SpaceList(Real* xs, Real* ys, Real* zs, std::size_t size) noexcept
+  SpaceList(Real* xs, Real* ys, Real* zs, std::size_t size)
       : xs_(xs), ys_(ys), zs_(zs), size_(size) {}
 
-  std::size_t size() const noexcept { return size_; }
-  Vec3 operator[](std::size_t i) const noexcept { return {xs_[i], ys_[i], zs_[i]}; }
-  void put(std::size_t i, Vec3 p) const noexcept {
+  std::size_t size() const { return size_; }
+  Vec3 operator[](std::size_t i) const { return {xs_[i], ys_[i], zs_[i]}; }
+  void put(std::size_t i, Vec3 p) const {
     xs_[i] = p.x;
     ys_[i] = p.y;
     zs_[i] = p.z;
   }
 
-  Real* xs() const noexcept { return xs_; }
-  Real* ys() const noexcept { return ys_; }
-  Real* zs() const noexcept { return zs_; }
+  Real* xs() const { return xs_; }
+  Real* ys() const { return ys_; }
+  Real* zs() const { return zs_; }
   // Seen along the x, the y and the z axis.
-  PlaneList<Real> yz() const noexcept { return {ys_, zs_, size_}; }
-  PlaneList<Real> xz() const noexcept { return {xs_, zs_, size_}; }
-  PlaneList<Real> xy() const noexcept { return {xs_, ys_, size_}; }
+  PlaneList<Real> yz() const { return {ys_, zs_, size_}; }
+  PlaneList<Real> xz() const { return {xs_, zs_, size_}; }
+  PlaneList<Real> xy() const { return {xs_, ys_, size_}; }
 
  private:
   Real *xs_, *ys_, *zs_;
@@ -64,17 +64,17 @@ using SpacePoints = SpaceList<float>;
 using ConstSpacePoints = SpaceList<const float>;
 
 // The origin moves to `origin`; to move back, translate by its negative.
-void translate(const PlanePoints& points, Vec2 origin) noexcept;
-void translate(const SpacePoints& points, Vec3 origin) noexcept;
+void translate(const PlanePoints& points, Vec2 origin);
+void translate(const SpacePoints& points, Vec3 origin);
 
 // Of a list of n entries with the place for one more, such as an outline's closing vertex. Below 0
 // that place would lie before the list, and there is none.
-inline std::size_t size_with_place(std::int32_t n) noexcept {
+inline std::size_t size_with_place(std::int32_t n) {
   return n >= 0 ? static_cast<std::size_t>(n) + 1 : 0;
 }
 
 // Writes the closing vertex of an outline, and returns the number of the others.
-inline std::size_t close_outline(const PlanePoints& outline) noexcept {
+inline std::size_t close_outline(const PlanePoints& outline) {
   if (outline.size() == 0) return 0;
   const std::size_t n = outline.size() - 1;
   outline.put(n, outline[0]);

@@ -17,19 +17,19 @@ inline constexpr float not_a_number = std::numeric_limits<float>::quiet_NaN();
 #endif
 
 // a / b.
-inline float quotient(float a, float b) noexcept {
+inline float quotient(float a, float b) {
   if (b != 0) return a / b;
   if (a == 0) return not_a_number;
   return a * std::copysign(std::numeric_limits<float>::infinity(), b);
 }
 
 // Not-a-number below zero.
-inline float square_root(float a) noexcept {
+inline float square_root(float a) {
   return std::isless(a, 0.0f) ? not_a_number : std::sqrt(a);
 }
 
 // Not-a-number for what rounding has put beyond 1.
-inline float arc_cosine(float a) noexcept {
+inline float arc_cosine(float a) {
   return std::isgreater(std::fabs(a), 1.0f) ? not_a_number : std::acos(a);
 }
 

@@ -8,7 +8,7 @@
 
 namespace kez {
 
-Division divide(float length, float wanted_step) noexcept {
+Division divide(float length, float wanted_step) {
   if (!(wanted_step > 0.001f)) return {0, 0, 1};
   // The slack of one part in a thousand keeps a length that is a multiple of the step, give or take
   // its rounding, from getting one segment more.
@@ -17,8 +17,7 @@ Division divide(float length, float wanted_step) noexcept {
   return {length / static_cast<float>(segments), segments, successor(segments)};
 }
 
-void sample_segment(Segment<Vec3> segment, float step, const SpacePoints& points,
-                    Vec3& interior) noexcept {
+void sample_segment(Segment<Vec3> segment, float step, const SpacePoints& points, Vec3& interior) {
   const auto [first, last] = segment;
   const std::size_t n = points.size();
   if (n == 0) return;
@@ -33,7 +32,7 @@ void sample_segment(Segment<Vec3> segment, float step, const SpacePoints& points
   }
 }
 
-float integrate(std::span<const float> samples, float a, float b) noexcept {
+float integrate(std::span<const float> samples, float a, float b) {
   if (samples.empty()) return 0;
   const std::size_t n = samples.size();
   const float h = quotient(b - a, static_cast<float>(n - 1));
@@ -42,7 +41,7 @@ float integrate(std::span<const float> samples, float a, float b) noexcept {
   return h * total;
 }
 
-AlternateRuns split_alternately(std::int32_t i1, std::int32_t i2, std::int32_t max) noexcept {
+AlternateRuns split_alternately(std::int32_t i1, std::int32_t i2, std::int32_t max) {
   if (i1 < 1 || i2 < 1 || i1 > max || i2 > max) return {};
   // A run of one index counts as falling: its second member is not used, and must not overflow.
   const std::int32_t direction = i1 < i2 ? 1 : -1;
@@ -51,7 +50,7 @@ AlternateRuns split_alternately(std::int32_t i1, std::int32_t i2, std::int32_t m
   return {{i1, 2 * direction, odd_count}, {i1 + direction, 2 * direction, even_count}};
 }
 
-void write(Run run, std::int32_t list[]) noexcept {
+void write(Run run, std::int32_t list[]) {
   for (std::int32_t i = 0; i < run.count; ++i) list[i] = run.first + i * run.step;
 }
 

@@ -16,15 +16,14 @@ struct Division {
 };
 
 // Equal steps close to the wanted one; none where that is 0.001 or less.
-Division divide(float length, float wanted_step) noexcept;
+Division divide(float length, float wanted_step);
 
 // Points of a segment at multiples of the step, between its two ends. `interior` is the last point
 // written between the ends of a segment; where the ends coincide it stands for all of them.
-void sample_segment(Segment<Vec3> segment, float step, const SpacePoints& points,
-                    Vec3& interior) noexcept;
+void sample_segment(Segment<Vec3> segment, float step, const SpacePoints& points, Vec3& interior);
 
 // The trapezoid rule. Deliberate: the last interior sample is left out (kezinr).
-float integrate(std::span<const float> samples, float a, float b) noexcept;
+float integrate(std::span<const float> samples, float a, float b);
 
 struct Run {
   std::int32_t first, step, count;
@@ -36,8 +35,8 @@ struct AlternateRuns {
 
 // The first, third, ... and the second, fourth, ... indexes from i1 to i2, empty where an end lies
 // outside 1..max.
-AlternateRuns split_alternately(std::int32_t i1, std::int32_t i2, std::int32_t max) noexcept;
+AlternateRuns split_alternately(std::int32_t i1, std::int32_t i2, std::int32_t max);
 
-void write(Run run, std::int32_t list[]) noexcept;
+void write(Run run, std::int32_t list[]);
 
 }  // namespace kez

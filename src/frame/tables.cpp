@@ -15,7 +15,7 @@ namespace {
 
 // Whether any two entries that compare equal are the same, and all compare: then every correct sort
 // leaves the same table.
-bool order_is_unique(std::span<const float> x) noexcept {
+bool order_is_unique(std::span<const float> x) {
   bool nan = false, plus_zero = false, minus_zero = false;
   for (const float v : x) {
     nan |= v != v;
@@ -27,7 +27,7 @@ bool order_is_unique(std::span<const float> x) noexcept {
 
 // Not inlined, so that a short table does not take the stack of a long one.
 template <typename T>
-[[gnu::noinline]] bool sort_by_keys(std::span<T> x) noexcept {
+[[gnu::noinline]] bool sort_by_keys(std::span<T> x) {
   WorkList<Key> memory(2 * x.size());
   if (!memory) return false;
   const auto keys = memory.entries().first(x.size());
@@ -38,11 +38,11 @@ template <typename T>
 }
 
 template <typename T>
-void sort_in_any_way(std::span<T> x) noexcept {
+void sort_in_any_way(std::span<T> x) {
   if (x.size() < fewest_keys || !sort_by_keys(x)) std::sort(x.begin(), x.end());
 }
 
-void selection_sort(std::span<float> x) noexcept {
+void selection_sort(std::span<float> x) {
   for (std::size_t i = 0; i < x.size(); ++i) {
     std::size_t least = i;
     for (std::size_t j = i + 1; j < x.size(); ++j) {
@@ -56,11 +56,11 @@ void selection_sort(std::span<float> x) noexcept {
 // minimum stands: their indices follow the entries. Not-a-number is never exchanged.
 class Exchanges {
  public:
-  Exchanges(std::span<float> x, Sorted<Keyed> s) noexcept : x_(x), sorted_(s.entries), at_(s.room) {
+  Exchanges(std::span<float> x, Sorted<Keyed> s) : x_(x), sorted_(s.entries), at_(s.room) {
     for (std::size_t rank = 0; rank < x.size(); ++rank) at_[index_of(sorted_[rank])] = rank;
   }
 
-  void make(std::size_t numbers) noexcept {
+  void make(std::size_t numbers) {
     for (std::size_t begin = 0, end = 0; begin < numbers; begin = end) {
       while (end < numbers && key_of(sorted_[end]) == key_of(sorted_[begin])) ++end;
       std::sort(&sorted_[begin], &sorted_[begin] + (end - begin));
@@ -71,7 +71,7 @@ class Exchanges {
  private:
   // The last of the equals goes to the front, and to its place what was there: one of them, which
   // leaves their places as they are but for the front, or another entry.
-  void place_equals(std::size_t first, std::size_t last) noexcept {
+  void place_equals(std::size_t first, std::size_t last) {
     for (; first < last; ++front_) {
       while (std::isnan(x_[front_])) ++front_;
       const std::size_t place = index_of(sorted_[last - 1]);
@@ -92,7 +92,7 @@ class Exchanges {
   std::size_t front_ = 0;
 };
 
-[[gnu::noinline]] bool replay_selection_sort(std::span<float> x) noexcept {
+[[gnu::noinline]] bool replay_selection_sort(std::span<float> x) {
   WorkList<Keyed> memory(2 * x.size());
   if (!memory) return false;
   const auto entries = memory.entries().first(x.size()), room = memory.entries().last(x.size());
@@ -104,14 +104,14 @@ class Exchanges {
 
 }  // namespace
 
-std::int32_t find_interval(std::span<const float> x, float v) noexcept {
+std::int32_t find_interval(std::span<const float> x, float v) {
   for (std::size_t i = 0; i + 1 < x.size(); ++i) {
     if (x[i] <= v && v < x[i + 1]) return position_of(i);
   }
   return 0;
 }
 
-Place find_place(std::span<const float> x, float v) noexcept {
+Place find_place(std::span<const float> x, float v) {
   for (std::size_t i = 0; i < x.size(); ++i) {
     if (equal(x[i], v)) return {Match::entry, position_of(i)};
   }
@@ -121,7 +121,7 @@ Place find_place(std::span<const float> x, float v) noexcept {
   return {Match::none, 0};
 }
 
-void sort_ascending(std::span<float> x) noexcept {
+void sort_ascending(std::span<float> x) {
   if (order_is_unique(x)) {
     sort_in_any_way(x);
   } else if (x.size() < fewest_keys || !replay_selection_sort(x)) {
@@ -129,16 +129,15 @@ void sort_ascending(std::span<float> x) noexcept {
   }
 }
 
-void sort_ascending(std::span<std::int32_t> x) noexcept {
+void sort_ascending(std::span<std::int32_t> x) {
   sort_in_any_way(x);
 }
 
-void reverse(std::span<RawWord> x) noexcept {
+void reverse(std::span<RawWord> x) {
   std::reverse(x.begin(), x.end());
 }
 
-std::int32_t select(std::span<const std::int32_t> table, std::int32_t v,
-                    std::int32_t positions[]) noexcept {
+std::int32_t select(std::span<const std::int32_t> table, std::int32_t v, std::int32_t positions[]) {
   std::int32_t count = 0;
   for (std::size_t i = 0; i < table.size(); ++i) {
     if (table[i] == v) positions[count++] = position_of(i);

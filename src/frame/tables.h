@@ -8,7 +8,7 @@
 namespace kez {
 
 // The first i with x(i) <= v < x(i + 1), whether or not the table ascends.
-std::int32_t find_interval(std::span<const float> x, float v) noexcept;
+std::int32_t find_interval(std::span<const float> x, float v);
 
 enum class Match : std::int32_t { none = 0, entry = 1, interval = 2 };
 
@@ -18,12 +18,12 @@ struct Place {
 };
 
 // The first entry equal to v, else the first interval with v strictly inside.
-Place find_place(std::span<const float> x, float v) noexcept;
+Place find_place(std::span<const float> x, float v);
 
 // Ascending. Where entries compare equal without being the same, or do not compare at all, the
 // order is that of a selection sort which takes the last of equal minima.
-void sort_ascending(std::span<float> x) noexcept;
-void sort_ascending(std::span<std::int32_t> x) noexcept;
+void sort_ascending(std::span<float> x);
+void sort_ascending(std::span<std::int32_t> x);
 
 // An entry of a list of either kind, moved without being looked at. Bytes may alias the caller's
 // reals as well as integers.
@@ -31,10 +31,9 @@ struct RawWord {
   std::byte bytes[4];
 };
 
-void reverse(std::span<RawWord> x) noexcept;
+void reverse(std::span<RawWord> x);
 
 // Writes the positions of v, ascending, and returns their number.
-std::int32_t select(std::span<const std::int32_t> table, std::int32_t v,
-                    std::int32_t positions[]) noexcept;
+std::int32_t select(std::span<const std::int32_t> table, std::int32_t v, std::int32_t positions[]);
 
 }  // namespace kez

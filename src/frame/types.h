@@ -25,27 +25,27 @@ struct Vec3 {
   float x, y, z;
 };
 
-inline Vec2 operator-(Vec2 p, Vec2 q) noexcept {
+inline Vec2 operator-(Vec2 p, Vec2 q) {
   return {p.x - q.x, p.y - q.y};
 }
-inline Vec3 operator-(Vec3 p, Vec3 q) noexcept {
+inline Vec3 operator-(Vec3 p, Vec3 q) {
   return {p.x - q.x, p.y - q.y, p.z - q.z};
 }
-inline Vec2 operator+(Vec2 p, Vec2 q) noexcept {
+inline Vec2 operator+(Vec2 p, Vec2 q) {
   return {p.x + q.x, p.y + q.y};
 }
-inline Vec3 operator+(Vec3 p, Vec3 q) noexcept {
+inline Vec3 operator+(Vec3 p, Vec3 q) {
   return {p.x + q.x, p.y + q.y, p.z + q.z};
 }
-inline Vec2 operator*(float t, Vec2 v) noexcept {
+inline Vec2 operator*(float t, Vec2 v) {
   return {t * v.x, t * v.y};
 }
-inline Vec3 operator*(float t, Vec3 v) noexcept {
+inline Vec3 operator*(float t, Vec3 v) {
   return {t * v.x, t * v.y, t * v.z};
 }
 
 // As a point of the x-y plane in space.
-inline Vec3 in_plane(Vec2 p) noexcept {
+inline Vec3 in_plane(Vec2 p) {
   return {p.x, p.y, 0};
 }
 
@@ -54,7 +54,7 @@ template <typename Point>
 struct Segment {
   Point first, second;
 
-  Point vector() const noexcept { return second - first; }
+  Point vector() const { return second - first; }
 };
 template <typename Point>
 Segment(Point, Point) -> Segment<Point>;
@@ -68,11 +68,11 @@ struct Line {
 struct Plane {
   float a, b, c, d;
 
-  Vec3 normal() const noexcept { return {a, b, c}; }
+  Vec3 normal() const { return {a, b, c}; }
 };
 
 // The same plane with its normal to the other side.
-inline Plane operator-(Plane p) noexcept {
+inline Plane operator-(Plane p) {
   return {-p.a, -p.b, -p.c, -p.d};
 }
 

@@ -15,23 +15,23 @@ namespace kez {
 template <typename T>
 class WorkList {
  public:
-  explicit WorkList(std::size_t size) noexcept
+  explicit WorkList(std::size_t size)
       : size_(size), heap_(size > automatic ? allocate(size) : nullptr) {}
   ~WorkList() { std::free(heap_); }
 
   WorkList(const WorkList&) = delete;
   WorkList& operator=(const WorkList&) = delete;
 
-  explicit operator bool() const noexcept { return heap_ || size_ <= automatic; }
+  explicit operator bool() const { return heap_ || size_ <= automatic; }
 
-  std::span<T> entries() noexcept { return {heap_ ? heap_ : stack_.data(), size_}; }
+  std::span<T> entries() { return {heap_ ? heap_ : stack_.data(), size_}; }
 
  private:
   static_assert(std::is_trivial_v<T>);
   static constexpr std::size_t automatic = 8192;  // 64 KiB of the longest type in use
 
   // What does not fit into the address space must not wrap around to what does.
-  static T* allocate(std::size_t size) noexcept {
+  static T* allocate(std::size_t size) {
     return size <= SIZE_MAX / sizeof(T) ? static_cast<T*>(std::malloc(size * sizeof(T))) : nullptr;
   }
 

@@ -11,7 +11,7 @@ namespace kez {
 // Of entry(0) .. entry(count - 1), in several lanes, as sum() goes (frame/numbers.h). Not-a-number
 // is never the largest; of no entries it is the most negative finite value.
 template <typename Entry>
-float largest(std::size_t count, Entry entry) noexcept {
+float largest(std::size_t count, Entry entry) {
   std::array<float, 8> tops;
   tops.fill(std::numeric_limits<float>::lowest());
   const auto raise = [](float& top, float x) { top = x > top ? x : top; };
@@ -24,7 +24,7 @@ float largest(std::size_t count, Entry entry) noexcept {
   return tops[0];
 }
 
-inline float largest(std::span<const float> list) noexcept {
+inline float largest(std::span<const float> list) {
   return largest(list.size(), [list](std::size_t i) { return list[i]; });
 }
 

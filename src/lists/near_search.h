@@ -21,17 +21,17 @@ namespace kez {
 template <typename Near>
 class PairSearch {
  public:
-  PairSearch(std::span<const float> list, Near near) noexcept : list_(list), near_(near) {}
+  PairSearch(std::span<const float> list, Near near) : list_(list), near_(near) {}
 
   template <typename Visitor>
-  void visit(std::size_t i, std::size_t first, Visitor visitor) const noexcept {
+  void visit(std::size_t i, std::size_t first, Visitor visitor) const {
     const float x = list_[i];
     for (std::size_t j = first; j < list_.size(); ++j) visitor(j, near_(x, list_[j]));
   }
 
   // Moves the entries that keep(x) allows to the front, ascending, and returns their number.
   template <typename Keep>
-  std::size_t keep_ascending(std::span<float> list, Keep keep) noexcept {
+  std::size_t keep_ascending(std::span<float> list, Keep keep) {
     std::size_t kept = 0;
     for (const float x : list) {
       if (keep(x)) list[kept++] = x;
@@ -47,12 +47,12 @@ class PairSearch {
 
 // The entries of the list by value, with their indices; not-a-number last.
 inline Sorted<Keyed> sort_by_value(std::span<const float> list, std::span<Keyed> entries,
-                                   std::span<Keyed> room) noexcept {
+                                   std::span<Keyed> room) {
   for (std::size_t i = 0; i < list.size(); ++i) entries[i] = keyed(comparison_key(list[i]), i);
   return sort_keys(entries.first(list.size()), room.first(list.size()));
 }
 
-inline float value_of(Keyed entry) noexcept {
+inline float value_of(Keyed entry) {
   float value;
   set_value(key_of(entry), value);
   return value;
@@ -64,8 +64,7 @@ inline float value_of(Keyed entry) noexcept {
 template <typename Near>
 class SortedSearch {
  public:
-  SortedSearch(std::span<const float> list, Near near) noexcept
-      : near_(near), memory_(2 * list.size()) {
+  SortedSearch(std::span<const float> list, Near near) : near_(near), memory_(2 * list.size()) {
     if (!memory_) return;
     const auto memory = memory_.entries();
     const auto [entries, room] =
@@ -76,10 +75,10 @@ class SortedSearch {
   }
 
   // False where there was no memory.
-  explicit operator bool() noexcept { return static_cast<bool>(memory_); }
+  explicit operator bool() { return static_cast<bool>(memory_); }
 
   template <typename Visitor>
-  void visit(std::size_t i, std::size_t first, Visitor visitor) const noexcept {
+  void visit(std::size_t i, std::size_t first, Visitor visitor) const {
     const std::size_t rank = index_of(ranks_[i]);
     const float x = value_of(entries_[rank]);
     const auto visited = [&](Keyed entry) {
@@ -95,7 +94,7 @@ class SortedSearch {
 
   // As that of the other search, where no two of the entries kept are equal.
   template <typename Keep>
-  std::size_t keep_ascending(std::span<float> list, Keep keep) noexcept {
+  std::size_t keep_ascending(std::span<float> list, Keep keep) {
     std::size_t kept = 0;
     for (const Keyed entry : entries_) {
       const float x = list[index_of(entry)];
@@ -113,7 +112,7 @@ class SortedSearch {
 
 // Not inlined, so that a short list does not take the stack of a long one.
 template <typename Near, typename Work>
-[[gnu::noinline]] bool search_sorted(std::span<const float> list, Near near, Work& work) noexcept {
+[[gnu::noinline]] bool search_sorted(std::span<const float> list, Near near, Work& work) {
   SortedSearch search(list, near);
   if (!search) return false;
   work(search);
@@ -123,8 +122,7 @@ template <typename Near, typename Work>
 // Does the work with the search that suits a list: that by pairs below `sorted_from` entries, and
 // where there is no memory.
 template <typename Near, typename Work>
-void search_near(std::span<const float> list, std::size_t sorted_from, Near near,
-                 Work work) noexcept {
+void search_near(std::span<const float> list, std::size_t sorted_from, Near near, Work work) {
   if (list.size() >= sorted_from && search_sorted(list, near, work)) return;
   PairSearch search(list, near);
   work(search);

@@ -14,16 +14,16 @@ namespace kez {
 
 namespace {
 
-bool near(float a, float b, float tol) noexcept {
+bool near(float a, float b, float tol) {
   return std::fabs(a - b) <= tol;
 }
 
 // Not the opposite of near: not-a-number is neither.
-bool apart(float a, float b, float tol) noexcept {
+bool apart(float a, float b, float tol) {
   return std::fabs(a - b) > tol;
 }
 
-auto at_most(float tol) noexcept {
+auto at_most(float tol) {
   return [tol](float a, float b) { return near(a, b, tol); };
 }
 
@@ -34,8 +34,7 @@ constexpr std::size_t sorted_to_keep = 80, sorted_to_pair = 80, sorted_to_mark =
 // Of the entries struck out, which have become markers, the first strikes out what is near the
 // marker. What it leaves is near none of the others.
 template <typename Search, typename Near>
-void strike_out_near(std::span<float> list, float marker, const Search& search,
-                     Near near) noexcept {
+void strike_out_near(std::span<float> list, float marker, const Search& search, Near near) {
   bool by_marker = false;
   for (std::size_t i = 0; i < list.size(); ++i) {
     const auto strike_out = [&](std::size_t j, bool is_near) {
@@ -52,7 +51,7 @@ void strike_out_near(std::span<float> list, float marker, const Search& search,
 
 }  // namespace
 
-std::int32_t keep_distinct(std::span<float> list, float tol) noexcept {
+std::int32_t keep_distinct(std::span<float> list, float tol) {
   const float marker = largest(list) + 1.0f + tol;
   const auto near = [tol](float a, float b) { return std::fabs(a - b) < tol; };
   const auto stands = [marker](float x) { return x < marker; };
@@ -73,15 +72,15 @@ namespace {
 class NearPairs {
  public:
   NearPairs(std::span<const float> a, std::span<const float> b, float tol, std::int32_t in_a[],
-            std::int32_t in_b[]) noexcept
+            std::int32_t in_b[])
       : a_(a), b_(b), tol_(tol), in_a_(in_a), in_b_(in_b) {}
 
-  void by_pairs() noexcept {
+  void by_pairs() {
     for (std::size_t i = 0; i < a_.size(); ++i) look_through(i);
   }
 
   // False where there is no memory.
-  bool by_sorting() noexcept {
+  bool by_sorting() {
     const std::size_t n = std::max(a_.size(), b_.size());
     WorkList<Keyed> memory(3 * n);
     if (!memory) return false;
@@ -95,15 +94,15 @@ class NearPairs {
     return true;
   }
 
-  std::int32_t count() const noexcept { return static_cast<std::int32_t>(count_); }
+  std::int32_t count() const { return static_cast<std::int32_t>(count_); }
 
  private:
-  void add(std::size_t i, std::size_t j) noexcept {
+  void add(std::size_t i, std::size_t j) {
     in_a_[count_] = position_of(i);
     in_b_[count_++] = position_of(j);
   }
 
-  void look_through(std::size_t i) noexcept {
+  void look_through(std::size_t i) {
     for (std::size_t j = 0; j < b_.size(); ++j) {
       if (near(a_[i], b_[j], tol_)) add(i, j);
     }
@@ -111,7 +110,7 @@ class NearPairs {
 
   // What is near an entry begins behind, or where, what is near a smaller one begins.
   void find_starts(std::span<const Keyed> sorted_a, std::span<const Keyed> sorted_b,
-                   std::span<Keyed> starts) const noexcept {
+                   std::span<Keyed> starts) const {
     std::size_t start = 0;
     for (const Keyed entry : sorted_a) {
       const float x = value_of(entry);
@@ -122,7 +121,7 @@ class NearPairs {
   }
 
   // A run is put in the order of the list, a long one by looking through that.
-  void write_run(std::size_t i, std::span<const Keyed> run) noexcept {
+  void write_run(std::size_t i, std::span<const Keyed> run) {
     const std::size_t first = count_;
     for (std::size_t k = 0; k < run.size() && near(a_[i], value_of(run[k]), tol_); ++k) {
       add(i, index_of(run[k]));
@@ -144,7 +143,7 @@ class NearPairs {
 }  // namespace
 
 std::int32_t pair_near(std::span<const float> a, std::span<const float> b, float tol,
-                       PairCounts given, std::int32_t in_a[], std::int32_t in_b[]) noexcept {
+                       PairCounts given, std::int32_t in_a[], std::int32_t in_b[]) {
   const std::int64_t cleared = std::int64_t{given.a} + given.b;
   std::fill_n(in_a, cleared, 0);
   std::fill_n(in_b, cleared, 0);
@@ -157,8 +156,7 @@ std::int32_t pair_near(std::span<const float> a, std::span<const float> b, float
   return pairs.count();
 }
 
-NearDuplicates mark_near_duplicates(std::span<float> list, float tol,
-                                    std::int32_t positions[]) noexcept {
+NearDuplicates mark_near_duplicates(std::span<float> list, float tol, std::int32_t positions[]) {
   const float marker = largest(list) + 1.0f;
   std::size_t count = 0;
   search_near(list, sorted_to_mark, at_most(tol), [&](const auto& search) {
@@ -177,7 +175,7 @@ NearDuplicates mark_near_duplicates(std::span<float> list, float tol,
   return {static_cast<std::int32_t>(count), marker};
 }
 
-std::int32_t remove_near(std::span<float> list, float value, float tol) noexcept {
+std::int32_t remove_near(std::span<float> list, float value, float tol) {
   std::size_t kept = 0;
   for (const float x : list) {
     if (apart(x, value, tol)) list[kept++] = x;
@@ -186,7 +184,7 @@ std::int32_t remove_near(std::span<float> list, float value, float tol) noexcept
 }
 
 std::int32_t map_distinct(std::span<const float> list, float value, float tol, float distinct[],
-                          std::span<std::int32_t> map) noexcept {
+                          std::span<std::int32_t> map) {
   const float marker = largest(list) + 1.0f;
   std::int32_t count = 0;
   std::fill(map.begin(), map.end(), 0);

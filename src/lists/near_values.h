@@ -8,7 +8,7 @@ namespace kez {
 
 // Sorts what is left when each entry has struck out the later ones less than tol away, and returns
 // its number. Behind it the list stays as it was, with markers over the entries struck out.
-std::int32_t keep_distinct(std::span<float> list, float tol) noexcept;
+std::int32_t keep_distinct(std::span<float> list, float tol);
 
 // The counts as the host gave them: one below 0 shortens what is cleared.
 struct PairCounts {
@@ -18,7 +18,7 @@ struct PairCounts {
 // Writes the positions of all pairs at most tol apart, and returns their number. Of the first
 // a + b positions those that no pair takes become 0; there may be more pairs than that.
 std::int32_t pair_near(std::span<const float> a, std::span<const float> b, float tol,
-                       PairCounts given, std::int32_t in_a[], std::int32_t in_b[]) noexcept;
+                       PairCounts given, std::int32_t in_a[], std::int32_t in_b[]);
 
 struct NearDuplicates {
   std::int32_t count;
@@ -27,16 +27,15 @@ struct NearDuplicates {
 
 // Marks the entries at most tol behind an earlier one, and writes their positions: fewer than the
 // list has entries, even where they overlap it.
-NearDuplicates mark_near_duplicates(std::span<float> list, float tol,
-                                    std::int32_t positions[]) noexcept;
+NearDuplicates mark_near_duplicates(std::span<float> list, float tol, std::int32_t positions[]);
 
 // Leaves the entries more than tol away from the value in front and returns their number; behind
 // them the list stays as it was.
-std::int32_t remove_near(std::span<float> list, float value, float tol) noexcept;
+std::int32_t remove_near(std::span<float> list, float value, float tol);
 
 // Writes the distinct values that are more than tol away from the given one, and for each entry of
 // the list the last position among them within tol of it, or 0. Returns their number.
 std::int32_t map_distinct(std::span<const float> list, float value, float tol, float distinct[],
-                          std::span<std::int32_t> map) noexcept;
+                          std::span<std::int32_t> map);
 
 }  // namespace kez

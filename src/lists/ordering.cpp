@@ -21,10 +21,10 @@ namespace {
 template <typename Entry>
 class Ordering {
  public:
-  Ordering(std::size_t count, Entry entry, std::int32_t order[]) noexcept
+  Ordering(std::size_t count, Entry entry, std::int32_t order[])
       : count_(count), entry_(entry), order_(order), marker_(largest(count, entry) + 1.0f) {}
 
-  void write(std::span<Keyed> entries, std::span<Keyed> room) const noexcept {
+  void write(std::span<Keyed> entries, std::span<Keyed> room) const {
     std::size_t below = 0;
     for (std::size_t i = count_; i-- > 0;) {
       const float x = entry_(i);
@@ -42,7 +42,7 @@ class Ordering {
  private:
   // A pass that begins at not-a-number takes none. Once no entry is below the marker, those that
   // are numbers all equal it, as the markers do, and every pass takes the last of them.
-  void write_passes(std::span<const Keyed> sorted) const noexcept {
+  void write_passes(std::span<const Keyed> sorted) const {
     std::size_t last = count_, pass = 0;
     while (last > 0 && std::isnan(entry_(last - 1))) --last;
     for (std::size_t k = 0; k < last; ++k) {
@@ -52,7 +52,7 @@ class Ordering {
     }
   }
 
-  std::int32_t position(Keyed entry) const noexcept {
+  std::int32_t position(Keyed entry) const {
     return static_cast<std::int32_t>(count_ + 1 - index_of(entry));
   }
 
@@ -64,7 +64,7 @@ class Ordering {
 
 // Not inlined, so that a short list does not take the stack of a long one.
 template <typename Entry>
-[[gnu::noinline]] bool order_long(const Ordering<Entry>& ordering, std::size_t count) noexcept {
+[[gnu::noinline]] bool order_long(const Ordering<Entry>& ordering, std::size_t count) {
   WorkList<Keyed> memory(2 * count);
   if (!memory) return false;
   ordering.write(memory.entries().first(count), memory.entries().last(count));
@@ -73,7 +73,7 @@ template <typename Entry>
 
 // False where there is no memory.
 template <typename Entry>
-bool order_by(std::size_t count, Entry entry, std::int32_t order[]) noexcept {
+bool order_by(std::size_t count, Entry entry, std::int32_t order[]) {
   const Ordering<Entry> ordering(count, entry, order);
   if (count >= fewest_keys) return order_long(ordering, count);
   std::array<Keyed, 2 * fewest_keys> memory;
@@ -82,7 +82,7 @@ bool order_by(std::size_t count, Entry entry, std::int32_t order[]) noexcept {
 }
 
 // Needs no memory; false where not every entry is below the marker.
-bool sort_positions(std::span<const float> list, std::int32_t order[]) noexcept {
+bool sort_positions(std::span<const float> list, std::int32_t order[]) {
   const float marker = largest(list) + 1.0f;
   if (!std::all_of(list.begin(), list.end(), [marker](float x) { return x < marker; }))
     return false;
@@ -96,13 +96,12 @@ bool sort_positions(std::span<const float> list, std::int32_t order[]) noexcept 
 
 }  // namespace
 
-bool order_ascending(std::span<const float> list, std::int32_t order[]) noexcept {
+bool order_ascending(std::span<const float> list, std::int32_t order[]) {
   const auto entry = [list](std::size_t i) { return list[i]; };
   return order_by(list.size(), entry, order) || sort_positions(list, order);
 }
 
-LineOrder order_parallel_lines(const ConstSpacePoints& coefficients,
-                               std::int32_t order[]) noexcept {
+LineOrder order_parallel_lines(const ConstSpacePoints& coefficients, std::int32_t order[]) {
   const std::size_t n = coefficients.size();
   if (n == 0) return LineOrder::not_ordered;
   const auto line = [&](std::size_t i) {

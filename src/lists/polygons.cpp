@@ -13,7 +13,7 @@ namespace kez {
 
 namespace {
 
-bool on_segment(Segment<Vec2> edge, Vec2 p) noexcept {
+bool on_segment(Segment<Vec2> edge, Vec2 p) {
   switch (position_on_segment(edge, p)) {
     case Position::at_first:
     case Position::at_second:
@@ -25,7 +25,7 @@ bool on_segment(Segment<Vec2> edge, Vec2 p) noexcept {
 }
 
 // The x at which the edge meets the x axis; an edge that ends there meets it too.
-std::optional<float> axis_crossing(Segment<Vec2> edge) noexcept {
+std::optional<float> axis_crossing(Segment<Vec2> edge) {
   const auto [status, point] = intersect_lines(line_through(edge.first, edge.second), {0, 1, 0});
   if (status != Meeting::one_point || !on_segment(edge, {point.x, 0})) return std::nullopt;
   return point.x;
@@ -34,7 +34,7 @@ std::optional<float> axis_crossing(Segment<Vec2> edge) noexcept {
 // Whether both ends lie on one side of the x axis, clear of it and of a hundredth of the edge's
 // width. The rays to them from any point of the axis are then less than pi - 0.02 apart, whose
 // cosine is above -1 + 2e-4: no such point counts as one of the edge, however the crossing rounds.
-bool is_clear_of_axis(Segment<Vec2> edge) noexcept {
+bool is_clear_of_axis(Segment<Vec2> edge) {
   const auto [p, q] = edge;
   const float gap = std::max(std::min(p.y, q.y), -std::max(p.y, q.y));
   return (gap > 1e-4f) & (gap > 0.01f * std::fabs(q.x - p.x));
@@ -43,7 +43,7 @@ bool is_clear_of_axis(Segment<Vec2> edge) noexcept {
 // Of so many edges from the given one on, without a branch, so that vector code tells them.
 constexpr std::size_t stride = 16;
 
-bool are_clear_of_axis(const PlanePoints& points, std::size_t from) noexcept {
+bool are_clear_of_axis(const PlanePoints& points, std::size_t from) {
   int near = 0;
   for (std::size_t i = from; i < from + stride; ++i) {
     near |= !is_clear_of_axis({points[i], points[i + 1]});
@@ -53,7 +53,7 @@ bool are_clear_of_axis(const PlanePoints& points, std::size_t from) noexcept {
 
 }  // namespace
 
-PolygonPosition locate_in_polygon(const PlanePoints& outline, Vec2 p) noexcept {
+PolygonPosition locate_in_polygon(const PlanePoints& outline, Vec2 p) {
   const std::size_t n = close_outline(outline);
   translate(outline, p);
 
@@ -79,7 +79,7 @@ namespace {
 
 // Strictly between the ends in one coordinate, and clear of both by the tolerance in one: a line
 // through a vertex inserts nothing there, as the vertex itself serves.
-bool crosses(Segment<Vec2> edge, Vec2 p) noexcept {
+bool crosses(Segment<Vec2> edge, Vec2 p) {
   const Vec2 e = edge.vector(), d1 = p - edge.first, d2 = p - edge.second;
   const auto clear = [](float a, float b) {
     return std::fabs(a) >= tolerance && std::fabs(b) >= tolerance;
@@ -91,14 +91,14 @@ bool crosses(Segment<Vec2> edge, Vec2 p) noexcept {
          (between(e.x, d1.x, d2.x) || between(e.y, d1.y, d2.y));
 }
 
-std::optional<Vec2> crossing(Line line, Segment<Vec2> edge) noexcept {
+std::optional<Vec2> crossing(Line line, Segment<Vec2> edge) {
   const auto [status, point] = intersect_lines(line, line_through(edge.first, edge.second));
   if (status != Meeting::one_point || !crosses(edge, point)) return std::nullopt;
   return point;
 }
 
 // The gaps between the first and second, third and fourth, ... of them.
-float length_between_pairs(std::span<float> xs) noexcept {
+float length_between_pairs(std::span<float> xs) {
   sort_ascending(xs);
   float length = 0;
   for (std::size_t j = 1; j < xs.size(); j += 2) length += xs[j] - xs[j - 1];
@@ -107,8 +107,7 @@ float length_between_pairs(std::span<float> xs) noexcept {
 
 }  // namespace
 
-float cut_polygon(const PlanePoints& outline, Line line, PolygonPart& upper,
-                  PolygonPart& lower) noexcept {
+float cut_polygon(const PlanePoints& outline, Line line, PolygonPart& upper, PolygonPart& lower) {
   const std::size_t n = close_outline(outline);
   WorkList<float> chord(n);
   if (!chord) return 0;

@@ -12,15 +12,15 @@ namespace kez {
 enum class PolygonPosition : std::int32_t { inside = 0, outside = -1, on_boundary = 100 };
 
 // Deliberate: closes the outline and moves it so that p is its origin (kezppp).
-PolygonPosition locate_in_polygon(const PlanePoints& outline, Vec2 p) noexcept;
+PolygonPosition locate_in_polygon(const PlanePoints& outline, Vec2 p);
 
 // Where vertices are collected, with room for all of them.
 class PolygonPart {
  public:
-  explicit PolygonPart(const PlanePoints& room) noexcept : vertices_(room) {}
+  explicit PolygonPart(const PlanePoints& room) : vertices_(room) {}
 
-  void add(Vec2 vertex) noexcept { vertices_.put(count_++, vertex); }
-  std::int32_t count() const noexcept { return static_cast<std::int32_t>(count_); }
+  void add(Vec2 vertex) { vertices_.put(count_++, vertex); }
+  std::int32_t count() const { return static_cast<std::int32_t>(count_); }
 
  private:
   PlanePoints vertices_;
@@ -30,7 +30,6 @@ class PolygonPart {
 // Closes the outline, collects its vertices and its crossings with the line by the sign of y, and
 // returns the length of the x axis between the crossings of the upper part, two by two. Without
 // memory the parts stay empty.
-float cut_polygon(const PlanePoints& outline, Line line, PolygonPart& upper,
-                  PolygonPart& lower) noexcept;
+float cut_polygon(const PlanePoints& outline, Line line, PolygonPart& upper, PolygonPart& lower);
 
 }  // namespace kez

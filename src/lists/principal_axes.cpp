@@ -6,7 +6,7 @@
 
 namespace kez {
 
-PrincipalAxes principal_axes(float p, float q, float r) noexcept {
+PrincipalAxes principal_axes(float p, float q, float r) {
   // Relative to the sum. No moments at all divide 0 by 0, which counts as small too.
   if (!std::isgreater(std::fabs(quotient(r, p + q)), 1.0e-8f)) return {p, q, 0};
 

@@ -9,6 +9,6 @@ struct PrincipalAxes {
 };
 
 // p about x, q about y, r the product moment.
-PrincipalAxes principal_axes(float p, float q, float r) noexcept;
+PrincipalAxes principal_axes(float p, float q, float r);
 
 }  // namespace kez

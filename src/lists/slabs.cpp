@@ -13,13 +13,13 @@ namespace kez {
 namespace {
 
 // In this order, which decides on which side of the tolerance a value rounds.
-float value_at(Plane plane, Vec3 p) noexcept {
+float value_at(Plane plane, Vec3 p) {
   return plane.a * p.x + plane.d + plane.b * p.y + plane.c * p.z;
 }
 
 // Both planes have the slab on the same side. The values are no distances unless the normals are of
 // unit length, and strictly below the tolerance counts as on the plane.
-std::int32_t position(Slab slab, Vec3 p) noexcept {
+std::int32_t position(Slab slab, Vec3 p) {
   const float s1 = value_at(slab.first, p), s2 = value_at(slab.second, p);
   std::int32_t code = code_of(s1 * s2 > 0 ? SlabPosition::between : SlabPosition::outside);
   code = std::fabs(s1) < tolerance ? code_of(SlabPosition::on_first) : code;
@@ -29,7 +29,7 @@ std::int32_t position(Slab slab, Vec3 p) noexcept {
 }  // namespace
 
 std::optional<Plane> locate_in_slab(Slab slab, const ConstSpacePoints& points,
-                                    std::int32_t positions[]) noexcept {
+                                    std::int32_t positions[]) {
   const std::size_t n = points.size();
   std::optional<Plane> negated;
   switch (relate_planes(slab.first, slab.second)) {
@@ -49,18 +49,18 @@ std::optional<Plane> locate_in_slab(Slab slab, const ConstSpacePoints& points,
 
 namespace {
 
-bool on_face(std::int32_t code) noexcept {
+bool on_face(std::int32_t code) {
   return code == code_of(SlabPosition::on_first) || code == code_of(SlabPosition::on_second);
 }
 
-bool between(std::int32_t code) noexcept {
+bool between(std::int32_t code) {
   return code == code_of(SlabPosition::between);
 }
 
 }  // namespace
 
 std::optional<std::int32_t> select_points(const BoxPositions& box, BoxSelection selection,
-                                          std::int32_t points[]) noexcept {
+                                          std::int32_t points[]) {
   const bool both = selection == BoxSelection::both;
   const bool faces = both || selection == BoxSelection::on_faces;
   const bool inside = both || selection == BoxSelection::inside;

@@ -12,25 +12,25 @@ struct CentreLines {
   bool lipped;
 };
 
-CentreLines centre_lines(Channel channel) noexcept {
+CentreLines centre_lines(Channel channel) {
   return {channel.height - channel.t, channel.flange - channel.t, channel.lip - channel.t / 2,
           channel.t, channel.lip > tolerance};
 }
 
 // Ix about the axis of symmetry is t / 12 times this.
-float second_moment_sum(float h, float b, float c) noexcept {
+float second_moment_sum(float h, float b, float c) {
   return ((6 * (b + c) + h) * h - 12 * (c * c)) * h + 8 * (c * c * c);
 }
 
 // The shear centre lies t b / (12 Ix) times this outside the web.
-float shear_sum(float h, float b, float c) noexcept {
+float shear_sum(float h, float b, float c) {
   return (6 * (h * h) - 8 * (c * c)) * c + 3 * b * (h * h);
 }
 
 }  // namespace
 
 // Centroid and shear centre lie on either side of the web: the distances from it add up.
-float shear_centre_offset(Channel channel) noexcept {
+float shear_centre_offset(Channel channel) {
   const auto [h, b, c, t, lipped] = centre_lines(channel);
   if (!lipped) return b * b / (h + 2 * b) + 3 * (b * b) / (6 * b + h);
 
@@ -40,7 +40,7 @@ float shear_centre_offset(Channel channel) noexcept {
 }
 
 // Grouping and order of the steps fix the rounding.
-float warping_constant(Channel channel) noexcept {
+float warping_constant(Channel channel) {
   const auto [h, b, c, t, lipped] = centre_lines(channel);
   if (!lipped) return h * h * t * (b * b * b) * (3 * b + 2 * h) / (6 * b + h) / 12;
 

@@ -9,8 +9,8 @@ struct Channel {
 };
 
 // From the centroid to the shear centre.
-float shear_centre_offset(Channel channel) noexcept;
+float shear_centre_offset(Channel channel);
 
-float warping_constant(Channel channel) noexcept;
+float warping_constant(Channel channel);
 
 }  // namespace kez

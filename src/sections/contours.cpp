@@ -5,7 +5,7 @@
 
 namespace kez {
 
-std::optional<Block> last_block(std::span<const std::int32_t> counts) noexcept {
+std::optional<Block> last_block(std::span<const std::int32_t> counts) {
   if (counts.empty()) return std::nullopt;
   std::uint32_t sum = 0;  // Deliberate: it wraps (kezadr).
   for (const std::int32_t count : counts.first(counts.size() - 1)) {

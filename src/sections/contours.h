@@ -12,6 +12,6 @@ struct Block {
 };
 
 // The block of the last count; none where it is empty, or where the counts lead out of the array.
-std::optional<Block> last_block(std::span<const std::int32_t> counts) noexcept;
+std::optional<Block> last_block(std::span<const std::int32_t> counts);
 
 }  // namespace kez

@@ -7,7 +7,7 @@
 
 namespace kez {
 
-float reduction_factor(PlatePanel panel, float psi, float k) noexcept {
+float reduction_factor(PlatePanel panel, float psi, float k) {
   const float lambda_p =
       quotient(panel.b, quotient(panel.e2, panel.e1) * 28.4f * square_root(k) * panel.t);
   if (std::islessequal(lambda_p, 0.5f + square_root(0.085f - 0.055f * psi))) return 1;
@@ -28,7 +28,7 @@ struct StressCase {
 
 // EN 1993-1-5, table 4.1. The cases overlap within the tolerance, and the last that applies counts;
 // psi = -3 lies in none of them.
-StressCase stress_case(float s1, float s2) noexcept {
+StressCase stress_case(float s1, float s2) {
   if (!(s1 > 0)) return {};
   const float psi = s2 / s1, magnitude2 = std::fabs(s2);
   StressCase found{};
@@ -47,14 +47,13 @@ StressCase stress_case(float s1, float s2) noexcept {
   return found;
 }
 
-bool is_mostly_in_tension(float s1, float s2) noexcept {
+bool is_mostly_in_tension(float s1, float s2) {
   return s1 > 0 && s2 < 0 && std::fabs(s2) / 3 > s1;
 }
 
 }  // namespace
 
-std::optional<EffectiveParts> effective_parts(PlatePanel panel, float b_bar, float s1,
-                                              float s2) noexcept {
+std::optional<EffectiveParts> effective_parts(PlatePanel panel, float b_bar, float s1, float s2) {
   if (equal(s1, 0) && equal(s2, 0)) return std::nullopt;
   if (is_mostly_in_tension(s1, s2)) return EffectiveParts{0.5f * b_bar, 0.5f * b_bar};
   const auto [psi, k, share] = stress_case(s1, s2);
@@ -76,7 +75,7 @@ std::optional<EffectiveParts> effective_parts(PlatePanel panel, float b_bar, flo
   return std::nullopt;
 }
 
-float effective_width(PlatePanel panel, float d, float& coefficient) noexcept {
+float effective_width(PlatePanel panel, float d, float& coefficient) {
   const float ratio = quotient(panel.b, d), beyond = ratio - 0.35f;
   if (std::islessequal(ratio, 0.35f)) {
     coefficient = 0.5f;
@@ -89,7 +88,7 @@ float effective_width(PlatePanel panel, float d, float& coefficient) noexcept {
 namespace {
 
 // EN 1993-1-3, 5.5.3.1 (5.12).
-float distortional_reduction(float lambda) noexcept {
+float distortional_reduction(float lambda) {
   if (lambda <= 0.65f) return 1;
   if (lambda <= 1.38f) return 1.47f - 0.723f * lambda;
   return 0.66f / lambda;
@@ -97,7 +96,7 @@ float distortional_reduction(float lambda) noexcept {
 
 // Of the full stiffener on the spring that the bent plate gives it: EN 1993-1-3, 5.5.3.2 (5.15)
 // with the spring stiffness of 5.5.3.1 (5.10b).
-float stiffener_slenderness(const Stiffener& stiffener) noexcept {
+float stiffener_slenderness(const Stiffener& stiffener) {
   const float a = stiffener.a, b = stiffener.b, t = stiffener.t, s = stiffener.s;
   if (a + b == 0) return not_a_number;  // no area, and so no centroid
   const float area = (a + b) * t;
@@ -117,7 +116,7 @@ float stiffener_slenderness(const Stiffener& stiffener) noexcept {
 }  // namespace
 
 // A reduced stiffener attracts less stress, so its slenderness is sqrt(chi) times the full one's.
-StiffenerReduction reduce_stiffener(const Stiffener& stiffener) noexcept {
+StiffenerReduction reduce_stiffener(const Stiffener& stiffener) {
   constexpr int most_iterations = 100;
   const float lambda = stiffener_slenderness(stiffener);
   if (!std::isfinite(lambda)) return {0, 0};  // what the iteration does not settle

@@ -12,19 +12,18 @@ struct PlatePanel {
 };
 
 // EN 1993-1-5, 4.4 (4.2), with the buckling coefficient k and the stress ratio psi.
-float reduction_factor(PlatePanel panel, float psi, float k) noexcept;
+float reduction_factor(PlatePanel panel, float psi, float k);
 
 struct EffectiveParts {
   float at_first, at_second;
 };
 
 // Of an internal panel with the edge stresses s1 and s2; none where no case applies.
-std::optional<EffectiveParts> effective_parts(PlatePanel panel, float b_bar, float s1,
-                                              float s2) noexcept;
+std::optional<EffectiveParts> effective_parts(PlatePanel panel, float b_bar, float s1, float s2);
 
 // Of a panel whose buckling coefficient follows from b / d. Beyond 0.6, and where the ratio is not
 // a number, the coefficient stays as it is.
-float effective_width(PlatePanel panel, float d, float& coefficient) noexcept;
+float effective_width(PlatePanel panel, float d, float& coefficient);
 
 struct Stiffener {
   float t, b, z, a, s, fy, e, nu;
@@ -36,6 +35,6 @@ struct StiffenerReduction {
 };
 
 // Zeros where the iteration does not settle.
-StiffenerReduction reduce_stiffener(const Stiffener& stiffener) noexcept;
+StiffenerReduction reduce_stiffener(const Stiffener& stiffener);
 
 }  // namespace kez

@@ -8,7 +8,7 @@
 namespace kez {
 
 std::optional<RangeEntries> find_range(std::span<const float> x, float low, float high,
-                                       std::int32_t positions[]) noexcept {
+                                       std::int32_t positions[]) {
   std::size_t count = 0, first = 0, last = 0;
   for (std::size_t i = 0; i < x.size(); ++i) {
     if (!(low <= x[i] && x[i] <= high)) continue;

@@ -14,6 +14,6 @@ struct RangeEntries {
 
 // The entries inside; without any, the two that enclose the range, with distances of 0.
 std::optional<RangeEntries> find_range(std::span<const float> x, float low, float high,
-                                       std::int32_t positions[]) noexcept;
+                                       std::int32_t positions[]);
 
 }  // namespace kez

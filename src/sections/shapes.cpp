@@ -7,33 +7,32 @@
 
 namespace kez {
 
-void Section::add(Figure kind, float sign, std::initializer_list<Vec2> vertices) noexcept {
+void Section::add(Figure kind, float sign, std::initializer_list<Vec2> vertices) {
   std::copy(vertices.begin(), vertices.end(), vertices_.begin() + vertex_count_);
   vertex_count_ += vertices.size();
   contours_[contour_count_++] = {static_cast<std::int32_t>(vertices.size()), kind, sign};
 }
 
-void Section::add_material(std::initializer_list<Vec2> vertices) noexcept {
+void Section::add_material(std::initializer_list<Vec2> vertices) {
   add(Figure::polygon, 1, vertices);
 }
 
-void Section::add_hole(std::initializer_list<Vec2> vertices) noexcept {
+void Section::add_hole(std::initializer_list<Vec2> vertices) {
   add(Figure::polygon, -1, vertices);
 }
 
-void Section::show_vertex_count(std::int32_t count) noexcept {
+void Section::show_vertex_count(std::int32_t count) {
   contours_[contour_count_ - 1].vertex_count = count;
 }
 
 namespace {
 
-void add_rectangular_hole(Section& section, float left, float bottom, float right,
-                          float top) noexcept {
+void add_rectangular_hole(Section& section, float left, float bottom, float right, float top) {
   section.add_hole({{left, top}, {left, bottom}, {right, bottom}, {right, top}});
 }
 
 // Two flanges and whatever lies between them out to y = +-e.
-void add_lying(Section& section, Flanges f, float e) noexcept {
+void add_lying(Section& section, Flanges f, float e) {
   const float a = f.d / 2;
   section.add_material({{-a, f.b1 / 2},
                         {-a, -f.b1 / 2},
@@ -50,7 +49,7 @@ void add_lying(Section& section, Flanges f, float e) noexcept {
 }
 
 // The same upright, out to x = +-e.
-void add_standing(Section& section, Flanges f, float e) noexcept {
+void add_standing(Section& section, Flanges f, float e) {
   const float a = f.d / 2;
   section.add_material({{-f.b1 / 2, a},
                         {-f.b1 / 2, a - f.t1},
@@ -66,7 +65,7 @@ void add_standing(Section& section, Flanges f, float e) noexcept {
                         {f.b1 / 2, a}});
 }
 
-void add_cell(Section& section, Flanges f, float bottom, float top) noexcept {
+void add_cell(Section& section, Flanges f, float bottom, float top) {
   const float a = f.d / 2;
   add_rectangular_hole(section, f.t1 - a, bottom, a - f.t2, top);
 }
@@ -76,12 +75,12 @@ void add_cell(Section& section, Flanges f, float bottom, float top) noexcept {
 struct Fillet {
   Vec2 corner, leg1, leg2;  // counter-clockwise
 
-  Vec2 end1() const noexcept { return corner + leg1; }
-  Vec2 end2() const noexcept { return corner + leg2; }
-  Vec2 centre() const noexcept { return end1() + leg2; }
+  Vec2 end1() const { return corner + leg1; }
+  Vec2 end2() const { return corner + leg2; }
+  Vec2 centre() const { return end1() + leg2; }
 };
 
-std::array<Fillet, 4> root_fillets(Flanges f, float tw, float r) noexcept {
+std::array<Fillet, 4> root_fillets(Flanges f, float tw, float r) {
   const float x = tw / 2, a = f.d / 2;
   return {{{{-x, a - f.t1}, {-r, 0}, {0, -r}},
            {{-x, f.t2 - a}, {0, r}, {-r, 0}},
@@ -93,13 +92,13 @@ std::array<Fillet, 4> root_fillets(Flanges f, float tw, float r) noexcept {
 // web and side the wall turns by phi, and its inner corner lies t tan(phi / 2) farther along the
 // web than the outer one. With the side's depth and its extent along the web,
 // tan(phi / 2) = depth / (side + along).
-float groove_mitre(Groove g, float t) noexcept {
+float groove_mitre(Groove g, float t) {
   if (g.depth == 0) return 0;
   const float along = (g.width - g.bottom) / 2;
   return t * (g.depth / (std::sqrt(g.depth * g.depth + along * along) + along));
 }
 
-void add_lipped(Section& section, const FoldedChannel& channel) noexcept {
+void add_lipped(Section& section, const FoldedChannel& channel) {
   const auto [depth, width, bottom] = channel.groove;
   const float x = channel.b / 2, y = channel.h / 2, c = channel.c, t = channel.t, r = channel.r;
   const float mitre = groove_mitre(channel.groove, t);
@@ -129,19 +128,19 @@ void add_lipped(Section& section, const FoldedChannel& channel) noexcept {
                         {x, y}});
 }
 
-void add_plain(Section& section, float b, float h, float t) noexcept {
+void add_plain(Section& section, float b, float h, float t) {
   const float x = b / 2, y = h / 2;
   section.add_material(
       {{-x, y}, {-x, -y}, {x, -y}, {x, t - y}, {t - x, t - y}, {t - x, y - t}, {x, y - t}, {x, y}});
 }
 
 // To the nearest of 0, 1 and 2, whatever the real.
-std::size_t slot_count(float count) noexcept {
+std::size_t slot_count(float count) {
   if (count >= 1.5f) return 2;
   return count >= 0.5f ? 1 : 0;
 }
 
-void add_web_slots(Section& section, const FoldedChannel& channel) noexcept {
+void add_web_slots(Section& section, const FoldedChannel& channel) {
   const auto [width, place, count] = channel.web;
   const float x = channel.b / 2, centres[] = {-place, place};
   for (std::size_t i = 0; i < slot_count(count); ++i) {
@@ -150,7 +149,7 @@ void add_web_slots(Section& section, const FoldedChannel& channel) noexcept {
   }
 }
 
-void add_flange_slots(Section& section, const FoldedChannel& channel) noexcept {
+void add_flange_slots(Section& section, const FoldedChannel& channel) {
   const auto [width, place, count] = channel.flange;
   const float x = channel.b / 2, y = channel.h / 2, centres[] = {place - x, x - place};
   for (std::size_t i = 0; i < slot_count(count); ++i) {
@@ -162,7 +161,7 @@ void add_flange_slots(Section& section, const FoldedChannel& channel) noexcept {
 
 }  // namespace
 
-Section flat_bar(std::int32_t b, float h) noexcept {
+Section flat_bar(std::int32_t b, float h) {
   const float x = static_cast<float>(b) / 2, y = h / 2;
   Section section;
   section.add_material({{-x, y}, {-x, -y}, {x, -y}, {x, y}});
@@ -170,7 +169,7 @@ Section flat_bar(std::int32_t b, float h) noexcept {
   return section;
 }
 
-Section tee(float b, float h, float tf, float tw) noexcept {
+Section tee(float b, float h, float tf, float tw) {
   Section section;
   section.add_material({{-b / 2, h / 2},
                         {-b / 2, h / 2 - tf},
@@ -183,26 +182,26 @@ Section tee(float b, float h, float tf, float tw) noexcept {
   return section;
 }
 
-Section lying_i(Flanges flanges, float tw) noexcept {
+Section lying_i(Flanges flanges, float tw) {
   Section section;
   add_lying(section, flanges, tw / 2);
   return section;
 }
 
-Section standing_i(Flanges flanges, float tw) noexcept {
+Section standing_i(Flanges flanges, float tw) {
   Section section;
   add_standing(section, flanges, tw / 2);
   return section;
 }
 
-Section one_cell(Flanges flanges, float tw, float s) noexcept {
+Section one_cell(Flanges flanges, float tw, float s) {
   Section section;
   add_lying(section, flanges, s / 2 + tw);
   add_cell(section, flanges, -s / 2, s / 2);
   return section;
 }
 
-Section two_cells(Flanges flanges, float tw, float s) noexcept {
+Section two_cells(Flanges flanges, float tw, float s) {
   Section section;
   add_lying(section, flanges, tw / 2 + s + tw);
   add_cell(section, flanges, tw / 2, tw / 2 + s);
@@ -210,14 +209,14 @@ Section two_cells(Flanges flanges, float tw, float s) noexcept {
   return section;
 }
 
-Section box_girder(BoxPlates p) noexcept {
+Section box_girder(BoxPlates p) {
   Section section;
   add_standing(section, {p.h, p.bt, p.bb, p.tt, p.tb}, p.s / 2 + p.tw);
   add_rectangular_hole(section, -p.s / 2, p.tb - p.h / 2, p.s / 2, p.h / 2 - p.tt);
   return section;
 }
 
-Section tabbed_box(TabbedBox box) noexcept {
+Section tabbed_box(TabbedBox box) {
   const float x = box.b / 2, y = box.h / 2;
   const float over = box.y + box.tt / 2, under = box.y - box.tt / 2;
   Section section;
@@ -237,7 +236,7 @@ Section tabbed_box(TabbedBox box) noexcept {
   return section;
 }
 
-Section hollow_rectangle(float b, float h, float t) noexcept {
+Section hollow_rectangle(float b, float h, float t) {
   const float x = b / 2, y = h / 2, inner_x = (b - 2 * t) / 2, inner_y = (h - 2 * t) / 2;
   Section section;
   section.add_material({{-x, y}, {-x, -y}, {x, -y}, {x, y}});
@@ -245,7 +244,7 @@ Section hollow_rectangle(float b, float h, float t) noexcept {
   return section;
 }
 
-Section double_angle(float a, float h, float s, float th, float tv) noexcept {
+Section double_angle(float a, float h, float s, float th, float tv) {
   const float w = a + s / 2, face = tv + s / 2, y = h / 2;
   Section section;
   section.add_material(
@@ -254,7 +253,7 @@ Section double_angle(float a, float h, float s, float th, float tv) noexcept {
   return section;
 }
 
-Section folded_channel(const FoldedChannel& channel) noexcept {
+Section folded_channel(const FoldedChannel& channel) {
   Section section;
   if (channel.c > tolerance) {
     add_lipped(section, channel);
@@ -266,7 +265,7 @@ Section folded_channel(const FoldedChannel& channel) noexcept {
   return section;
 }
 
-Section rolled_i(Flanges flanges, RolledDetails details) noexcept {
+Section rolled_i(Flanges flanges, RolledDetails details) {
   Section section;
   add_standing(section, flanges, details.tw / 2);
   const auto fillets = root_fillets(flanges, details.tw, details.r);

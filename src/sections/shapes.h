@@ -22,14 +22,14 @@ class Section {
  public:
   static constexpr std::size_t max_vertices = 48, max_contours = 11;
 
-  void add(Figure kind, float sign, std::initializer_list<Vec2> vertices) noexcept;
-  void add_material(std::initializer_list<Vec2> vertices) noexcept;
-  void add_hole(std::initializer_list<Vec2> vertices) noexcept;
+  void add(Figure kind, float sign, std::initializer_list<Vec2> vertices);
+  void add_material(std::initializer_list<Vec2> vertices);
+  void add_hole(std::initializer_list<Vec2> vertices);
   // The count that the last contour shows, whatever it holds.
-  void show_vertex_count(std::int32_t count) noexcept;
+  void show_vertex_count(std::int32_t count);
 
-  std::span<const Vec2> vertices() const noexcept { return {vertices_.data(), vertex_count_}; }
-  std::span<const Contour> contours() const noexcept { return {contours_.data(), contour_count_}; }
+  std::span<const Vec2> vertices() const { return {vertices_.data(), vertex_count_}; }
+  std::span<const Contour> contours() const { return {contours_.data(), contour_count_}; }
 
  private:
   std::array<Vec2, max_vertices> vertices_;
@@ -68,17 +68,17 @@ struct RolledDetails {
   float tw, r, hole, gauge;
 };
 
-Section flat_bar(std::int32_t b, float h) noexcept;
-Section tee(float b, float h, float tf, float tw) noexcept;
-Section lying_i(Flanges flanges, float tw) noexcept;
-Section standing_i(Flanges flanges, float tw) noexcept;
-Section one_cell(Flanges flanges, float tw, float s) noexcept;
-Section two_cells(Flanges flanges, float tw, float s) noexcept;
-Section box_girder(BoxPlates plates) noexcept;
-Section tabbed_box(TabbedBox box) noexcept;
-Section hollow_rectangle(float b, float h, float t) noexcept;
-Section double_angle(float a, float h, float s, float th, float tv) noexcept;
-Section folded_channel(const FoldedChannel& channel) noexcept;
-Section rolled_i(Flanges flanges, RolledDetails details) noexcept;
+Section flat_bar(std::int32_t b, float h);
+Section tee(float b, float h, float tf, float tw);
+Section lying_i(Flanges flanges, float tw);
+Section standing_i(Flanges flanges, float tw);
+Section one_cell(Flanges flanges, float tw, float s);
+Section two_cells(Flanges flanges, float tw, float s);
+Section box_girder(BoxPlates plates);
+Section tabbed_box(TabbedBox box);
+Section hollow_rectangle(float b, float h, float t);
+Section double_angle(float a, float h, float s, float th, float tv);
+Section folded_channel(const FoldedChannel& channel);
+Section rolled_i(Flanges flanges, RolledDetails details);
 
 }  // namespace kez

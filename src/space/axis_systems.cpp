@@ -8,12 +8,12 @@ namespace kez {
 namespace {
 
 // Upward, where up is y; for a vertical plane z decides, and for one across the z axis x.
-Vec3 upward(Vec3 n) noexcept {
+Vec3 upward(Vec3 n) {
   const float height = non_zero(n.y) ? n.y : non_zero(n.z) ? n.z : n.x;
   return height < 0 ? -1.0f * n : n;
 }
 
-Vec3 unit_or_zero(Vec3 v) noexcept {
+Vec3 unit_or_zero(Vec3 v) {
   const float l = length(v);
   if (!(l >= tolerance)) return {};
   return {v.x / l, v.y / l, v.z / l};
@@ -21,7 +21,7 @@ Vec3 unit_or_zero(Vec3 v) noexcept {
 
 }  // namespace
 
-PlacedAxes axes_through(Vec3 origin, Vec3 on_x, Vec3 in_xy) noexcept {
+PlacedAxes axes_through(Vec3 origin, Vec3 on_x, Vec3 in_xy) {
   if (position_on_segment(Segment{origin, on_x}, in_xy) != Position::off_line) {
     return {PlacedAxes::Status::collinear, {}};
   }
@@ -31,7 +31,7 @@ PlacedAxes axes_through(Vec3 origin, Vec3 on_x, Vec3 in_xy) noexcept {
   return {PlacedAxes::Status::placed, {unit_or_zero(x), unit_or_zero(y), unit_or_zero(z)}};
 }
 
-float distance_in_plane(Segment<Vec3> line, Vec3 p) noexcept {
+float distance_in_plane(Segment<Vec3> line, Vec3 p) {
   const auto [p1, p2] = line;
   if (is_null(p2 - p1)) return distance(p1, p);
   const auto [status, axes] = axes_through(p1, p2, p);
@@ -41,7 +41,7 @@ float distance_in_plane(Segment<Vec3> line, Vec3 p) noexcept {
                          line_through(to_local_plane(axes, p1), to_local_plane(axes, p2)));
 }
 
-float distance_by_cross(Segment<Vec3> line, Vec3 p) noexcept {
+float distance_by_cross(Segment<Vec3> line, Vec3 p) {
   const Vec3 p1 = line.first, u = line.vector();
   if (is_null(u)) return distance(p1, p);
   const Vec3 w = {p1.x - p.x, p1.y - p.y, p1.y - p.z};

@@ -9,7 +9,7 @@
 
 namespace kez {
 
-DirectionClass classify_direction(Vec3 direction) noexcept {
+DirectionClass classify_direction(Vec3 direction) {
   const bool x = non_zero(direction.x), x0 = equal(direction.x, 0);
   const bool y = non_zero(direction.y), y0 = equal(direction.y, 0);
   const bool z = non_zero(direction.z), z0 = equal(direction.z, 0);
@@ -23,7 +23,7 @@ DirectionClass classify_direction(Vec3 direction) noexcept {
   return DirectionClass::general;  // also with a component that is not a number
 }
 
-PointOnLine test_on_line(Vec3 p0, Vec3 direction, Vec3 p, float tol) noexcept {
+PointOnLine test_on_line(Vec3 p0, Vec3 direction, Vec3 p, float tol) {
   const float u = direction.x, v = direction.y, w = direction.z;
   // The class is that of the direction as it shows between two points of the line.
   const DirectionClass found = classify_direction((p0 + direction) - p0);
@@ -53,7 +53,7 @@ PointOnLine test_on_line(Vec3 p0, Vec3 direction, Vec3 p, float tol) noexcept {
 }
 
 PointOnMeetingLine test_on_meeting_line(Plane p, Plane q, float n, Vec3 point, float tol,
-                                        Vec3& kept) noexcept {
+                                        Vec3& kept) {
   const auto [a1, b1, c1, d1] = p;
   const auto [a2, b2, c2, d2] = q;
   const float l = determinant(b1, c1, b2, c2), m = determinant(a1, c1, a2, c2);
@@ -77,7 +77,7 @@ PointOnMeetingLine test_on_meeting_line(Plane p, Plane q, float n, Vec3 point, f
 }
 
 // In the plane of the lines, in axes whose x axis is the first line.
-SpaceMeeting intersect_lines_in_space(Ray first, Ray second, Vec2 fallback) noexcept {
+SpaceMeeting intersect_lines_in_space(Ray first, Ray second, Vec2 fallback) {
   const Obstacle obstacle = plane_through_lines(first, second).obstacle;
   if (obstacle != Obstacle::none) return {obstacle, std::nullopt};
 

@@ -21,7 +21,7 @@ enum class DirectionClass : std::int32_t {
   in_xz = 7,
 };
 
-DirectionClass classify_direction(Vec3 direction) noexcept;
+DirectionClass classify_direction(Vec3 direction);
 
 struct PointOnLine {
   DirectionClass direction;
@@ -29,7 +29,7 @@ struct PointOnLine {
 };
 
 // Whether the coordinates of p are within tol of those of the line through p0.
-PointOnLine test_on_line(Vec3 p0, Vec3 direction, Vec3 p, float tol) noexcept;
+PointOnLine test_on_line(Vec3 p0, Vec3 direction, Vec3 p, float tol);
 
 struct PointOnMeetingLine {
   float l, m;  // with n the direction of the line is (l, -m, n)
@@ -41,7 +41,7 @@ struct PointOnMeetingLine {
 // The line is evaluated at the coordinate of `kept` along the first axis that it is not
 // perpendicular to, and the other two coordinates of `kept` become those of the line there.
 PointOnMeetingLine test_on_meeting_line(Plane p, Plane q, float n, Vec3 point, float tol,
-                                        Vec3& kept) noexcept;
+                                        Vec3& kept);
 
 struct MeetingPoint {
   Vec3 point;
@@ -55,6 +55,6 @@ struct SpaceMeeting {
 
 // Of two lines in one plane. Where they turn out to have no one point in common, `fallback` is
 // taken for it, in the axes of their plane.
-SpaceMeeting intersect_lines_in_space(Ray first, Ray second, Vec2 fallback) noexcept;
+SpaceMeeting intersect_lines_in_space(Ray first, Ray second, Vec2 fallback);
 
 }  // namespace kez

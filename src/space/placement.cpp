@@ -12,24 +12,24 @@ namespace kez {
 
 namespace {
 
-Vec3 rotate_about_x(Rotation r, Vec3 p) noexcept {
+Vec3 rotate_about_x(Rotation r, Vec3 p) {
   const Vec2 q = rotate(r, {p.y, p.z});
   return {p.x, q.x, q.y};
 }
 
-Vec3 rotate_about_y(Rotation r, Vec3 p) noexcept {
+Vec3 rotate_about_y(Rotation r, Vec3 p) {
   const Vec2 q = rotate(r, {p.x, p.z});
   return {q.x, p.y, q.y};
 }
 
-Vec3 rotate_about_z(Rotation r, Vec3 p) noexcept {
+Vec3 rotate_about_z(Rotation r, Vec3 p) {
   const Vec2 q = rotate(r, {p.x, p.y});
   return {q.x, q.y, p.z};
 }
 
 }  // namespace
 
-void place(const SpacePoints& points, Placement placement) noexcept {
+void place(const SpacePoints& points, Placement placement) {
   const auto [t, angles] = placement;
   if (non_zero(t.x) || non_zero(t.y) || non_zero(t.z)) translate(points, Vec3{-t.x, -t.y, -t.z});
   if (non_zero(angles.x)) rotate_each(rotation_by(angles.x), points.yz());
@@ -47,7 +47,7 @@ struct LocalPlacement {
 };
 
 // By value, so that no store into the lists can change what is in registers.
-[[gnu::always_inline]] inline void place_each(SpacePoints points, LocalPlacement to) noexcept {
+[[gnu::always_inline]] inline void place_each(SpacePoints points, LocalPlacement to) {
   for (std::size_t i = 0; i < points.size(); ++i) {
     const Vec3 moved = to_local(to.axes, points[i] - to.origin) + to.translation;
     const Vec3 rotated = rotate_about_y(to.about_y, rotate_about_x(to.about_x, moved));
@@ -59,13 +59,12 @@ struct LocalPlacement {
 #if defined(__linux__) && defined(__SSE__)
 
 // With registers of eight numbers. The results are the same, for AVX2 alone fuses nothing.
-[[gnu::target("avx2")]] void place_eights(const SpacePoints& points,
-                                          const LocalPlacement& to) noexcept {
+[[gnu::target("avx2")]] void place_eights(const SpacePoints& points, const LocalPlacement& to) {
   place_each(points, to);
 }
 
 // Whether the processor has AVX2, and the system keeps its registers.
-bool find_eights() noexcept {
+bool find_eights() {
   unsigned a, b, c, d;
   if (!__get_cpuid(1, &a, &b, &c, &d) || !(c & bit_OSXSAVE)) return false;
   if (!__get_cpuid_count(7, 0, &a, &b, &c, &d) || !(b & bit_AVX2)) return false;
@@ -76,7 +75,7 @@ bool find_eights() noexcept {
 
 // Found out when it first pays, and once: on a virtual machine the questions alone can take as long
 // as loading the library, which is why the compiler's own answer, made at loading, is not used.
-bool has_eights() noexcept {
+bool has_eights() {
   constexpr int unknown = -1;
   static constinit std::atomic<int> known = unknown;
   int has = known.load(std::memory_order_relaxed);
@@ -86,7 +85,7 @@ bool has_eights() noexcept {
 
 #endif
 
-void place_in_axes(const SpacePoints& points, const LocalPlacement& to) noexcept {
+void place_in_axes(const SpacePoints& points, const LocalPlacement& to) {
 #if defined(__linux__) && defined(__SSE__)
   constexpr std::size_t worth_asking = 256;
   if (points.size() >= worth_asking && has_eights()) return place_eights(points, to);
@@ -97,7 +96,7 @@ void place_in_axes(const SpacePoints& points, const LocalPlacement& to) noexcept
 }  // namespace
 
 PlacedAxes::Status place_locally(Vec3 origin, Vec3 on_x, Vec3 in_xy, const SpacePoints& points,
-                                 Placement placement) noexcept {
+                                 Placement placement) {
   const PlacedAxes placed = axes_through(origin, on_x, in_xy);
   if (placed.status != PlacedAxes::Status::placed) return placed.status;
   const auto [t, angles] = placement;
@@ -106,7 +105,7 @@ PlacedAxes::Status place_locally(Vec3 origin, Vec3 on_x, Vec3 in_xy, const Space
   return placed.status;
 }
 
-PlaneOfPoints rotated_plane(Vec3 p1, Vec3 p2, Vec3 p3, float angle) noexcept {
+PlaneOfPoints rotated_plane(Vec3 p1, Vec3 p2, Vec3 p3, float angle) {
   const Position third = position_on_segment(Segment{p1, p2}, p3);
   if (third != Position::off_line) return {third, {}};
   const AxisSystem axes = axes_through(p1, p2, p3).axes;

@@ -10,7 +10,7 @@ namespace kez {
 
 namespace {
 
-Obstacle obstacle(LineRelation relation) noexcept {
+Obstacle obstacle(LineRelation relation) {
   switch (relation) {
     case LineRelation::same_line_same:
       return Obstacle::same_line_same;
@@ -27,13 +27,13 @@ Obstacle obstacle(LineRelation relation) noexcept {
 
 }  // namespace
 
-PlaneOfLines plane_parallel_to(Vec3 p, Segment<Vec3> first, Segment<Vec3> second) noexcept {
+PlaneOfLines plane_parallel_to(Vec3 p, Segment<Vec3> first, Segment<Vec3> second) {
   const Obstacle found = obstacle(relate_lines(first, second));
   if (found != Obstacle::none && found != Obstacle::skew) return {found, {}};
   return {Obstacle::none, plane_spanned(p, first.vector(), second.vector())};
 }
 
-PlaneOfLines plane_through_lines(Ray first, Ray second) noexcept {
+PlaneOfLines plane_through_lines(Ray first, Ray second) {
   // Not the directions themselves: what counts is how they show between two points of each line.
   const Segment<Vec3> s1 = first.segment(), s2 = second.segment();
   const Obstacle found = obstacle(relate_lines(s1, s2));
@@ -41,29 +41,29 @@ PlaneOfLines plane_through_lines(Ray first, Ray second) noexcept {
   return {Obstacle::none, plane_spanned(s1.first, s1.vector(), s2.vector())};
 }
 
-std::optional<Plane> plane_perpendicular(Vec3 p, Segment<Vec3> segment) noexcept {
+std::optional<Plane> plane_perpendicular(Vec3 p, Segment<Vec3> segment) {
   const Vec3 n = segment.vector();
   if (is_null(n)) return std::nullopt;
   return Plane{n.x, n.y, n.z, -n.x * p.x - n.y * p.y - n.z * p.z};
 }
 
-std::optional<Plane> plane_of_intercepts(Vec3 intercepts) noexcept {
+std::optional<Plane> plane_of_intercepts(Vec3 intercepts) {
   const auto [p, q, r] = intercepts;
   if (!(non_zero(p) && non_zero(q) && non_zero(r))) return std::nullopt;
   return Plane{1 / p, 1 / q, 1 / r, -1};
 }
 
-std::optional<LineRelation> relate_through_origin(Vec3 u, Vec3 w) noexcept {
+std::optional<LineRelation> relate_through_origin(Vec3 u, Vec3 w) {
   if (is_exactly_zero(u)) return std::nullopt;
   return relate_lines({{}, u}, {{}, w});
 }
 
-float signed_distance(Vec3 p, Plane plane) noexcept {
+float signed_distance(Vec3 p, Plane plane) {
   const Vec3 n = plane.normal();
   return (dot(n, p) + plane.d) * reciprocal_sqrt(dot(n, n));
 }
 
-PlaneClass classify_plane(Plane plane) noexcept {
+PlaneClass classify_plane(Plane plane) {
   const bool a = !equal(plane.a, 0), b = !equal(plane.b, 0), c = !equal(plane.c, 0);
   if (a && b && c) return PlaneClass::general;
   if (b && c) return PlaneClass::along_x;
@@ -79,12 +79,12 @@ PlaneClass classify_plane(Plane plane) noexcept {
 namespace {
 
 // In double precision, where the square of no component overflows or vanishes.
-double precise_length(Vec3 v) noexcept {
+double precise_length(Vec3 v) {
   const auto square = [](float x) { return static_cast<double>(x) * static_cast<double>(x); };
   return std::sqrt(square(v.x) + square(v.y) + square(v.z));
 }
 
-Vec3 divided(Vec3 v, double length) noexcept {
+Vec3 divided(Vec3 v, double length) {
   const auto part = [length](float x) {
     return static_cast<float>(static_cast<double>(x) / length);
   };
@@ -93,7 +93,7 @@ Vec3 divided(Vec3 v, double length) noexcept {
 
 }  // namespace
 
-Membership in_plane_by_angle(Vec3 p1, Vec3 p2, Vec3 p3, Vec3 p, float tol) noexcept {
+Membership in_plane_by_angle(Vec3 p1, Vec3 p2, Vec3 p3, Vec3 p, float tol) {
   const PlaneOfPoints through = plane_through(p1, p2, p3);
   if (through.third != Position::off_line) return Membership::outside;
 
@@ -106,12 +106,12 @@ Membership in_plane_by_angle(Vec3 p1, Vec3 p2, Vec3 p3, Vec3 p, float tol) noexc
   return tol >= std::fabs(cosine) ? Membership::inside : Membership::outside;
 }
 
-Membership in_plane_by_distance(Vec3 p, Plane plane, float tol) noexcept {
+Membership in_plane_by_distance(Vec3 p, Plane plane, float tol) {
   if (is_exactly_zero(plane.normal())) return Membership::no_normal;
   return tol >= std::fabs(signed_distance(p, plane)) ? Membership::inside : Membership::outside;
 }
 
-PlaneScan scan(const ConstSpacePoints& points, Plane plane, std::int32_t positions[]) noexcept {
+PlaneScan scan(const ConstSpacePoints& points, Plane plane, std::int32_t positions[]) {
   const Vec3 n = plane.normal();
   PlaneScan result{0, plane.d};
   for (std::size_t i = 0; i < points.size(); ++i) {

@@ -17,7 +17,7 @@ struct PlaneOfPoints {
   Plane plane;
 };
 
-inline PlaneOfPoints plane_through(Vec3 p1, Vec3 p2, Vec3 p3) noexcept {
+inline PlaneOfPoints plane_through(Vec3 p1, Vec3 p2, Vec3 p3) {
   const Position third = position_on_segment(Segment{p1, p2}, p3);
   if (third != Position::off_line) return {third, {}};
   return {third, plane_spanned(p1, p2 - p1, p3 - p1)};
@@ -39,28 +39,28 @@ struct PlaneOfLines {
 
 // Through p, parallel to both lines. Skew lines are no obstacle; parallel ones are none either, and
 // leave the plane without a normal.
-PlaneOfLines plane_parallel_to(Vec3 p, Segment<Vec3> first, Segment<Vec3> second) noexcept;
+PlaneOfLines plane_parallel_to(Vec3 p, Segment<Vec3> first, Segment<Vec3> second);
 
 // A line as a point and a direction.
 struct Ray {
   Vec3 point, direction;
 
-  Segment<Vec3> segment() const noexcept { return {point, point + direction}; }
+  Segment<Vec3> segment() const { return {point, point + direction}; }
 };
 
-PlaneOfLines plane_through_lines(Ray first, Ray second) noexcept;
+PlaneOfLines plane_through_lines(Ray first, Ray second);
 
 // Perpendicular to a segment, where its ends do not coincide.
-std::optional<Plane> plane_perpendicular(Vec3 p, Segment<Vec3> segment) noexcept;
+std::optional<Plane> plane_perpendicular(Vec3 p, Segment<Vec3> segment);
 
 // From its intercepts on the axes, where all are non-zero.
-std::optional<Plane> plane_of_intercepts(Vec3 intercepts) noexcept;
+std::optional<Plane> plane_of_intercepts(Vec3 intercepts);
 
 // Of the lines through the origin in these directions, where the first is not exactly zero.
-std::optional<LineRelation> relate_through_origin(Vec3 u, Vec3 w) noexcept;
+std::optional<LineRelation> relate_through_origin(Vec3 u, Vec3 w);
 
 // Positive on the side to which the normal points.
-float signed_distance(Vec3 p, Plane plane) noexcept;
+float signed_distance(Vec3 p, Plane plane);
 
 // The axis or plane of coordinates that a plane is parallel to or is.
 enum class PlaneClass : std::int32_t {
@@ -76,7 +76,7 @@ enum class PlaneClass : std::int32_t {
   is_xz = 10,
 };
 
-PlaneClass classify_plane(Plane plane) noexcept;
+PlaneClass classify_plane(Plane plane);
 
 struct LinePlaneMeeting {
   enum class Status : std::int32_t { one_point = 0, parallel = 3, null_direction = 4 };
@@ -84,7 +84,7 @@ struct LinePlaneMeeting {
   Vec3 point;  // a member like that of LineMeeting; not to be read unless there is one
 };
 
-inline LinePlaneMeeting intersect_line_plane(Ray line, Plane plane) noexcept {
+inline LinePlaneMeeting intersect_line_plane(Ray line, Plane plane) {
   using enum LinePlaneMeeting::Status;
   const auto [p, direction] = line;
   const Vec3 n = plane.normal();
@@ -98,9 +98,9 @@ inline LinePlaneMeeting intersect_line_plane(Ray line, Plane plane) noexcept {
 enum class Membership : std::int32_t { outside = -1, inside = 0, no_normal = 1 };
 
 // Whether the cosine of the angle between the plane's normal and p - p1 is within tol.
-Membership in_plane_by_angle(Vec3 p1, Vec3 p2, Vec3 p3, Vec3 p, float tol) noexcept;
+Membership in_plane_by_angle(Vec3 p1, Vec3 p2, Vec3 p3, Vec3 p, float tol);
 
-Membership in_plane_by_distance(Vec3 p, Plane plane, float tol) noexcept;
+Membership in_plane_by_distance(Vec3 p, Plane plane, float tol);
 
 struct PlaneScan {
   std::int32_t count;
@@ -109,6 +109,6 @@ struct PlaneScan {
 
 // Adds a x + b y + c z of one point after the other to plane.d and writes the positions at which
 // the sum is exactly zero.
-PlaneScan scan(const ConstSpacePoints& points, Plane plane, std::int32_t positions[]) noexcept;
+PlaneScan scan(const ConstSpacePoints& points, Plane plane, std::int32_t positions[]);
 
 }  // namespace kez
