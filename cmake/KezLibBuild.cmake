@@ -50,8 +50,7 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   set_source_files_properties(src/batch/batch.cpp
     PROPERTIES COMPILE_OPTIONS "$<$<CONFIG:Release>:-Os>")
   # Short loops over long lists, which run a third slower where they cross a line of the decoder.
-  set_source_files_properties(src/frame/point_lists.cpp src/frame/rotation.cpp
-    PROPERTIES COMPILE_OPTIONS -falign-loops=32)
+  set_source_files_properties(src/frame/point_lists.cpp PROPERTIES COMPILE_OPTIONS -falign-loops=32)
 endif()
 
 # The same bytes wherever the sources stand.

@@ -10,7 +10,6 @@
 #include "circles/guided_points.h"
 #include "circles/local_frame.h"
 #include "circles/region_report.h"
-#include "circles/sagitta_point.h"
 #include "frame/lines.h"
 #include "frame/points.h"
 #include "random.h"

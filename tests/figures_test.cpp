@@ -7,9 +7,8 @@
 
 #include "circles/directions.h"
 #include "circles/figures.h"
-#include "circles/vertex_angle.h"
+#include "frame/point_lists.h"
 #include "frame/points.h"
-#include "frame/rotation.h"
 #include "polygons.h"
 #include "random.h"
 

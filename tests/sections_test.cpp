@@ -7,12 +7,11 @@
 #include <numbers>
 #include <vector>
 
+#include "frame/tables.h"
 #include "polygons.h"
 #include "random.h"
 #include "sections/channel.h"
-#include "sections/contours.h"
 #include "sections/plate_buckling.h"
-#include "sections/range_lookup.h"
 #include "sections/shapes.h"
 
 namespace kez {

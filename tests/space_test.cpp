@@ -6,8 +6,8 @@
 #include <cmath>
 #include <utility>
 
+#include "frame/point_lists.h"
 #include "frame/points.h"
-#include "frame/rotation.h"
 #include "kezlib.h"
 #include "random.h"
 #include "space/axis_systems.h"

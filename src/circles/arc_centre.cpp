@@ -6,7 +6,7 @@
 #include "../frame/points.h"
 #include "../frame/quiet.h"
 #include "../frame/tolerance.h"
-#include "quadratic.h"
+#include "circle.h"
 
 namespace kez {
 

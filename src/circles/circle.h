@@ -4,10 +4,10 @@
 #include <cmath>
 #include <cstdint>
 
+#include "../frame/points.h"
 #include "../frame/quiet.h"
 #include "../frame/tolerance.h"
 #include "../frame/types.h"
-#include "quadratic.h"
 
 namespace kez {
 
@@ -20,6 +20,21 @@ inline Circle circle_about(Vec2 centre, float radius) {
 struct Crossings {
   std::int32_t count;
   Vec2 first, second;
+};
+
+// The equation k2 t^2 + k1 t + k0 = 0 that circle constructions end in. Which of its cases holds is
+// for each of them to judge by the discriminant.
+struct Quadratic {
+  float k2, k1, k0;
+
+  float discriminant() const { return k1 * k1 - k2 * 4 * k0; }
+
+  // Where the discriminant counts as zero.
+  float double_root() const { return -quotient(k1, k2) * 0.5f; }
+
+  // s is the square root of the discriminant.
+  float first_root(float s) const { return (s - k1) / k2 * 0.5f; }
+  float second_root(float s) const { return -(k1 + s) / k2 * 0.5f; }
 };
 
 // The real roots, the one with the positive root of the discriminant first. One root where the
@@ -59,6 +74,30 @@ inline Crossings intersect_circles(Circle p, Circle q) {
   const Line radical = {q.d - p.d, q.e - p.e, q.f - p.f};
   if (std::fabs(radical.a) + std::fabs(radical.b) <= tolerance) return {};
   return intersect_line_circle(radical, p);
+}
+
+// Where a circle lies against a dividing line and the x axis.
+enum class Region : std::int32_t {
+  circle_in_positive = 1,
+  circle_in_negative = 2,
+  segment_in_positive = 3,
+  complement_in_positive = 4,
+};
+
+struct RegionFinding {
+  Region region;
+  Crossings crossings;
+};
+
+// The circle about `centre` through p.
+inline RegionFinding find_region(Vec2 centre, Vec2 p, Line line) {
+  const Crossings crossings =
+      intersect_line_circle(line, circle_about(centre, distance(centre, p)));
+  // A centre on the axis counts as negative where the line misses and as positive where it cuts.
+  if (crossings.count == 2) {
+    return {centre.y < 0 ? Region::segment_in_positive : Region::complement_in_positive, crossings};
+  }
+  return {centre.y > 0 ? Region::circle_in_positive : Region::circle_in_negative, crossings};
 }
 
 }  // namespace kez

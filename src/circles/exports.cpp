@@ -5,10 +5,7 @@
 #include "figures.h"
 #include "guided_points.h"
 #include "local_frame.h"
-#include "region.h"
 #include "region_report.h"
-#include "sagitta_point.h"
-#include "vertex_angle.h"
 
 using namespace kez;
 

@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <optional>
 
-#include "../frame/figure.h"
 #include "../frame/point_lists.h"
 #include "../frame/types.h"
 

@@ -67,4 +67,10 @@ struct GuideMeeting {
 std::optional<GuideMeeting> meet_guide(const Guide& guide, float dphi, float theta,
                                        Vec2& kept_meeting);
 
+// The guide is the chord. The line runs from the point measured `l` along it through the point `h`
+// above its midpoint, on the side that the sign of `sense` gives. Where that line misses the
+// circle, the kept result is carried back in place of a crossing.
+std::optional<GuidedPoint> point_over_sagitta(const Guide& chord, float l, std::int32_t sense,
+                                              float h, Vec2& kept_result);
+
 }  // namespace kez

@@ -3,7 +3,7 @@
 
 #include <optional>
 
-#include "../frame/rotation.h"
+#include "../frame/point_lists.h"
 #include "../frame/types.h"
 
 namespace kez {

@@ -5,7 +5,7 @@
 #include <atomic>
 #include <cstdint>
 
-#include "region.h"
+#include "circle.h"
 
 namespace kez {
 

@@ -1,11 +1,12 @@
 // Conversions from and to the interface's integers, none of which an input may make undefined, and
-// sums over long lists.
+// sums and maxima of long lists.
 #pragma once
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <span>
 #include <type_traits>
 
 namespace kez {
@@ -55,6 +56,27 @@ float sum(std::size_t count, Term term) {
   for (; i < count; ++i) total += term(i);
   for (const float part : partial) total += part;
   return total;
+}
+
+// The largest of entry(0) .. entry(count - 1), to compare with: zeros of either sign are one. In
+// several lanes, as sum() goes. Not-a-number is never the largest; of no entries it is the most
+// negative finite value.
+template <typename Entry>
+float largest(std::size_t count, Entry entry) {
+  std::array<float, 8> tops;
+  tops.fill(std::numeric_limits<float>::lowest());
+  const auto raise = [](float& top, float x) { top = x > top ? x : top; };
+  std::size_t i = 0;
+  for (; i + tops.size() <= count; i += tops.size()) {
+    for (std::size_t lane = 0; lane < tops.size(); ++lane) raise(tops[lane], entry(i + lane));
+  }
+  for (; i < count; ++i) raise(tops[0], entry(i));
+  for (const float top : tops) raise(tops[0], top);
+  return tops[0];
+}
+
+inline float largest(std::span<const float> list) {
+  return largest(list.size(), [list](std::size_t i) { return list[i]; });
 }
 
 }  // namespace kez

@@ -21,4 +21,10 @@ void translate(const SpacePoints& points, Vec3 origin) {
   subtract(origin.z, points.zs(), points.size());
 }
 
+// A copy of the view, which no store into the lists can change.
+void rotate_each(Rotation r, const PlanePoints& given) {
+  const PlanePoints points = given;
+  for (std::size_t i = 0; i < points.size(); ++i) points.put(i, rotate(r, points[i]));
+}
+
 }  // namespace kez

@@ -1,7 +1,9 @@
-// Points given as lists of their coordinates, as hosts pass them, and outlines made of them. The
-// lists are views: pass them by const reference, for by value they cost more than a small polygon.
+// Points given as lists of their coordinates, as hosts pass them, outlines made of them, and how
+// they are moved and rotated. The lists are views: pass them by const reference, for by value they
+// cost more than a small polygon.
 #pragma once
 
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 
@@ -80,5 +82,30 @@ inline std::size_t close_outline(const PlanePoints& outline) {
   outline.put(n, outline[0]);
   return n;
 }
+
+// Rotation in a coordinate plane about the origin. A positive angle rotates the first coordinate
+// towards the second.
+struct Rotation {
+  float sine, cosine;
+};
+
+// Any other number means forwards too.
+enum class Sense : std::int32_t { forwards = 0, backwards = 1 };
+
+// Exact: rotating back differs in the sign of the sine only.
+inline Rotation inverse(Rotation r) {
+  return {-r.sine, r.cosine};
+}
+
+inline Rotation rotation_by(float angle, Sense sense = Sense::forwards) {
+  const Rotation forwards = {std::sin(angle), std::cos(angle)};
+  return sense == Sense::backwards ? inverse(forwards) : forwards;
+}
+
+inline Vec2 rotate(Rotation r, Vec2 p) {
+  return {r.cosine * p.x - r.sine * p.y, r.sine * p.x + r.cosine * p.y};
+}
+
+void rotate_each(Rotation r, const PlanePoints& points);
 
 }  // namespace kez

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <utility>
 
 #include "keys.h"
@@ -143,6 +144,43 @@ std::int32_t select(std::span<const std::int32_t> table, std::int32_t v, std::in
     if (table[i] == v) positions[count++] = position_of(i);
   }
   return count;
+}
+
+std::optional<RangeEntries> find_range(std::span<const float> x, float low, float high,
+                                       std::int32_t positions[]) {
+  std::size_t count = 0, first = 0, last = 0;
+  for (std::size_t i = 0; i < x.size(); ++i) {
+    if (!(low <= x[i] && x[i] <= high)) continue;
+    if (count == 0) first = i;
+    last = i;
+    positions[count++] = position_of(i);
+  }
+  if (count > 0) {
+    return RangeEntries{static_cast<std::int32_t>(count), std::fabs(x[first] - low),
+                        std::fabs(high - x[last])};
+  }
+
+  std::optional<RangeEntries> enclosing;
+  for (std::size_t i = 0; i + 1 < x.size(); ++i) {
+    if (!(low > x[i] && x[i + 1] > low && x[i + 1] > high)) continue;
+    positions[0] = position_of(i);
+    positions[1] = positions[0] + 1;
+    enclosing = {2, 0, 0};
+  }
+  return enclosing;
+}
+
+std::optional<Block> last_block(std::span<const std::int32_t> counts) {
+  if (counts.empty()) return std::nullopt;
+  std::uint32_t sum = 0;  // Deliberate: it wraps (kezadr).
+  for (const std::int32_t count : counts.first(counts.size() - 1)) {
+    sum += static_cast<std::uint32_t>(count);
+  }
+  const Block block = {static_cast<std::int32_t>(sum), counts.back()};
+  // Nor where the block would end behind any array that the counts can describe.
+  const auto room = std::numeric_limits<std::int32_t>::max() - std::max(block.offset, 0);
+  if (block.count < 1 || block.offset < 0 || block.count > room) return std::nullopt;
+  return block;
 }
 
 }  // namespace kez

@@ -1,8 +1,10 @@
-// Search, order, reversal and selection in the caller's tables. Positions are 1-based, 0 is none.
+// Search, order, reversal, selection and blocks in the caller's tables. Positions are 1-based, 0 is
+// none.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 
 namespace kez {
@@ -35,5 +37,22 @@ void reverse(std::span<RawWord> x);
 
 // Writes the positions of v, ascending, and returns their number.
 std::int32_t select(std::span<const std::int32_t> table, std::int32_t v, std::int32_t positions[]);
+
+struct RangeEntries {
+  std::int32_t count;
+  float below, above;  // from the range's ends to its first and last entry
+};
+
+// The entries inside; without any, the two that enclose the range, with distances of 0.
+std::optional<RangeEntries> find_range(std::span<const float> x, float low, float high,
+                                       std::int32_t positions[]);
+
+// One contour of an outline whose contours stand one after another in one array.
+struct Block {
+  std::int32_t offset, count;  // entries before it, and its own
+};
+
+// The block of the last count; none where it is empty, or where the counts lead out of the array.
+std::optional<Block> last_block(std::span<const std::int32_t> counts);
 
 }  // namespace kez

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cfloat>
+#include <cstdint>
 
 // Single precision as written, on every build: 32-bit x86 must not compute in the x87 registers.
 static_assert(FLT_EVAL_METHOD == 0, "compile with -msse2 -mfpmath=sse");
@@ -79,6 +80,16 @@ inline Plane operator-(Plane p) {
 // x^2 + y^2 + d x + e y + f = 0.
 struct Circle {
   float d, e, f;
+};
+
+// Kinds of plane figures. The numbers are those of the area routines and of section contours; any
+// other is no figure.
+enum class Figure : std::int32_t {
+  area_at_point = 1,
+  polygon = 2,
+  circle = 3,
+  segment = 4,  // centre and the two ends of the chord
+  complement = 5,
 };
 
 }  // namespace kez

@@ -7,7 +7,6 @@
 #include "../frame/keys.h"
 #include "../frame/numbers.h"
 #include "../frame/work_list.h"
-#include "extremes.h"
 #include "near_search.h"
 
 namespace kez {

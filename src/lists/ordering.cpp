@@ -10,7 +10,6 @@
 #include "../frame/lines.h"
 #include "../frame/numbers.h"
 #include "../frame/work_list.h"
-#include "extremes.h"
 
 namespace kez {
 

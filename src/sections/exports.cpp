@@ -3,9 +3,7 @@
 #include "../frame/arguments.h"
 #include "../frame/tables.h"
 #include "channel.h"
-#include "contours.h"
 #include "plate_buckling.h"
-#include "range_lookup.h"
 #include "shapes.h"
 
 using namespace kez;

@@ -7,7 +7,6 @@
 #include <initializer_list>
 #include <span>
 
-#include "../frame/figure.h"
 #include "../frame/types.h"
 
 namespace kez {

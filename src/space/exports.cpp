@@ -1,5 +1,4 @@
 #include "../frame/arguments.h"
-#include "../frame/rotation.h"
 #include "axis_systems.h"
 #include "lines_in_space.h"
 #include "placement.h"

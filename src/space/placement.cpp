@@ -5,7 +5,6 @@
 #include <cpuid.h>
 #endif
 
-#include "../frame/rotation.h"
 #include "../frame/tolerance.h"
 
 namespace kez {
