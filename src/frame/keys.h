@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <span>
 
+#include "work_list.h"
+
 namespace kez {
 
 using Key = std::uint32_t;
@@ -21,8 +23,9 @@ constexpr Key key_of(float value) {
 }
 
 // Zeros of either sign have the same key, and so has every not-a-number, behind all others.
+inline constexpr Key key_of_not_a_number = 0xffffffff;
 constexpr Key comparison_key(float value) {
-  return value == value ? key_of(value + 0.0f) : 0xffffffff;
+  return value == value ? key_of(value + 0.0f) : key_of_not_a_number;
 }
 
 constexpr void set_value(Key key, std::int32_t& value) {
@@ -44,6 +47,12 @@ constexpr Key key_of(Keyed entry) {
   return static_cast<Key>(entry >> 32);
 }
 
+constexpr float value_of(Keyed entry) {
+  float value{};
+  set_value(key_of(entry), value);
+  return value;
+}
+
 constexpr std::size_t index_of(Keyed entry) {
   return static_cast<std::uint32_t>(entry);
 }
@@ -60,5 +69,27 @@ inline constexpr std::size_t fewest_keys = 80;
 // Sorts ascending; the entries end up in either span. Those with the same key must ascend before.
 Sorted<Key> sort_keys(std::span<Key> entries, std::span<Key> room);
 Sorted<Keyed> sort_keys(std::span<Keyed> entries, std::span<Keyed> room);
+
+// The entries 0 .. count - 1 of a list, made by entry_at(i) and sorted, with as much room besides.
+// Without memory they are false and not to be used.
+template <typename Entry>
+class SortedEntries {
+ public:
+  template <typename Make>
+  SortedEntries(std::size_t count, Make entry_at) : memory_(2 * count) {
+    if (!memory_) return;
+    sorted_ = {memory_.entries().first(count), memory_.entries().last(count)};
+    for (std::size_t i = 0; i < count; ++i) sorted_.entries[i] = entry_at(i);
+    sorted_ = sort_keys(sorted_.entries, sorted_.room);
+  }
+
+  explicit operator bool() const { return static_cast<bool>(memory_); }
+  std::span<Entry> entries() const { return sorted_.entries; }
+  std::span<Entry> room() const { return sorted_.room; }
+
+ private:
+  WorkList<Entry> memory_;
+  Sorted<Entry> sorted_{};
+};
 
 }  // namespace kez

@@ -3,12 +3,11 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <utility>
 
 #include "keys.h"
 #include "numbers.h"
+#include "selection_sort.h"
 #include "tolerance.h"
-#include "work_list.h"
 
 namespace kez {
 
@@ -26,81 +25,12 @@ bool order_is_unique(std::span<const float> x) {
   return !nan && !(plus_zero && minus_zero);
 }
 
-// Not inlined, so that a short table does not take the stack of a long one.
-template <typename T>
-[[gnu::noinline]] bool sort_by_keys(std::span<T> x) {
-  WorkList<Key> memory(2 * x.size());
-  if (!memory) return false;
-  const auto keys = memory.entries().first(x.size());
-  std::transform(x.begin(), x.end(), keys.begin(), [](T value) { return key_of(value); });
-  const auto sorted = sort_keys(keys, memory.entries().last(x.size())).entries;
-  for (std::size_t i = 0; i < x.size(); ++i) set_value(sorted[i], x[i]);
-  return true;
-}
-
 template <typename T>
 void sort_in_any_way(std::span<T> x) {
-  if (x.size() < fewest_keys || !sort_by_keys(x)) std::sort(x.begin(), x.end());
-}
-
-void selection_sort(std::span<float> x) {
-  for (std::size_t i = 0; i < x.size(); ++i) {
-    std::size_t least = i;
-    for (std::size_t j = i + 1; j < x.size(); ++j) {
-      if (x[j] <= x[least]) least = j;
-    }
-    std::swap(x[i], x[least]);
-  }
-}
-
-// The exchanges of a selection sort, of which the sorted entries tell in advance where the next
-// minimum stands: their indices follow the entries. Not-a-number is never exchanged.
-class Exchanges {
- public:
-  Exchanges(std::span<float> x, Sorted<Keyed> s) : x_(x), sorted_(s.entries), at_(s.room) {
-    for (std::size_t rank = 0; rank < x.size(); ++rank) at_[index_of(sorted_[rank])] = rank;
-  }
-
-  void make(std::size_t numbers) {
-    for (std::size_t begin = 0, end = 0; begin < numbers; begin = end) {
-      while (end < numbers && key_of(sorted_[end]) == key_of(sorted_[begin])) ++end;
-      std::sort(&sorted_[begin], &sorted_[begin] + (end - begin));
-      place_equals(begin, end);
-    }
-  }
-
- private:
-  // The last of the equals goes to the front, and to its place what was there: one of them, which
-  // leaves their places as they are but for the front, or another entry.
-  void place_equals(std::size_t first, std::size_t last) {
-    for (; first < last; ++front_) {
-      while (std::isnan(x_[front_])) ++front_;
-      const std::size_t place = index_of(sorted_[last - 1]);
-      std::swap(x_[front_], x_[place]);
-      if (index_of(sorted_[first]) == front_) {
-        ++first;
-      } else {
-        --last;
-        at_[place] = at_[front_];
-        const std::size_t displaced = index_of(at_[place]);
-        sorted_[displaced] = keyed(key_of(sorted_[displaced]), place);
-      }
-    }
-  }
-
-  std::span<float> x_;
-  std::span<Keyed> sorted_, at_;
-  std::size_t front_ = 0;
-};
-
-[[gnu::noinline]] bool replay_selection_sort(std::span<float> x) {
-  WorkList<Keyed> memory(2 * x.size());
-  if (!memory) return false;
-  const auto entries = memory.entries().first(x.size()), room = memory.entries().last(x.size());
-  for (std::size_t i = 0; i < x.size(); ++i) entries[i] = keyed(comparison_key(x[i]), i);
-  const auto numbers = std::count_if(x.begin(), x.end(), [](float v) { return !std::isnan(v); });
-  Exchanges(x, sort_keys(entries, room)).make(static_cast<std::size_t>(numbers));
-  return true;
+  if (x.size() < fewest_keys) return std::sort(x.begin(), x.end());
+  const SortedEntries<Key> sorted(x.size(), [x](std::size_t i) { return key_of(x[i]); });
+  if (!sorted) return std::sort(x.begin(), x.end());
+  for (std::size_t i = 0; i < x.size(); ++i) set_value(sorted.entries()[i], x[i]);
 }
 
 }  // namespace
@@ -125,7 +55,7 @@ Place find_place(std::span<const float> x, float v) {
 void sort_ascending(std::span<float> x) {
   if (order_is_unique(x)) {
     sort_in_any_way(x);
-  } else if (x.size() < fewest_keys || !replay_selection_sort(x)) {
+  } else {
     selection_sort(x);
   }
 }

@@ -28,7 +28,8 @@ class WorkList {
 
  private:
   static_assert(std::is_trivial_v<T>);
-  static constexpr std::size_t automatic = 8192;  // 64 KiB of the longest type in use
+  // 500 entries to sort and as much room. Two such lists of the longest type take 16,000 bytes.
+  static constexpr std::size_t automatic = 1000;
 
   // What does not fit into the address space must not wrap around to what does.
   static T* allocate(std::size_t size) {

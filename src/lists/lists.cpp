@@ -5,7 +5,6 @@
 #include <optional>
 
 #include "../frame/keys.h"
-#include "../frame/work_list.h"
 
 namespace kez {
 
@@ -92,31 +91,34 @@ class Comparing {
 
   // Nothing where there is no memory.
   std::optional<Comparison> by_sorting() const {
-    const std::size_t n = a_.size() + b_.size();
-    WorkList<Keyed> memory(2 * n);
-    if (!memory) return std::nullopt;
-    const auto entries = memory.entries().first(n);
-    for (std::size_t i = 0; i < a_.size(); ++i) entries[i] = keyed(key_of(a_[i]), i);
-    for (std::size_t i = a_.size(); i < n; ++i) entries[i] = keyed(key_of(b_[i - a_.size()]), i);
-    const auto sorted = sort_keys(entries, memory.entries().last(n));
-    const auto times = sorted.room;
-    count(sorted.entries, times);
-    return write([&](std::size_t i) { return index_of(times[i]); },
-                 [&](std::size_t j) { return index_of(times[a_.size() + j]); });
+    const auto sort = [](std::span<const std::int32_t> list) {
+      return SortedEntries<Keyed>(list.size(),
+                                  [list](std::size_t i) { return keyed(key_of(list[i]), i); });
+    };
+    const auto a = sort(a_), b = sort(b_);
+    if (!a || !b) return std::nullopt;
+    count(a, b);
+    return write([&](std::size_t i) { return index_of(a.room()[i]); },
+                 [&](std::size_t j) { return index_of(b.room()[j]); });
   }
 
  private:
-  // Among equal entries of the lists in one those of a come first.
-  void count(std::span<const Keyed> sorted, std::span<Keyed> times) const {
-    for (std::size_t begin = 0, middle = 0, end = 0; begin < sorted.size(); begin = end) {
-      const Key key = key_of(sorted[begin]);
-      const auto equal = [&](std::size_t k) {
-        return k < sorted.size() && key_of(sorted[k]) == key;
-      };
-      for (middle = begin; equal(middle) && index_of(sorted[middle]) < a_.size();) ++middle;
-      for (end = middle; equal(end);) ++end;
-      for (std::size_t k = begin; k < middle; ++k) times[index_of(sorted[k])] = end - middle;
-      for (std::size_t k = middle; k < end; ++k) times[index_of(sorted[k])] = middle - begin;
+  // Into the room of each: how often the entry at an index stands in the other list.
+  static void count(const SortedEntries<Keyed>& a, const SortedEntries<Keyed>& b) {
+    const auto equals_end = [](std::span<const Keyed> sorted, std::size_t k, Key key) {
+      while (k < sorted.size() && key_of(sorted[k]) == key) ++k;
+      return k;
+    };
+    std::fill(b.room().begin(), b.room().end(), 0);
+    for (std::size_t i = 0, j = 0; i < a.entries().size();) {
+      const Key key = key_of(a.entries()[i]);
+      while (j < b.entries().size() && key_of(b.entries()[j]) < key) ++j;
+      const std::size_t i_end = equals_end(a.entries(), i, key);
+      const std::size_t j_end = equals_end(b.entries(), j, key);
+      for (std::size_t k = i; k < i_end; ++k) a.room()[index_of(a.entries()[k])] = j_end - j;
+      for (std::size_t k = j; k < j_end; ++k) b.room()[index_of(b.entries()[k])] = i_end - i;
+      i = i_end;
+      j = j_end;
     }
   }
 

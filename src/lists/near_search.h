@@ -13,7 +13,6 @@
 
 #include "../frame/keys.h"
 #include "../frame/tables.h"
-#include "../frame/work_list.h"
 
 namespace kez {
 
@@ -46,16 +45,8 @@ class PairSearch {
 };
 
 // The entries of the list by value, with their indices; not-a-number last.
-inline Sorted<Keyed> sort_by_value(std::span<const float> list, std::span<Keyed> entries,
-                                   std::span<Keyed> room) {
-  for (std::size_t i = 0; i < list.size(); ++i) entries[i] = keyed(comparison_key(list[i]), i);
-  return sort_keys(entries.first(list.size()), room.first(list.size()));
-}
-
-inline float value_of(Keyed entry) {
-  float value;
-  set_value(key_of(entry), value);
-  return value;
+inline SortedEntries<Keyed> sort_by_value(std::span<const float> list) {
+  return {list.size(), [list](std::size_t i) { return keyed(comparison_key(list[i]), i); }};
 }
 
 // Sorts first. Rounding keeps differences in order, so that what is near an entry, by whatever
@@ -64,66 +55,58 @@ inline float value_of(Keyed entry) {
 template <typename Near>
 class SortedSearch {
  public:
-  SortedSearch(std::span<const float> list, Near near) : near_(near), memory_(2 * list.size()) {
-    if (!memory_) return;
-    const auto memory = memory_.entries();
-    const auto [entries, room] =
-        sort_by_value(list, memory.first(list.size()), memory.last(list.size()));
-    for (std::size_t rank = 0; rank < list.size(); ++rank) room[index_of(entries[rank])] = rank;
-    entries_ = entries;
-    ranks_ = room;
+  SortedSearch(std::span<const float> list, Near near) : near_(near), sorted_(sort_by_value(list)) {
+    if (!sorted_) return;
+    for (std::size_t rank = 0; rank < list.size(); ++rank) {
+      sorted_.room()[index_of(sorted_.entries()[rank])] = rank;
+    }
   }
 
   // False where there was no memory.
-  explicit operator bool() { return static_cast<bool>(memory_); }
+  explicit operator bool() const { return static_cast<bool>(sorted_); }
 
   template <typename Visitor>
   void visit(std::size_t i, std::size_t first, Visitor visitor) const {
-    const std::size_t rank = index_of(ranks_[i]);
-    const float x = value_of(entries_[rank]);
+    const auto entries = sorted_.entries();
+    const std::size_t rank = index_of(sorted_.room()[i]);
+    const float x = value_of(entries[rank]);
     const auto visited = [&](Keyed entry) {
       if (!near_(x, value_of(entry))) return false;
       if (index_of(entry) >= first) visitor(index_of(entry), true);
       return true;
     };
-    for (std::size_t r = rank + 1; r-- > 0 && visited(entries_[r]);) {
+    for (std::size_t r = rank + 1; r-- > 0 && visited(entries[r]);) {
     }
-    for (std::size_t r = rank + 1; r < entries_.size() && visited(entries_[r]); ++r) {
+    for (std::size_t r = rank + 1; r < entries.size() && visited(entries[r]); ++r) {
     }
   }
 
   // As that of the other search, where no two of the entries kept are equal.
   template <typename Keep>
   std::size_t keep_ascending(std::span<float> list, Keep keep) {
+    const auto room = sorted_.room();
     std::size_t kept = 0;
-    for (const Keyed entry : entries_) {
+    for (const Keyed entry : sorted_.entries()) {
       const float x = list[index_of(entry)];
-      if (keep(x)) ranks_[kept++] = key_of(x);
+      if (keep(x)) room[kept++] = key_of(x);
     }
-    for (std::size_t k = 0; k < kept; ++k) set_value(static_cast<Key>(ranks_[k]), list[k]);
+    for (std::size_t k = 0; k < kept; ++k) set_value(static_cast<Key>(room[k]), list[k]);
     return kept;
   }
 
  private:
   Near near_;
-  WorkList<Keyed> memory_;
-  std::span<Keyed> entries_, ranks_;
+  SortedEntries<Keyed> sorted_;  // in its room the rank of each entry of the list
 };
-
-// Not inlined, so that a short list does not take the stack of a long one.
-template <typename Near, typename Work>
-[[gnu::noinline]] bool search_sorted(std::span<const float> list, Near near, Work& work) {
-  SortedSearch search(list, near);
-  if (!search) return false;
-  work(search);
-  return true;
-}
 
 // Does the work with the search that suits a list: that by pairs below `sorted_from` entries, and
 // where there is no memory.
 template <typename Near, typename Work>
 void search_near(std::span<const float> list, std::size_t sorted_from, Near near, Work work) {
-  if (list.size() >= sorted_from && search_sorted(list, near, work)) return;
+  if (list.size() >= sorted_from) {
+    SortedSearch search(list, near);
+    if (search) return work(search);
+  }
   PairSearch search(list, near);
   work(search);
 }

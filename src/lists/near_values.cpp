@@ -6,7 +6,6 @@
 
 #include "../frame/keys.h"
 #include "../frame/numbers.h"
-#include "../frame/work_list.h"
 #include "near_search.h"
 
 namespace kez {
@@ -80,16 +79,12 @@ class NearPairs {
 
   // False where there is no memory.
   bool by_sorting() {
-    const std::size_t n = std::max(a_.size(), b_.size());
-    WorkList<Keyed> memory(3 * n);
-    if (!memory) return false;
-    const auto part = [&](std::size_t k) { return memory.entries().subspan(k * n, n); };
-    const auto sorted_b = sort_by_value(b_, part(0), part(1));
-    const auto free = sorted_b.entries.data() == part(0).data() ? part(1) : part(0);
-    const auto [sorted_a, starts] = sort_by_value(a_, free, part(2));
-    find_starts(sorted_a, sorted_b.entries, starts);
-    for (std::size_t i = 0; i < a_.size(); ++i)
-      write_run(i, sorted_b.entries.subspan(index_of(starts[i])));
+    const auto a = sort_by_value(a_), b = sort_by_value(b_);
+    if (!a || !b) return false;
+    find_starts(a, b.entries());
+    for (std::size_t i = 0; i < a_.size(); ++i) {
+      write_run(i, b.entries().subspan(index_of(a.room()[i])));
+    }
     return true;
   }
 
@@ -107,15 +102,15 @@ class NearPairs {
     }
   }
 
-  // What is near an entry begins behind, or where, what is near a smaller one begins.
-  void find_starts(std::span<const Keyed> sorted_a, std::span<const Keyed> sorted_b,
-                   std::span<Keyed> starts) const {
+  // Into the room of a: where in sorted b the run of what is near an entry starts. It never starts
+  // before that of a smaller entry, so that one sweep finds all.
+  void find_starts(const SortedEntries<Keyed>& a, std::span<const Keyed> b) const {
     std::size_t start = 0;
-    for (const Keyed entry : sorted_a) {
+    for (const Keyed entry : a.entries()) {
       const float x = value_of(entry);
       const auto below = [&](float y) { return y < x && !near(x, y, tol_); };
-      while (start < sorted_b.size() && below(value_of(sorted_b[start]))) ++start;
-      starts[index_of(entry)] = start;
+      while (start < b.size() && below(value_of(b[start]))) ++start;
+      a.room()[index_of(entry)] = start;
     }
   }
 

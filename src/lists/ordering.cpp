@@ -1,7 +1,6 @@
 #include "ordering.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstddef>
 #include <numeric>
@@ -9,74 +8,39 @@
 #include "../frame/keys.h"
 #include "../frame/lines.h"
 #include "../frame/numbers.h"
-#include "../frame/work_list.h"
 
 namespace kez {
 
 namespace {
 
-// An order of entry(0) .. entry(count - 1): pass by pass the smallest entry gives way to the
-// marker. That takes the entries below the marker as they are sorted, equal ones from the last on.
-template <typename Entry>
-class Ordering {
- public:
-  Ordering(std::size_t count, Entry entry, std::int32_t order[])
-      : count_(count), entry_(entry), order_(order), marker_(largest(count, entry) + 1.0f) {}
-
-  void write(std::span<Keyed> entries, std::span<Keyed> room) const {
-    std::size_t below = 0;
-    for (std::size_t i = count_; i-- > 0;) {
-      const float x = entry_(i);
-      entries[below] = keyed(comparison_key(x), count_ - i);
-      below += x < marker_;
-    }
-    const auto sorted = sort_keys(entries.first(below), room.first(below)).entries;
-    if (below == count_) {
-      for (std::size_t k = 0; k < count_; ++k) order_[k] = position(sorted[k]);
-    } else {
-      write_passes(sorted);
-    }
-  }
-
- private:
-  // A pass that begins at not-a-number takes none. Once no entry is below the marker, those that
-  // are numbers all equal it, as the markers do, and every pass takes the last of them.
-  void write_passes(std::span<const Keyed> sorted) const {
-    std::size_t last = count_, pass = 0;
-    while (last > 0 && std::isnan(entry_(last - 1))) --last;
-    for (std::size_t k = 0; k < last; ++k) {
-      if (std::isnan(entry_(k))) continue;
-      order_[k] = pass < sorted.size() ? position(sorted[pass]) : position_of(last - 1);
-      ++pass;
-    }
-  }
-
-  std::int32_t position(Keyed entry) const {
-    return static_cast<std::int32_t>(count_ + 1 - index_of(entry));
-  }
-
-  std::size_t count_;
-  Entry entry_;
-  std::int32_t* order_;
-  float marker_;
-};
-
-// Not inlined, so that a short list does not take the stack of a long one.
-template <typename Entry>
-[[gnu::noinline]] bool order_long(const Ordering<Entry>& ordering, std::size_t count) {
-  WorkList<Keyed> memory(2 * count);
-  if (!memory) return false;
-  ordering.write(memory.entries().first(count), memory.entries().last(count));
-  return true;
-}
-
-// False where there is no memory.
+// Writes the order that choosing makes of entry(0) .. entry(count - 1): each pass takes the
+// smallest entry, of equal ones the last, and overwrites it by the marker, the largest entry
+// plus 1. As long as entries below the marker are left, that is their sorted order. False where
+// there is no memory.
 template <typename Entry>
 bool order_by(std::size_t count, Entry entry, std::int32_t order[]) {
-  const Ordering<Entry> ordering(count, entry, order);
-  if (count >= fewest_keys) return order_long(ordering, count);
-  std::array<Keyed, 2 * fewest_keys> memory;
-  ordering.write(std::span(memory).first(count), std::span(memory).last(count));
+  // From the last entry on, so that of equals it comes first.
+  const SortedEntries<Keyed> sorted(count, [&](std::size_t back) {
+    return keyed(comparison_key(entry(count - 1 - back)), back);
+  });
+  if (!sorted) return false;
+  const auto position = [count](Keyed e) { return position_of(count - 1 - index_of(e)); };
+
+  const float marker = largest(count, entry) + 1.0f;
+  const auto is_below = [marker](Keyed e) { return value_of(e) < marker; };
+  const auto chosen =
+      std::ranges::partition_point(sorted.entries(), is_below) - sorted.entries().begin();
+  const auto below = static_cast<std::size_t>(chosen);
+  // A pass that begins at not-a-number takes none. Once no entry is below the marker, those that
+  // are numbers all equal it, as the markers do, and every pass takes the last of them.
+  const auto takes_none = [&](std::size_t i) { return below < count && std::isnan(entry(i)); };
+  std::size_t last = count, pass = 0;
+  while (last > 0 && takes_none(last - 1)) --last;
+  for (std::size_t k = 0; k < last; ++k) {
+    if (takes_none(k)) continue;
+    order[k] = pass < below ? position(sorted.entries()[pass]) : position_of(last - 1);
+    ++pass;
+  }
   return true;
 }
 
