@@ -78,9 +78,9 @@ class SortedEntries {
   template <typename Make>
   SortedEntries(std::size_t count, Make entry_at) : memory_(2 * count) {
     if (!memory_) return;
-    sorted_ = {memory_.entries().first(count), memory_.entries().last(count)};
-    for (std::size_t i = 0; i < count; ++i) sorted_.entries[i] = entry_at(i);
-    sorted_ = sort_keys(sorted_.entries, sorted_.room);
+    const auto entries = memory_.entries().first(count), room = memory_.entries().last(count);
+    for (std::size_t i = 0; i < count; ++i) entries[i] = entry_at(i);
+    sorted_ = sort_keys(entries, room);
   }
 
   explicit operator bool() const { return static_cast<bool>(memory_); }

@@ -30,7 +30,8 @@ void sort_in_any_way(std::span<T> x) {
   if (x.size() < fewest_keys) return std::sort(x.begin(), x.end());
   const SortedEntries<Key> sorted(x.size(), [x](std::size_t i) { return key_of(x[i]); });
   if (!sorted) return std::sort(x.begin(), x.end());
-  for (std::size_t i = 0; i < x.size(); ++i) set_value(sorted.entries()[i], x[i]);
+  const auto keys = sorted.entries();
+  for (std::size_t i = 0; i < x.size(); ++i) set_value(keys[i], x[i]);
 }
 
 }  // namespace

@@ -35,7 +35,7 @@ template <typename Search, typename Near>
 void strike_out_near(std::span<float> list, float marker, const Search& search, Near near) {
   bool by_marker = false;
   for (std::size_t i = 0; i < list.size(); ++i) {
-    const auto strike_out = [&](std::size_t j, bool is_near) {
+    const auto strike_out = [list, marker](std::size_t j, bool is_near) {
       list[j] = is_near ? marker : list[j];
     };
     if (list[i] != marker) {
@@ -188,7 +188,9 @@ std::int32_t map_distinct(std::span<const float> list, float value, float tol, f
       const bool stands = apart(list[i], value, tol) && map[i] == 0;
       if (!apart(stands ? list[i] : marker, marker, tol)) continue;
       distinct[count++] = list[i];
-      search.visit(i, 0, [&](std::size_t j, bool is_near) { map[j] = is_near ? count : map[j]; });
+      search.visit(i, 0, [map, position = count](std::size_t j, bool is_near) {
+        map[j] = is_near ? position : map[j];
+      });
     }
   });
   return count;
