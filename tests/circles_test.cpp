@@ -248,7 +248,7 @@ TEST(Rotation, KeepsTheDistanceAndAddsTheAngle) {
 // A host's last calls may come when the process has ended the library already.
 TEST(RegionReport, ClosedGoesOnWhereItEnded) {
   RegionReport report;
-  const RegionFinding finding = find_region({0, 0}, {0, 1}, {0, 1, -5});
+  const RegionFinding finding = classify_region({0, 0}, {0, 1}, {0, 1, -5});
   report.add(finding);
   const auto size = std::filesystem::file_size("OUTPUT.TXT");
   report.close();

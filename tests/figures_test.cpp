@@ -117,7 +117,7 @@ TEST(Polygons, ConvexityAgreesWithTheTurnsAtTheVertices) {
     const bool one_way = least > 0 || most < 0;
     convex += one_way;
     outline = closable(outline);
-    EXPECT_EQ(judge_convexity(outline.points()),
+    EXPECT_EQ(classify_outline(outline.points()),
               one_way ? Convexity::convex : Convexity::not_convex);
   }
   EXPECT_GT(convex, rounds / 10);
@@ -162,7 +162,7 @@ TEST(VertexAngle, TellsTheFrontOfTheCommonSides) {
     const float s1 = cross(u, v), s2 = cross(w, v), ahead = dot(u, v);
     if (std::min({std::fabs(s1), std::fabs(s2), std::fabs(ahead)}) < 0.1f) continue;
     std::int32_t flag = 0;
-    locate_in_angle(vertex, p, q, {&point.x, &point.y, 1}, {&flag, 1});
+    relate_points_angle(vertex, p, q, {&point.x, &point.y, 1}, {&flag, 1});
     EXPECT_EQ(flag, s1 * s2 > 0 && ahead > 0 ? 1 : 2);
   }
 }

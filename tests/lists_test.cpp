@@ -57,7 +57,7 @@ TEST(Polygons, PointIsInsideWhereTheOutlineWindsRoundIt) {
     const bool is_inside = winding_number(polygon, test::widened(p)) != 0;
     ++(is_inside ? inside : outside);
     Outline outline = test::closable(star);
-    EXPECT_EQ(locate_in_polygon(outline.points(), p),
+    EXPECT_EQ(relate_point_polygon(outline.points(), p),
               is_inside ? PolygonPosition::inside : PolygonPosition::outside);
   }
   EXPECT_GT(std::min(inside, outside), 1000);
@@ -67,7 +67,7 @@ PolygonPosition locate(const std::vector<Vec2>& vertices, Vec2 p) {
   Outline outline;
   for (const Vec2 v : vertices) outline.add(v);
   outline = test::closable(outline);
-  return locate_in_polygon(outline.points(), p);
+  return relate_point_polygon(outline.points(), p);
 }
 
 // A point beside the middle of an edge counts as on it while the rays to its ends make a cosine
@@ -129,7 +129,7 @@ TEST(Slabs, BoxHoldsWhatItsListsSay) {
       const float ex = s == 0 ? 1.0f : 0.0f, ey = s == 1 ? -2.0f : 1.0f, ez = s == 2 ? 2.0f : 0.0f;
       const float k = random.integer(0, 1) ? 1.0f : -2.0f;
       const Slab slab = {{ex, ey, ez, 2}, {k * ex, k * ey, k * ez, k * -2}};
-      EXPECT_EQ(locate_in_slab(slab, points, codes[s].data()).has_value(), k > 0);
+      EXPECT_EQ(relate_points_slab(slab, points, codes[s].data()).has_value(), k > 0);
       for (std::size_t i = 0; i < xs.size(); ++i) {
         const double d =
             double(ex) * double(xs[i]) + double(ey) * double(ys[i]) + double(ez) * double(zs[i]);

@@ -124,7 +124,7 @@ std::vector<Sample> samples(Random& random) {
   const float fillets = (4 - std::numbers::pi_v<float>)*r * r;
   const float box_area = i_area(f, 2 * tw), angle_area = 2 * (b * tf + (h - tf) * tw);
   Section plate = flat_bar(bar, h);
-  plate.show_vertex_count(4);
+  plate.report_vertex_count(4);
   return {{plate, static_cast<float>(bar) * h, true},
           {tee(b, h, tf, tw), b * tf + (h - tf) * tw, true},
           {lying_i(f, tw), i_area(f, tw), false},

@@ -134,10 +134,10 @@ TEST(SpaceLines, ContainTheirPoints) {
     const float fastest = direction.x != 0 ? direction.x : direction.y;
     if (fastest != 0 && std::fabs(fastest) < 1) continue;
     const Vec3 on = p + random.real(-2, 2) * direction;
-    EXPECT_EQ(test_on_line(p, direction, on, 1e-3f).on_line, !is_exactly_zero(direction));
+    EXPECT_EQ(relate_point_line(p, direction, on, 1e-3f).on_line, !is_exactly_zero(direction));
     const Vec3 aside = cross(direction, {0.3f, 0.5f, 0.7f});
     if (length(aside) < 1) continue;
-    EXPECT_FALSE(test_on_line(p, direction, on + aside, 1e-3f).on_line);
+    EXPECT_FALSE(relate_point_line(p, direction, on + aside, 1e-3f).on_line);
   }
 }
 
@@ -151,12 +151,12 @@ TEST(SpaceLines, OfTwoPlanesLieInBoth) {
     const Vec3 direction = cross(a.normal(), b.normal());
     if (is_exactly_zero(direction)) continue;
     Vec3 kept = {random.coordinate(), 0, random.coordinate()};  // at y = 0 all branches are true
-    const auto found = test_on_meeting_line(a, b, direction.z, {}, 0, kept);
+    const auto found = relate_point_meeting_line(a, b, direction.z, {}, 0, kept);
     EXPECT_EQ(found.direction, classify_direction(direction));
     EXPECT_NEAR(signed_distance(kept, a), 0, 1e-4f);
     EXPECT_NEAR(signed_distance(kept, b), 0, 1e-4f);
     Vec3 again = kept;
-    EXPECT_TRUE(test_on_meeting_line(a, b, direction.z, kept, 0, again).on_line);
+    EXPECT_TRUE(relate_point_meeting_line(a, b, direction.z, kept, 0, again).on_line);
   }
 }
 

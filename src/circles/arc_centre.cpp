@@ -21,7 +21,7 @@ struct Bisector {
 
 ArcCentres centres_over_level_chord(Vec2 p, Bisector bisector, float radius) {
   const float x = bisector.k / bisector.dx * 0.5f;
-  const float h = square_root(radius * radius - (p.x - x) * (p.x - x));
+  const float h = quiet::sqrt(radius * radius - (p.x - x) * (p.x - x));
   return {CentreStatus::none_or_level_chord, {x, p.y - h}, {x, p.y + h}, std::nullopt};
 }
 
@@ -39,7 +39,7 @@ std::optional<ArcCentres> centres_over_chord(Vec2 p, Bisector bisector, float ra
   // Unlike a line that touches a circle: below zero there is no centre however little it is.
   if (discriminant < 0) return std::nullopt;
   const auto point_at = [bisector](float x) { return Vec2{x, bisector.y_at(x)}; };
-  if (discriminant <= tolerance) {
+  if (at_most_tolerance(discriminant)) {
     const Vec2 middle = point_at(equation.double_root());
     return ArcCentres{CentreStatus::one, middle, middle, std::nullopt};
   }
@@ -60,10 +60,10 @@ std::optional<Vec2> choose(Line chord, Vec2 first, Vec2 second, float sense) {
 
 std::optional<ArcCentres> arc_centres(Vec2 p, Vec2 q, std::int32_t sense, float radius) {
   const Vec2 chord = q - p;
-  if (is_exactly_zero(chord) || radius <= tolerance) return std::nullopt;
+  if (is_exactly_zero(chord) || at_most_tolerance(radius)) return std::nullopt;
   const Bisector bisector = {chord.x, chord.y, -(p.x * p.x + p.y * p.y) + q.x * q.x + q.y * q.y};
-  auto centres = std::fabs(chord.y) < tolerance ? centres_over_level_chord(p, bisector, radius)
-                                                : centres_over_chord(p, bisector, radius);
+  auto centres = below_tolerance(std::fabs(chord.y)) ? centres_over_level_chord(p, bisector, radius)
+                                                     : centres_over_chord(p, bisector, radius);
   if (centres) {
     centres->chosen =
         choose(line_through(p, q), centres->first, centres->second, static_cast<float>(sense));
@@ -72,13 +72,15 @@ std::optional<ArcCentres> arc_centres(Vec2 p, Vec2 q, std::int32_t sense, float 
 }
 
 std::optional<RisenArc> arc_by_rise(Vec2 p, Vec2 q, std::int32_t sense, float rise) {
-  if (rise < tolerance) return std::nullopt;
+  if (below_tolerance(rise)) return std::nullopt;
   // Centre, crown and an end of the arc make an isosceles triangle with the angle theta at the
   // crown, so that half the chord is radius sin(pi - 2 theta).
   const float chord = distance(p, q);
   const float theta = std::atan(chord / rise * 0.5f);
   const float radius = chord / std::sin(pi - 2 * theta) * 0.5f;
-  return RisenArc{radius, arc_centres(p, q, sense, radius)};
+  const auto centres = arc_centres(p, q, sense, radius);
+  if (!centres) return RisenArc{radius, CentreStatus::none_or_level_chord, std::nullopt};
+  return RisenArc{radius, centres->status, centres->chosen};
 }
 
 }  // namespace kez

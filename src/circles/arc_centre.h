@@ -24,7 +24,8 @@ std::optional<ArcCentres> arc_centres(Vec2 p, Vec2 q, std::int32_t sense, float 
 
 struct RisenArc {
   float radius;
-  std::optional<ArcCentres> centres;
+  CentreStatus status;
+  std::optional<Vec2> centre;
 };
 
 std::optional<RisenArc> arc_by_rise(Vec2 p, Vec2 q, std::int32_t sense, float rise);

@@ -30,7 +30,7 @@ struct Quadratic {
   float discriminant() const { return k1 * k1 - k2 * 4 * k0; }
 
   // Where the discriminant counts as zero.
-  float double_root() const { return -quotient(k1, k2) * 0.5f; }
+  float double_root() const { return -quiet::divide(k1, k2) * 0.5f; }
 
   // s is the square root of the discriminant.
   float first_root(float s) const { return (s - k1) / k2 * 0.5f; }
@@ -66,13 +66,13 @@ inline Crossings intersect_line_circle(Line line, Circle circle) {
   // Deliberate: the horizontal line b y + c = 0, whatever is left of a (kezlci).
   const float b2 = b * b;
   const Roots roots = solve({b2, d * b2, (c - e * b) * c + f * b2});
-  const float y = quotient(-c, b);
+  const float y = quiet::divide(-c, b);
   return {roots.count, {roots.first, y}, {roots.second, y}};
 }
 
 inline Crossings intersect_circles(Circle p, Circle q) {
   const Line radical = {q.d - p.d, q.e - p.e, q.f - p.f};
-  if (std::fabs(radical.a) + std::fabs(radical.b) <= tolerance) return {};
+  if (at_most_tolerance(std::fabs(radical.a) + std::fabs(radical.b))) return {};
   return intersect_line_circle(radical, p);
 }
 
@@ -90,7 +90,7 @@ struct RegionFinding {
 };
 
 // The circle about `centre` through p.
-inline RegionFinding find_region(Vec2 centre, Vec2 p, Line line) {
+inline RegionFinding classify_region(Vec2 centre, Vec2 p, Line line) {
   const Crossings crossings =
       intersect_line_circle(line, circle_about(centre, distance(centre, p)));
   // A centre on the axis counts as negative where the line misses and as positive where it cuts.

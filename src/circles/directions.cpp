@@ -18,7 +18,7 @@ float direction_angle(Vec2 v) {
 
 // The angle at a vertex never exceeds pi, so that the sum falls short of (n - 2) pi where a vertex
 // is reflex. The tolerance does not grow with the number of vertices.
-Convexity judge_convexity(const PlanePoints& outline) {
+Convexity classify_outline(const PlanePoints& outline) {
   const std::size_t n = close_outline(outline);
   if (n == 0) return Convexity::not_convex;
   float sum = vertex_angle(outline[0], outline[n - 1], outline[1]);
@@ -49,8 +49,8 @@ bool foot_behind_vertex(Vec2 vertex, Vec2 p, Line ray, Vec2 point) {
 
 }  // namespace
 
-void locate_in_angle(Vec2 vertex, Vec2 p, Vec2 q, const ConstPlanePoints& points,
-                     std::span<std::int32_t> flags) {
+void relate_points_angle(Vec2 vertex, Vec2 p, Vec2 q, const ConstPlanePoints& points,
+                         std::span<std::int32_t> flags) {
   if (equal(vertex_angle(vertex, p, q), 0)) {
     std::fill(flags.begin(), flags.end(), code_of(AngleClass::none));
     return;

@@ -17,7 +17,7 @@ float direction_angle(Vec2 v);
 enum class Convexity : std::int32_t { convex = 0, not_convex = -1 };
 
 // Closes the outline first.
-Convexity judge_convexity(const PlanePoints& outline);
+Convexity classify_outline(const PlanePoints& outline);
 
 // Two perpendiculars on the line from `first` to `second`. Heights are measured from the line's
 // projection on the x-y plane, positions along the line in space.
@@ -35,7 +35,7 @@ enum class AngleClass : std::int32_t { none = -1, first = 1, second = 2 };
 // Writes one class a point: `first` for a point on the same side of both rays' lines whose foot on
 // the first line does not lie behind the vertex, else `second`; `none` for all where the rays
 // coincide or one has no length.
-void locate_in_angle(Vec2 vertex, Vec2 p, Vec2 q, const ConstPlanePoints& points,
-                     std::span<std::int32_t> flags);
+void relate_points_angle(Vec2 vertex, Vec2 p, Vec2 q, const ConstPlanePoints& points,
+                         std::span<std::int32_t> flags);
 
 }  // namespace kez

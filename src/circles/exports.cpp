@@ -27,11 +27,6 @@ void store(const Guide& guide, float* x0, float* y0, float* x1, float* y1, float
   store(guide.centre, x0, y0);
 }
 
-void store(const std::optional<ArcCentres>& centres, float* cx, float* cy, int32_t* status) {
-  if (centres) store(centres->chosen, cx, cy);
-  *status = centres ? code_of(centres->status) : 0;
-}
-
 void store(FirstMoments moments, float* Sx, float* Sy) {
   *Sx = moments.x;
   *Sy = moments.y;
@@ -48,6 +43,30 @@ constinit RegionReport region_report;
 }  // namespace
 
 extern "C" {
+
+void KEZ_CALL kezhin(const float* x0, const float* y0, const float* z0, const float* x1,
+                     const float* y1, const float* z1, const float* x2, const float* y2,
+                     const float* z2, const float* x3, const float* y3, const float* z3, float* h0,
+                     float* a0, float* h3, float* a3, float* L) {
+  const Feet feet =
+      drop_perpendiculars(load(x0, y0, z0), load(x1, y1, z1), load(x2, y2, z2), load(x3, y3, z3));
+  *h0 = feet.height_before;
+  *a0 = feet.position_before;
+  *h3 = feet.height_after;
+  *a3 = feet.position_after;
+  *L = feet.length;
+}
+
+void KEZ_CALL kezaxph(const float* x, const float* y, float* phi) {
+  *phi = direction_angle(load(x, y));
+}
+
+void KEZ_CALL kezapp(const float* x0, const float* y0, const float* x1, const float* y1,
+                     const float* x2, const float* y2, const int32_t* n, const float X[],
+                     const float Y[], int32_t flag[]) {
+  relate_points_angle(load(x0, y0), load(x1, y1), load(x2, y2), points(X, Y, *n),
+                      entries(flag, *n));
+}
 
 void KEZ_CALL kezcer(const float* xc, const float* yc, const float* r, float* D, float* E,
                      float* F) {
@@ -68,17 +87,46 @@ void KEZ_CALL kezc12(const float* D1, const float* E1, const float* F1, const fl
   store(intersect_circles(load_circle(D1, E1, F1), load_circle(D2, E2, F2)), n, x1, y1, x2, y2);
 }
 
-// The region of a circle
-
 void KEZ_CALL kezcin(const float X[], const float Y[], const float* a, const float* b,
                      const float* c, int32_t* k, float* x2, float* y2, float* x3, float* y3) {
-  const RegionFinding finding = find_region({X[0], Y[0]}, {X[1], Y[1]}, load_line(a, b, c));
+  const RegionFinding finding = classify_region({X[0], Y[0]}, {X[1], Y[1]}, load_line(a, b, c));
   store(finding.crossings, x2, y2, x3, y3);
   *k = code_of(finding.region);
   region_report.add(finding);
 }
 
-// Points measured along a guide
+void KEZ_CALL kezcer2(const float* x1, const float* y1, const float* x2, const float* y2,
+                      const int32_t* sense, const float* R, float* c1x, float* c1y, float* c2x,
+                      float* c2y, float* cx, float* cy, int32_t* status) {
+  const auto centres = arc_centres(load(x1, y1), load(x2, y2), *sense, *R);
+  if (centres) {
+    store(centres->first, c1x, c1y);
+    store(centres->second, c2x, c2y);
+    store(centres->chosen, cx, cy);
+  }
+  *status = centres ? code_of(centres->status) : 0;
+}
+
+void KEZ_CALL kezcer1(const float* x1, const float* y1, const float* x2, const float* y2,
+                      const int32_t* sense, const float* f, float* R, float* cx, float* cy,
+                      int32_t* status) {
+  const auto arc = arc_by_rise(load(x1, y1), load(x2, y2), *sense, *f);
+  if (arc) {
+    *R = arc->radius;
+    store(arc->centre, cx, cy);
+  }
+  *status = arc ? code_of(arc->status) : 0;
+}
+
+void KEZ_CALL kezarc1(const float* x0, const float* y0, const float* x1, const float* y1,
+                      const float* x2, const float* y2, float* s1, float* s2, int32_t* status) {
+  const auto arcs = divide_circle(load(x0, y0), load(x1, y1), load(x2, y2));
+  if (arcs) {
+    *s1 = arcs->shorter;
+    *s2 = arcs->longer;
+  }
+  *status = arcs.has_value();
+}
 
 void KEZ_CALL kezcer6(const float* x0, const float* y0, const float* x1, const float* y1,
                       const float* x2, const float* y2, const int32_t* sense, const float* L,
@@ -150,29 +198,6 @@ void KEZ_CALL kezcer5(float* x0, float* y0, float* x1, float* y1, float* x2, flo
   *status = found.has_value();
 }
 
-// Centres of arcs
-
-void KEZ_CALL kezcer2(const float* x1, const float* y1, const float* x2, const float* y2,
-                      const int32_t* sense, const float* R, float* c1x, float* c1y, float* c2x,
-                      float* c2y, float* cx, float* cy, int32_t* status) {
-  const auto centres = arc_centres(load(x1, y1), load(x2, y2), *sense, *R);
-  if (centres) {
-    store(centres->first, c1x, c1y);
-    store(centres->second, c2x, c2y);
-  }
-  store(centres, cx, cy, status);
-}
-
-void KEZ_CALL kezcer1(const float* x1, const float* y1, const float* x2, const float* y2,
-                      const int32_t* sense, const float* f, float* R, float* cx, float* cy,
-                      int32_t* status) {
-  const auto arc = arc_by_rise(load(x1, y1), load(x2, y2), *sense, *f);
-  if (arc) *R = arc->radius;
-  store(arc ? arc->centres : std::nullopt, cx, cy, status);
-}
-
-// Moving and rotating
-
 void KEZ_CALL keztra(float X[], float Y[], const int32_t* n, const float* tx, const float* ty) {
   const Vec2 origin = load(tx, ty);
   translate(points(X, Y, *n), origin);
@@ -189,18 +214,6 @@ void KEZ_CALL kezcer3(const float* x0, const float* y0, float* x, float* y, cons
   store(rotated.point, xo, yo);
   store(rotated.given, x, y);
   *status = rotated.point.has_value();
-}
-
-// Figures
-
-void KEZ_CALL kezarc1(const float* x0, const float* y0, const float* x1, const float* y1,
-                      const float* x2, const float* y2, float* s1, float* s2, int32_t* status) {
-  const auto arcs = divide_circle(load(x0, y0), load(x1, y1), load(x2, y2));
-  if (arcs) {
-    *s1 = arcs->shorter;
-    *s2 = arcs->longer;
-  }
-  *status = arcs.has_value();
 }
 
 void KEZ_CALL kezapl(float X[], float Y[], const int32_t* n, float* area) {
@@ -224,6 +237,13 @@ void KEZ_CALL kezstm(float X[], float Y[], const int32_t* n, const int32_t* kind
   store(figure_first_moments(figure, used, *A0, *factor, {*Sx, *Sy}), Sx, Sy);
 }
 
+void KEZ_CALL kezipl(float X[], float Y[], const int32_t* n, float* Ix, float* Iy, float* Ixy) {
+  const SecondMoments moments = polygon_second_moments(outline(X, Y, *n));
+  *Ix = moments.x;
+  *Iy = moments.y;
+  *Ixy = moments.product;
+}
+
 void KEZ_CALL kezacp(const float* x0, const float* y0, const float* x1, const float* y1,
                      const float* x2, const float* y2, const int32_t* kind, float* area, float* xs,
                      float* ys) {
@@ -233,40 +253,8 @@ void KEZ_CALL kezacp(const float* x0, const float* y0, const float* x1, const fl
   store(segment.centroid, xs, ys);
 }
 
-void KEZ_CALL kezipl(float X[], float Y[], const int32_t* n, float* Ix, float* Iy, float* Ixy) {
-  const SecondMoments moments = polygon_second_moments(outline(X, Y, *n));
-  *Ix = moments.x;
-  *Iy = moments.y;
-  *Ixy = moments.product;
-}
-
-// Directions and angles
-
-void KEZ_CALL kezaxph(const float* x, const float* y, float* phi) {
-  *phi = direction_angle(load(x, y));
-}
-
 void KEZ_CALL kezcnv(float X[], float Y[], const int32_t* n, int32_t* flag) {
-  *flag = code_of(judge_convexity(outline(X, Y, *n)));
-}
-
-void KEZ_CALL kezhin(const float* x0, const float* y0, const float* z0, const float* x1,
-                     const float* y1, const float* z1, const float* x2, const float* y2,
-                     const float* z2, const float* x3, const float* y3, const float* z3, float* h0,
-                     float* a0, float* h3, float* a3, float* L) {
-  const Feet feet =
-      drop_perpendiculars(load(x0, y0, z0), load(x1, y1, z1), load(x2, y2, z2), load(x3, y3, z3));
-  *h0 = feet.height_before;
-  *a0 = feet.position_before;
-  *h3 = feet.height_after;
-  *a3 = feet.position_after;
-  *L = feet.length;
-}
-
-void KEZ_CALL kezapp(const float* x0, const float* y0, const float* x1, const float* y1,
-                     const float* x2, const float* y2, const int32_t* n, const float X[],
-                     const float Y[], int32_t flag[]) {
-  locate_in_angle(load(x0, y0), load(x1, y1), load(x2, y2), points(X, Y, *n), entries(flag, *n));
+  *flag = code_of(classify_outline(outline(X, Y, *n)));
 }
 
 }  // extern "C"

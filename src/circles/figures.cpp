@@ -13,7 +13,7 @@ namespace kez {
 
 std::optional<ArcLengths> divide_circle(Vec2 centre, Vec2 p, Vec2 q) {
   const float r = distance(centre, p);
-  if (r <= tolerance || distance(p, q) <= tolerance) return std::nullopt;
+  if (at_most_tolerance(r) || at_most_tolerance(distance(p, q))) return std::nullopt;
   const float arc = vertex_angle(centre, p, q) * r;
   return ArcLengths{arc, 2 * pi * r - arc};
 }

@@ -80,11 +80,13 @@ std::optional<Opening> carry_opening_across(const Guide& guide, std::int32_t sen
 namespace {
 
 bool has_frame(const Guide& guide) {
-  return !(distance(guide.start, guide.centre) <= tolerance ||
-           distance(guide.end, guide.start) <= tolerance);
+  return !(at_most_tolerance(distance(guide.start, guide.centre)) ||
+           at_most_tolerance(distance(guide.end, guide.start)));
 }
 
-// The start becomes the origin, and the end comes to the positive x axis.
+// The start becomes the origin, and the end comes to the positive x axis. Not by direction_angle:
+// that has no sign within the tolerance of the axis, and here the sign counts however little the
+// guide falls.
 LocalFrame frame_of(const Guide& guide) {
   const Vec2 v = guide.end - guide.start;
   const float angle = vertex_angle(Vec2{0, 0}, {1, 0}, v);
@@ -119,7 +121,7 @@ std::optional<GuidedPoint> carry_at_angle(const Guide& guide, float l, float the
     // The second where the first lies on the centre's side of the guide.
     const Line along = line_through(local.start, local.end);
     const float sides = signed_distance(found.first, along) * signed_distance(local.centre, along);
-    result = sides <= tolerance ? found.first : found.second;
+    result = at_most_tolerance(sides) ? found.first : found.second;
   }
   kept_result = frame.to_global(result);
   return GuidedPoint{kept_result, to_global(frame, local)};
@@ -159,16 +161,17 @@ Vec2 raised_point(const Guide& chord, std::int32_t sense, float h) {
   const float phi = vertex_angle(chord.centre, chord.start, chord.end);
   const float half_arc = static_cast<float>(sense) * phi * -0.5f;
   const Vec2 crown = rotate_about(chord.centre, chord.start, half_arc).point.value_or(chord.start);
-  return point_between(foot, crown, quotient(h, distance(foot, crown)));
+  return point_between(foot, crown, quiet::divide(h, distance(foot, crown)));
 }
 
 }  // namespace
 
 std::optional<GuidedPoint> point_over_sagitta(const Guide& chord, float l, std::int32_t sense,
                                               float h, Vec2& kept_result) {
-  if (l < 0 || h <= tolerance) return std::nullopt;
+  if (l < 0 || at_most_tolerance(h)) return std::nullopt;
   const float radius = distance(chord.start, chord.centre), d = distance(chord.end, chord.start);
-  if (radius <= tolerance || d <= tolerance || d - l <= tolerance) return std::nullopt;
+  if (at_most_tolerance(radius) || at_most_tolerance(d) || at_most_tolerance(d - l))
+    return std::nullopt;
 
   const LocalFrame frame(chord.start, direction_angle(chord.end - chord.start));
   const Guide local = to_local(frame, chord);
@@ -183,7 +186,7 @@ std::optional<GuidedPoint> point_over_sagitta(const Guide& chord, float l, std::
     // The crossing on the raised point's side of the chord; within the tolerance, the second.
     const Line along = line_through(local.start, local.end);
     const float sides = signed_distance(found.first, along) * signed_distance(raised, along);
-    result = sides > tolerance ? found.first : found.second;
+    result = above_tolerance(sides) ? found.first : found.second;
   }
   kept_result = frame.to_global(result);
   return GuidedPoint{kept_result, to_global(frame, local)};

@@ -14,7 +14,7 @@ namespace {
 float polar_angle(Vec2 v) {
   // A negative zero would turn the quotient's sign, and the point to the other side.
   const float x = v.x + 0.0f;
-  const float phi = std::atan(quotient(v.y, x));
+  const float phi = std::atan(quiet::divide(v.y, x));
   if (x < 0) return phi + pi;
   return v.y < 0 ? phi + 2 * pi : phi;
 }
@@ -24,7 +24,7 @@ float polar_angle(Vec2 v) {
 RotatedPoint rotate_about(Vec2 centre, Vec2 p, float angle) {
   const Vec2 v = p - centre;
   const float r = length(v);
-  if (r <= tolerance) return {std::nullopt, v};
+  if (at_most_tolerance(r)) return {std::nullopt, v};
   const float psi = polar_angle(v) + angle;
   return {Vec2{r * std::cos(psi), r * std::sin(psi)} + centre, v + centre};
 }

@@ -11,7 +11,7 @@ namespace kez {
 
 std::optional<float> line_angle(Vec3 u, Vec3 w) {
   if (!both_long(u, w)) return std::nullopt;
-  return arc_cosine(std::fabs(dot(u, w)) / length(u) / length(w));
+  return quiet::acos(std::fabs(dot(u, w)) / length(u) / length(w));
 }
 
 Vec3 projected_angles(Vec3 u, Vec3 w) {

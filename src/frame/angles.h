@@ -13,14 +13,14 @@ namespace kez {
 
 template <typename Vector>
 bool both_long(Vector u, Vector w) {
-  return length(u) > tolerance && length(w) > tolerance;
+  return above_tolerance(length(u)) && above_tolerance(length(w));
 }
 
 // 0 where a vector is no longer than the tolerance. The cosine is not clamped: exactly parallel
 // vectors may round past 1, and the angle is then not a number.
 template <typename Vector>
 float angle(Vector u, Vector w) {
-  return both_long(u, w) ? arc_cosine(cosine(u, w)) : 0.0f;
+  return both_long(u, w) ? quiet::acos(cosine(u, w)) : 0.0f;
 }
 
 // At a vertex, between the rays to p and q.

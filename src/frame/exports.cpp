@@ -9,8 +9,6 @@ using namespace kez;
 
 extern "C" {
 
-// Points and vectors
-
 void KEZ_CALL kezpds(const float* x1, const float* y1, const float* z1, const float* x2,
                      const float* y2, const float* z2, float* d) {
   *d = distance(load(x1, y1, z1), load(x2, y2, z2));
@@ -36,6 +34,11 @@ void KEZ_CALL kez123(const float* x1, const float* y1, const float* z1, const fl
   *same = !point;
 }
 
+void KEZ_CALL kezmed(const float* x1, const float* y1, const float* z1, const float* x2,
+                     const float* y2, const float* z2, float* xm, float* ym, float* zm) {
+  store(midpoint(load(x1, y1, z1), load(x2, y2, z2)), xm, ym, zm);
+}
+
 void KEZ_CALL kezpre(const float* x1, const float* y1, const float* z1, const float* x2,
                      const float* y2, const float* z2, const float* x3, const float* y3,
                      const float* z3, const float* x4, const float* y4, const float* z4,
@@ -49,24 +52,6 @@ void KEZ_CALL kezpri(const float* x1, const float* y1, const float* z1, const fl
                      const float* y2, const float* z2, const float* x3, const float* y3,
                      const float* z3, const float* x4, const float* y4, const float* z4, float* d) {
   *d = dot(load_vector(x1, y1, z1, x2, y2, z2), load_vector(x3, y3, z3, x4, y4, z4));
-}
-
-void KEZ_CALL keztrg(const float* x1, const float* y1, const float* z1, const float* x2,
-                     const float* y2, const float* z2, const float* x3, const float* y3,
-                     const float* z3, const float* x4, const float* y4, const float* z4,
-                     float* cosa, float* sina, int32_t* status) {
-  const auto angle =
-      angle_between(load_vector(x1, y1, z1, x2, y2, z2), load_vector(x3, y3, z3, x4, y4, z4));
-  if (angle) {
-    *cosa = angle->cosine;
-    *sina = angle->sine;
-  }
-  *status = !angle;
-}
-
-void KEZ_CALL kezmed(const float* x1, const float* y1, const float* z1, const float* x2,
-                     const float* y2, const float* z2, float* xm, float* ym, float* zm) {
-  store(midpoint(load(x1, y1, z1), load(x2, y2, z2)), xm, ym, zm);
 }
 
 void KEZ_CALL kezdtr2(const float* a, const float* b, const float* c, const float* d, float* det) {
@@ -88,26 +73,20 @@ void KEZ_CALL kez3sp(const float* x1, const float* y1, const float* z1, const fl
                       load_vector(x5, y5, z5, x6, y6, z6));
 }
 
-void KEZ_CALL kezint(const float* x1, const float* x2, const float* y1, const float* y2,
-                     const float* x, float* y) {
-  *y = interpolate(*x1, *x2, *y1, *y2, *x);
-}
-
 void KEZ_CALL kezvin(const float*, const float* b, const float*, const float*, const float*,
                      int32_t* side) {
   *side = code_of(side_of(*b));
 }
 
-// Lines in the plane, points against segments
+void KEZ_CALL kezgrc(const float* a, const float* b, const float* c, float* p, float* q) {
+  const auto quotients = guarded_quotients(*a, *b, *c);
+  *p = quotients.c_over_a;
+  *q = quotients.b_over_a;
+}
 
 void KEZ_CALL kezln3(const float* x1, const float* y1, const float* x2, const float* y2, float* a,
                      float* b, float* c) {
   store(line_through(load(x1, y1), load(x2, y2)), a, b, c);
-}
-
-void KEZ_CALL kezlds(const float* x, const float* y, const float* a, const float* b, const float* c,
-                     float* d) {
-  *d = signed_distance(load(x, y), load_line(a, b, c));
 }
 
 void KEZ_CALL kezln4(const float* x0, const float* y0, const float* p, const float* q, const float*,
@@ -130,25 +109,23 @@ void KEZ_CALL kezln5(const float* x0, const float* y0, const float* x1, const fl
   store(bisector(load(x0, y0), load(x1, y1), load(x2, y2)), a, b, c);
 }
 
-void KEZ_CALL kezpsl(const float* x1, const float* y1, const float* z1, const float* x2,
-                     const float* y2, const float* z2, const float* x, const float* y,
-                     const float* z, int32_t* pos) {
-  *pos = code_of(position_on_segment(load_segment(x1, y1, z1, x2, y2, z2), load(x, y, z)));
+void KEZ_CALL kezlds(const float* x, const float* y, const float* a, const float* b, const float* c,
+                     float* d) {
+  *d = signed_distance(load(x, y), load_line(a, b, c));
 }
 
-void KEZ_CALL kezplg(const float* x0, const float* y0, const float* z0, const float* p1,
-                     const float* q1, const float* r1, const float* p2, const float* q2,
-                     const float* r2, float* A, float* B, float* C, float* D) {
-  store(plane_spanned(load(x0, y0, z0), load(p1, q1, r1), load(p2, q2, r2)), A, B, C, D);
+void KEZ_CALL keztrg(const float* x1, const float* y1, const float* z1, const float* x2,
+                     const float* y2, const float* z2, const float* x3, const float* y3,
+                     const float* z3, const float* x4, const float* y4, const float* z4,
+                     float* cosa, float* sina, int32_t* status) {
+  const auto angle =
+      angle_between(load_vector(x1, y1, z1, x2, y2, z2), load_vector(x3, y3, z3, x4, y4, z4));
+  if (angle) {
+    *cosa = angle->cosine;
+    *sina = angle->sine;
+  }
+  *status = !angle;
 }
-
-void KEZ_CALL kezgrc(const float* a, const float* b, const float* c, float* p, float* q) {
-  const auto quotients = guarded_quotients(*a, *b, *c);
-  *p = quotients.c_over_a;
-  *q = quotients.b_over_a;
-}
-
-// Angles and relations
 
 void KEZ_CALL kezphi(const float* x0, const float* y0, const float* x1, const float* y1,
                      const float* x2, const float* y2, float* phi) {
@@ -189,21 +166,10 @@ void KEZ_CALL kezdir(const float* ux, const float* uy, const float* uz, const fl
   *rel = code_of(relate_directions(load(ux, uy, uz), load(wx, wy, wz)));
 }
 
-void KEZ_CALL kezdirl(const float* x1, const float* y1, const float* z1, const float* x2,
-                      const float* y2, const float* z2, const float* x3, const float* y3,
-                      const float* z3, const float* x4, const float* y4, const float* z4,
-                      int32_t* rel) {
-  *rel = code_of(
-      relate_lines(load_segment(x1, y1, z1, x2, y2, z2), load_segment(x3, y3, z3, x4, y4, z4)));
+void KEZ_CALL kezint(const float* x1, const float* x2, const float* y1, const float* y2,
+                     const float* x, float* y) {
+  *y = interpolate(*x1, *x2, *y1, *y2, *x);
 }
-
-void KEZ_CALL kezdirp(const float* A1, const float* B1, const float* C1, const float* D1,
-                      const float* A2, const float* B2, const float* C2, const float* D2,
-                      int32_t* rel) {
-  *rel = code_of(relate_planes(load_plane(A1, B1, C1, D1), load_plane(A2, B2, C2, D2)));
-}
-
-// Tables
 
 void KEZ_CALL kezpos(const int32_t* n, const float x[], const float* v, int32_t* i) {
   *i = find_interval(entries(x, *n), *v);
@@ -216,24 +182,10 @@ void KEZ_CALL kezpos1(const int32_t* n, const float x[], const float* v, int32_t
   *i = place.position;
 }
 
-void KEZ_CALL kezord(float x[], const int32_t* n) {
-  sort_ascending(entries(x, *n));
-}
-
-void KEZ_CALL kezord1(int32_t ia[], const int32_t* n) {
-  sort_ascending(entries(ia, *n));
-}
-
-void KEZ_CALL kezinv(const int32_t* n, void* x) {
-  reverse(entries(static_cast<RawWord*>(x), *n));
-}
-
 void KEZ_CALL kezsel1(const int32_t* n, const int32_t ia[], const int32_t* v, int32_t* count,
                       int32_t idx[]) {
-  *count = select(entries(ia, *n), *v, idx);
+  *count = select(entries(ia, *n), *v, entries(idx, *n));
 }
-
-// Sampling, integration and index runs
 
 void KEZ_CALL kezpas(const float* x1, const float* y1, const float* z1, const float* x2,
                      const float* y2, const float* z2, const float* step, float* realstep,
@@ -259,9 +211,47 @@ void KEZ_CALL kezpar(const int32_t* i1, const int32_t* i2, const int32_t* nmax, 
                      int32_t list1[], int32_t* count2, int32_t list2[]) {
   const AlternateRuns runs = split_alternately(*i1, *i2, *nmax);
   *count1 = runs.odd.count;
-  write(runs.odd, list1);
+  write(runs.odd, entries(list1, runs.odd.count));
   *count2 = runs.even.count;
-  write(runs.even, list2);
+  write(runs.even, entries(list2, runs.even.count));
+}
+
+void KEZ_CALL kezpsl(const float* x1, const float* y1, const float* z1, const float* x2,
+                     const float* y2, const float* z2, const float* x, const float* y,
+                     const float* z, int32_t* pos) {
+  *pos = code_of(position_on_segment(load_segment(x1, y1, z1, x2, y2, z2), load(x, y, z)));
+}
+
+void KEZ_CALL kezdirl(const float* x1, const float* y1, const float* z1, const float* x2,
+                      const float* y2, const float* z2, const float* x3, const float* y3,
+                      const float* z3, const float* x4, const float* y4, const float* z4,
+                      int32_t* rel) {
+  *rel = code_of(
+      relate_lines(load_segment(x1, y1, z1, x2, y2, z2), load_segment(x3, y3, z3, x4, y4, z4)));
+}
+
+void KEZ_CALL kezplg(const float* x0, const float* y0, const float* z0, const float* p1,
+                     const float* q1, const float* r1, const float* p2, const float* q2,
+                     const float* r2, float* A, float* B, float* C, float* D) {
+  store(plane_spanned(load(x0, y0, z0), load(p1, q1, r1), load(p2, q2, r2)), A, B, C, D);
+}
+
+void KEZ_CALL kezdirp(const float* A1, const float* B1, const float* C1, const float* D1,
+                      const float* A2, const float* B2, const float* C2, const float* D2,
+                      int32_t* rel) {
+  *rel = code_of(relate_planes(load_plane(A1, B1, C1, D1), load_plane(A2, B2, C2, D2)));
+}
+
+void KEZ_CALL kezord(float x[], const int32_t* n) {
+  sort_ascending(entries(x, *n));
+}
+
+void KEZ_CALL kezord1(int32_t ia[], const int32_t* n) {
+  sort_ascending(entries(ia, *n));
+}
+
+void KEZ_CALL kezinv(const int32_t* n, void* x) {
+  reverse(entries(static_cast<RawWord*>(x), *n));
 }
 
 }  // extern "C"

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <bit>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -24,8 +25,8 @@ constexpr Key key_of(float value) {
 
 // Zeros of either sign have the same key, and so has every not-a-number, behind all others.
 inline constexpr Key key_of_not_a_number = 0xffffffff;
-constexpr Key comparison_key(float value) {
-  return value == value ? key_of(value + 0.0f) : key_of_not_a_number;
+inline Key comparison_key(float value) {
+  return std::isnan(value) ? key_of_not_a_number : key_of(value + 0.0f);
 }
 
 constexpr void set_value(Key key, std::int32_t& value) {

@@ -17,7 +17,7 @@ Line line_at_angle(Vec2 p, float theta) {
   // Only +pi/2 and -pi/2 are vertical, and strictly within the tolerance: other odd multiples keep
   // the slope that the tangent gives them.
   const float from_vertical = theta >= 0 ? theta - half_pi : theta + half_pi;
-  if (std::fabs(from_vertical) < tolerance) return {1, 0, -p.x};
+  if (below_tolerance(std::fabs(from_vertical))) return {1, 0, -p.x};
   const float slope = std::tan(theta);
   return {slope, -1, p.y - slope * p.x};
 }

@@ -65,8 +65,8 @@ Position position_on_segment(Segment<Point> segment, Point p) {
   const Point u = p - segment.first, w = p - segment.second;
   if (cosine_square(u, w).is_clear_of_one()) return Position::off_line;
   const float d1 = length(u), d2 = length(w);
-  if (d1 <= tolerance) return Position::at_first;
-  if (d2 <= tolerance) return Position::at_second;
+  if (at_most_tolerance(d1)) return Position::at_first;
+  if (at_most_tolerance(d2)) return Position::at_second;
 
   if (is_null(u) || is_null(w)) return Position::off_line;
   const float c = cosine(u, w);
@@ -80,10 +80,9 @@ Position position_on_segment(Segment<Point> segment, Point p) {
 
 enum class Meeting : std::int32_t { one_point = 0, coincident = 1, parallel = 2 };
 
-// Members, not an optional: that one would go through memory on its way to the caller's variables.
 struct LineMeeting {
   Meeting status;
-  Vec2 point;  // not to be read unless the lines meet in one
+  Vec2 point;  // zero unless the lines meet in one
 
   Vec2 point_or(Vec2 otherwise) const { return status == Meeting::one_point ? point : otherwise; }
 };

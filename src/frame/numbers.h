@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
@@ -31,12 +32,10 @@ constexpr std::int32_t position_of(std::size_t index) {
   return static_cast<std::int32_t>(index) + 1;
 }
 
-// Toward zero; beyond the integers the nearest of them, and 0 for not-a-number.
+// Of a number that is not negative; beyond the integers the largest, and 0 for not-a-number.
 inline std::int32_t truncate(float value) {
-  constexpr float limit = 2147483648.0f;
-  if (value >= limit) return std::numeric_limits<std::int32_t>::max();
-  if (value <= -limit) return std::numeric_limits<std::int32_t>::min();
-  return value == value ? static_cast<std::int32_t>(value) : 0;
+  if (value >= 2147483648.0f) return std::numeric_limits<std::int32_t>::max();
+  return std::isnan(value) ? 0 : static_cast<std::int32_t>(value);
 }
 
 inline std::int32_t successor(std::int32_t value) {

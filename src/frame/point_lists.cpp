@@ -1,24 +1,25 @@
 #include "point_lists.h"
 
+#include <span>
+
 namespace kez {
 
 namespace {
 
-void subtract(float origin, float list[], std::size_t size) {
-  for (std::size_t i = 0; i < size; ++i) list[i] -= origin;
+void subtract(float origin, std::span<float> list) {
+  for (float& x : list) x -= origin;
 }
 
 }  // namespace
 
 void translate(const PlanePoints& points, Vec2 origin) {
-  subtract(origin.x, points.xs(), points.size());
-  subtract(origin.y, points.ys(), points.size());
+  subtract(origin.x, {points.xs(), points.size()});
+  subtract(origin.y, {points.ys(), points.size()});
 }
 
 void translate(const SpacePoints& points, Vec3 origin) {
-  subtract(origin.x, points.xs(), points.size());
-  subtract(origin.y, points.ys(), points.size());
-  subtract(origin.z, points.zs(), points.size());
+  translate(points.xy(), {origin.x, origin.y});
+  subtract(origin.z, {points.zs(), points.size()});
 }
 
 // A copy of the view, which no store into the lists can change.

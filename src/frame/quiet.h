@@ -1,5 +1,6 @@
-// The results of IEEE 754 without its exceptions, for where a degenerate value on the way leaves a
-// call's results proper. Hosts may have the exceptions unmasked, and then die of one.
+// Division, root and arc cosine with the IEEE result but no floating-point exception, for
+// intermediate values that may be degenerate in a valid call. Hosts may have the exceptions
+// unmasked, and then one of them ends the process.
 #pragma once
 
 #include <bit>
@@ -16,21 +17,23 @@ inline constexpr auto not_a_number = std::bit_cast<float>(std::uint32_t{0xffc000
 inline constexpr float not_a_number = std::numeric_limits<float>::quiet_NaN();
 #endif
 
-// a / b.
-inline float quotient(float a, float b) {
+namespace quiet {
+
+inline float divide(float a, float b) {
   if (b != 0) return a / b;
   if (a == 0) return not_a_number;
   return a * std::copysign(std::numeric_limits<float>::infinity(), b);
 }
 
-// Not-a-number below zero.
-inline float square_root(float a) {
+inline float sqrt(float a) {
   return std::isless(a, 0.0f) ? not_a_number : std::sqrt(a);
 }
 
-// Not-a-number for what rounding has put beyond 1.
-inline float arc_cosine(float a) {
+// Rounding may have put a cosine beyond 1.
+inline float acos(float a) {
   return std::isgreater(std::fabs(a), 1.0f) ? not_a_number : std::acos(a);
 }
+
+}  // namespace quiet
 
 }  // namespace kez

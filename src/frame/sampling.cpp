@@ -26,7 +26,7 @@ void sample_segment(Segment<Vec3> segment, float step, const SpacePoints& points
 
   const float length = distance(first, last);
   for (std::size_t i = 1; i + 1 < n; ++i) {
-    const float t = quotient(static_cast<float>(i) * step, length);
+    const float t = quiet::divide(static_cast<float>(i) * step, length);
     interior = point_along(first, last, t).value_or(interior);
     points.put(i, interior);
   }
@@ -35,7 +35,7 @@ void sample_segment(Segment<Vec3> segment, float step, const SpacePoints& points
 float integrate(std::span<const float> samples, float a, float b) {
   if (samples.empty()) return 0;
   const std::size_t n = samples.size();
-  const float h = quotient(b - a, static_cast<float>(n - 1));
+  const float h = quiet::divide(b - a, static_cast<float>(n - 1));
   float total = (samples.front() + samples.back()) * 0.5f;
   if (n >= 4) total += sum(n - 3, [&](std::size_t i) { return samples[i + 1]; });
   return h * total;
@@ -50,7 +50,7 @@ AlternateRuns split_alternately(std::int32_t i1, std::int32_t i2, std::int32_t m
   return {{i1, 2 * direction, odd_count}, {i1 + direction, 2 * direction, even_count}};
 }
 
-void write(Run run, std::int32_t list[]) {
+void write(Run run, std::span<std::int32_t> list) {
   for (std::int32_t i = 0; i < run.count; ++i) list[i] = run.first + i * run.step;
 }
 

@@ -37,6 +37,6 @@ struct AlternateRuns {
 // outside 1..max.
 AlternateRuns split_alternately(std::int32_t i1, std::int32_t i2, std::int32_t max);
 
-void write(Run run, std::int32_t list[]);
+void write(Run run, std::span<std::int32_t> list);
 
 }  // namespace kez

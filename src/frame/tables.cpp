@@ -18,7 +18,7 @@ namespace {
 bool order_is_unique(std::span<const float> x) {
   bool nan = false, plus_zero = false, minus_zero = false;
   for (const float v : x) {
-    nan |= v != v;
+    nan |= std::isnan(v);
     plus_zero |= v == 0 && !std::signbit(v);
     minus_zero |= v == 0 && std::signbit(v);
   }
@@ -69,7 +69,8 @@ void reverse(std::span<RawWord> x) {
   std::reverse(x.begin(), x.end());
 }
 
-std::int32_t select(std::span<const std::int32_t> table, std::int32_t v, std::int32_t positions[]) {
+std::int32_t select(std::span<const std::int32_t> table, std::int32_t v,
+                    std::span<std::int32_t> positions) {
   std::int32_t count = 0;
   for (std::size_t i = 0; i < table.size(); ++i) {
     if (table[i] == v) positions[count++] = position_of(i);
@@ -78,7 +79,7 @@ std::int32_t select(std::span<const std::int32_t> table, std::int32_t v, std::in
 }
 
 std::optional<RangeEntries> find_range(std::span<const float> x, float low, float high,
-                                       std::int32_t positions[]) {
+                                       std::span<std::int32_t> positions) {
   std::size_t count = 0, first = 0, last = 0;
   for (std::size_t i = 0; i < x.size(); ++i) {
     if (!(low <= x[i] && x[i] <= high)) continue;

@@ -36,7 +36,8 @@ struct RawWord {
 void reverse(std::span<RawWord> x);
 
 // Writes the positions of v, ascending, and returns their number.
-std::int32_t select(std::span<const std::int32_t> table, std::int32_t v, std::int32_t positions[]);
+std::int32_t select(std::span<const std::int32_t> table, std::int32_t v,
+                    std::span<std::int32_t> positions);
 
 struct RangeEntries {
   std::int32_t count;
@@ -45,7 +46,7 @@ struct RangeEntries {
 
 // The entries inside; without any, the two that enclose the range, with distances of 0.
 std::optional<RangeEntries> find_range(std::span<const float> x, float low, float high,
-                                       std::int32_t positions[]);
+                                       std::span<std::int32_t> positions);
 
 // One contour of an outline whose contours stand one after another in one array.
 struct Block {

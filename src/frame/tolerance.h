@@ -1,5 +1,5 @@
-// The library's tolerance and the two tests that use it. Unlike the operators they raise no
-// exception for not-a-number: hosts may trap it.
+// The library's tolerance and the tests that use it. Unlike the operators they raise no exception
+// for not-a-number, which hosts may trap: it passes none of them.
 #pragma once
 
 #include <cmath>
@@ -8,14 +8,28 @@ namespace kez {
 
 inline constexpr float tolerance = 1.0e-5f;
 
-// A difference of exactly the tolerance counts as equal; not-a-number equals nothing.
+inline bool at_most_tolerance(float a) {
+  return std::islessequal(a, tolerance);
+}
+inline bool above_tolerance(float a) {
+  return std::isgreater(a, tolerance);
+}
+
+// Strict: exactly the tolerance counts as more.
+inline bool below_tolerance(float a) {
+  return std::isless(a, tolerance);
+}
+inline bool at_least_tolerance(float a) {
+  return std::isgreaterequal(a, tolerance);
+}
+
 inline bool equal(float a, float b) {
-  return std::islessequal(std::fabs(a - b), tolerance);
+  return at_most_tolerance(std::fabs(a - b));
 }
 
 // Not the opposite of equal(a, 0): not-a-number is neither.
 inline bool non_zero(float a) {
-  return std::isgreater(std::fabs(a), tolerance);
+  return above_tolerance(std::fabs(a));
 }
 
 }  // namespace kez

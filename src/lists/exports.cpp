@@ -14,6 +14,10 @@ std::span<const RawWord> words(const void* list, int32_t n) {
   return entries(static_cast<const RawWord*>(list), n);
 }
 
+int32_t join_lists(std::span<const RawWord> a, std::span<const RawWord> b, void* out) {
+  return join(a, b, {static_cast<RawWord*>(out), a.size() + b.size()});
+}
+
 // A part of a polygon with n vertices may have two for each of them.
 PolygonPart part(float X[], float Y[], int32_t n) {
   return PolygonPart({X, Y, 2 * size_of(n)});
@@ -23,9 +27,22 @@ PolygonPart part(float X[], float Y[], int32_t n) {
 
 extern "C" {
 
+void KEZ_CALL kezinp(const float* p, const float* q, const float* r, float* u, float* v,
+                     float* theta) {
+  const PrincipalAxes axes = principal_axes(*p, *q, *r);
+  *u = axes.u;
+  *v = axes.v;
+  *theta = axes.theta;
+}
+
 void KEZ_CALL kezmer1(const int32_t* n1, const void* a, const int32_t* n2, const void* b,
                       int32_t* nout, void* out) {
-  *nout = join(words(a, *n1), words(b, *n2), static_cast<RawWord*>(out));
+  *nout = join_lists(words(a, *n1), words(b, *n2), out);
+}
+
+void KEZ_CALL kezmer11(const int32_t* n1, const void* a, const int32_t* n2, const void* b,
+                       int32_t* nout, void* out) {
+  *nout = join_lists(words(a, *n1), words(b, *n2), out);
 }
 
 void KEZ_CALL kezmer2(int32_t* n, int32_t a[]) {
@@ -36,20 +53,15 @@ void KEZ_CALL kezmer3(int32_t* n, int32_t a[]) {
   *n = keep_repeated(entries(a, *n));
 }
 
+void KEZ_CALL kezmer12(int32_t* n, float a[], const float* tol) {
+  *n = keep_distinct(entries(a, *n), *tol);
+}
+
 void KEZ_CALL kezmer4(const int32_t* n1, const int32_t a[], const int32_t* n2, const int32_t b[],
                       int32_t* ncom, int32_t com[], int32_t* ndif, int32_t dif[]) {
   const Comparison result = compare(entries(a, *n1), entries(b, *n2), com, dif);
   *ncom = result.common;
   *ndif = result.differing;
-}
-
-void KEZ_CALL kezmer11(const int32_t* n1, const void* a, const int32_t* n2, const void* b,
-                       int32_t* nout, void* out) {
-  *nout = join(words(a, *n1), words(b, *n2), static_cast<RawWord*>(out));
-}
-
-void KEZ_CALL kezmer12(int32_t* n, float a[], const float* tol) {
-  *n = keep_distinct(entries(a, *n), *tol);
 }
 
 void KEZ_CALL kezmer13(const int32_t* n1, const float a[], const int32_t* n2, const float b[],
@@ -59,7 +71,7 @@ void KEZ_CALL kezmer13(const int32_t* n1, const float a[], const int32_t* n2, co
 
 void KEZ_CALL kezmer14(const int32_t* n, float a[], int32_t* nd, int32_t idx[], float* big,
                        const float* tol) {
-  const NearDuplicates marked = mark_near_duplicates(entries(a, *n), *tol, idx);
+  const NearDuplicates marked = mark_near_duplicates(entries(a, *n), *tol, entries(idx, *n));
   *nd = marked.count;
   *big = marked.marker;
 }
@@ -69,9 +81,18 @@ void KEZ_CALL kezmer15(const int32_t* n, float a[], const float* value, int32_t*
   *nout = remove_near(entries(a, *n), *value, *tol);
 }
 
+void KEZ_CALL kezmer19(const int32_t* n, const float a[], float out[], const float* value,
+                       int32_t* nout, int32_t idx[], const float* tol) {
+  *nout = map_distinct(entries(a, *n), *value, *tol, entries(out, *n), entries(idx, *n));
+}
+
 void KEZ_CALL kezmer16(const int32_t* n, void* a, const int32_t* pos, const void* value) {
   insert({static_cast<RawWord*>(a), size_with_place(*n)}, *pos,
          *static_cast<const RawWord*>(value));
+}
+
+void KEZ_CALL kezordi(const float v[], const int32_t* n, int32_t iord[]) {
+  order_ascending(entries(v, *n), entries(iord, *n));
 }
 
 void KEZ_CALL kezmer17(const int32_t* n, void* a) {
@@ -82,31 +103,14 @@ void KEZ_CALL kezmer18(const int32_t* n, void* a) {
   reverse(entries(static_cast<RawWord*>(a), *n));
 }
 
-void KEZ_CALL kezmer19(const int32_t* n, const float a[], float out[], const float* value,
-                       int32_t* nout, int32_t idx[], const float* tol) {
-  *nout = map_distinct(entries(a, *n), *value, *tol, out, entries(idx, *n));
-}
-
-void KEZ_CALL kezordi(const float v[], const int32_t* n, int32_t iord[]) {
-  order_ascending(entries(v, *n), iord);
-}
-
 void KEZ_CALL kezpor(const int32_t* n, const float a[], const float b[], const float c[],
                      int32_t iord[], int32_t* status) {
-  *status = code_of(order_parallel_lines(points(a, b, c, *n), iord));
-}
-
-void KEZ_CALL kezinp(const float* p, const float* q, const float* r, float* u, float* v,
-                     float* theta) {
-  const PrincipalAxes axes = principal_axes(*p, *q, *r);
-  *u = axes.u;
-  *v = axes.v;
-  *theta = axes.theta;
+  *status = code_of(order_parallel_lines(points(a, b, c, *n), entries(iord, *n)));
 }
 
 void KEZ_CALL kezppp(const int32_t* n, float X[], float Y[], const float* px, const float* py,
                      int32_t* status) {
-  *status = code_of(locate_in_polygon(outline(X, Y, *n), load(px, py)));
+  *status = code_of(relate_point_polygon(outline(X, Y, *n), load(px, py)));
 }
 
 void KEZ_CALL kezpin(const int32_t* n, float X[], float Y[], const float* a, const float* b,
@@ -123,7 +127,7 @@ void KEZ_CALL kezptp1(const float* A1, const float* B1, const float* C1, const f
                       float* B2, float* C2, float* D2, const int32_t* n, const float X[],
                       const float Y[], const float Z[], int32_t code[]) {
   const Slab slab = {load_plane(A1, B1, C1, D1), load_plane(A2, B2, C2, D2)};
-  store(locate_in_slab(slab, points(X, Y, Z, *n), code), A2, B2, C2, D2);
+  store(relate_points_slab(slab, points(X, Y, Z, *n), entries(code, *n)), A2, B2, C2, D2);
 }
 
 void KEZ_CALL kezptp2(const float* A1, const float* B1, const float* C1, const float* D1, float* A2,
@@ -140,10 +144,10 @@ void KEZ_CALL kezptp2(const float* A1, const float* B1, const float* C1, const f
   const BoxPositions box = {entries(code1, *n), entries(code2, *n), entries(code3, *n)};
   const auto selection = from_code<BoxSelection>(*mode);
 
-  store(locate_in_slab(slab1, given, code1), A2, B2, C2, D2);
-  store(locate_in_slab(slab2, given, code2), A4, B4, C4, D4);
-  store(locate_in_slab(slab3, given, code3), A6, B6, C6, D6);
-  store(select_points(box, selection, out), nout);
+  store(relate_points_slab(slab1, given, entries(code1, *n)), A2, B2, C2, D2);
+  store(relate_points_slab(slab2, given, entries(code2, *n)), A4, B4, C4, D4);
+  store(relate_points_slab(slab3, given, entries(code3, *n)), A6, B6, C6, D6);
+  store(select_points(box, selection, entries(out, *n)), nout);
 }
 
 }  // extern "C"

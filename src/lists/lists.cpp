@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <optional>
 
 #include "../frame/keys.h"
 
@@ -23,9 +22,10 @@ std::int32_t mark_behind(std::span<std::int32_t> list, std::size_t kept, std::in
 
 }  // namespace
 
-std::int32_t join(std::span<const RawWord> a, std::span<const RawWord> b, RawWord joined[]) {
-  RawWord* const end = std::copy(b.begin(), b.end(), std::copy(a.begin(), a.end(), joined));
-  return static_cast<std::int32_t>(end - joined);
+std::int32_t join(std::span<const RawWord> a, std::span<const RawWord> b,
+                  std::span<RawWord> joined) {
+  std::copy(b.begin(), b.end(), std::copy(a.begin(), a.end(), joined.begin()));
+  return static_cast<std::int32_t>(joined.size());
 }
 
 void insert(std::span<RawWord> list, std::int32_t position, RawWord value) {
@@ -61,79 +61,62 @@ namespace {
 // From this length on, as measured, sorting first is faster than looking at every pair.
 constexpr std::size_t fewest_to_sort = 80;
 
-class Comparing {
- public:
-  Comparing(std::span<const std::int32_t> a, std::span<const std::int32_t> b, std::int32_t common[],
-            std::int32_t differing[])
-      : a_(a), b_(b), common_(common), differing_(differing) {}
-
-  // The two functions say how often the entry of one list at an index stands in the other list.
-  template <typename InB, typename InA>
-  Comparison write(InB in_b, InA in_a) const {
-    std::int32_t* common_end = common_;
-    std::int32_t* differing_end = differing_;
-    for (std::size_t i = 0; i < a_.size(); ++i) {
-      const auto times = in_b(i);
-      if (times == 0) *differing_end++ = a_[i];
-      common_end = std::fill_n(common_end, times, a_[i]);
-    }
-    for (std::size_t j = 0; j < b_.size(); ++j) {
-      if (in_a(j) == 0) *differing_end++ = b_[j];
-    }
-    return {static_cast<std::int32_t>(common_end - common_),
-            static_cast<std::int32_t>(differing_end - differing_)};
+// The two functions say how often the entry of one list at an index stands in the other list.
+template <typename InB, typename InA>
+Comparison write(std::span<const std::int32_t> a, std::span<const std::int32_t> b, InB in_b,
+                 InA in_a, std::int32_t common[], std::int32_t differing[]) {
+  std::int32_t *common_end = common, *differing_end = differing;
+  for (std::size_t i = 0; i < a.size(); ++i) {
+    const auto times = in_b(i);
+    if (times == 0) *differing_end++ = a[i];
+    common_end = std::fill_n(common_end, times, a[i]);
   }
-
-  Comparison by_pairs() const {
-    return write([this](std::size_t i) { return std::count(b_.begin(), b_.end(), a_[i]); },
-                 [this](std::size_t j) { return std::count(a_.begin(), a_.end(), b_[j]); });
+  for (std::size_t j = 0; j < b.size(); ++j) {
+    if (in_a(j) == 0) *differing_end++ = b[j];
   }
+  return {static_cast<std::int32_t>(common_end - common),
+          static_cast<std::int32_t>(differing_end - differing)};
+}
 
-  // Nothing where there is no memory.
-  std::optional<Comparison> by_sorting() const {
-    const auto sort = [](std::span<const std::int32_t> list) {
-      return SortedEntries<Keyed>(list.size(),
-                                  [list](std::size_t i) { return keyed(key_of(list[i]), i); });
-    };
-    const auto a = sort(a_), b = sort(b_);
-    if (!a || !b) return std::nullopt;
-    count(a, b);
-    return write([&](std::size_t i) { return index_of(a.room()[i]); },
-                 [&](std::size_t j) { return index_of(b.room()[j]); });
+// Into the room of each list: how often the entry at an index stands in the other one.
+void count_equals(const SortedEntries<Keyed>& a, const SortedEntries<Keyed>& b) {
+  const auto equals_end = [](std::span<const Keyed> sorted, std::size_t k, Key key) {
+    while (k < sorted.size() && key_of(sorted[k]) == key) ++k;
+    return k;
+  };
+  std::fill(b.room().begin(), b.room().end(), 0);
+  for (std::size_t i = 0, j = 0; i < a.entries().size();) {
+    const Key key = key_of(a.entries()[i]);
+    while (j < b.entries().size() && key_of(b.entries()[j]) < key) ++j;
+    const std::size_t i_end = equals_end(a.entries(), i, key);
+    const std::size_t j_end = equals_end(b.entries(), j, key);
+    for (std::size_t k = i; k < i_end; ++k) a.room()[index_of(a.entries()[k])] = j_end - j;
+    for (std::size_t k = j; k < j_end; ++k) b.room()[index_of(b.entries()[k])] = i_end - i;
+    i = i_end;
+    j = j_end;
   }
+}
 
- private:
-  // Into the room of each: how often the entry at an index stands in the other list.
-  static void count(const SortedEntries<Keyed>& a, const SortedEntries<Keyed>& b) {
-    const auto equals_end = [](std::span<const Keyed> sorted, std::size_t k, Key key) {
-      while (k < sorted.size() && key_of(sorted[k]) == key) ++k;
-      return k;
-    };
-    std::fill(b.room().begin(), b.room().end(), 0);
-    for (std::size_t i = 0, j = 0; i < a.entries().size();) {
-      const Key key = key_of(a.entries()[i]);
-      while (j < b.entries().size() && key_of(b.entries()[j]) < key) ++j;
-      const std::size_t i_end = equals_end(a.entries(), i, key);
-      const std::size_t j_end = equals_end(b.entries(), j, key);
-      for (std::size_t k = i; k < i_end; ++k) a.room()[index_of(a.entries()[k])] = j_end - j;
-      for (std::size_t k = j; k < j_end; ++k) b.room()[index_of(b.entries()[k])] = i_end - i;
-      i = i_end;
-      j = j_end;
-    }
-  }
-
-  std::span<const std::int32_t> a_, b_;
-  std::int32_t *common_, *differing_;
-};
+SortedEntries<Keyed> sort_entries(std::span<const std::int32_t> list) {
+  return {list.size(), [list](std::size_t i) { return keyed(key_of(list[i]), i); }};
+}
 
 }  // namespace
 
 Comparison compare(std::span<const std::int32_t> a, std::span<const std::int32_t> b,
                    std::int32_t common[], std::int32_t differing[]) {
-  const Comparing comparing(a, b, common, differing);
-  if (std::min(a.size(), b.size()) < fewest_to_sort) return comparing.by_pairs();
-  const auto result = comparing.by_sorting();
-  return result ? *result : comparing.by_pairs();
+  if (std::min(a.size(), b.size()) >= fewest_to_sort) {
+    const auto sorted_a = sort_entries(a), sorted_b = sort_entries(b);
+    if (sorted_a && sorted_b) {
+      count_equals(sorted_a, sorted_b);
+      return write(
+          a, b, [&](std::size_t i) { return index_of(sorted_a.room()[i]); },
+          [&](std::size_t j) { return index_of(sorted_b.room()[j]); }, common, differing);
+    }
+  }
+  return write(
+      a, b, [&](std::size_t i) { return std::count(b.begin(), b.end(), a[i]); },
+      [&](std::size_t j) { return std::count(a.begin(), a.end(), b[j]); }, common, differing);
 }
 
 }  // namespace kez

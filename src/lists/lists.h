@@ -9,7 +9,8 @@
 namespace kez {
 
 // Writes the entries of a, then those of b, and returns their number.
-std::int32_t join(std::span<const RawWord> a, std::span<const RawWord> b, RawWord joined[]);
+std::int32_t join(std::span<const RawWord> a, std::span<const RawWord> b,
+                  std::span<RawWord> joined);
 
 // The last entry of the list is the room for the new one. A position outside 1 .. size changes
 // nothing.

@@ -1,11 +1,12 @@
-// The entries of a real list that are near one of them, for the routines that strike out
-// neighbours.
+// Two ways to search a real list for the entries near one of them: PairSearch looks at every entry,
+// SortedSearch sorts the list first.
 //
-// A search is called visit(i, first, visitor) and calls visitor(j, is_near) at most once for an
-// index j from `first` on: for every entry near entry i, in any order, and perhaps for others, with
-// is_near false. A visitor that writes list[j] without a branch keeps the search by pairs in vector
-// registers. Entries that were written since the search was made may be taken by their old value or
-// by the new one: entry i must be as it was, and the visitor must do the same either way.
+// search.visit(i, first, visitor) shows the visitor the entries near entry i, from index `first`
+// on: it calls visitor(j, true) once for each of them, in any order, and may call visitor(j, false)
+// for others.
+// - The visitor may write list[j], and the search may then take entry j by its old value or by the
+//   new one. The visitor must not depend on which, and entry i itself must be as it was.
+// - A visitor that writes without a branch keeps PairSearch in vector registers.
 #pragma once
 
 #include <cstddef>
@@ -49,9 +50,9 @@ inline SortedEntries<Keyed> sort_by_value(std::span<const float> list) {
   return {list.size(), [list](std::size_t i) { return keyed(comparison_key(list[i]), i); }};
 }
 
-// Sorts first. Rounding keeps differences in order, so that what is near an entry, by whatever
-// tolerance, is one run of the sorted entries, which the entry itself is part of; an infinite one
-// has no neighbours as long as nothing is infinitely near.
+// Rounded differences keep their order, so the entries near another one are one run around it in
+// sorted order, whatever the tolerance. An infinite entry is not near itself, for the difference is
+// not a number, and so it has no neighbours as long as the tolerance is finite.
 template <typename Near>
 class SortedSearch {
  public:

@@ -29,20 +29,21 @@ auto at_most(float tol) {
 constexpr std::size_t sorted_to_keep = 80, sorted_to_pair = 80, sorted_to_mark = 72,
                       sorted_to_map = 112;
 
-// Of the entries struck out, which have become markers, the first strikes out what is near the
-// marker. What it leaves is near none of the others.
+// Each entry in turn strikes out the later ones near it, which become the marker. So do struck-out
+// entries, in the marker's name: the first of them strikes out all that is near the marker, so that
+// the others need not look. The search knows only the values from before, and not the marker.
 template <typename Search, typename Near>
 void strike_out_near(std::span<float> list, float marker, const Search& search, Near near) {
-  bool by_marker = false;
+  bool marker_has_struck = false;
   for (std::size_t i = 0; i < list.size(); ++i) {
     const auto strike_out = [list, marker](std::size_t j, bool is_near) {
       list[j] = is_near ? marker : list[j];
     };
     if (list[i] != marker) {
       search.visit(i, i + 1, strike_out);
-    } else if (!by_marker) {
+    } else if (!marker_has_struck) {
       PairSearch(list, near).visit(i, i + 1, strike_out);
-      by_marker = true;
+      marker_has_struck = true;
     }
   }
 }
@@ -150,7 +151,8 @@ std::int32_t pair_near(std::span<const float> a, std::span<const float> b, float
   return pairs.count();
 }
 
-NearDuplicates mark_near_duplicates(std::span<float> list, float tol, std::int32_t positions[]) {
+NearDuplicates mark_near_duplicates(std::span<float> list, float tol,
+                                    std::span<std::int32_t> positions) {
   const float marker = largest(list) + 1.0f;
   std::size_t count = 0;
   search_near(list, sorted_to_mark, at_most(tol), [&](const auto& search) {
@@ -163,7 +165,7 @@ NearDuplicates mark_near_duplicates(std::span<float> list, float tol, std::int32
         list[j] = marker;
         positions[count++] = position_of(j);
       });
-      std::sort(positions + first, positions + count);
+      std::sort(positions.begin() + first, positions.begin() + count);
     }
   });
   return {static_cast<std::int32_t>(count), marker};
@@ -177,14 +179,16 @@ std::int32_t remove_near(std::span<float> list, float value, float tol) {
   return static_cast<std::int32_t>(kept);
 }
 
-std::int32_t map_distinct(std::span<const float> list, float value, float tol, float distinct[],
-                          std::span<std::int32_t> map) {
+std::int32_t map_distinct(std::span<const float> list, float value, float tol,
+                          std::span<float> distinct, std::span<std::int32_t> map) {
   const float marker = largest(list) + 1.0f;
   std::int32_t count = 0;
   std::fill(map.begin(), map.end(), 0);
   search_near(list, sorted_to_map, at_most(tol), [&](const auto& search) {
     for (std::size_t i = 0; i < list.size(); ++i) {
-      // An entry that is mapped is near an earlier one, which strikes it out.
+      // An entry that is mapped is near an earlier one, which has struck it out. What is struck out
+      // or near the value counts as the marker, which stands nowhere unless the tolerance is
+      // negative: then the marker is apart even from itself, and the entry is taken all the same.
       const bool stands = apart(list[i], value, tol) && map[i] == 0;
       if (!apart(stands ? list[i] : marker, marker, tol)) continue;
       distinct[count++] = list[i];

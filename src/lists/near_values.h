@@ -27,7 +27,8 @@ struct NearDuplicates {
 
 // Marks the entries at most tol behind an earlier one, and writes their positions: fewer than the
 // list has entries, even where they overlap it.
-NearDuplicates mark_near_duplicates(std::span<float> list, float tol, std::int32_t positions[]);
+NearDuplicates mark_near_duplicates(std::span<float> list, float tol,
+                                    std::span<std::int32_t> positions);
 
 // Leaves the entries more than tol away from the value in front and returns their number; behind
 // them the list stays as it was.
@@ -35,7 +36,7 @@ std::int32_t remove_near(std::span<float> list, float value, float tol);
 
 // Writes the distinct values that are more than tol away from the given one, and for each entry of
 // the list the last position among them within tol of it, or 0. Returns their number.
-std::int32_t map_distinct(std::span<const float> list, float value, float tol, float distinct[],
-                          std::span<std::int32_t> map);
+std::int32_t map_distinct(std::span<const float> list, float value, float tol,
+                          std::span<float> distinct, std::span<std::int32_t> map);
 
 }  // namespace kez

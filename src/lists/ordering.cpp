@@ -18,7 +18,7 @@ namespace {
 // plus 1. As long as entries below the marker are left, that is their sorted order. False where
 // there is no memory.
 template <typename Entry>
-bool order_by(std::size_t count, Entry entry, std::int32_t order[]) {
+bool order_by(std::size_t count, Entry entry, std::span<std::int32_t> order) {
   // From the last entry on, so that of equals it comes first.
   const SortedEntries<Keyed> sorted(count, [&](std::size_t back) {
     return keyed(comparison_key(entry(count - 1 - back)), back);
@@ -45,13 +45,13 @@ bool order_by(std::size_t count, Entry entry, std::int32_t order[]) {
 }
 
 // Needs no memory; false where not every entry is below the marker.
-bool sort_positions(std::span<const float> list, std::int32_t order[]) {
+bool sort_positions(std::span<const float> list, std::span<std::int32_t> order) {
   const float marker = largest(list) + 1.0f;
   if (!std::all_of(list.begin(), list.end(), [marker](float x) { return x < marker; }))
     return false;
   const auto entry = [list](std::int32_t i) { return list[static_cast<std::size_t>(i) - 1]; };
-  std::iota(order, order + list.size(), 1);
-  std::sort(order, order + list.size(), [entry](std::int32_t i, std::int32_t j) {
+  std::iota(order.begin(), order.end(), 1);
+  std::sort(order.begin(), order.end(), [entry](std::int32_t i, std::int32_t j) {
     return entry(i) < entry(j) || (entry(i) == entry(j) && i > j);
   });
   return true;
@@ -59,12 +59,13 @@ bool sort_positions(std::span<const float> list, std::int32_t order[]) {
 
 }  // namespace
 
-bool order_ascending(std::span<const float> list, std::int32_t order[]) {
+bool order_ascending(std::span<const float> list, std::span<std::int32_t> order) {
   const auto entry = [list](std::size_t i) { return list[i]; };
   return order_by(list.size(), entry, order) || sort_positions(list, order);
 }
 
-LineOrder order_parallel_lines(const ConstSpacePoints& coefficients, std::int32_t order[]) {
+LineOrder order_parallel_lines(const ConstSpacePoints& coefficients,
+                               std::span<std::int32_t> order) {
   const std::size_t n = coefficients.size();
   if (n == 0) return LineOrder::not_ordered;
   const auto line = [&](std::size_t i) {
@@ -86,7 +87,7 @@ LineOrder order_parallel_lines(const ConstSpacePoints& coefficients, std::int32_
     };
     if (order_by(n, intercept, order)) return LineOrder::ordered;
   }
-  std::iota(order, order + n, 1);
+  std::iota(order.begin(), order.end(), 1);
   return LineOrder::not_ordered;
 }
 

@@ -53,7 +53,7 @@ bool are_clear_of_axis(const PlanePoints& points, std::size_t from) {
 
 }  // namespace
 
-PolygonPosition locate_in_polygon(const PlanePoints& outline, Vec2 p) {
+PolygonPosition relate_point_polygon(const PlanePoints& outline, Vec2 p) {
   const std::size_t n = close_outline(outline);
   translate(outline, p);
 
@@ -82,7 +82,7 @@ namespace {
 bool crosses(Segment<Vec2> edge, Vec2 p) {
   const Vec2 e = edge.vector(), d1 = p - edge.first, d2 = p - edge.second;
   const auto clear = [](float a, float b) {
-    return std::fabs(a) >= tolerance && std::fabs(b) >= tolerance;
+    return at_least_tolerance(std::fabs(a)) && at_least_tolerance(std::fabs(b));
   };
   const auto between = [](float length, float a, float b) {
     return a * length > 0 && length * b < 0;

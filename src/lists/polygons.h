@@ -1,6 +1,7 @@
 // Points against polygons, and polygons cut by a line.
 #pragma once
 
+#include <cassert>
 #include <cstddef>
 #include <cstdint>
 
@@ -12,14 +13,17 @@ namespace kez {
 enum class PolygonPosition : std::int32_t { inside = 0, outside = -1, on_boundary = 100 };
 
 // Deliberate: closes the outline and moves it so that p is its origin (kezppp).
-PolygonPosition locate_in_polygon(const PlanePoints& outline, Vec2 p);
+PolygonPosition relate_point_polygon(const PlanePoints& outline, Vec2 p);
 
 // Where vertices are collected, with room for all of them.
 class PolygonPart {
  public:
   explicit PolygonPart(const PlanePoints& room) : vertices_(room) {}
 
-  void add(Vec2 vertex) { vertices_.put(count_++, vertex); }
+  void add(Vec2 vertex) {
+    assert(count_ < vertices_.size());
+    vertices_.put(count_++, vertex);
+  }
   std::int32_t count() const { return static_cast<std::int32_t>(count_); }
 
  private:

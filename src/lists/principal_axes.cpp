@@ -8,7 +8,7 @@ namespace kez {
 
 PrincipalAxes principal_axes(float p, float q, float r) {
   // Relative to the sum. No moments at all divide 0 by 0, which counts as small too.
-  if (!std::isgreater(std::fabs(quotient(r, p + q)), 1.0e-8f)) return {p, q, 0};
+  if (!std::isgreater(std::fabs(quiet::divide(r, p + q)), 1.0e-8f)) return {p, q, 0};
 
   const float d = q - p;
   if (std::fabs(d) < 1.0e-12f) return {(p + q) * 0.5f - r, (p + q) * 0.5f + r, 0.7853982f};

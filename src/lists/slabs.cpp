@@ -19,18 +19,17 @@ float value_at(Plane plane, Vec3 p) {
 
 // Both planes have the slab on the same side. The values are no distances unless the normals are of
 // unit length, and strictly below the tolerance counts as on the plane.
-std::int32_t position(Slab slab, Vec3 p) {
+SlabPosition relate_point_slab(Slab slab, Vec3 p) {
   const float s1 = value_at(slab.first, p), s2 = value_at(slab.second, p);
-  std::int32_t code = code_of(s1 * s2 > 0 ? SlabPosition::between : SlabPosition::outside);
-  code = std::fabs(s1) < tolerance ? code_of(SlabPosition::on_first) : code;
-  return std::fabs(s2) < tolerance ? code_of(SlabPosition::on_second) : code;
+  const auto off_planes = s1 * s2 > 0 ? SlabPosition::between : SlabPosition::outside;
+  const auto off_second = below_tolerance(std::fabs(s1)) ? SlabPosition::on_first : off_planes;
+  return below_tolerance(std::fabs(s2)) ? SlabPosition::on_second : off_second;
 }
 
 }  // namespace
 
-std::optional<Plane> locate_in_slab(Slab slab, const ConstSpacePoints& points,
-                                    std::int32_t positions[]) {
-  const std::size_t n = points.size();
+std::optional<Plane> relate_points_slab(Slab slab, const ConstSpacePoints& points,
+                                        std::span<std::int32_t> positions) {
   std::optional<Plane> negated;
   switch (relate_planes(slab.first, slab.second)) {
     case PlaneRelation::parallel_same:
@@ -40,10 +39,12 @@ std::optional<Plane> locate_in_slab(Slab slab, const ConstSpacePoints& points,
     case PlaneRelation::parallel_opposite:
       break;
     default:
-      std::fill_n(positions, n, code_of(SlabPosition::unknown));
+      std::fill(positions.begin(), positions.end(), code_of(SlabPosition::unknown));
       return std::nullopt;
   }
-  for (std::size_t i = 0; i < n; ++i) positions[i] = position(slab, points[i]);
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    positions[i] = code_of(relate_point_slab(slab, points[i]));
+  }
   return negated;
 }
 
@@ -60,16 +61,15 @@ bool between(std::int32_t code) {
 }  // namespace
 
 std::optional<std::int32_t> select_points(const BoxPositions& box, BoxSelection selection,
-                                          std::int32_t points[]) {
+                                          std::span<std::int32_t> points) {
   const bool both = selection == BoxSelection::both;
   const bool faces = both || selection == BoxSelection::on_faces;
   const bool inside = both || selection == BoxSelection::inside;
   if (!faces && !inside) return std::nullopt;
-  const std::size_t n = box[0].size();
   std::size_t count = 0;
-  // The room ends the count where the host let the points overlap the positions.
+  // The room ends the count if the host lets the points overlap the positions.
   const auto take_where = [&](auto selected) {
-    for (std::size_t i = 0; i < n && count < n; ++i) {
+    for (std::size_t i = 0; i < points.size() && count < points.size(); ++i) {
       if (selected(i)) points[count++] = position_of(i);
     }
   };

@@ -25,8 +25,8 @@ enum class SlabPosition : std::int32_t {
 
 // Writes the position of each point; unknown unless the planes are parallel and distinct. Returns
 // the second plane where it had to be negated, so that the two normals point to opposite sides.
-std::optional<Plane> locate_in_slab(Slab slab, const ConstSpacePoints& points,
-                                    std::int32_t positions[]);
+std::optional<Plane> relate_points_slab(Slab slab, const ConstSpacePoints& points,
+                                        std::span<std::int32_t> positions);
 
 // The positions of the same points against the slabs of a box.
 using BoxPositions = std::array<std::span<const std::int32_t>, 3>;
@@ -34,8 +34,9 @@ using BoxPositions = std::array<std::span<const std::int32_t>, 3>;
 enum class BoxSelection : std::int32_t { on_faces = 1, inside = 2, both = 3 };
 
 // Writes the points on one of the six planes, then those between the planes of all slabs, as far as
-// they are selected, and returns their number; none for any other number as the selection.
+// they are selected, and returns their number; none for any other number as the selection. All
+// lists have an entry for each point.
 std::optional<std::int32_t> select_points(const BoxPositions& box, BoxSelection selection,
-                                          std::int32_t points[]);
+                                          std::span<std::int32_t> points);
 
 }  // namespace kez

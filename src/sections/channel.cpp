@@ -14,7 +14,7 @@ struct CentreLines {
 
 CentreLines centre_lines(Channel channel) {
   return {channel.height - channel.t, channel.flange - channel.t, channel.lip - channel.t / 2,
-          channel.t, channel.lip > tolerance};
+          channel.t, above_tolerance(channel.lip)};
 }
 
 // Ix about the axis of symmetry is t / 12 times this.

@@ -40,6 +40,16 @@ void store(const Section& section, float value, const SectionArguments& to) {
 
 extern "C" {
 
+void KEZ_CALL kezlul(const int32_t* n, const float x[], const float* lo, const float* hi,
+                     int32_t* count, int32_t idx[], float* d1, float* d2) {
+  const auto found = find_range(entries(x, *n), *lo, *hi, entries(idx, *n));
+  if (found) {
+    *d1 = found->below;
+    *d2 = found->above;
+  }
+  *count = found ? found->count : 0;
+}
+
 void KEZ_CALL kezsec_b(const int32_t* b, const float* h, const float* value, int32_t* nc,
                        int32_t* nv, float x[], float y[], int32_t* kind, float* sign, float* v1,
                        float* v2, float* v3, float* v4, float* v5, float* v6, float* v7) {
@@ -173,16 +183,6 @@ void KEZ_CALL kezshc_c(const float* B, const float* H, const float* C, const flo
 
 void KEZ_CALL kezwar_c(const float* B, const float* H, const float* C, const float* t, float* Iw) {
   *Iw = warping_constant({*B, *H, *C, *t});
-}
-
-void KEZ_CALL kezlul(const int32_t* n, const float x[], const float* lo, const float* hi,
-                     int32_t* count, int32_t idx[], float* d1, float* d2) {
-  const auto found = find_range(entries(x, *n), *lo, *hi, idx);
-  if (found) {
-    *d1 = found->below;
-    *d2 = found->above;
-  }
-  *count = found ? found->count : 0;
 }
 
 void KEZ_CALL kezadr(const int32_t*, const int32_t counts[], const int32_t* n, const void* source,

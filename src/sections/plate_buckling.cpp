@@ -9,8 +9,8 @@ namespace kez {
 
 float reduction_factor(PlatePanel panel, float psi, float k) {
   const float lambda_p =
-      quotient(panel.b, quotient(panel.e2, panel.e1) * 28.4f * square_root(k) * panel.t);
-  if (std::islessequal(lambda_p, 0.5f + square_root(0.085f - 0.055f * psi))) return 1;
+      quiet::divide(panel.b, quiet::divide(panel.e2, panel.e1) * 28.4f * quiet::sqrt(k) * panel.t);
+  if (std::islessequal(lambda_p, 0.5f + quiet::sqrt(0.085f - 0.055f * psi))) return 1;
   const float rho = (1 - 0.055f * (3 + psi) / lambda_p) / lambda_p;
   return rho > 1 ? 1 : rho;
 }
@@ -42,7 +42,7 @@ StressCase stress_case(float s1, float s2) {
       found = {psi, 5.98f * ((1 - psi) * (1 - psi)), Share::bending};
     }
     // Deliberate: strict, unlike the other tests (kezef2).
-    if (std::fabs(s1 - magnitude2) < tolerance) found = {-1, 23.9f, Share::bending};
+    if (below_tolerance(std::fabs(s1 - magnitude2))) found = {-1, 23.9f, Share::bending};
   }
   return found;
 }
@@ -76,7 +76,7 @@ std::optional<EffectiveParts> effective_parts(PlatePanel panel, float b_bar, flo
 }
 
 float effective_width(PlatePanel panel, float d, float& coefficient) {
-  const float ratio = quotient(panel.b, d), beyond = ratio - 0.35f;
+  const float ratio = quiet::divide(panel.b, d), beyond = ratio - 0.35f;
   if (std::islessequal(ratio, 0.35f)) {
     coefficient = 0.5f;
   } else if (std::islessequal(ratio, 0.6f)) {
@@ -105,12 +105,12 @@ float stiffener_slenderness(const Stiffener& stiffener) {
   const float second_moment =
       (a * a * a / 12 + from_middle * from_middle * a + ca * ca * b + b * (t * t) / 12) * t;
   const float arm = stiffener.z - cb, nu = stiffener.nu;
-  const float spring = quotient(
+  const float spring = quiet::divide(
       stiffener.e * (t * t * t),
       (1 - nu * nu) * 4 * (s + arm + 0.5f * static_cast<float>(stiffener.n) * s) * (arm * arm));
   const float critical_stress =
-      quotient(2 * square_root(stiffener.e * second_moment * spring), area);
-  return square_root(quotient(stiffener.fy, critical_stress));
+      quiet::divide(2 * quiet::sqrt(stiffener.e * second_moment * spring), area);
+  return quiet::sqrt(quiet::divide(stiffener.fy, critical_stress));
 }
 
 }  // namespace

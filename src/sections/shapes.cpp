@@ -1,6 +1,7 @@
 #include "shapes.h"
 
 #include <algorithm>
+#include <cassert>
 #include <cmath>
 
 #include "../frame/tolerance.h"
@@ -8,6 +9,7 @@
 namespace kez {
 
 void Section::add(Figure kind, float sign, std::initializer_list<Vec2> vertices) {
+  assert(vertex_count_ + vertices.size() <= max_vertices && contour_count_ < max_contours);
   std::copy(vertices.begin(), vertices.end(), vertices_.begin() + vertex_count_);
   vertex_count_ += vertices.size();
   contours_[contour_count_++] = {static_cast<std::int32_t>(vertices.size()), kind, sign};
@@ -21,7 +23,7 @@ void Section::add_hole(std::initializer_list<Vec2> vertices) {
   add(Figure::polygon, -1, vertices);
 }
 
-void Section::show_vertex_count(std::int32_t count) {
+void Section::report_vertex_count(std::int32_t count) {
   contours_[contour_count_ - 1].vertex_count = count;
 }
 
@@ -165,7 +167,7 @@ Section flat_bar(std::int32_t b, float h) {
   const float x = static_cast<float>(b) / 2, y = h / 2;
   Section section;
   section.add_material({{-x, y}, {-x, -y}, {x, -y}, {x, y}});
-  section.show_vertex_count(12);  // Deliberate: not 4 (kezsec_b).
+  section.report_vertex_count(12);  // Deliberate: not 4 (kezsec_b).
   return section;
 }
 
@@ -255,7 +257,7 @@ Section double_angle(float a, float h, float s, float th, float tv) {
 
 Section folded_channel(const FoldedChannel& channel) {
   Section section;
-  if (channel.c > tolerance) {
+  if (above_tolerance(channel.c)) {
     add_lipped(section, channel);
   } else {
     add_plain(section, channel.b, channel.h, channel.t);

@@ -24,8 +24,8 @@ class Section {
   void add(Figure kind, float sign, std::initializer_list<Vec2> vertices);
   void add_material(std::initializer_list<Vec2> vertices);
   void add_hole(std::initializer_list<Vec2> vertices);
-  // The count that the last contour shows, whatever it holds.
-  void show_vertex_count(std::int32_t count);
+  // What the last contour gives as its number of vertices, whatever it holds.
+  void report_vertex_count(std::int32_t count);
 
   std::span<const Vec2> vertices() const { return {vertices_.data(), vertex_count_}; }
   std::span<const Contour> contours() const { return {contours_.data(), contour_count_}; }

@@ -15,7 +15,7 @@ Vec3 upward(Vec3 n) {
 
 Vec3 unit_or_zero(Vec3 v) {
   const float l = length(v);
-  if (!(l >= tolerance)) return {};
+  if (!at_least_tolerance(l)) return {};
   return {v.x / l, v.y / l, v.z / l};
 }
 

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 
 #include "../frame/numbers.h"
 #include "../frame/point_lists.h"
@@ -57,7 +58,7 @@ float distance_by_cross(Segment<Vec3> line, Vec3 p);
 // returns their number. z_of(position) gives the z of a point.
 template <typename Height>
 std::int32_t points_near_line(Segment<Vec3> line, const ConstPlanePoints& points, Height z_of,
-                              float tol, std::int32_t positions[]) {
+                              float tol, std::span<std::int32_t> positions) {
   std::int32_t count = 0;
   for (std::size_t i = 0; i < points.size(); ++i) {
     const auto [x, y] = points[i];

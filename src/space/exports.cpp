@@ -36,15 +36,37 @@ void KEZ_CALL kezlni(const float* a1, const float* b1, const float* c1, const fl
   *status = code_of(meeting.status);
 }
 
+void KEZ_CALL kezplv(const float* ux, const float* uy, const float* uz, const float* wx,
+                     const float* wy, const float* wz, const float*, const float*, int32_t* rel) {
+  const auto relation = relate_through_origin(load(ux, uy, uz), load(wx, wy, wz));
+  *rel = relation ? code_of(*relation) : -1;
+}
+
 void KEZ_CALL kezpsn(const float* x1, const float* y1, const float* z1, const float* x2,
                      const float* y2, const float* z2, int32_t* code) {
   *code = code_of(classify_direction(load_vector(x1, y1, z1, x2, y2, z2)));
 }
 
+void KEZ_CALL kezrotx(const int32_t* mode, const float[], float y[], float z[], const int32_t* n,
+                      const float* angle) {
+  rotate_each(rotation_by(*angle, from_code<Sense>(*mode)), points(y, z, *n));
+}
+
+void KEZ_CALL kezroty(const int32_t* mode, float x[], const float[], float z[], const int32_t* n,
+                      const float* angle) {
+  rotate_each(rotation_by(*angle, from_code<Sense>(*mode)), points(x, z, *n));
+}
+
+void KEZ_CALL kezrotz(const int32_t* mode, float x[], float y[], const float[], const int32_t* n,
+                      const float* angle) {
+  rotate_each(rotation_by(*angle, from_code<Sense>(*mode)), points(x, y, *n));
+}
+
 void KEZ_CALL kezln6(const float* x0, const float* y0, const float* z0, const float* u,
                      const float* v, const float* w, const float* px, const float* py,
                      const float* pz, const float* tol, int32_t* code, int32_t* onLine) {
-  const PointOnLine found = test_on_line(load(x0, y0, z0), load(u, v, w), load(px, py, pz), *tol);
+  const PointOnLine found =
+      relate_point_line(load(x0, y0, z0), load(u, v, w), load(px, py, pz), *tol);
   *code = code_of(found.direction);
   *onLine = found.on_line;
 }
@@ -55,8 +77,8 @@ void KEZ_CALL kezln7(const float* a1, const float* b1, const float* c1, const fl
                      const float* n, const float* tol, int32_t* code, int32_t* onLine) {
   static Vec3 line_point{};
   const PointOnMeetingLine found =
-      test_on_meeting_line(load_plane(a1, b1, c1, d1), load_plane(a2, b2, c2, d2), *n,
-                           load(px, py, pz), *tol, line_point);
+      relate_point_meeting_line(load_plane(a1, b1, c1, d1), load_plane(a2, b2, c2, d2), *n,
+                                load(px, py, pz), *tol, line_point);
   *l = found.l;
   *m = found.m;
   *code = code_of(found.direction);
@@ -69,12 +91,44 @@ void KEZ_CALL kez3lni(float* x1, float* y1, float* z1, const float* dx1, const f
                       float* zi) {
   const SpaceMeeting meeting = intersect_lines_in_space(
       load_ray(x1, y1, z1, dx1, dy1, dz1), load_ray(x2, y2, z2, dx2, dy2, dz2), load(xi, yi));
-  if (const auto& found = meeting.found) {
-    store(found->first, x1, y1, z1);
-    store(found->second, x2, y2, z2);
-    store(found->point, xi, yi, zi);
+  if (meeting.obstacle == Obstacle::none) {
+    store(meeting.first, x1, y1, z1);
+    store(meeting.second, x2, y2, z2);
+    store(meeting.point, xi, yi, zi);
   }
   *status = code_of(meeting.obstacle);
+}
+
+void KEZ_CALL kez3lda(const float* x1, const float* y1, const float* z1, const float* x2,
+                      const float* y2, const float* z2, const float* px, const float* py,
+                      const float* pz, int32_t* status, float* dist) {
+  *dist = distance_in_plane(load_segment(x1, y1, z1, x2, y2, z2), load(px, py, pz));
+  *status = 0;
+}
+
+void KEZ_CALL kez3lds(const float* x1, const float* y1, const float* z1, const float* x2,
+                      const float* y2, const float* z2, const float* px, const float* py,
+                      const float* pz, float* dist) {
+  *dist = distance_in_plane(load_segment(x1, y1, z1, x2, y2, z2), load(px, py, pz));
+}
+
+void KEZ_CALL kez3ldb(const float* x1, const float* y1, const float* z1, const float* x2,
+                      const float* y2, const float* z2, const float* px, const float* py,
+                      const float* pz, int32_t* status, float* dist) {
+  *dist = distance_by_cross(load_segment(x1, y1, z1, x2, y2, z2), load(px, py, pz));
+  *status = 0;
+}
+
+void KEZ_CALL kezpnl(const float* x1, const float* y1, const float* z1, const float* x2,
+                     const float* y2, const float* z2, const float x[], const float y[],
+                     kez_z_callback zof, const int32_t* n, const float* tol, int32_t* status,
+                     int32_t* count, int32_t idx[]) {
+  const int32_t size = *n;
+  // The host gets a copy of the index, so that it may write to it.
+  const auto z_of = [zof](int32_t position) { return zof(&position); };
+  *count = points_near_line(load_segment(x1, y1, z1, x2, y2, z2), points(x, y, size), z_of, *tol,
+                            entries(idx, size));
+  if (size >= 1) *status = 0;
 }
 
 void KEZ_CALL kezpl1(const float* x1, const float* y1, const float* z1, const float* x2,
@@ -132,10 +186,14 @@ void KEZ_CALL kezpl6(const float* x1, const float* y1, const float* z1, const fl
   *status = code_of(result.obstacle);
 }
 
-void KEZ_CALL kezplv(const float* ux, const float* uy, const float* uz, const float* wx,
-                     const float* wy, const float* wz, const float*, const float*, int32_t* rel) {
-  const auto relation = relate_through_origin(load(ux, uy, uz), load(wx, wy, wz));
-  *rel = relation ? code_of(*relation) : -1;
+void KEZ_CALL kezpl7(const float* x1, const float* y1, const float* z1, const float* x2,
+                     const float* y2, const float* z2, const float* x3, const float* y3,
+                     const float* z3, const float* angle, float* A, float* B, float* C, float* D,
+                     int32_t* status) {
+  const PlaneOfPoints result =
+      rotated_plane(load(x1, y1, z1), load(x2, y2, z2), load(x3, y3, z3), *angle);
+  store(result.plane, A, B, C, D);
+  *status = code_of(result.third);
 }
 
 void KEZ_CALL kezpld(const float* x, const float* y, const float* z, const float* A, const float* B,
@@ -174,7 +232,7 @@ void KEZ_CALL kezpspg(const float* x, const float* y, const float* z, const floa
 void KEZ_CALL kezpnp(const float x[], const float y[], const float z[], const float* A,
                      const float* B, const float* C, float* D, const int32_t* n, int32_t* count,
                      int32_t idx[]) {
-  const PlaneScan result = scan(points(x, y, z, *n), load_plane(A, B, C, D), idx);
+  const PlaneScan result = scan(points(x, y, z, *n), load_plane(A, B, C, D), entries(idx, *n));
   *D = result.sum;
   *count = result.count;
 }
@@ -196,58 +254,6 @@ void KEZ_CALL keztrn(float p[], const float* m1, const float* m2, const float* m
   store(carry(axes, point, from_code<AxisChange>(*mode)), &p[0], &p[1], &p[2]);
 }
 
-void KEZ_CALL kez3tra(float x[], float y[], float z[], const int32_t* n, const float* ox,
-                      const float* oy, const float* oz) {
-  translate(points(x, y, z, *n), load(ox, oy, oz));
-}
-
-void KEZ_CALL kez3lda(const float* x1, const float* y1, const float* z1, const float* x2,
-                      const float* y2, const float* z2, const float* px, const float* py,
-                      const float* pz, int32_t* status, float* dist) {
-  *dist = distance_in_plane(load_segment(x1, y1, z1, x2, y2, z2), load(px, py, pz));
-  *status = 0;
-}
-
-void KEZ_CALL kez3lds(const float* x1, const float* y1, const float* z1, const float* x2,
-                      const float* y2, const float* z2, const float* px, const float* py,
-                      const float* pz, float* dist) {
-  *dist = distance_in_plane(load_segment(x1, y1, z1, x2, y2, z2), load(px, py, pz));
-}
-
-void KEZ_CALL kez3ldb(const float* x1, const float* y1, const float* z1, const float* x2,
-                      const float* y2, const float* z2, const float* px, const float* py,
-                      const float* pz, int32_t* status, float* dist) {
-  *dist = distance_by_cross(load_segment(x1, y1, z1, x2, y2, z2), load(px, py, pz));
-  *status = 0;
-}
-
-void KEZ_CALL kezpnl(const float* x1, const float* y1, const float* z1, const float* x2,
-                     const float* y2, const float* z2, const float x[], const float y[],
-                     kez_z_callback zof, const int32_t* n, const float* tol, int32_t* status,
-                     int32_t* count, int32_t idx[]) {
-  const int32_t size = *n;
-  // The host gets a copy of the index, so that it may write to it.
-  const auto z_of = [zof](int32_t position) { return zof(&position); };
-  *count =
-      points_near_line(load_segment(x1, y1, z1, x2, y2, z2), points(x, y, size), z_of, *tol, idx);
-  if (size >= 1) *status = 0;
-}
-
-void KEZ_CALL kezrotx(const int32_t* mode, const float[], float y[], float z[], const int32_t* n,
-                      const float* angle) {
-  rotate_each(rotation_by(*angle, from_code<Sense>(*mode)), points(y, z, *n));
-}
-
-void KEZ_CALL kezroty(const int32_t* mode, float x[], const float[], float z[], const int32_t* n,
-                      const float* angle) {
-  rotate_each(rotation_by(*angle, from_code<Sense>(*mode)), points(x, z, *n));
-}
-
-void KEZ_CALL kezrotz(const int32_t* mode, float x[], float y[], const float[], const int32_t* n,
-                      const float* angle) {
-  rotate_each(rotation_by(*angle, from_code<Sense>(*mode)), points(x, y, *n));
-}
-
 void KEZ_CALL kezptr(float x[], float y[], float z[], const int32_t* n, const float* tx,
                      const float* ty, const float* tz, const float* ax, const float* ay,
                      const float* az) {
@@ -263,14 +269,9 @@ void KEZ_CALL kezptrl(const float* x0, const float* y0, const float* z0, const f
                                   points(x, y, z, *n), {load(tx, ty, tz), load(ax, ay, az)}));
 }
 
-void KEZ_CALL kezpl7(const float* x1, const float* y1, const float* z1, const float* x2,
-                     const float* y2, const float* z2, const float* x3, const float* y3,
-                     const float* z3, const float* angle, float* A, float* B, float* C, float* D,
-                     int32_t* status) {
-  const PlaneOfPoints result =
-      rotated_plane(load(x1, y1, z1), load(x2, y2, z2), load(x3, y3, z3), *angle);
-  store(result.plane, A, B, C, D);
-  *status = code_of(result.third);
+void KEZ_CALL kez3tra(float x[], float y[], float z[], const int32_t* n, const float* ox,
+                      const float* oy, const float* oz) {
+  translate(points(x, y, z, *n), load(ox, oy, oz));
 }
 
 void KEZ_CALL kezorv(float X[], float Y[], float Z[], int32_t order[]) {

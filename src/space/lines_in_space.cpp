@@ -23,7 +23,7 @@ DirectionClass classify_direction(Vec3 direction) {
   return DirectionClass::general;  // also with a component that is not a number
 }
 
-PointOnLine test_on_line(Vec3 p0, Vec3 direction, Vec3 p, float tol) {
+PointOnLine relate_point_line(Vec3 p0, Vec3 direction, Vec3 p, float tol) {
   const float u = direction.x, v = direction.y, w = direction.z;
   // The class is that of the direction as it shows between two points of the line.
   const DirectionClass found = classify_direction((p0 + direction) - p0);
@@ -52,8 +52,8 @@ PointOnLine test_on_line(Vec3 p0, Vec3 direction, Vec3 p, float tol) {
   return {found, false};
 }
 
-PointOnMeetingLine test_on_meeting_line(Plane p, Plane q, float n, Vec3 point, float tol,
-                                        Vec3& kept) {
+PointOnMeetingLine relate_point_meeting_line(Plane p, Plane q, float n, Vec3 point, float tol,
+                                             Vec3& kept) {
   const auto [a1, b1, c1, d1] = p;
   const auto [a2, b2, c2, d2] = q;
   const float l = determinant(b1, c1, b2, c2), m = determinant(a1, c1, a2, c2);
@@ -79,7 +79,7 @@ PointOnMeetingLine test_on_meeting_line(Plane p, Plane q, float n, Vec3 point, f
 // In the plane of the lines, in axes whose x axis is the first line.
 SpaceMeeting intersect_lines_in_space(Ray first, Ray second, Vec2 fallback) {
   const Obstacle obstacle = plane_through_lines(first, second).obstacle;
-  if (obstacle != Obstacle::none) return {obstacle, std::nullopt};
+  if (obstacle != Obstacle::none) return {obstacle, {}, {}, {}};
 
   // p1 is moved like the others, so that one that is not finite does not become the origin.
   const auto [p1, q1] = first.segment();
@@ -91,7 +91,7 @@ SpaceMeeting intersect_lines_in_space(Ray first, Ray second, Vec2 fallback) {
   const LineMeeting meeting = intersect_lines(line_through(local(from), local(to)),
                                               line_through(local(second_from), local(second_to)));
   const Vec2 point = meeting.point_or(fallback);
-  return {obstacle, MeetingPoint{to_global(axes, in_plane(point)) + p1, from, second_from}};
+  return {obstacle, to_global(axes, in_plane(point)) + p1, from, second_from};
 }
 
 }  // namespace kez

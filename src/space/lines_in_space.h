@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 
 #include "../frame/types.h"
 #include "planes.h"
@@ -29,7 +28,7 @@ struct PointOnLine {
 };
 
 // Whether the coordinates of p are within tol of those of the line through p0.
-PointOnLine test_on_line(Vec3 p0, Vec3 direction, Vec3 p, float tol);
+PointOnLine relate_point_line(Vec3 p0, Vec3 direction, Vec3 p, float tol);
 
 struct PointOnMeetingLine {
   float l, m;  // with n the direction of the line is (l, -m, n)
@@ -40,17 +39,13 @@ struct PointOnMeetingLine {
 // The same test against the line in which two planes meet, with n = a1 b2 - b1 a2 from the caller.
 // The line is evaluated at the coordinate of `kept` along the first axis that it is not
 // perpendicular to, and the other two coordinates of `kept` become those of the line there.
-PointOnMeetingLine test_on_meeting_line(Plane p, Plane q, float n, Vec3 point, float tol,
-                                        Vec3& kept);
-
-struct MeetingPoint {
-  Vec3 point;
-  Vec3 first, second;  // the points of the lines, relative to the first
-};
+PointOnMeetingLine relate_point_meeting_line(Plane p, Plane q, float n, Vec3 point, float tol,
+                                             Vec3& kept);
 
 struct SpaceMeeting {
-  Obstacle obstacle;
-  std::optional<MeetingPoint> found;  // where there is no obstacle
+  Obstacle obstacle;  // unless there is none, the rest is zero
+  Vec3 point;
+  Vec3 first, second;  // the points of the lines, relative to the first
 };
 
 // Of two lines in one plane. Where they turn out to have no one point in common, `fallback` is

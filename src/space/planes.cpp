@@ -111,7 +111,7 @@ Membership in_plane_by_distance(Vec3 p, Plane plane, float tol) {
   return tol >= std::fabs(signed_distance(p, plane)) ? Membership::inside : Membership::outside;
 }
 
-PlaneScan scan(const ConstSpacePoints& points, Plane plane, std::int32_t positions[]) {
+PlaneScan scan(const ConstSpacePoints& points, Plane plane, std::span<std::int32_t> positions) {
   const Vec3 n = plane.normal();
   PlaneScan result{0, plane.d};
   for (std::size_t i = 0; i < points.size(); ++i) {

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
 
 #include "../frame/angles.h"
 #include "../frame/lines.h"
@@ -81,7 +82,7 @@ PlaneClass classify_plane(Plane plane);
 struct LinePlaneMeeting {
   enum class Status : std::int32_t { one_point = 0, parallel = 3, null_direction = 4 };
   Status status;
-  Vec3 point;  // a member like that of LineMeeting; not to be read unless there is one
+  Vec3 point;  // zero unless there is one
 };
 
 inline LinePlaneMeeting intersect_line_plane(Ray line, Plane plane) {
@@ -109,6 +110,6 @@ struct PlaneScan {
 
 // Adds a x + b y + c z of one point after the other to plane.d and writes the positions at which
 // the sum is exactly zero.
-PlaneScan scan(const ConstSpacePoints& points, Plane plane, std::int32_t positions[]);
+PlaneScan scan(const ConstSpacePoints& points, Plane plane, std::span<std::int32_t> positions);
 
 }  // namespace kez
