@@ -195,7 +195,7 @@ void check_sorts(Random& random, int n) {
   const Integers positions = order_by_passes(list, order);
   const bool needs_memory =
       std::ranges::any_of(list, [&](float v) { return !(v < marker_by_passes(list)); });
-  if (order_ascending(list, order.data())) {
+  if (order_ascending(list, order)) {
     EXPECT_EQ(order, positions);
   } else {
     EXPECT_TRUE(out_of_memory && needs_memory);
@@ -240,7 +240,7 @@ void check_striking(const Reals& a, float value, float tol) {
   const Integers expected = mark_by_passes(marked, m, tol);
   Integers positions(n);
   list = a;
-  const NearDuplicates duplicates = mark_near_duplicates(list, tol, positions.data());
+  const NearDuplicates duplicates = mark_near_duplicates(list, tol, positions);
   positions.resize(static_cast<std::size_t>(duplicates.count));
   EXPECT_EQ(bits({duplicates.marker}), bits({m}));
   EXPECT_EQ(positions, expected);
@@ -258,7 +258,7 @@ void check_striking(const Reals& a, float value, float tol) {
       if (std::fabs(a[i] - kept[j]) <= tol) map[i] = static_cast<std::int32_t>(j) + 1;
     }
   }
-  out.resize(static_cast<std::size_t>(map_distinct(a, value, tol, out.data(), idx)));
+  out.resize(static_cast<std::size_t>(map_distinct(a, value, tol, out, idx)));
   EXPECT_EQ(bits(out), bits(kept));
   EXPECT_EQ(idx, map);
 }
@@ -329,7 +329,7 @@ TEST(Memory, IsNotNeededToOrderOrdinaryEntries) {
   const Integers expected = order_by_passes(list, Integers(list.size()));
   Integers order(list.size(), -1);
   const OutOfMemory memory;
-  EXPECT_TRUE(order_ascending(list, order.data()));
+  EXPECT_TRUE(order_ascending(list, order));
   EXPECT_EQ(refused, 1);
   EXPECT_EQ(order, expected);
 }
@@ -341,14 +341,14 @@ TEST(Memory, IsMissedByOrdersAndPolygons) {
   Integers order(9000, -1), identity(9000);
   std::iota(identity.begin(), identity.end(), 1);
   const ConstSpacePoints lines = {zeros.data(), ones.data(), c.data(), c.size()};
-  EXPECT_EQ(order_parallel_lines(lines, order.data()), LineOrder::ordered);
+  EXPECT_EQ(order_parallel_lines(lines, order), LineOrder::ordered);
   EXPECT_EQ(order, Integers(identity.rbegin(), identity.rend()));
 
   const OutOfMemory memory;
   const Integers before = order;
-  EXPECT_FALSE(order_ascending(huge, order.data()));
+  EXPECT_FALSE(order_ascending(huge, order));
   EXPECT_EQ(order, before);
-  EXPECT_EQ(order_parallel_lines(lines, order.data()), LineOrder::not_ordered);
+  EXPECT_EQ(order_parallel_lines(lines, order), LineOrder::not_ordered);
   EXPECT_EQ(order, identity);
 
   Reals xs(9001), ys(9001), x1(18000), y1(18000), x2(18000), y2(18000);

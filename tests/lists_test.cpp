@@ -129,7 +129,7 @@ TEST(Slabs, BoxHoldsWhatItsListsSay) {
       const float ex = s == 0 ? 1.0f : 0.0f, ey = s == 1 ? -2.0f : 1.0f, ez = s == 2 ? 2.0f : 0.0f;
       const float k = random.integer(0, 1) ? 1.0f : -2.0f;
       const Slab slab = {{ex, ey, ez, 2}, {k * ex, k * ey, k * ez, k * -2}};
-      EXPECT_EQ(relate_points_slab(slab, points, codes[s].data()).has_value(), k > 0);
+      EXPECT_EQ(relate_points_slab(slab, points, codes[s]).has_value(), k > 0);
       for (std::size_t i = 0; i < xs.size(); ++i) {
         const double d =
             double(ex) * double(xs[i]) + double(ey) * double(ys[i]) + double(ez) * double(zs[i]);
@@ -151,7 +151,7 @@ TEST(Slabs, BoxHoldsWhatItsListsSay) {
     both.insert(both.end(), inside.begin(), inside.end());
     const BoxPositions box = {codes[0], codes[1], codes[2]};
     const auto selected = [&](BoxSelection selection) {
-      return Integers(out.begin(), out.begin() + *select_points(box, selection, out.data()));
+      return Integers(out.begin(), out.begin() + *select_points(box, selection, out));
     };
     EXPECT_EQ(selected(BoxSelection::on_faces), faces);
     EXPECT_EQ(selected(BoxSelection::inside), inside);

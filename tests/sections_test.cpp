@@ -304,7 +304,7 @@ TEST(RangeLookup, AgreesWithBinarySearch) {
     std::ranges::sort(x);
     const auto [low, high] = std::minmax({random.coordinate(), random.coordinate()});
     std::vector<std::int32_t> positions(x.size());
-    const auto found = find_range(x, low, high, positions.data());
+    const auto found = find_range(x, low, high, positions);
 
     const auto first = std::ranges::lower_bound(x, low), last = std::ranges::upper_bound(x, high);
     if (first != last) {

@@ -120,8 +120,8 @@ TEST(SpaceLines, MeetWhereTheyCross) {
     if (meeting.obstacle == Obstacle::skew) continue;  // by rounding
     ASSERT_EQ(meeting.obstacle, Obstacle::none);
     ++crossings;
-    expect_near(meeting.found->point, p, 5e-3f);
-    expect_near(meeting.found->second, p2 - p1, 0);
+    expect_near(meeting.point, p, 5e-3f);
+    expect_near(meeting.second, p2 - p1, 0);
   }
   EXPECT_GT(crossings, rounds / 2);
 }
@@ -192,7 +192,7 @@ TEST(Distances, AskForEachHeightOnceAndInOrder) {
     return static_cast<float>(position);
   };
   EXPECT_EQ(
-      points_near_line({{0, 0, 0}, {1, 0, 0}}, {xs.data(), ys.data(), 5}, z_of, 2, near.data()), 2);
+      points_near_line({{0, 0, 0}, {1, 0, 0}}, {xs.data(), ys.data(), 5}, z_of, 2, near), 2);
   EXPECT_EQ(asked, (std::vector<std::int32_t>{1, 2, 3, 4, 5}));
 }
 

@@ -27,11 +27,6 @@ void store(const Guide& guide, float* x0, float* y0, float* x1, float* y1, float
   store(guide.centre, x0, y0);
 }
 
-void store(FirstMoments moments, float* Sx, float* Sy) {
-  *Sx = moments.x;
-  *Sy = moments.y;
-}
-
 constinit RegionReport region_report;
 
 // When the library is unloaded. Should a report be needed still later, while the process ends, it
@@ -48,13 +43,8 @@ void KEZ_CALL kezhin(const float* x0, const float* y0, const float* z0, const fl
                      const float* y1, const float* z1, const float* x2, const float* y2,
                      const float* z2, const float* x3, const float* y3, const float* z3, float* h0,
                      float* a0, float* h3, float* a3, float* L) {
-  const Feet feet =
-      drop_perpendiculars(load(x0, y0, z0), load(x1, y1, z1), load(x2, y2, z2), load(x3, y3, z3));
-  *h0 = feet.height_before;
-  *a0 = feet.position_before;
-  *h3 = feet.height_after;
-  *a3 = feet.position_after;
-  *L = feet.length;
+  store(drop_perpendiculars(load(x0, y0, z0), load(x1, y1, z1), load(x2, y2, z2), load(x3, y3, z3)),
+        h0, a0, h3, a3, L);
 }
 
 void KEZ_CALL kezaxph(const float* x, const float* y, float* phi) {
@@ -70,10 +60,7 @@ void KEZ_CALL kezapp(const float* x0, const float* y0, const float* x1, const fl
 
 void KEZ_CALL kezcer(const float* xc, const float* yc, const float* r, float* D, float* E,
                      float* F) {
-  const Circle circle = circle_about(load(xc, yc), *r);
-  *D = circle.d;
-  *E = circle.e;
-  *F = circle.f;
+  store(circle_about(load(xc, yc), *r), D, E, F);
 }
 
 void KEZ_CALL kezlci(const float* a, const float* b, const float* c, const float* D, const float* E,
@@ -121,10 +108,7 @@ void KEZ_CALL kezcer1(const float* x1, const float* y1, const float* x2, const f
 void KEZ_CALL kezarc1(const float* x0, const float* y0, const float* x1, const float* y1,
                       const float* x2, const float* y2, float* s1, float* s2, int32_t* status) {
   const auto arcs = divide_circle(load(x0, y0), load(x1, y1), load(x2, y2));
-  if (arcs) {
-    *s1 = arcs->shorter;
-    *s2 = arcs->longer;
-  }
+  store(arcs, s1, s2);
   *status = arcs.has_value();
 }
 
@@ -154,10 +138,7 @@ void KEZ_CALL kezcer9(const float* x0, const float* y0, const float* x1, const f
   static KeptOpening kept{};
   const Guide guide = {load(x0, y0), load(x1, y1), load(x2, y2)};
   const auto opening = carry_opening_across(guide, *sense, *L, *w, kept);
-  if (opening) {
-    store(opening->first, xa, ya);
-    store(opening->second, xb, yb);
-  }
+  store(opening, xa, ya, xb, yb);
   *status = opening.has_value();
 }
 
@@ -238,19 +219,14 @@ void KEZ_CALL kezstm(float X[], float Y[], const int32_t* n, const int32_t* kind
 }
 
 void KEZ_CALL kezipl(float X[], float Y[], const int32_t* n, float* Ix, float* Iy, float* Ixy) {
-  const SecondMoments moments = polygon_second_moments(outline(X, Y, *n));
-  *Ix = moments.x;
-  *Iy = moments.y;
-  *Ixy = moments.product;
+  store(polygon_second_moments(outline(X, Y, *n)), Ix, Iy, Ixy);
 }
 
 void KEZ_CALL kezacp(const float* x0, const float* y0, const float* x1, const float* y1,
                      const float* x2, const float* y2, const int32_t* kind, float* area, float* xs,
                      float* ys) {
-  const PlacedArea segment =
-      circular_segment(load(x0, y0), load(x1, y1), load(x2, y2), from_code<Figure>(*kind));
-  *area = segment.area;
-  store(segment.centroid, xs, ys);
+  store(circular_segment(load(x0, y0), load(x1, y1), load(x2, y2), from_code<Figure>(*kind)), area,
+        xs, ys);
 }
 
 void KEZ_CALL kezcnv(float X[], float Y[], const int32_t* n, int32_t* flag) {

@@ -10,10 +10,13 @@
 #endif
 #include "kezlib.h"
 
+#include <concepts>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <optional>
 #include <span>
+#include <type_traits>
 
 #include "numbers.h"
 #include "point_lists.h"
@@ -56,28 +59,20 @@ inline void store(std::int32_t value, std::int32_t* to) {
   *to = value;
 }
 
-inline void store(Vec2 p, float* x, float* y) {
-  *x = p.x;
-  *y = p.y;
-}
-
-inline void store(Vec3 p, float* x, float* y, float* z) {
-  *x = p.x;
-  *y = p.y;
-  *z = p.z;
-}
-
-inline void store(Line l, float* a, float* b, float* c) {
-  *a = l.a;
-  *b = l.b;
-  *c = l.c;
-}
-
-inline void store(Plane p, float* a, float* b, float* c, float* d) {
-  *a = p.a;
-  *b = p.b;
-  *c = p.c;
-  *d = p.d;
+// A result of so many reals: a point, a line, a circle. Copied one by one, so that they stay in
+// registers.
+template <typename Result, std::same_as<float>... Real>
+requires std::is_aggregate_v<Result> &&
+    (sizeof(Result) == sizeof...(Real) * sizeof(float)) void store(const Result& result,
+                                                                   Real*... to) {
+  const auto* from = reinterpret_cast<const std::byte*>(&result);
+  const auto next = [&from] {
+    float real;
+    std::memcpy(&real, from, sizeof real);
+    from += sizeof real;
+    return real;
+  };
+  ((*to = next()), ...);
 }
 
 // A result that there may be none of: then the caller's variables stay as they are.

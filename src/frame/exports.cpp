@@ -79,9 +79,7 @@ void KEZ_CALL kezvin(const float*, const float* b, const float*, const float*, c
 }
 
 void KEZ_CALL kezgrc(const float* a, const float* b, const float* c, float* p, float* q) {
-  const auto quotients = guarded_quotients(*a, *b, *c);
-  *p = quotients.c_over_a;
-  *q = quotients.b_over_a;
+  store(guarded_quotients(*a, *b, *c), p, q);
 }
 
 void KEZ_CALL kezln3(const float* x1, const float* y1, const float* x2, const float* y2, float* a,
@@ -120,10 +118,7 @@ void KEZ_CALL keztrg(const float* x1, const float* y1, const float* z1, const fl
                      float* cosa, float* sina, int32_t* status) {
   const auto angle =
       angle_between(load_vector(x1, y1, z1, x2, y2, z2), load_vector(x3, y3, z3, x4, y4, z4));
-  if (angle) {
-    *cosa = angle->cosine;
-    *sina = angle->sine;
-  }
+  store(angle, cosa, sina);
   *status = !angle;
 }
 

@@ -29,10 +29,7 @@ extern "C" {
 
 void KEZ_CALL kezinp(const float* p, const float* q, const float* r, float* u, float* v,
                      float* theta) {
-  const PrincipalAxes axes = principal_axes(*p, *q, *r);
-  *u = axes.u;
-  *v = axes.v;
-  *theta = axes.theta;
+  store(principal_axes(*p, *q, *r), u, v, theta);
 }
 
 void KEZ_CALL kezmer1(const int32_t* n1, const void* a, const int32_t* n2, const void* b,

@@ -157,10 +157,7 @@ void KEZ_CALL kezro2(const float* b, const float* t, const float* e1, const floa
 
 void KEZ_CALL kezef2(const float* b, const float* bbar, const float* t, const float* e1,
                      const float* e2, const float* s1, const float* s2, float* be1, float* be2) {
-  const auto parts = effective_parts({*b, *t, *e1, *e2}, *bbar, *s1, *s2);
-  if (!parts) return;
-  *be1 = parts->at_first;
-  *be2 = parts->at_second;
+  store(effective_parts({*b, *t, *e1, *e2}, *bbar, *s1, *s2), be1, be2);
 }
 
 void KEZ_CALL kezefr(const float* b, const float* d, const float* t, const float* e1,
@@ -172,9 +169,7 @@ void KEZ_CALL kezefr(const float* b, const float* d, const float* t, const float
 void KEZ_CALL kezchi(const float* t, const float* b, const float* z, const float* a, const float* s,
                      const float* fy, const float* E, const float* nu, const int32_t* n, float* chi,
                      float* tred) {
-  const StiffenerReduction reduction = reduce_stiffener({*t, *b, *z, *a, *s, *fy, *E, *nu, *n});
-  *chi = reduction.chi;
-  *tred = reduction.t_red;
+  store(reduce_stiffener({*t, *b, *z, *a, *s, *fy, *E, *nu, *n}), chi, tred);
 }
 
 void KEZ_CALL kezshc_c(const float* B, const float* H, const float* C, const float* t, float* x0) {

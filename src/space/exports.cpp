@@ -9,13 +9,6 @@ using namespace kez;
 
 namespace {
 
-void store(const AxisSystem& axes, float* m1, float* m2, float* m3, float* m4, float* m5, float* m6,
-           float* m7, float* m8, float* m9) {
-  store(axes.x, m1, m2, m3);
-  store(axes.y, m4, m5, m6);
-  store(axes.z, m7, m8, m9);
-}
-
 Corners load_corners(const SpacePoints& points) {
   return {points[0], points[1], points[2], points[3]};
 }
