@@ -65,18 +65,18 @@ void KEZ_CALL kezcer(const float* xc, const float* yc, const float* r, float* D,
 
 void KEZ_CALL kezlci(const float* a, const float* b, const float* c, const float* D, const float* E,
                      const float* F, int32_t* n, float* x1, float* y1, float* x2, float* y2) {
-  store(intersect_line_circle(load_line(a, b, c), load_circle(D, E, F)), n, x1, y1, x2, y2);
+  store(intersect_line_circle(load<Line>(a, b, c), load<Circle>(D, E, F)), n, x1, y1, x2, y2);
 }
 
 void KEZ_CALL kezc12(const float* D1, const float* E1, const float* F1, const float* D2,
                      const float* E2, const float* F2, int32_t* n, float* x1, float* y1, float* x2,
                      float* y2) {
-  store(intersect_circles(load_circle(D1, E1, F1), load_circle(D2, E2, F2)), n, x1, y1, x2, y2);
+  store(intersect_circles(load<Circle>(D1, E1, F1), load<Circle>(D2, E2, F2)), n, x1, y1, x2, y2);
 }
 
 void KEZ_CALL kezcin(const float X[], const float Y[], const float* a, const float* b,
                      const float* c, int32_t* k, float* x2, float* y2, float* x3, float* y3) {
-  const RegionFinding finding = classify_region({X[0], Y[0]}, {X[1], Y[1]}, load_line(a, b, c));
+  const RegionFinding finding = classify_region({X[0], Y[0]}, {X[1], Y[1]}, load<Line>(a, b, c));
   store(finding.crossings, x2, y2, x3, y3);
   *k = code_of(finding.region);
   region_report.add(finding);

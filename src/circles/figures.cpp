@@ -56,39 +56,6 @@ std::array<float, count> sum_over_edges(const ConstPlanePoints& outline, Terms t
   return sums;
 }
 
-}  // namespace
-
-float polygon_area(const PlanePoints& outline) {
-  close_outline(outline);
-  const auto terms = [](auto px, auto py, auto qx, auto qy) {
-    return std::array{(qy - py) * (qx + px)};
-  };
-  return 0.5f * sum_over_edges<1>(outline, terms)[0];
-}
-
-FirstMoments polygon_first_moments(const PlanePoints& outline) {
-  close_outline(outline);
-  const auto terms = [](auto px, auto py, auto qx, auto qy) {
-    return std::array{(px - qx) * ((qy + py) * qy + py * py),
-                      (qy - py) * ((qx + px) * qx + px * px)};
-  };
-  const auto [about_x, about_y] = sum_over_edges<2>(outline, terms);
-  return {about_x / 6, about_y / 6};
-}
-
-SecondMoments polygon_second_moments(const PlanePoints& outline) {
-  close_outline(outline);
-  const auto terms = [](auto px, auto py, auto qx, auto qy) {
-    const auto dy = qy - py, sx = px + qx, sy = py + qy, px2 = px * px, qx2 = qx * qx;
-    return std::array{(py * py + qy * qy) * sy * (px - qx), dy * sx * (px2 + qx2),
-                      dy * (sx * sx * sy + 2.0f * (py * px2 + qy * qx2))};
-  };
-  const auto [about_x, about_y, product] = sum_over_edges<3>(outline, terms);
-  return {about_x / 12, about_y / 12, product / 24};
-}
-
-namespace {
-
 // What a circular segment or its complement takes of the circle.
 struct Sector {
   float r, phi;
@@ -102,40 +69,6 @@ Sector sector(Vec2 centre, Vec2 p, Vec2 q, Figure figure) {
   const float phi = vertex_angle(centre, p, q);
   return {distance(centre, p), figure == Figure::complement ? 2 * pi - phi : phi};
 }
-
-}  // namespace
-
-PlacedArea circular_segment(Vec2 centre, Vec2 p, Vec2 q, Figure figure) {
-  const Sector part = sector(centre, p, q, figure);
-  const float half_sine = std::sin(part.phi / 2);
-
-  // The centroid's distance from the centre, 4 r sin^3(phi/2) / (3 (phi - sin phi)), signed against
-  // the side of the chord on which the centre lies.
-  const float e = 4 * part.r * (half_sine * half_sine * half_sine) / part.twice_unit_area() / -3.0f;
-  const float outward = figure == Figure::complement ? -e : e;
-  const Line chord = line_through(p, q);
-  const float norm = std::sqrt(chord.a * chord.a + chord.b * chord.b);
-  const float to_chord = signed_distance(centre, chord);
-  const float offset = outward * to_chord / std::fabs(to_chord);
-  return {part.area(), Vec2{chord.a / norm * offset, chord.b / norm * offset} + centre};
-}
-
-std::size_t points_used(Figure figure, std::int32_t n) {
-  switch (figure) {
-    case Figure::area_at_point:
-      return 1;
-    case Figure::polygon:
-      return size_with_place(n);
-    case Figure::circle:
-      return 2;
-    case Figure::segment:
-    case Figure::complement:
-      return 3;
-  }
-  return 0;
-}
-
-namespace {
 
 // All figures but the polygon, whose moments come without its centroid.
 std::optional<PlacedArea> place_area(Figure figure, const ConstPlanePoints& points, float stated) {
@@ -176,6 +109,65 @@ FirstMoments first_moments_of(Figure figure, const PlanePoints& points, float st
 }
 
 }  // namespace
+
+float polygon_area(const PlanePoints& outline) {
+  close_outline(outline);
+  const auto terms = [](auto px, auto py, auto qx, auto qy) {
+    return std::array{(qy - py) * (qx + px)};
+  };
+  return 0.5f * sum_over_edges<1>(outline, terms)[0];
+}
+
+FirstMoments polygon_first_moments(const PlanePoints& outline) {
+  close_outline(outline);
+  const auto terms = [](auto px, auto py, auto qx, auto qy) {
+    return std::array{(px - qx) * ((qy + py) * qy + py * py),
+                      (qy - py) * ((qx + px) * qx + px * px)};
+  };
+  const auto [about_x, about_y] = sum_over_edges<2>(outline, terms);
+  return {about_x / 6, about_y / 6};
+}
+
+SecondMoments polygon_second_moments(const PlanePoints& outline) {
+  close_outline(outline);
+  const auto terms = [](auto px, auto py, auto qx, auto qy) {
+    const auto dy = qy - py, sx = px + qx, sy = py + qy, px2 = px * px, qx2 = qx * qx;
+    return std::array{(py * py + qy * qy) * sy * (px - qx), dy * sx * (px2 + qx2),
+                      dy * (sx * sx * sy + 2.0f * (py * px2 + qy * qx2))};
+  };
+  const auto [about_x, about_y, product] = sum_over_edges<3>(outline, terms);
+  return {about_x / 12, about_y / 12, product / 24};
+}
+
+PlacedArea circular_segment(Vec2 centre, Vec2 p, Vec2 q, Figure figure) {
+  const Sector part = sector(centre, p, q, figure);
+  const float half_sine = std::sin(part.phi / 2);
+
+  // The centroid's distance from the centre, 4 r sin^3(phi/2) / (3 (phi - sin phi)), signed against
+  // the side of the chord on which the centre lies.
+  const float e = 4 * part.r * (half_sine * half_sine * half_sine) / part.twice_unit_area() / -3.0f;
+  const float outward = figure == Figure::complement ? -e : e;
+  const Line chord = line_through(p, q);
+  const float norm = std::sqrt(chord.a * chord.a + chord.b * chord.b);
+  const float to_chord = signed_distance(centre, chord);
+  const float offset = outward * to_chord / std::fabs(to_chord);
+  return {part.area(), Vec2{chord.a / norm * offset, chord.b / norm * offset} + centre};
+}
+
+std::size_t points_used(Figure figure, std::int32_t n) {
+  switch (figure) {
+    case Figure::area_at_point:
+      return 1;
+    case Figure::polygon:
+      return size_with_place(n);
+    case Figure::circle:
+      return 2;
+    case Figure::segment:
+    case Figure::complement:
+      return 3;
+  }
+  return 0;
+}
 
 float figure_area(Figure figure, const PlanePoints& points, float stated, float factor,
                   float otherwise) {

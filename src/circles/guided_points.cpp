@@ -93,8 +93,6 @@ LocalFrame frame_of(const Guide& guide) {
   return {guide.start, v.y < 0 ? -angle : angle};
 }
 
-}  // namespace
-
 Guide to_local(const LocalFrame& frame, const Guide& guide) {
   return {frame.to_local(guide.centre), frame.to_local(guide.start), frame.to_local(guide.end)};
 }
@@ -102,6 +100,22 @@ Guide to_local(const LocalFrame& frame, const Guide& guide) {
 Guide to_global(const LocalFrame& frame, const Guide& guide) {
   return {frame.to_global(guide.centre), frame.to_global(guide.start), frame.to_global(guide.end)};
 }
+
+// What was found in the frame, carried back with the guide: without crossings the kept result.
+GuidedPoint carry_back(const LocalFrame& frame, const Guide& local, const Crossings& found,
+                       Vec2 beside, bool (*takes_first)(float), Vec2& kept_result) {
+  Vec2 result = kept_result;
+  if (found.count == 2) {
+    // Positive if the first crossing and the point beside the guide lie on one side of it.
+    const Line along = line_through(local.start, local.end);
+    const float sides = signed_distance(found.first, along) * signed_distance(beside, along);
+    result = takes_first(sides) ? found.first : found.second;
+  }
+  kept_result = frame.to_global(result);
+  return {kept_result, to_global(frame, local)};
+}
+
+}  // namespace
 
 std::optional<GuidedPoint> carry_at_angle(const Guide& guide, float l, float theta,
                                           Vec2& kept_result) {
@@ -116,15 +130,8 @@ std::optional<GuidedPoint> carry_at_angle(const Guide& guide, float l, float the
   const Crossings found = intersect_line_circle(line, circle_about(local.centre, radius));
   if (found.count == 1) return std::nullopt;
 
-  Vec2 result = kept_result;
-  if (found.count == 2) {
-    // The second where the first lies on the centre's side of the guide.
-    const Line along = line_through(local.start, local.end);
-    const float sides = signed_distance(found.first, along) * signed_distance(local.centre, along);
-    result = at_most_tolerance(sides) ? found.first : found.second;
-  }
-  kept_result = frame.to_global(result);
-  return GuidedPoint{kept_result, to_global(frame, local)};
+  // The second if the first lies on the centre's side of the guide.
+  return carry_back(frame, local, found, local.centre, at_most_tolerance, kept_result);
 }
 
 std::optional<GuideMeeting> meet_guide(const Guide& guide, float dphi, float theta,
@@ -181,15 +188,8 @@ std::optional<GuidedPoint> point_over_sagitta(const Guide& chord, float l, std::
       intersect_line_circle(line_through(measured, raised), circle_about(local.centre, radius));
   if (found.count == 1) return std::nullopt;
 
-  Vec2 result = kept_result;
-  if (found.count == 2) {
-    // The crossing on the raised point's side of the chord; within the tolerance, the second.
-    const Line along = line_through(local.start, local.end);
-    const float sides = signed_distance(found.first, along) * signed_distance(raised, along);
-    result = above_tolerance(sides) ? found.first : found.second;
-  }
-  kept_result = frame.to_global(result);
-  return GuidedPoint{kept_result, to_global(frame, local)};
+  // The crossing on the raised point's side of the chord; within the tolerance, the second.
+  return carry_back(frame, local, found, raised, above_tolerance, kept_result);
 }
 
 }  // namespace kez

@@ -15,9 +15,6 @@ struct Guide {
   Vec2 centre, start, end;
 };
 
-Guide to_local(const LocalFrame& frame, const Guide& guide);
-Guide to_global(const LocalFrame& frame, const Guide& guide);
-
 // The last two crossings with a circle. A line that misses the circle refreshes neither and one
 // that touches it only the first; what is left of earlier ones is used as if it were found now.
 struct KeptCrossings {

@@ -43,16 +43,10 @@ inline Vec3 load_vector(const float* x1, const float* y1, const float* z1, const
   return load_segment(x1, y1, z1, x2, y2, z2).vector();
 }
 
-inline Line load_line(const float* a, const float* b, const float* c) {
-  return {*a, *b, *c};
-}
-
-inline Plane load_plane(const float* a, const float* b, const float* c, const float* d) {
-  return {*a, *b, *c, *d};
-}
-
-inline Circle load_circle(const float* d, const float* e, const float* f) {
-  return {*d, *e, *f};
+// A line, plane or circle by the coefficients of its equation.
+template <typename Equation, std::same_as<float>... Real>
+Equation load(const Real*... coefficients) {
+  return {*coefficients...};
 }
 
 inline void store(std::int32_t value, std::int32_t* to) {

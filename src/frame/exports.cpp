@@ -99,7 +99,7 @@ void KEZ_CALL kezln1(const float* x0, const float* y0, const float* theta, float
 
 void KEZ_CALL kezln2(const float* a, const float* b, const float* c, const float* d, float* a2,
                      float* b2, float* c2) {
-  store(parallel(load_line(a, b, c), *d), a2, b2, c2);
+  store(parallel(load<Line>(a, b, c), *d), a2, b2, c2);
 }
 
 void KEZ_CALL kezln5(const float* x0, const float* y0, const float* x1, const float* y1,
@@ -109,7 +109,7 @@ void KEZ_CALL kezln5(const float* x0, const float* y0, const float* x1, const fl
 
 void KEZ_CALL kezlds(const float* x, const float* y, const float* a, const float* b, const float* c,
                      float* d) {
-  *d = signed_distance(load(x, y), load_line(a, b, c));
+  *d = signed_distance(load(x, y), load<Line>(a, b, c));
 }
 
 void KEZ_CALL keztrg(const float* x1, const float* y1, const float* z1, const float* x2,
@@ -234,7 +234,7 @@ void KEZ_CALL kezplg(const float* x0, const float* y0, const float* z0, const fl
 void KEZ_CALL kezdirp(const float* A1, const float* B1, const float* C1, const float* D1,
                       const float* A2, const float* B2, const float* C2, const float* D2,
                       int32_t* rel) {
-  *rel = code_of(relate_planes(load_plane(A1, B1, C1, D1), load_plane(A2, B2, C2, D2)));
+  *rel = code_of(relate_planes(load<Plane>(A1, B1, C1, D1), load<Plane>(A2, B2, C2, D2)));
 }
 
 void KEZ_CALL kezord(float x[], const int32_t* n) {

@@ -37,23 +37,18 @@ Sorted<Entry> sort_by_digits(Sorted<Entry> s) {
   return s;
 }
 
+}  // namespace
+
 // Fewer digits are fewer passes, but each has more places to count, which pays for long lists.
 template <typename Entry>
-Sorted<Entry> sort(Sorted<Entry> s) {
+Sorted<Entry> sort_keys(Sorted<Entry> s) {
   if (s.entries.size() >= 1024) return sort_by_digits<11>(s);
   if (s.entries.size() >= fewest_keys) return sort_by_digits<8>(s);
   std::sort(s.entries.begin(), s.entries.end());
   return s;
 }
 
-}  // namespace
-
-Sorted<Key> sort_keys(std::span<Key> entries, std::span<Key> room) {
-  return sort(Sorted<Key>{entries, room});
-}
-
-Sorted<Keyed> sort_keys(std::span<Keyed> entries, std::span<Keyed> room) {
-  return sort(Sorted<Keyed>{entries, room});
-}
+template Sorted<Key> sort_keys(Sorted<Key>);
+template Sorted<Keyed> sort_keys(Sorted<Keyed>);
 
 }  // namespace kez

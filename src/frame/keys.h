@@ -67,9 +67,10 @@ struct Sorted {
 // Below this length a list is faster sorted by comparing.
 inline constexpr std::size_t fewest_keys = 80;
 
-// Sorts ascending; the entries end up in either span. Those with the same key must ascend before.
-Sorted<Key> sort_keys(std::span<Key> entries, std::span<Key> room);
-Sorted<Keyed> sort_keys(std::span<Keyed> entries, std::span<Keyed> room);
+// Sorts keys or keyed entries; they end up in either span. Those with the same key must ascend
+// already.
+template <typename Entry>
+Sorted<Entry> sort_keys(Sorted<Entry> s);
 
 // The entries 0 .. count - 1 of a list, made by entry_at(i) and sorted, with as much room besides.
 // Without memory they are false and not to be used.
@@ -81,7 +82,7 @@ class SortedEntries {
     if (!memory_) return;
     const auto entries = memory_.entries().first(count), room = memory_.entries().last(count);
     for (std::size_t i = 0; i < count; ++i) entries[i] = entry_at(i);
-    sorted_ = sort_keys(entries, room);
+    sorted_ = sort_keys(Sorted<Entry>{entries, room});
   }
 
   explicit operator bool() const { return static_cast<bool>(memory_); }

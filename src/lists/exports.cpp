@@ -114,7 +114,7 @@ void KEZ_CALL kezpin(const int32_t* n, float X[], float Y[], const float* a, con
                      const float* c, int32_t* n1, float X1[], float Y1[], int32_t* n2, float X2[],
                      float Y2[], float* length) {
   PolygonPart upper = part(X1, Y1, *n), lower = part(X2, Y2, *n);
-  const float inside = cut_polygon(outline(X, Y, *n), load_line(a, b, c), upper, lower);
+  const float inside = cut_polygon(outline(X, Y, *n), load<Line>(a, b, c), upper, lower);
   *n1 = upper.count();
   *n2 = lower.count();
   *length = inside;
@@ -123,7 +123,7 @@ void KEZ_CALL kezpin(const int32_t* n, float X[], float Y[], const float* a, con
 void KEZ_CALL kezptp1(const float* A1, const float* B1, const float* C1, const float* D1, float* A2,
                       float* B2, float* C2, float* D2, const int32_t* n, const float X[],
                       const float Y[], const float Z[], int32_t code[]) {
-  const Slab slab = {load_plane(A1, B1, C1, D1), load_plane(A2, B2, C2, D2)};
+  const Slab slab = {load<Plane>(A1, B1, C1, D1), load<Plane>(A2, B2, C2, D2)};
   store(relate_points_slab(slab, points(X, Y, Z, *n), entries(code, *n)), A2, B2, C2, D2);
 }
 
@@ -134,9 +134,9 @@ void KEZ_CALL kezptp2(const float* A1, const float* B1, const float* C1, const f
                       float* B6, float* C6, float* D6, const int32_t* n, const float X[],
                       const float Y[], const float Z[], const int32_t* mode, int32_t code1[],
                       int32_t code2[], int32_t code3[], int32_t* nout, int32_t out[]) {
-  const Slab slab1 = {load_plane(A1, B1, C1, D1), load_plane(A2, B2, C2, D2)};
-  const Slab slab2 = {load_plane(A3, B3, C3, D3), load_plane(A4, B4, C4, D4)};
-  const Slab slab3 = {load_plane(A5, B5, C5, D5), load_plane(A6, B6, C6, D6)};
+  const Slab slab1 = {load<Plane>(A1, B1, C1, D1), load<Plane>(A2, B2, C2, D2)};
+  const Slab slab2 = {load<Plane>(A3, B3, C3, D3), load<Plane>(A4, B4, C4, D4)};
+  const Slab slab3 = {load<Plane>(A5, B5, C5, D5), load<Plane>(A6, B6, C6, D6)};
   const ConstSpacePoints given = points(X, Y, Z, *n);
   const BoxPositions box = {entries(code1, *n), entries(code2, *n), entries(code3, *n)};
   const auto selection = from_code<BoxSelection>(*mode);

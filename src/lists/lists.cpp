@@ -9,41 +9,10 @@ namespace kez {
 
 namespace {
 
-// The marker is the largest entry plus 1. Above the largest integer it wraps to the smallest: then
-// the markers come first in the order, and no entry is below them.
-std::int32_t mark_behind(std::span<std::int32_t> list, std::size_t kept, std::int32_t largest) {
-  const auto marker = static_cast<std::int32_t>(static_cast<std::uint32_t>(largest) + 1);
-  const auto tail = list.subspan(kept);
-  std::fill(tail.begin(), tail.end(), marker);
-  if (marker > largest) return static_cast<std::int32_t>(kept);
-  std::rotate(list.begin(), tail.begin(), list.end());
-  return 0;
-}
-
-}  // namespace
-
-std::int32_t join(std::span<const RawWord> a, std::span<const RawWord> b,
-                  std::span<RawWord> joined) {
-  std::copy(b.begin(), b.end(), std::copy(a.begin(), a.end(), joined.begin()));
-  return static_cast<std::int32_t>(joined.size());
-}
-
-void insert(std::span<RawWord> list, std::int32_t position, RawWord value) {
-  if (position < 1 || static_cast<std::size_t>(position) > list.size()) return;
-  const auto place = list.begin() + (position - 1);
-  std::copy_backward(place, list.end() - 1, list.end());
-  *place = value;
-}
-
-std::int32_t keep_distinct(std::span<std::int32_t> list) {
-  if (list.empty()) return 0;
-  sort_ascending(list);
-  const std::int32_t largest = list.back();
-  const auto kept = std::unique(list.begin(), list.end()) - list.begin();
-  return mark_behind(list, static_cast<std::size_t>(kept), largest);
-}
-
-std::int32_t keep_repeated(std::span<std::int32_t> list) {
+// Sorts the list and leaves its values that occur so often in front, once each. The marker is the
+// largest entry plus 1. Above the largest integer it wraps to the smallest: then the markers come
+// first in the order, and no entry is below them.
+std::int32_t keep_frequent(std::span<std::int32_t> list, std::size_t fewest) {
   if (list.empty()) return 0;
   sort_ascending(list);
   const std::int32_t largest = list.back();
@@ -51,12 +20,15 @@ std::int32_t keep_repeated(std::span<std::int32_t> list) {
   for (std::size_t begin = 0, end = 0; begin < list.size(); begin = end) {
     const std::int32_t value = list[begin];
     while (end < list.size() && list[end] == value) ++end;
-    if (end - begin > 1) list[kept++] = value;
+    if (end - begin >= fewest) list[kept++] = value;
   }
-  return mark_behind(list, kept, largest);
+  const auto marker = static_cast<std::int32_t>(static_cast<std::uint32_t>(largest) + 1);
+  const auto tail = list.subspan(kept);
+  std::fill(tail.begin(), tail.end(), marker);
+  if (marker > largest) return static_cast<std::int32_t>(kept);
+  std::rotate(list.begin(), tail.begin(), list.end());
+  return 0;
 }
-
-namespace {
 
 // From this length on, as measured, sorting first is faster than looking at every pair.
 constexpr std::size_t fewest_to_sort = 80;
@@ -102,6 +74,27 @@ SortedEntries<Keyed> sort_entries(std::span<const std::int32_t> list) {
 }
 
 }  // namespace
+
+std::int32_t join(std::span<const RawWord> a, std::span<const RawWord> b,
+                  std::span<RawWord> joined) {
+  std::copy(b.begin(), b.end(), std::copy(a.begin(), a.end(), joined.begin()));
+  return static_cast<std::int32_t>(joined.size());
+}
+
+void insert(std::span<RawWord> list, std::int32_t position, RawWord value) {
+  if (position < 1 || static_cast<std::size_t>(position) > list.size()) return;
+  const auto place = list.begin() + (position - 1);
+  std::copy_backward(place, list.end() - 1, list.end());
+  *place = value;
+}
+
+std::int32_t keep_distinct(std::span<std::int32_t> list) {
+  return keep_frequent(list, 1);
+}
+
+std::int32_t keep_repeated(std::span<std::int32_t> list) {
+  return keep_frequent(list, 2);
+}
 
 Comparison compare(std::span<const std::int32_t> a, std::span<const std::int32_t> b,
                    std::int32_t common[], std::int32_t differing[]) {

@@ -48,26 +48,6 @@ void strike_out_near(std::span<float> list, float marker, const Search& search, 
   }
 }
 
-}  // namespace
-
-std::int32_t keep_distinct(std::span<float> list, float tol) {
-  const float marker = largest(list) + 1.0f + tol;
-  const auto near = [tol](float a, float b) { return std::fabs(a - b) < tol; };
-  const auto stands = [marker](float x) { return x < marker; };
-  std::size_t kept = 0;
-  if (tol > 0) {
-    search_near(list, sorted_to_keep, near, [&](auto& search) {
-      strike_out_near(list, marker, search, near);
-      kept = search.keep_ascending(list, stands);
-    });
-  } else {  // nothing is near
-    kept = PairSearch(list, near).keep_ascending(list, stands);
-  }
-  return static_cast<std::int32_t>(kept);
-}
-
-namespace {
-
 class NearPairs {
  public:
   NearPairs(std::span<const float> a, std::span<const float> b, float tol, std::int32_t in_a[],
@@ -136,6 +116,22 @@ class NearPairs {
 };
 
 }  // namespace
+
+std::int32_t keep_distinct(std::span<float> list, float tol) {
+  const float marker = largest(list) + 1.0f + tol;
+  const auto near = [tol](float a, float b) { return std::fabs(a - b) < tol; };
+  const auto stands = [marker](float x) { return x < marker; };
+  std::size_t kept = 0;
+  if (tol > 0) {
+    search_near(list, sorted_to_keep, near, [&](auto& search) {
+      strike_out_near(list, marker, search, near);
+      kept = search.keep_ascending(list, stands);
+    });
+  } else {  // nothing is near
+    kept = PairSearch(list, near).keep_ascending(list, stands);
+  }
+  return static_cast<std::int32_t>(kept);
+}
 
 std::int32_t pair_near(std::span<const float> a, std::span<const float> b, float tol,
                        PairCounts given, std::int32_t in_a[], std::int32_t in_b[]) {

@@ -51,32 +51,6 @@ bool are_clear_of_axis(const PlanePoints& points, std::size_t from) {
   return near == 0;
 }
 
-}  // namespace
-
-PolygonPosition relate_point_polygon(const PlanePoints& outline, Vec2 p) {
-  const std::size_t n = close_outline(outline);
-  translate(outline, p);
-
-  const auto edge = [&](std::size_t i) { return Segment{outline[i], outline[i + 1]}; };
-  const auto next_near_axis = [&](std::size_t i) {
-    while (i + stride <= n && are_clear_of_axis(outline, i)) i += stride;
-    while (i < n && is_clear_of_axis(edge(i))) ++i;
-    return i;
-  };
-  bool odd_left = false, odd_right = false;
-  for (std::size_t i = next_near_axis(0); i < n; i = next_near_axis(i + 1)) {
-    if (on_segment(edge(i), {0, 0})) return PolygonPosition::on_boundary;
-    const auto x = axis_crossing(edge(i));
-    if (!x) continue;
-    odd_left ^= *x < 0;
-    odd_right ^= *x > 0;
-  }
-  // Either side may say so: a vertex on the axis counts twice and spoils the count of its side.
-  return odd_left || odd_right ? PolygonPosition::inside : PolygonPosition::outside;
-}
-
-namespace {
-
 // Strictly between the ends in one coordinate, and clear of both by the tolerance in one: a line
 // through a vertex inserts nothing there, as the vertex itself serves.
 bool crosses(Segment<Vec2> edge, Vec2 p) {
@@ -106,6 +80,28 @@ float length_between_pairs(std::span<float> xs) {
 }
 
 }  // namespace
+
+PolygonPosition relate_point_polygon(const PlanePoints& outline, Vec2 p) {
+  const std::size_t n = close_outline(outline);
+  translate(outline, p);
+
+  const auto edge = [&](std::size_t i) { return Segment{outline[i], outline[i + 1]}; };
+  const auto next_near_axis = [&](std::size_t i) {
+    while (i + stride <= n && are_clear_of_axis(outline, i)) i += stride;
+    while (i < n && is_clear_of_axis(edge(i))) ++i;
+    return i;
+  };
+  bool odd_left = false, odd_right = false;
+  for (std::size_t i = next_near_axis(0); i < n; i = next_near_axis(i + 1)) {
+    if (on_segment(edge(i), {0, 0})) return PolygonPosition::on_boundary;
+    const auto x = axis_crossing(edge(i));
+    if (!x) continue;
+    odd_left ^= *x < 0;
+    odd_right ^= *x > 0;
+  }
+  // Either side may say so: a vertex on the axis counts twice and spoils the count of its side.
+  return odd_left || odd_right ? PolygonPosition::inside : PolygonPosition::outside;
+}
 
 float cut_polygon(const PlanePoints& outline, Line line, PolygonPart& upper, PolygonPart& lower) {
   const std::size_t n = close_outline(outline);

@@ -26,6 +26,14 @@ SlabPosition relate_point_slab(Slab slab, Vec3 p) {
   return below_tolerance(std::fabs(s2)) ? SlabPosition::on_second : off_second;
 }
 
+bool on_face(std::int32_t code) {
+  return code == code_of(SlabPosition::on_first) || code == code_of(SlabPosition::on_second);
+}
+
+bool between(std::int32_t code) {
+  return code == code_of(SlabPosition::between);
+}
+
 }  // namespace
 
 std::optional<Plane> relate_points_slab(Slab slab, const ConstSpacePoints& points,
@@ -47,18 +55,6 @@ std::optional<Plane> relate_points_slab(Slab slab, const ConstSpacePoints& point
   }
   return negated;
 }
-
-namespace {
-
-bool on_face(std::int32_t code) {
-  return code == code_of(SlabPosition::on_first) || code == code_of(SlabPosition::on_second);
-}
-
-bool between(std::int32_t code) {
-  return code == code_of(SlabPosition::between);
-}
-
-}  // namespace
 
 std::optional<std::int32_t> select_points(const BoxPositions& box, BoxSelection selection,
                                           std::span<std::int32_t> points) {

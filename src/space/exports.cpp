@@ -24,7 +24,7 @@ extern "C" {
 
 void KEZ_CALL kezlni(const float* a1, const float* b1, const float* c1, const float* a2,
                      const float* b2, const float* c2, int32_t* status, float* x, float* y) {
-  const LineMeeting meeting = intersect_lines(load_line(a1, b1, c1), load_line(a2, b2, c2));
+  const LineMeeting meeting = intersect_lines(load<Line>(a1, b1, c1), load<Line>(a2, b2, c2));
   if (meeting.status == Meeting::one_point) store(meeting.point, x, y);
   *status = code_of(meeting.status);
 }
@@ -70,7 +70,7 @@ void KEZ_CALL kezln7(const float* a1, const float* b1, const float* c1, const fl
                      const float* n, const float* tol, int32_t* code, int32_t* onLine) {
   static Vec3 line_point{};
   const PointOnMeetingLine found =
-      relate_point_meeting_line(load_plane(a1, b1, c1, d1), load_plane(a2, b2, c2, d2), *n,
+      relate_point_meeting_line(load<Plane>(a1, b1, c1, d1), load<Plane>(a2, b2, c2, d2), *n,
                                 load(px, py, pz), *tol, line_point);
   *l = found.l;
   *m = found.m;
@@ -191,19 +191,19 @@ void KEZ_CALL kezpl7(const float* x1, const float* y1, const float* z1, const fl
 
 void KEZ_CALL kezpld(const float* x, const float* y, const float* z, const float* A, const float* B,
                      const float* C, const float* D, float* dist) {
-  *dist = signed_distance(load(x, y, z), load_plane(A, B, C, D));
+  *dist = signed_distance(load(x, y, z), load<Plane>(A, B, C, D));
 }
 
 void KEZ_CALL kezplp(const float* A, const float* B, const float* C, const float* D,
                      int32_t* code) {
-  *code = code_of(classify_plane(load_plane(A, B, C, D)));
+  *code = code_of(classify_plane(load<Plane>(A, B, C, D)));
 }
 
 void KEZ_CALL kezpli(const float* x0, const float* y0, const float* z0, const float* u,
                      const float* v, const float* w, const float* A, const float* B, const float* C,
                      const float* D, float* xi, float* yi, float* zi, int32_t* status) {
   const LinePlaneMeeting meeting =
-      intersect_line_plane(load_ray(x0, y0, z0, u, v, w), load_plane(A, B, C, D));
+      intersect_line_plane(load_ray(x0, y0, z0, u, v, w), load<Plane>(A, B, C, D));
   if (meeting.status == LinePlaneMeeting::Status::one_point) store(meeting.point, xi, yi, zi);
   *status = code_of(meeting.status);
 }
@@ -219,13 +219,13 @@ void KEZ_CALL kezpsp(const float* x1, const float* y1, const float* z1, const fl
 void KEZ_CALL kezpspg(const float* x, const float* y, const float* z, const float* A,
                       const float* B, const float* C, const float* D, const float* tol,
                       int32_t* status) {
-  *status = code_of(in_plane_by_distance(load(x, y, z), load_plane(A, B, C, D), *tol));
+  *status = code_of(in_plane_by_distance(load(x, y, z), load<Plane>(A, B, C, D), *tol));
 }
 
 void KEZ_CALL kezpnp(const float x[], const float y[], const float z[], const float* A,
                      const float* B, const float* C, float* D, const int32_t* n, int32_t* count,
                      int32_t idx[]) {
-  const PlaneScan result = scan(points(x, y, z, *n), load_plane(A, B, C, D), entries(idx, *n));
+  const PlaneScan result = scan(points(x, y, z, *n), load<Plane>(A, B, C, D), entries(idx, *n));
   *D = result.sum;
   *count = result.count;
 }

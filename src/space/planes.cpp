@@ -25,6 +25,19 @@ Obstacle obstacle(LineRelation relation) {
   }
 }
 
+// In double precision, where the square of no component overflows or vanishes.
+double precise_length(Vec3 v) {
+  const auto square = [](float x) { return static_cast<double>(x) * static_cast<double>(x); };
+  return std::sqrt(square(v.x) + square(v.y) + square(v.z));
+}
+
+Vec3 divided(Vec3 v, double length) {
+  const auto part = [length](float x) {
+    return static_cast<float>(static_cast<double>(x) / length);
+  };
+  return {part(v.x), part(v.y), part(v.z)};
+}
+
 }  // namespace
 
 PlaneOfLines plane_parallel_to(Vec3 p, Segment<Vec3> first, Segment<Vec3> second) {
@@ -75,23 +88,6 @@ PlaneClass classify_plane(Plane plane) {
   // Deliberate: also without a normal (kezplp).
   return through_origin ? PlaneClass::is_xz : PlaneClass::along_xz;
 }
-
-namespace {
-
-// In double precision, where the square of no component overflows or vanishes.
-double precise_length(Vec3 v) {
-  const auto square = [](float x) { return static_cast<double>(x) * static_cast<double>(x); };
-  return std::sqrt(square(v.x) + square(v.y) + square(v.z));
-}
-
-Vec3 divided(Vec3 v, double length) {
-  const auto part = [length](float x) {
-    return static_cast<float>(static_cast<double>(x) / length);
-  };
-  return {part(v.x), part(v.y), part(v.z)};
-}
-
-}  // namespace
 
 Membership in_plane_by_angle(Vec3 p1, Vec3 p2, Vec3 p3, Vec3 p, float tol) {
   const PlaneOfPoints through = plane_through(p1, p2, p3);
