@@ -36,7 +36,7 @@ Quadratic equation_of_centres(Vec2 p, Bisector bisector, float radius) {
 std::optional<ArcCentres> centres_over_chord(Vec2 p, Bisector bisector, float radius) {
   const Quadratic equation = equation_of_centres(p, bisector, radius);
   const float discriminant = equation.discriminant();
-  // Unlike a line that touches a circle: below zero there is no centre however little it is.
+  // Below zero there is no centre, however near it is: unlike a line that touches a circle.
   if (discriminant < 0) return std::nullopt;
   const auto point_at = [bisector](float x) { return Vec2{x, bisector.y_at(x)}; };
   if (at_most_tolerance(discriminant)) {

@@ -18,8 +18,8 @@ struct ArcCentres {
 };
 
 // The sign of `sense` chooses by the signed distance from the chord's line; 0 chooses the first.
-// None where the points are the same, or where the radius is at most the tolerance or too short for
-// a chord that is not level.
+// None if the points are the same, or if the radius is at most the tolerance or too short for a
+// chord that is not level.
 std::optional<ArcCentres> arc_centres(Vec2 p, Vec2 q, std::int32_t sense, float radius);
 
 struct RisenArc {

@@ -22,8 +22,8 @@ struct Crossings {
   Vec2 first, second;
 };
 
-// The equation k2 t^2 + k1 t + k0 = 0 that circle constructions end in. Which of its cases holds is
-// for each of them to judge by the discriminant.
+// The equation k2 t^2 + k1 t + k0 = 0 that circle constructions end in. Each construction judges by
+// the discriminant which of its cases holds.
 struct Quadratic {
   float k2, k1, k0;
 

@@ -16,8 +16,8 @@ float direction_angle(Vec2 v) {
   return non_zero(v.y) ? phi * v.y / std::fabs(v.y) : phi;
 }
 
-// The angle at a vertex never exceeds pi, so that the sum falls short of (n - 2) pi where a vertex
-// is reflex. The tolerance does not grow with the number of vertices.
+// The angle at a vertex never exceeds pi, so the sum falls short of (n - 2) pi if a vertex is
+// reflex. The tolerance does not grow with the number of vertices.
 Convexity classify_outline(const PlanePoints& outline) {
   const std::size_t n = close_outline(outline);
   if (n == 0) return Convexity::not_convex;

@@ -33,8 +33,8 @@ Feet drop_perpendiculars(Vec3 before, Vec3 first, Vec3 second, Vec3 after);
 enum class AngleClass : std::int32_t { none = -1, first = 1, second = 2 };
 
 // Writes one class a point: `first` for a point on the same side of both rays' lines whose foot on
-// the first line does not lie behind the vertex, else `second`; `none` for all where the rays
-// coincide or one has no length.
+// the first line does not lie behind the vertex, else `second`; `none` for all if the rays coincide
+// or one has no length.
 void relate_points_angle(Vec2 vertex, Vec2 p, Vec2 q, const ConstPlanePoints& points,
                          std::span<std::int32_t> flags);
 

@@ -29,8 +29,8 @@ void store(const Guide& guide, float* x0, float* y0, float* x1, float* y1, float
 
 constinit RegionReport region_report;
 
-// When the library is unloaded. Should a report be needed still later, while the process ends, it
-// is opened again.
+// Runs when the library is unloaded. A report that is needed even later, while the process ends, is
+// opened again.
 [[gnu::destructor]] void close_report() {
   region_report.close();
 }

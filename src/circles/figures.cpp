@@ -70,7 +70,7 @@ Sector sector(Vec2 centre, Vec2 p, Vec2 q, Figure figure) {
   return {distance(centre, p), figure == Figure::complement ? 2 * pi - phi : phi};
 }
 
-// All figures but the polygon, whose moments come without its centroid.
+// All figures except the polygon, whose moments come without its centroid.
 std::optional<PlacedArea> place_area(Figure figure, const ConstPlanePoints& points, float stated) {
   switch (figure) {
     case Figure::area_at_point:
@@ -92,7 +92,8 @@ float area_of(Figure figure, const PlanePoints& points, float stated, float othe
   // A stated area needs no point: a host may pass lists that have none.
   if (figure == Figure::area_at_point) return stated;
   if (figure == Figure::polygon) return polygon_area(points);
-  // Without the centroid: a segment of no area has none, and dividing for it would raise.
+  // Without the centroid: a segment without area has none, and the division for it would raise an
+  // exception.
   if (figure == Figure::segment || figure == Figure::complement) {
     return sector(points[0], points[1], points[2], figure).area();
   }

@@ -37,14 +37,14 @@ struct PlacedArea {
 };
 
 // What the chord from p to q cuts from the circle about `centre` through p: the complement, or for
-// any other figure the segment of the smaller angle. Where the chord is a diameter, the centroid is
-// not a number, or on either side.
+// any other figure the segment of the smaller angle. If the chord is a diameter, the centroid may
+// be on either side or not a number.
 PlacedArea circular_segment(Vec2 centre, Vec2 p, Vec2 q, Figure figure);
 
-// Points that a figure takes of its list: a polygon of n vertices one more than n.
+// The number of points that a figure uses of its list: a polygon of n vertices uses n + 1.
 std::size_t points_used(Figure figure, std::int32_t n);
 
-// The list holds points_used() points. What is no figure gives `otherwise`, times the factor too.
+// The list holds points_used() points. Any other figure gives `otherwise`, also times the factor.
 float figure_area(Figure figure, const PlanePoints& points, float stated, float factor,
                   float otherwise);
 FirstMoments figure_first_moments(Figure figure, const PlanePoints& points, float stated,

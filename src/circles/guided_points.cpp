@@ -14,7 +14,7 @@ namespace kez {
 
 namespace {
 
-// What must be left of lengths on site, in the caller's units; independent of the tolerance.
+// The shortest length that can be measured on site, in the caller's units. It is not the tolerance.
 constexpr float clearance = 0.001f;
 
 Vec2 measured_point(const Guide& guide, float t) {
@@ -32,7 +32,7 @@ void refresh(KeptCrossings& kept, const Crossings& found) {
   if (found.count == 2) kept.second = found.second;
 }
 
-// Deliberate: the number of crossings is not looked at, and kept ones serve (kezcer6).
+// Deliberate: whatever the number of crossings, two are used, kept ones if need be (kezcer6).
 Vec2 cross_circle(const Guide& guide, float radius, Line line, std::int32_t sense,
                   KeptCrossings& kept) {
   refresh(kept, intersect_line_circle(line, circle_about(guide.centre, radius)));
@@ -40,7 +40,7 @@ Vec2 cross_circle(const Guide& guide, float radius, Line line, std::int32_t sens
   return std::isless(static_cast<float>(sense) * side, 0.0f) ? kept.first : kept.second;
 }
 
-// Written as what is refused: a value that is not a number passes.
+// States what is refused, because not-a-number must pass.
 bool can_measure(float radius, float d, float l) {
   return !(radius <= clearance || d <= clearance || l <= clearance || d - l <= clearance);
 }
@@ -137,7 +137,7 @@ std::optional<GuidedPoint> carry_at_angle(const Guide& guide, float l, float the
 std::optional<GuideMeeting> meet_guide(const Guide& guide, float dphi, float theta,
                                        Vec2& kept_meeting) {
   if (!has_frame(guide)) return std::nullopt;
-  // The rotated point is there wherever the radius is longer than the tolerance.
+  // The rotated point exists because the radius is longer than the tolerance.
   const Vec2 rotated = rotate_about(guide.centre, guide.start, dphi).point.value_or(guide.start);
 
   const LocalFrame frame = frame_of(guide);
@@ -146,8 +146,8 @@ std::optional<GuideMeeting> meet_guide(const Guide& guide, float dphi, float the
   const LineMeeting meeting = intersect_lines(line, line_through(local.start, local.end));
   kept_meeting = meeting.point_or(kept_meeting);
 
-  // Deliberate: a point on the guide's line but at none of its ends makes the status 0 whatever the
-  // lines are (kezcer10).
+  // Deliberate: if the point is on the guide's line but at neither end, the status is 0 however the
+  // lines lie (kezcer10).
   const Position position = position_on_segment(Segment{local.start, local.end}, kept_meeting);
   const bool on_line = position == Position::between || position == Position::before_first ||
                        position == Position::beyond_second;
@@ -157,7 +157,7 @@ std::optional<GuideMeeting> meet_guide(const Guide& guide, float dphi, float the
 
 namespace {
 
-// Between ends that coincide, the first.
+// The first if the ends coincide.
 Vec2 point_between(Vec2 p, Vec2 q, float t) {
   return point_along(p, q, t).value_or(p);
 }

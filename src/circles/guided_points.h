@@ -16,14 +16,14 @@ struct Guide {
 };
 
 // The last two crossings with a circle. A line that misses the circle refreshes neither and one
-// that touches it only the first; what is left of earlier ones is used as if it were found now.
+// that touches it only the first; the others stay, and are used as if they were found now.
 struct KeptCrossings {
   Vec2 first, second;
 };
 
 // The point measured `l` along the guide, carried to the circle along the ray from the centre or
-// square to the guide. The sign of `sense` chooses the crossing. None where the guide, the circle
-// or the measured part is too short, or too little of the guide is left.
+// square to the guide. The sign of `sense` chooses the crossing. None if the guide, the circle, the
+// measured part or the rest of the guide is too short.
 std::optional<Vec2> carry_along_ray(const Guide& guide, std::int32_t sense, float l,
                                     KeptCrossings& kept);
 std::optional<Vec2> carry_across(const Guide& guide, std::int32_t sense, float l,
@@ -48,8 +48,8 @@ struct GuidedPoint {
   Guide guide;
 };
 
-// The point measured `l` along the guide, carried to the circle at the angle theta to the guide.
-// Where that line misses the circle, the kept result is carried back in place of a crossing.
+// The point measured `l` along the guide, carried to the circle at the angle theta to the guide. If
+// that line misses the circle, the kept result is carried back in place of a crossing.
 std::optional<GuidedPoint> carry_at_angle(const Guide& guide, float l, float theta,
                                           Vec2& kept_result);
 
@@ -59,14 +59,14 @@ struct GuideMeeting {
 };
 
 // The start rotated about the centre by dphi, and carried at the angle theta to the guide's line.
-// Parallel and coinciding lines leave the meeting point kept, in the frame of the guide where it
-// was found, and it is taken for this guide's.
+// For parallel and coinciding lines the kept meeting point is used. It was found in the frame of an
+// earlier guide and counts as a point in the frame of this one.
 std::optional<GuideMeeting> meet_guide(const Guide& guide, float dphi, float theta,
                                        Vec2& kept_meeting);
 
 // The guide is the chord. The line runs from the point measured `l` along it through the point `h`
-// above its midpoint, on the side that the sign of `sense` gives. Where that line misses the
-// circle, the kept result is carried back in place of a crossing.
+// above its midpoint, on the side that the sign of `sense` gives. If that line misses the circle,
+// the kept result is carried back in place of a crossing.
 std::optional<GuidedPoint> point_over_sagitta(const Guide& chord, float l, std::int32_t sense,
                                               float h, Vec2& kept_result);
 

@@ -12,7 +12,8 @@ namespace {
 
 // From 0 to 2 pi.
 float polar_angle(Vec2 v) {
-  // A negative zero would turn the quotient's sign, and the point to the other side.
+  // Turns a negative zero into zero: it would change the sign of the quotient and put the point on
+  // the other side.
   const float x = v.x + 0.0f;
   const float phi = std::atan(quiet::divide(v.y, x));
   if (x < 0) return phi + pi;

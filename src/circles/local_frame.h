@@ -22,9 +22,9 @@ class LocalFrame {
 };
 
 struct RotatedPoint {
-  std::optional<Vec2> point;  // none where the given one lies within the tolerance of the centre
-  // Deliberate: what the caller's variables hold afterwards is the given point carried to the
-  // centre and back, or where there is no rotated one, only to the centre (kezcer3).
+  std::optional<Vec2> point;  // none if the given one lies within the tolerance of the centre
+  // Deliberate: what the caller's variables hold afterwards (kezcer3). It is the given point
+  // carried to the centre and back, or only to the centre if there is no rotated point.
   Vec2 given;
 };
 

@@ -42,7 +42,7 @@ LineRelation relate_lines(Segment<Vec3> first, Segment<Vec3> second) {
 namespace {
 
 // p = k q for the normals of parallel planes. Deliberate: the last component that can be divided by
-// decides, also where the components disagree by rounding (kezdirp).
+// decides, even if the components disagree by rounding (kezdirp).
 float normal_ratio(Vec3 p, Vec3 q) {
   if (non_zero(q.z)) return p.z / q.z;
   if (non_zero(q.y)) return p.y / q.y;

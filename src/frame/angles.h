@@ -29,7 +29,7 @@ float vertex_angle(Point vertex, Point p, Point q) {
   return angle(p - vertex, q - vertex);
 }
 
-// Between two lines whatever their orientation, 0 to pi/2; none where a vector is too short.
+// Between two lines, whatever their orientation: 0 to pi/2. None if a vector is too short.
 std::optional<float> line_angle(Vec3 u, Vec3 w);
 
 // Between the projections of two vectors on the y-z, x-z and x-y planes.

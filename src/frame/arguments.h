@@ -69,7 +69,7 @@ requires std::is_aggregate_v<Result> &&
   ((*to = next()), ...);
 }
 
-// A result that there may be none of: then the caller's variables stay as they are.
+// Without a result the caller's variables stay as they are.
 template <typename Result, typename... Variable>
 void store(const std::optional<Result>& result, Variable*... to) {
   if (result) store(*result, to...);
@@ -96,7 +96,7 @@ SpaceList<Real> points(Real* xs, Real* ys, Real* zs, std::int32_t n) {
   return {xs, ys, zs, size_of(n)};
 }
 
-// The caller's n vertices with the place for the closing one.
+// The caller's n vertices and the place for the closing one.
 inline PlanePoints outline(float* xs, float* ys, std::int32_t n) {
   return {xs, ys, size_with_place(n)};
 }

@@ -16,7 +16,8 @@ constexpr Key key_in(Keyed entry) {
   return key_of(entry);
 }
 
-// Distributes the entries by a digit of their keys, in their order; false where all have the same.
+// Distributes the entries by a digit of their keys, in their order; false if all have the same
+// digit.
 template <int bits, typename Entry>
 bool distribute(std::span<const Entry> from, std::span<Entry> to, int shift) {
   const auto digit = [shift](Entry e) { return key_in(e) >> shift & ((1U << bits) - 1); };

@@ -64,7 +64,7 @@ struct Sorted {
   std::span<Entry> entries, room;
 };
 
-// Below this length a list is faster sorted by comparing.
+// Shorter lists are sorted faster by comparing.
 inline constexpr std::size_t fewest_keys = 80;
 
 // Sorts keys or keyed entries; they end up in either span. Those with the same key must ascend
@@ -73,7 +73,7 @@ template <typename Entry>
 Sorted<Entry> sort_keys(Sorted<Entry> s);
 
 // The entries 0 .. count - 1 of a list, made by entry_at(i) and sorted, with as much room besides.
-// Without memory they are false and not to be used.
+// If memory runs out, they are false and must not be used.
 template <typename Entry>
 class SortedEntries {
  public:

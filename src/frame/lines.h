@@ -21,8 +21,8 @@ inline float approximate_reciprocal_sqrt(float s) {
 #endif
 }
 
-// An approximation of 1 / sqrt(s), good to about 22 bits: the start value r0 with one Newton step
-// for f(r) = 1 / r^2 - s, in the order -r0/2 (s r0 r0 - 3).
+// An approximation of 1 / sqrt(s) to about 22 bits: the start value r0 with one Newton step for
+// f(r) = 1 / r^2 - s, in the order -r0/2 (s r0 r0 - 3).
 inline float reciprocal_sqrt(float s) {
   const float r0 = approximate_reciprocal_sqrt(s);
   return r0 * -0.5f * (s * r0 * r0 - 3.0f);
@@ -102,7 +102,7 @@ struct Quotients {
   float c_over_a, b_over_a;
 };
 
-// Zero where a is within the tolerance of zero.
+// Zero if a is within the tolerance of zero.
 Quotients guarded_quotients(float a, float b, float c);
 
 }  // namespace kez

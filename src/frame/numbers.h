@@ -1,5 +1,5 @@
-// Conversions from and to the interface's integers, none of which an input may make undefined, and
-// sums and maxima of long lists.
+// Conversions from and to the interface's integers, which are defined for every input, and sums and
+// maxima of long lists.
 #pragma once
 
 #include <array>
@@ -19,8 +19,8 @@ constexpr std::int32_t code_of(Code value) {
   return static_cast<std::int32_t>(value);
 }
 
-// What a host's number asks for. Any number is a value of the enumeration, and what takes the value
-// says what one without a name means.
+// The code that a host's number stands for. Any number is a value of the enumeration; functions
+// that take one say what a number without a name means.
 template <typename Code>
 constexpr Code from_code(std::int32_t number) {
   static_assert(std::is_same_v<std::underlying_type_t<Code>, std::int32_t>);
@@ -57,8 +57,8 @@ float sum(std::size_t count, Term term) {
   return total;
 }
 
-// The largest of entry(0) .. entry(count - 1), to compare with: zeros of either sign are one. In
-// several lanes, as sum() goes. Not-a-number is never the largest; of no entries it is the most
+// The largest of entry(0) .. entry(count - 1), to compare with: it does not tell +0 from -0. In
+// several lanes, like sum(). Not-a-number is never the largest; of no entries it is the most
 // negative finite value.
 template <typename Entry>
 float largest(std::size_t count, Entry entry) {

@@ -1,6 +1,6 @@
 // Points given as lists of their coordinates, as hosts pass them, outlines made of them, and how
-// they are moved and rotated. The lists are views: pass them by const reference, for by value they
-// cost more than a small polygon.
+// they are moved and rotated. The lists are views. Pass them by const reference: by value they cost
+// more than a small polygon.
 #pragma once
 
 #include <cmath>
@@ -69,8 +69,8 @@ using ConstSpacePoints = SpaceList<const float>;
 void translate(const PlanePoints& points, Vec2 origin);
 void translate(const SpacePoints& points, Vec3 origin);
 
-// Of a list of n entries with the place for one more, such as an outline's closing vertex. Below 0
-// that place would lie before the list, and there is none.
+// Of a list of n entries with the place for one more, such as an outline's closing vertex. A
+// negative n has no such place: it would lie before the list.
 inline std::size_t size_with_place(std::int32_t n) {
   return n >= 0 ? static_cast<std::size_t>(n) + 1 : 0;
 }
@@ -92,7 +92,7 @@ struct Rotation {
 // Any other number means forwards too.
 enum class Sense : std::int32_t { forwards = 0, backwards = 1 };
 
-// Exact: rotating back differs in the sign of the sine only.
+// Exact: rotating back differs only in the sign of the sine.
 inline Rotation inverse(Rotation r) {
   return {-r.sine, r.cosine};
 }

@@ -60,7 +60,7 @@ Point midpoint(Point p, Point q) {
   return 0.5f * (p + q);
 }
 
-// The point p + t (q - p), where the ends do not coincide.
+// The point p + t (q - p), unless the ends coincide.
 template <typename Point>
 std::optional<Point> point_along(Point p, Point q, float t) {
   const Point v = q - p;
@@ -88,8 +88,8 @@ float cosine(Vector u, Vector w) {
 }
 
 // The square of the cosine as a fraction, which tells most vectors apart without a root or
-// division: 1 / 0 where a squared length is out of bounds. Within them no product leaves the range
-// of ordinary numbers, and a vector is longer than three tolerances.
+// division: 1 / 0 if a squared length is out of bounds. Within them no product leaves the range of
+// ordinary numbers, and a vector is longer than three tolerances.
 struct CosineSquare {
   float numerator, denominator;
 
@@ -117,7 +117,7 @@ struct CosineSine {
   float cosine, sine;
 };
 
-// Of the unsigned angle between two vectors, where neither is null.
+// Of the unsigned angle between two vectors, unless one is null.
 inline std::optional<CosineSine> angle_between(Vec3 u, Vec3 w) {
   if (is_null(u) || is_null(w)) return std::nullopt;
   return CosineSine{cosine(u, w), length(cross(u, w)) / length(u) / length(w)};

@@ -10,8 +10,8 @@ namespace kez {
 
 Division divide(float length, float wanted_step) {
   if (!(wanted_step > 0.001f)) return {0, 0, 1};
-  // The slack of one part in a thousand keeps a length that is a multiple of the step, give or take
-  // its rounding, from getting one segment more.
+  // The slack of one part in a thousand keeps a length that exceeds a multiple of the step by
+  // rounding from getting one more segment.
   constexpr float slack = 1.001f;
   const std::int32_t segments = successor(truncate(length / wanted_step / slack));
   return {length / static_cast<float>(segments), segments, successor(segments)};

@@ -13,8 +13,8 @@ namespace kez {
 
 namespace {
 
-// Whether any two entries that compare equal are the same, and all compare: then every correct sort
-// leaves the same table.
+// Whether every correct sort leaves the same table: all entries compare, and those that compare
+// equal are the same.
 bool order_is_unique(std::span<const float> x) {
   bool nan = false, plus_zero = false, minus_zero = false;
   for (const float v : x) {
@@ -109,7 +109,7 @@ std::optional<Block> last_block(std::span<const std::int32_t> counts) {
     sum += static_cast<std::uint32_t>(count);
   }
   const Block block = {static_cast<std::int32_t>(sum), counts.back()};
-  // Nor where the block would end behind any array that the counts can describe.
+  // The block must not end beyond any array that the counts can describe.
   const auto room = std::numeric_limits<std::int32_t>::max() - std::max(block.offset, 0);
   if (block.count < 1 || block.offset < 0 || block.count > room) return std::nullopt;
   return block;

@@ -22,13 +22,13 @@ struct Place {
 // The first entry equal to v, else the first interval with v strictly inside.
 Place find_place(std::span<const float> x, float v);
 
-// Ascending. Where entries compare equal without being the same, or do not compare at all, the
-// order is that of a selection sort which takes the last of equal minima.
+// Ascending. If entries compare equal without being the same, or do not compare at all, the order
+// is that of selection_sort.
 void sort_ascending(std::span<float> x);
 void sort_ascending(std::span<std::int32_t> x);
 
-// An entry of a list of either kind, moved without being looked at. Bytes may alias the caller's
-// reals as well as integers.
+// An entry of a list of reals or integers, which is only moved. Bytes may alias the caller's reals
+// as well as integers.
 struct RawWord {
   std::byte bytes[4];
 };
@@ -44,7 +44,7 @@ struct RangeEntries {
   float below, above;  // from the range's ends to its first and last entry
 };
 
-// The entries inside; without any, the two that enclose the range, with distances of 0.
+// The entries inside. If there are none, the two that enclose the range, with distances of 0.
 std::optional<RangeEntries> find_range(std::span<const float> x, float low, float high,
                                        std::span<std::int32_t> positions);
 
@@ -53,7 +53,7 @@ struct Block {
   std::int32_t offset, count;  // entries before it, and its own
 };
 
-// The block of the last count; none where it is empty, or where the counts lead out of the array.
+// The block of the last count. None if it is empty, or if the counts lead out of the array.
 std::optional<Block> last_block(std::span<const std::int32_t> counts);
 
 }  // namespace kez

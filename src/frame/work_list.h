@@ -10,8 +10,8 @@
 
 namespace kez {
 
-// Entries that are not initialised, on the stack while they are few, on the heap beyond. Nothing
-// may be thrown through the interface: without memory a list is false and not to be used.
+// Entries that are not initialised: a few on the stack, more on the heap. Nothing may be thrown
+// through the interface. If memory runs out, a list is false and must not be used.
 template <typename T>
 class WorkList {
  public:
@@ -31,7 +31,7 @@ class WorkList {
   // 500 entries to sort and as much room. Two such lists of the longest type take 16,000 bytes.
   static constexpr std::size_t automatic = 1000;
 
-  // What does not fit into the address space must not wrap around to what does.
+  // A size beyond the address space must not wrap around to a small one.
   static T* allocate(std::size_t size) {
     return size <= SIZE_MAX / sizeof(T) ? static_cast<T*>(std::malloc(size * sizeof(T))) : nullptr;
   }

@@ -9,9 +9,9 @@ namespace kez {
 
 namespace {
 
-// Sorts the list and leaves its values that occur so often in front, once each. The marker is the
-// largest entry plus 1. Above the largest integer it wraps to the smallest: then the markers come
-// first in the order, and no entry is below them.
+// Sorts the list and leaves in front, once each, the values that occur at least so often. The
+// marker is the largest entry plus 1. Above the largest integer it wraps to the smallest: then the
+// markers come first in the order, and no entry is below them.
 std::int32_t keep_frequent(std::span<std::int32_t> list, std::size_t fewest) {
   if (list.empty()) return 0;
   sort_ascending(list);

@@ -1,4 +1,4 @@
-// Lists of integers, and lists of either kind whose entries are only moved.
+// Lists of integers, and lists of reals or integers whose entries are only moved.
 #pragma once
 
 #include <cstdint>
@@ -16,8 +16,8 @@ std::int32_t join(std::span<const RawWord> a, std::span<const RawWord> b,
 // nothing.
 void insert(std::span<RawWord> list, std::int32_t position, RawWord value);
 
-// These sort the list, leave the distinct values or those that occur at least twice in front, write
-// the marker over all others, and return the number of entries below the marker.
+// These sort the list and leave in front the distinct values, or those that occur at least twice.
+// They write the marker over all others and return the number of entries below it.
 std::int32_t keep_distinct(std::span<std::int32_t> list);
 std::int32_t keep_repeated(std::span<std::int32_t> list);
 

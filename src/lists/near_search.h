@@ -63,7 +63,7 @@ class SortedSearch {
     }
   }
 
-  // False where there was no memory.
+  // False if memory ran out.
   explicit operator bool() const { return static_cast<bool>(sorted_); }
 
   template <typename Visitor>
@@ -82,7 +82,7 @@ class SortedSearch {
     }
   }
 
-  // As that of the other search, where no two of the entries kept are equal.
+  // Like that of PairSearch, if no two of the entries kept are equal.
   template <typename Keep>
   std::size_t keep_ascending(std::span<float> list, Keep keep) {
     const auto room = sorted_.room();
@@ -100,8 +100,8 @@ class SortedSearch {
   SortedEntries<Keyed> sorted_;  // in its room the rank of each entry of the list
 };
 
-// Does the work with the search that suits a list: that by pairs below `sorted_from` entries, and
-// where there is no memory.
+// Does the work with the search that suits the list: by pairs below `sorted_from` entries, and if
+// memory runs out.
 template <typename Near, typename Work>
 void search_near(std::span<const float> list, std::size_t sorted_from, Near near, Work work) {
   if (list.size() >= sorted_from) {

@@ -29,9 +29,9 @@ auto at_most(float tol) {
 constexpr std::size_t sorted_to_keep = 80, sorted_to_pair = 80, sorted_to_mark = 72,
                       sorted_to_map = 112;
 
-// Each entry in turn strikes out the later ones near it, which become the marker. So do struck-out
-// entries, in the marker's name: the first of them strikes out all that is near the marker, so that
-// the others need not look. The search knows only the values from before, and not the marker.
+// Each entry in turn strikes out the later entries near it: they become the marker. Then each
+// marker strikes out what is near the marker. The first one does so for all of them, by pairs,
+// because the search was made before there were markers.
 template <typename Search, typename Near>
 void strike_out_near(std::span<float> list, float marker, const Search& search, Near near) {
   bool marker_has_struck = false;
@@ -58,7 +58,7 @@ class NearPairs {
     for (std::size_t i = 0; i < a_.size(); ++i) look_through(i);
   }
 
-  // False where there is no memory.
+  // False if memory runs out.
   bool by_sorting() {
     const auto a = sort_by_value(a_), b = sort_by_value(b_);
     if (!a || !b) return false;
@@ -95,7 +95,7 @@ class NearPairs {
     }
   }
 
-  // A run is put in the order of the list, a long one by looking through that.
+  // Puts a run in the order of the list. For a long run, looking through the list is faster.
   void write_run(std::size_t i, std::span<const Keyed> run) {
     const std::size_t first = count_;
     for (std::size_t k = 0; k < run.size() && near(a_[i], value_of(run[k]), tol_); ++k) {
@@ -140,8 +140,8 @@ std::int32_t pair_near(std::span<const float> a, std::span<const float> b, float
   std::fill_n(in_b, cleared, 0);
   if (!(tol >= 0)) return 0;
   NearPairs pairs(a, b, tol, in_a, in_b);
-  // An infinite tolerance makes no runs: an infinite value is near the finite ones, but not near
-  // its equals.
+  // With an infinite tolerance there are no runs: infinity is near the finite values, but not near
+  // itself.
   const bool sorts = std::min(a.size(), b.size()) >= sorted_to_pair && !std::isinf(tol);
   if (!sorts || !pairs.by_sorting()) pairs.by_pairs();
   return pairs.count();
@@ -156,7 +156,7 @@ NearDuplicates mark_near_duplicates(std::span<float> list, float tol,
       if (!apart(list[i], marker, tol)) continue;
       const std::size_t first = count;
       search.visit(i, i + 1, [&](std::size_t j, bool is_near) {
-        // The room ends the count where the host let the positions overlap the list.
+        // The room ends the count if the host lets the positions overlap the list.
         if (!is_near || list[j] == marker || count + 1 >= list.size()) return;
         list[j] = marker;
         positions[count++] = position_of(j);
@@ -182,9 +182,9 @@ std::int32_t map_distinct(std::span<const float> list, float value, float tol,
   std::fill(map.begin(), map.end(), 0);
   search_near(list, sorted_to_map, at_most(tol), [&](const auto& search) {
     for (std::size_t i = 0; i < list.size(); ++i) {
-      // An entry that is mapped is near an earlier one, which has struck it out. What is struck out
-      // or near the value counts as the marker, which stands nowhere unless the tolerance is
-      // negative: then the marker is apart even from itself, and the entry is taken all the same.
+      // An entry that is mapped is near an earlier one, which has struck it out. What does not
+      // stand has become the marker, and is not taken. But with a negative tolerance the marker is
+      // apart even from itself, and every entry is taken.
       const bool stands = apart(list[i], value, tol) && map[i] == 0;
       if (!apart(stands ? list[i] : marker, marker, tol)) continue;
       distinct[count++] = list[i];

@@ -1,4 +1,4 @@
-// Lists of reals whose entries count as one where they are near one another.
+// Lists of reals in which entries near one another count as one.
 #pragma once
 
 #include <cstdint>
@@ -6,17 +6,17 @@
 
 namespace kez {
 
-// Sorts what is left when each entry has struck out the later ones less than tol away, and returns
-// its number. Behind it the list stays as it was, with markers over the entries struck out.
+// Each entry strikes out the later ones less than tol away. Sorts what is left, and returns its
+// number. The entries beyond stay as they were, with markers over those struck out.
 std::int32_t keep_distinct(std::span<float> list, float tol);
 
-// The counts as the host gave them: one below 0 shortens what is cleared.
+// The counts as the host gave them: a negative one shortens what is cleared.
 struct PairCounts {
   std::int32_t a, b;
 };
 
-// Writes the positions of all pairs at most tol apart, and returns their number. Of the first
-// a + b positions those that no pair takes become 0; there may be more pairs than that.
+// Writes the positions of all pairs at most tol apart, and returns their number. There may be more
+// than a + b pairs; if there are fewer, the other positions up to a + b become 0.
 std::int32_t pair_near(std::span<const float> a, std::span<const float> b, float tol,
                        PairCounts given, std::int32_t in_a[], std::int32_t in_b[]);
 
@@ -30,8 +30,8 @@ struct NearDuplicates {
 NearDuplicates mark_near_duplicates(std::span<float> list, float tol,
                                     std::span<std::int32_t> positions);
 
-// Leaves the entries more than tol away from the value in front and returns their number; behind
-// them the list stays as it was.
+// Leaves in front the entries more than tol away from the value, and returns their number. The
+// entries beyond stay as they were.
 std::int32_t remove_near(std::span<float> list, float value, float tol);
 
 // Writes the distinct values that are more than tol away from the given one, and for each entry of

@@ -14,12 +14,12 @@ namespace kez {
 namespace {
 
 // Writes the order that choosing makes of entry(0) .. entry(count - 1): each pass takes the
-// smallest entry, of equal ones the last, and overwrites it by the marker, the largest entry
-// plus 1. As long as entries below the marker are left, that is their sorted order. False where
-// there is no memory.
+// smallest entry, of equal ones the last, and overwrites it by the marker, the largest entry plus
+// 1. As long as entries below the marker are left, that is their sorted order. False if memory runs
+// out.
 template <typename Entry>
 bool order_by(std::size_t count, Entry entry, std::span<std::int32_t> order) {
-  // From the last entry on, so that of equals it comes first.
+  // From the last entry on, because the last of equal entries comes first.
   const SortedEntries<Keyed> sorted(count, [&](std::size_t back) {
     return keyed(comparison_key(entry(count - 1 - back)), back);
   });
@@ -44,7 +44,7 @@ bool order_by(std::size_t count, Entry entry, std::span<std::int32_t> order) {
   return true;
 }
 
-// Needs no memory; false where not every entry is below the marker.
+// Needs no memory; false unless every entry is below the marker.
 bool sort_positions(std::span<const float> list, std::span<std::int32_t> order) {
   const float marker = largest(list) + 1.0f;
   if (!std::all_of(list.begin(), list.end(), [marker](float x) { return x < marker; }))

@@ -40,7 +40,8 @@ bool is_clear_of_axis(Segment<Vec2> edge) {
   return (gap > 1e-4f) & (gap > 0.01f * std::fabs(q.x - p.x));
 }
 
-// Of so many edges from the given one on, without a branch, so that vector code tells them.
+// Of so many edges from the given one on. Without a branch, so that the compiler uses vector
+// registers.
 constexpr std::size_t stride = 16;
 
 bool are_clear_of_axis(const PlanePoints& points, std::size_t from) {
@@ -52,7 +53,7 @@ bool are_clear_of_axis(const PlanePoints& points, std::size_t from) {
 }
 
 // Strictly between the ends in one coordinate, and clear of both by the tolerance in one: a line
-// through a vertex inserts nothing there, as the vertex itself serves.
+// through a vertex inserts nothing there, because the vertex itself is there.
 bool crosses(Segment<Vec2> edge, Vec2 p) {
   const Vec2 e = edge.vector(), d1 = p - edge.first, d2 = p - edge.second;
   const auto clear = [](float a, float b) {
@@ -99,7 +100,7 @@ PolygonPosition relate_point_polygon(const PlanePoints& outline, Vec2 p) {
     odd_left ^= *x < 0;
     odd_right ^= *x > 0;
   }
-  // Either side may say so: a vertex on the axis counts twice and spoils the count of its side.
+  // Either side is enough: a vertex on the axis counts twice and spoils the count of its side.
   return odd_left || odd_right ? PolygonPosition::inside : PolygonPosition::outside;
 }
 

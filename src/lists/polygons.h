@@ -15,7 +15,7 @@ enum class PolygonPosition : std::int32_t { inside = 0, outside = -1, on_boundar
 // Deliberate: closes the outline and moves it so that p is its origin (kezppp).
 PolygonPosition relate_point_polygon(const PlanePoints& outline, Vec2 p);
 
-// Where vertices are collected, with room for all of them.
+// Collects vertices; the room must suffice for all of them.
 class PolygonPart {
  public:
   explicit PolygonPart(const PlanePoints& room) : vertices_(room) {}
@@ -32,8 +32,8 @@ class PolygonPart {
 };
 
 // Closes the outline, collects its vertices and its crossings with the line by the sign of y, and
-// returns the length of the x axis between the crossings of the upper part, two by two. Without
-// memory the parts stay empty.
+// returns the length of the x axis between the crossings of the upper part, two by two. If memory
+// runs out, the parts stay empty.
 float cut_polygon(const PlanePoints& outline, Line line, PolygonPart& upper, PolygonPart& lower);
 
 }  // namespace kez

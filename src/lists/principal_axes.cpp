@@ -7,7 +7,7 @@
 namespace kez {
 
 PrincipalAxes principal_axes(float p, float q, float r) {
-  // Relative to the sum. No moments at all divide 0 by 0, which counts as small too.
+  // Relative to the sum. If all moments are zero, 0 / 0 counts as small too.
   if (!std::isgreater(std::fabs(quiet::divide(r, p + q)), 1.0e-8f)) return {p, q, 0};
 
   const float d = q - p;

@@ -17,8 +17,8 @@ float value_at(Plane plane, Vec3 p) {
   return plane.a * p.x + plane.d + plane.b * p.y + plane.c * p.z;
 }
 
-// Both planes have the slab on the same side. The values are no distances unless the normals are of
-// unit length, and strictly below the tolerance counts as on the plane.
+// Both planes have the slab on the same side. The values are distances only if the normals have
+// unit length. A point counts as on a plane if the value is strictly below the tolerance.
 SlabPosition relate_point_slab(Slab slab, Vec3 p) {
   const float s1 = value_at(slab.first, p), s2 = value_at(slab.second, p);
   const auto off_planes = s1 * s2 > 0 ? SlabPosition::between : SlabPosition::outside;

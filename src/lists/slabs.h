@@ -24,7 +24,7 @@ enum class SlabPosition : std::int32_t {
 };
 
 // Writes the position of each point; unknown unless the planes are parallel and distinct. Returns
-// the second plane where it had to be negated, so that the two normals point to opposite sides.
+// the second plane if it had to be negated: the two normals then point to opposite sides.
 std::optional<Plane> relate_points_slab(Slab slab, const ConstSpacePoints& points,
                                         std::span<std::int32_t> positions);
 

@@ -29,7 +29,7 @@ float shear_sum(float h, float b, float c) {
 
 }  // namespace
 
-// Centroid and shear centre lie on either side of the web: the distances from it add up.
+// Centroid and shear centre lie on opposite sides of the web: their distances from it add up.
 float shear_centre_offset(Channel channel) {
   const auto [h, b, c, t, lipped] = centre_lines(channel);
   if (!lipped) return b * b / (h + 2 * b) + 3 * (b * b) / (6 * b + h);

@@ -20,7 +20,8 @@ namespace {
 // How the effective width is shared between the edges.
 enum class Share { none, evenly, by_stress_ratio, bending };
 
-// Without a share no case applies. An optional one would be stored in parts and reloaded whole.
+// Without a share no case applies. Not an optional, which would be stored in parts and reloaded
+// whole.
 struct StressCase {
   float psi, k;
   Share share;

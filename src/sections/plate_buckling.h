@@ -21,8 +21,8 @@ struct EffectiveParts {
 // Of an internal panel with the edge stresses s1 and s2; none where no case applies.
 std::optional<EffectiveParts> effective_parts(PlatePanel panel, float b_bar, float s1, float s2);
 
-// Of a panel whose buckling coefficient follows from b / d. Beyond 0.6, and where the ratio is not
-// a number, the coefficient stays as it is.
+// Of a panel whose buckling coefficient follows from b / d. Beyond 0.6, and if the ratio is not a
+// number, the coefficient stays as it is.
 float effective_width(PlatePanel panel, float d, float& coefficient);
 
 struct Stiffener {
@@ -34,7 +34,7 @@ struct StiffenerReduction {
   float chi, t_red;
 };
 
-// Zeros where the iteration does not settle.
+// Zeros if the iteration does not settle.
 StiffenerReduction reduce_stiffener(const Stiffener& stiffener);
 
 }  // namespace kez

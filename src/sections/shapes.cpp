@@ -136,7 +136,7 @@ void add_plain(Section& section, float b, float h, float t) {
       {{-x, y}, {-x, -y}, {x, -y}, {x, t - y}, {t - x, t - y}, {t - x, y - t}, {x, y - t}, {x, y}});
 }
 
-// To the nearest of 0, 1 and 2, whatever the real.
+// The nearest of 0, 1 and 2, for any real.
 std::size_t slot_count(float count) {
   if (count >= 1.5f) return 2;
   return count >= 0.5f ? 1 : 0;

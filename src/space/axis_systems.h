@@ -21,7 +21,7 @@ struct AxisSystem {
 struct PlacedAxes {
   enum class Status : std::int32_t { placed = 0, collinear = -2 };
   Status status;
-  AxisSystem axes;  // zero where the points are collinear
+  AxisSystem axes;  // zero if the points are collinear
 };
 
 // The local x axis from the origin to `on_x`, `in_xy` in the local xy plane on either side of it.

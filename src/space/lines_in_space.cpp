@@ -25,7 +25,7 @@ DirectionClass classify_direction(Vec3 direction) {
 
 PointOnLine relate_point_line(Vec3 p0, Vec3 direction, Vec3 p, float tol) {
   const float u = direction.x, v = direction.y, w = direction.z;
-  // The class is that of the direction as it shows between two points of the line.
+  // The class is that of the direction between two points of the line, with their rounding.
   const DirectionClass found = classify_direction((p0 + direction) - p0);
   const auto close = [tol](float a, float b) { return tol >= std::fabs(a - b); };
   const auto y_at_px = [&] { return p0.y - v / u * (p0.x - p.x); };
@@ -81,11 +81,11 @@ SpaceMeeting intersect_lines_in_space(Ray first, Ray second, Vec2 fallback) {
   const Obstacle obstacle = plane_through_lines(first, second).obstacle;
   if (obstacle != Obstacle::none) return {obstacle, {}, {}, {}};
 
-  // p1 is moved like the others, so that one that is not finite does not become the origin.
+  // p1 is moved like the others: if it is not finite, it must not become the origin.
   const auto [p1, q1] = first.segment();
   const auto [p2, q2] = second.segment();
   const Vec3 from = p1 - p1, to = q1 - p1, second_from = p2 - p1, second_to = q2 - p1;
-  // Without axes, where q2 lies on the first line, all local coordinates are 0.
+  // If q2 lies on the first line, there are no axes, and all local coordinates are 0.
   const AxisSystem axes = axes_through(from, to, second_to).axes;
   const auto local = [&axes](Vec3 p) { return to_local_plane(axes, p); };
   const LineMeeting meeting = intersect_lines(line_through(local(from), local(to)),

@@ -43,13 +43,13 @@ PointOnMeetingLine relate_point_meeting_line(Plane p, Plane q, float n, Vec3 poi
                                              Vec3& kept);
 
 struct SpaceMeeting {
-  Obstacle obstacle;  // unless there is none, the rest is zero
+  Obstacle obstacle;  // if there is one, the rest is zero
   Vec3 point;
   Vec3 first, second;  // the points of the lines, relative to the first
 };
 
-// Of two lines in one plane. Where they turn out to have no one point in common, `fallback` is
-// taken for it, in the axes of their plane.
+// Of two lines in one plane. If they turn out to have no single point in common, `fallback` counts
+// as that point, in the axes of their plane.
 SpaceMeeting intersect_lines_in_space(Ray first, Ray second, Vec2 fallback);
 
 }  // namespace kez

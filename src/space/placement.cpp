@@ -72,8 +72,8 @@ bool find_eights() {
   return (a & registers) == registers;
 }
 
-// Found out when it first pays, and once: on a virtual machine the questions alone can take as long
-// as loading the library, which is why the compiler's own answer, made at loading, is not used.
+// Asked once, when it first pays: on a virtual machine the questions alone can take as long as
+// loading the library. That is why the compiler's own answer, made at loading, is not used.
 bool has_eights() {
   constexpr int unknown = -1;
   static constinit std::atomic<int> known = unknown;

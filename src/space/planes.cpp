@@ -47,7 +47,8 @@ PlaneOfLines plane_parallel_to(Vec3 p, Segment<Vec3> first, Segment<Vec3> second
 }
 
 PlaneOfLines plane_through_lines(Ray first, Ray second) {
-  // Not the directions themselves: what counts is how they show between two points of each line.
+  // Not the directions themselves: what counts is the direction between two points of each line,
+  // with their rounding.
   const Segment<Vec3> s1 = first.segment(), s2 = second.segment();
   const Obstacle found = obstacle(relate_lines(s1, s2));
   if (found != Obstacle::none) return {found, {}};

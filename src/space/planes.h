@@ -12,7 +12,7 @@
 
 namespace kez {
 
-// There is a plane where the third point is off the line of the other two; else it is zero.
+// If the third point is not off the line of the other two, the plane is zero.
 struct PlaneOfPoints {
   Position third;
   Plane plane;
@@ -35,7 +35,7 @@ enum class Obstacle : std::int32_t {
 
 struct PlaneOfLines {
   Obstacle obstacle;
-  Plane plane;  // zero where there is an obstacle
+  Plane plane;  // zero if there is an obstacle
 };
 
 // Through p, parallel to both lines. Skew lines are no obstacle; parallel ones are none either, and
@@ -51,13 +51,13 @@ struct Ray {
 
 PlaneOfLines plane_through_lines(Ray first, Ray second);
 
-// Perpendicular to a segment, where its ends do not coincide.
+// Perpendicular to a segment, unless its ends coincide.
 std::optional<Plane> plane_perpendicular(Vec3 p, Segment<Vec3> segment);
 
-// From its intercepts on the axes, where all are non-zero.
+// From its intercepts on the axes, if all are non-zero.
 std::optional<Plane> plane_of_intercepts(Vec3 intercepts);
 
-// Of the lines through the origin in these directions, where the first is not exactly zero.
+// Of the lines through the origin in these directions, unless the first is exactly zero.
 std::optional<LineRelation> relate_through_origin(Vec3 u, Vec3 w);
 
 // Positive on the side to which the normal points.
