@@ -9,10 +9,6 @@ using namespace kez;
 
 namespace {
 
-Corners load_corners(const SpacePoints& points) {
-  return {points[0], points[1], points[2], points[3]};
-}
-
 Ray load_ray(const float* x, const float* y, const float* z, const float* u, const float* v,
              const float* w) {
   return {load(x, y, z), load(u, v, w)};
@@ -269,7 +265,7 @@ void KEZ_CALL kez3tra(float x[], float y[], float z[], const int32_t* n, const f
 
 void KEZ_CALL kezorv(float X[], float Y[], float Z[], int32_t order[]) {
   const SpacePoints given = {X, Y, Z, 4};
-  const Corners corners = load_corners(given);
+  const Corners corners = {given[0], given[1], given[2], given[3]};
   const auto positions = outline_order(corners);
   for (std::size_t i = 0; i < positions.size(); ++i) {
     given.put(i, corners[static_cast<std::size_t>(positions[i]) - 1]);
