@@ -109,10 +109,13 @@ int open_above_standard_streams(const char* path) {
   return next;
 }
 
-// Greek in Windows-1253, one byte a letter, as escapes that no editor's encoding can damage.
+// Greek in Windows-1253, one byte a letter, as escapes that no editor's encoding can damage. In
+// English: "circle;".
 constexpr const char* circle = "\xCA\xD5\xCA\xCB\xCF\xD3;";
 
-// By the number of the region, from 1.
+// By the number of the region, from 1: "circle in the positive region", "circle in the negative
+// region", "segment phi of the circle in the positive region;", "segment 2 pi - phi of the circle
+// in the positive region;".
 constexpr std::array words = {
     "\xCA\xD5\xCA\xCB\xCF\xD3 \xD3\xD4\xC7 \xC8\xC5\xD4\xC9\xCA\xC7 \xD0\xC5\xD1\xC9\xCF\xD7\xC7",
     "\xCA\xD5\xCA\xCB\xCF\xD3 \xD3\xD4\xC7\xCD \xC1\xD1\xCD\xC7\xD4\xC9\xCA\xC7 "

@@ -1,4 +1,4 @@
-// The file in which a host finds what was said of circles.
+// The file in which a host finds the regions of circles.
 #pragma once
 
 #include <array>
