@@ -17,6 +17,8 @@ target_compile_options(kezlib_objects PUBLIC -ffp-contract=off -fno-math-errno)
 target_compile_definitions(kezlib_objects PRIVATE _FILE_OFFSET_BITS=64)
 # Nothing throws, and no host would catch it.
 target_compile_options(kezlib_objects PRIVATE -fno-exceptions -fno-rtti)
+# Hosts may run on small stacks.
+target_compile_options(kezlib_objects PRIVATE $<$<CONFIG:Release>:-Wframe-larger-than=16384>)
 # Hosts of 32-bit x86 may keep the stack aligned to 4 bytes only, SSE code expects 16: every entry
 # realigns.
 if(CMAKE_SIZEOF_VOID_P EQUAL 4 AND CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|i.86|AMD64|X86)$")

@@ -16,11 +16,13 @@ std::int32_t keep_frequent(std::span<std::int32_t> list, std::size_t fewest) {
   if (list.empty()) return 0;
   sort_ascending(list);
   const std::int32_t largest = list.back();
-  std::size_t kept = 0;
-  for (std::size_t begin = 0, end = 0; begin < list.size(); begin = end) {
-    const std::int32_t value = list[begin];
-    while (end < list.size() && list[end] == value) ++end;
-    if (end - begin >= fewest) list[kept++] = value;
+  std::size_t kept = 0, times = 0;
+  std::int32_t previous = largest;
+  for (const std::int32_t value : list) {
+    times = value == previous ? times + 1 : 1;
+    previous = value;
+    list[kept] = value;  // where it stands, or in front of that
+    kept += times == fewest;
   }
   const auto marker = static_cast<std::int32_t>(static_cast<std::uint32_t>(largest) + 1);
   const auto tail = list.subspan(kept);
