@@ -49,10 +49,6 @@ Equation load(const Real*... coefficients) {
   return {*coefficients...};
 }
 
-inline void store(std::int32_t value, std::int32_t* to) {
-  *to = value;
-}
-
 // A result of so many reals: a point, a line, a circle. Copied one by one, so that they stay in
 // registers.
 template <typename Result, std::same_as<float>... Real>

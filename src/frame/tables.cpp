@@ -26,12 +26,17 @@ bool order_is_unique(std::span<const float> x) {
 }
 
 template <typename T>
-void sort_in_any_way(std::span<T> x) {
-  if (x.size() < fewest_keys) return std::sort(x.begin(), x.end());
+bool sort_by_keys(std::span<T> x) {
   const SortedEntries<Key> sorted(x.size(), [x](std::size_t i) { return key_of(x[i]); });
-  if (!sorted) return std::sort(x.begin(), x.end());
+  if (!sorted) return false;
   const auto keys = sorted.entries();
   for (std::size_t i = 0; i < x.size(); ++i) set_value(keys[i], x[i]);
+  return true;
+}
+
+template <typename T>
+void sort_in_any_way(std::span<T> x) {
+  if (x.size() < fewest_keys || !sort_by_keys(x)) std::sort(x.begin(), x.end());
 }
 
 }  // namespace
@@ -54,11 +59,8 @@ Place find_place(std::span<const float> x, float v) {
 }
 
 void sort_ascending(std::span<float> x) {
-  if (order_is_unique(x)) {
-    sort_in_any_way(x);
-  } else {
-    selection_sort(x);
-  }
+  if (order_is_unique(x)) return sort_in_any_way(x);
+  selection_sort(x);
 }
 
 void sort_ascending(std::span<std::int32_t> x) {

@@ -144,7 +144,7 @@ void KEZ_CALL kezptp2(const float* A1, const float* B1, const float* C1, const f
   store(relate_points_slab(slab1, given, entries(code1, *n)), A2, B2, C2, D2);
   store(relate_points_slab(slab2, given, entries(code2, *n)), A4, B4, C4, D4);
   store(relate_points_slab(slab3, given, entries(code3, *n)), A6, B6, C6, D6);
-  store(select_points(box, selection, entries(out, *n)), nout);
+  if (const auto count = select_points(box, selection, entries(out, *n))) *nout = *count;
 }
 
 }  // extern "C"
