@@ -191,8 +191,7 @@ TEST(Distances, AskForEachHeightOnceAndInOrder) {
     asked.push_back(position);
     return static_cast<float>(position);
   };
-  EXPECT_EQ(
-      points_near_line({{0, 0, 0}, {1, 0, 0}}, {xs.data(), ys.data(), 5}, z_of, 2, near), 2);
+  EXPECT_EQ(points_near_line({{0, 0, 0}, {1, 0, 0}}, {xs.data(), ys.data(), 5}, z_of, 2, near), 2);
   EXPECT_EQ(asked, (std::vector<std::int32_t>{1, 2, 3, 4, 5}));
 }
 
