@@ -16,11 +16,9 @@ template <std::size_t... i, typename... Argument>
 [[gnu::noinline]] void call_each(std::int32_t count, void* const* address,
                                  const std::intptr_t* step, std::index_sequence<i...>,
                                  void(KEZ_CALL* routine)(Argument...)) {
-  std::uintptr_t at[] = {reinterpret_cast<std::uintptr_t>(address[i])...};
-  for (; count > 0; --count) {
-    routine(reinterpret_cast<Argument>(at[i])...);
-    ((at[i] += static_cast<std::uintptr_t>(step[i])), ...);
-  }
+  for (std::uintptr_t k = 0; k < static_cast<std::uintptr_t>(count); ++k)
+    routine(reinterpret_cast<Argument>(reinterpret_cast<std::uintptr_t>(address[i]) +
+                                       k * static_cast<std::uintptr_t>(step[i]))...);
 }
 
 template <typename... Argument>
