@@ -6,7 +6,7 @@ target_compile_options(kezlib_objects PRIVATE
   "SHELL:-include ${PROJECT_SOURCE_DIR}/cmake/javascript/bit_cast.h")
 
 file(STRINGS src/kezlib.def exports REGEX "^    kez")
-list(TRANSFORM exports REPLACE "^ *([^ ]+) = .+$" "_\\1")
+list(TRANSFORM exports REPLACE "^ *([^ ]+) .+$" "_\\1")
 list(JOIN exports "\n" exports)
 file(CONFIGURE OUTPUT exports.txt CONTENT "@exports@\n_malloc\n_free\n" @ONLY)
 

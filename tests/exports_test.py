@@ -1,4 +1,4 @@
-"""The built library exports the header's routines and nothing else, and needs only the system.
+"""The built library exports the header's routines and its version, and needs only the system.
 
     exports_test.py OBJDUMP LIBRARY BUILD_TYPE [IMPORT_LIBRARY]
 
@@ -19,6 +19,7 @@ ROUTINES = interface.read().routines
 ARGUMENTS = {"kezbatch": 6} | {routine.name: len(routine.arguments) for routine in ROUTINES}
 VERSION = ".".join(re.findall(r"(?m)^#define KEZ_VERSION_\w+ (\d+)$",
                               interface.HEADER.read_text()))
+VERSION_NAME = "kezlib_version"
 
 
 def objdump(option, file=LIBRARY):
@@ -45,6 +46,7 @@ class SharedObject(unittest.TestCase):
     def test_exports_the_routines_only(self):
         node = ("*ABS*", "KEZLIB_1.0", "KEZLIB_1.0")
         wanted = {node} | {(".text", "KEZLIB_1.0", name) for name in ARGUMENTS}
+        wanted.add((".rodata", "KEZLIB_1.0", VERSION_NAME))
         exported = {s[1:] for s in self.defined}
         self.assertEqual(wanted - exported, set(), "edit src/<folder>/exports.cpp")
         self.assertEqual(exported - wanted, set())
@@ -83,18 +85,19 @@ class WindowsLibrary(unittest.TestCase):
         entry = dict(re.findall(r"\[\s*(\d+)\] \+base\[\s*\d+\] (\w+) Export RVA", self.headers))
         names = {name: entry[number] for number, name in
                  re.findall(r"\[\s*(\d+)\] (_?kez\S+)$", self.headers, re.MULTILINE)}
-        expected = {name: names.get(name) for name in ARGUMENTS}
+        self.assertIn(VERSION_NAME, names)
+        expected = {name: names.get(name) for name in [VERSION_NAME, *ARGUMENTS]}
         if self.standard_call:
             expected |= {"_" + decorated(name): names.get(name) for name in ARGUMENTS}
         self.assertEqual(names, expected)
         self.assertEqual(len(entry), len(names))
-        self.assertEqual(len(set(names.values())), len(ARGUMENTS))
+        self.assertEqual(len(set(names.values())), len(ARGUMENTS) + 1)
 
     def test_import_library_has_the_names_that_compilers_refer_to(self):
         names = re.findall(r"\b__imp_(\S+)$", objdump("-t", *IMPORT_LIBRARY), re.MULTILINE)
-        expected = list(ARGUMENTS)
+        expected = [VERSION_NAME, *ARGUMENTS]
         if self.standard_call:
-            expected = ["_" + name for name in expected + list(map(decorated, expected))]
+            expected = ["_" + name for name in expected + list(map(decorated, ARGUMENTS))]
         self.assertEqual(sorted(names), sorted(expected))
 
     def test_says_its_version(self):

@@ -4,7 +4,7 @@ lets other threads run, and these may write to the caller's."""
 import contextlib
 import ctypes
 import functools
-import mmap
+import math
 import reprlib
 import struct
 import sys
@@ -22,19 +22,25 @@ KEPT = {code: array(code, pattern) for code, pattern in KEPT_BYTES.items()}
 NO_ENTRIES = ctypes.create_string_buffer(4)
 
 
-# From so many entries on the machine provides memory as it is written: the extent of two lists'
-# common entries is the product of their counts.
+# From so many entries on the pairs of two lists' entries are counted, of which an output has as many
+# as the library writes: the extent is what they could be, the product of the lists' counts.
 MANY = 2**18
-ON_DEMAND = {}
-if sys.platform != "win32":
-    ON_DEMAND["flags"] = (mmap.MAP_PRIVATE | mmap.MAP_ANONYMOUS
-                          | getattr(mmap, "MAP_NORESERVE", 0))  # Python 3.11
 
 
 def address(values, nowhere=ctypes.addressof(NO_ENTRIES)):
-    if type(values) is memoryview:
-        return ctypes.byref(ctypes.c_char.from_buffer(values))
     return ctypes.c_void_p(values.buffer_info()[0] or nowhere)
+
+
+PLAIN = frozenset({int, float, bool})
+
+
+def has_complex(values):
+    """Whether there are complex numbers of numpy's, which would lose their imaginary part with only
+    a warning. One value of each type is looked at."""
+    if PLAIN.issuperset(map(type, values)):
+        return False
+    return any(getattr(getattr(value, "dtype", None), "kind", "") == "c"
+               for value in dict(zip(map(type, values), values)).values())
 
 
 class Refused(Exception):
@@ -45,23 +51,30 @@ class Refused(Exception):
         self.kind = kind
 
 
-def made(size, code, is_cut):
-    """An output as it is before a call; `is_cut` says that only entries are looked at that are
-    written."""
+def made(size, code):
+    """An output as it is before a call."""
     try:
-        if not is_cut or size < MANY:
-            return KEPT[code] * size
-        return memoryview(mmap.mmap(-1, 4 * size, **ON_DEMAND)).cast(code)
-    except (MemoryError, OSError, OverflowError):
+        return KEPT[code] * size
+    except MemoryError:
         words = f" has {size} entries, for which there is no memory"
         raise Refused(MemoryError, words) from None
 
 
-def first(values, count):
-    if type(values) is memoryview:
-        return array(values.format, values[:count].tobytes())
-    del values[count:]
-    return values
+def pairs(a, b, tolerance=0):
+    """At least as many as there are pairs of an entry of the one list and an entry of the other that
+    are within the tolerance: those too that only rounding to single precision takes out of it."""
+    if tolerance == math.inf:
+        return len(a) * len(b)
+    reach = tolerance + tolerance * 2**-24  # what rounds to the tolerance may be larger by so much
+    a, b = sorted(filter(math.isfinite, a)), sorted(filter(math.isfinite, b))
+    found = first = end = 0
+    for x in a:
+        while first < len(b) and x - b[first] > reach:
+            first += 1
+        while end < len(b) and b[end] - x <= reach:
+            end += 1
+        found += max(end - first, 0)
+    return found
 
 
 def view_of(values):
@@ -85,6 +98,8 @@ def entries_of_view(view, values, code, unsigned):
     if view.ndim != 1:
         raise Refused(ValueError, f" has {view.ndim} dimensions, not 1")
     same = ("f",) if code == REAL else ("i", "l", "I", "L") if unsigned else ("i", "l")
+    if view.format[:1] == "Z":
+        raise Refused(TypeError, " holds complex numbers")
     if view.format == code or view.itemsize == 4 and native(view) in same:
         return view.tobytes()
     try:
@@ -98,6 +113,8 @@ def entries(values, code, unsigned=False):
     With `unsigned` unsigned integers of 32 bits are taken for such."""
     if type(values) is list or type(values) is tuple:
         return values
+    if isinstance(values, (bytes, bytearray)):  # text, as read from a file
+        raise Refused(TypeError, f" is {shown(values)}, not a list")
     view = view_of(values)
     if view is not None:
         return entries_of_view(view, values, code, unsigned)
@@ -117,6 +134,8 @@ def shown(value):
 def check(value, code, place=""):
     """Refuses a scalar or an entry that cannot be stored."""
     try:
+        if has_complex([value]):
+            raise TypeError
         array(code, [value])
     except OverflowError:
         words = f"which a 32-bit {KINDS[code]} cannot hold"
@@ -130,6 +149,8 @@ def copied(values, code, unsigned=False):
     """The values as an array."""
     found = entries(values, code, unsigned)
     try:
+        if type(found) is not bytes and has_complex(found):
+            raise TypeError
         return array(code, found)
     except (TypeError, ValueError, OverflowError):
         for i, value in enumerate(found):

@@ -4,20 +4,20 @@ kept from call to call, of which each call that is under way has one of its own,
 
 import ctypes
 import functools
-import math
 import operator
 import struct
+from array import array
 from dataclasses import dataclass
 from typing import Callable, Dict, Optional
 
 from . import _arrays, _library
-from ._arrays import INTEGER, KEPT_BYTES, REAL, Refused
+from ._arrays import INTEGER, KEPT, KEPT_BYTES, PLAIN, REAL, Refused
 
 NO_REAL = KEPT_BYTES[REAL]
 NOTHING: Dict[str, object] = {}
 UNSTORABLE = struct.error, TypeError, ValueError, OverflowError  # others by what converts itself
 CODES = {"real": REAL, "integer": INTEGER}
-POINTERS = {"real": ctypes.POINTER(ctypes.c_float), "integer": ctypes.POINTER(ctypes.c_int32)}
+HOST_FUNCTION = _library.FUNCTION_TYPE(ctypes.c_float, ctypes.c_void_p)
 
 
 @dataclass(frozen=True)
@@ -27,9 +27,11 @@ class Argument:
     direction: str  # in, out or in,out
     extent: str = ""
     size: Optional[Callable[[dict], int]] = None  # the extent's value over scalars and arrays
+    read: Optional[Callable[[dict], int]] = None  # as many entries if the last is only written
     kept: bool = False  # an output that is not always written
     written: Optional[Callable[[dict], int]] = None  # of such an array the number of entries
-    takes: tuple = ()  # of a callback: the kinds of what it is passed
+    pairs: tuple = ()  # what _arrays.pairs counts, where the extent is the most they could be
+    paired: Optional[Callable[[dict], int]] = None  # the extent with their number in place of that
 
     @functools.cached_property
     def code(self):
@@ -86,24 +88,26 @@ class Routine:
         return block, [ctypes.byref(memory, self.places[a.name]) if a.name in self.places else None
                        for a in self.arguments]
 
+    def pack_given(self, block, values):
+        """Stores the scalars that are read."""
+        try:
+            if not PLAIN.issuperset(map(type, values)) and _arrays.has_complex(values):
+                raise TypeError
+            self.pack(block, 0, *values)
+        except UNSTORABLE:
+            for argument, value in zip(self.scalars, values):
+                self.store(block, argument, value)
+            raise
+
     def refused(self, argument, error):
         return error.kind(f"{self.name}: {argument.name}{error}")
 
-    def refuse(self, block, values):
-        """To be called where scalars raised an exception: raises one that says more."""
-        for argument, value in zip(self.scalars, values):
-            self.store(block, argument, value)
-        raise
-
     def store(self, block, argument, value):
         try:
-            struct.pack_into(argument.code, block, self.places[argument.name], value)
-        except UNSTORABLE:
-            try:
-                _arrays.check(value, argument.code)
-            except Refused as error:
-                raise self.refused(argument, error) from None
-            raise
+            _arrays.check(value, argument.code)
+        except Refused as error:
+            raise self.refused(argument, error) from None
+        struct.pack_into(argument.code, block, self.places[argument.name], value)
 
     def store_kept(self, block, presets):
         for argument in self.kept:
@@ -136,10 +140,7 @@ class ScalarRoutine(Routine):
             block, call = self.blocks.pop()
         except IndexError:
             block, call = self.new_block()
-        try:
-            self.pack(block, 0, *given)
-        except UNSTORABLE:
-            self.refuse(block, given)
+        self.pack_given(block, given)
         presets = NOTHING
         if self.kept:
             block[self.first_output:] = self.preset
@@ -160,32 +161,6 @@ class ScalarRoutine(Routine):
         for name in unwritten:
             values[self.fields.index(name)] = None
         return values
-
-
-class Callback:
-    """A function of the host's as the library calls it. Nothing may be raised through a routine:
-    from an exception on it returns not-a-number, and when the routine is done the exception is
-    raised."""
-
-    def __init__(self, place, function, takes):
-        if not callable(function):
-            raise TypeError(f"{place} is {_arrays.shown(function)}, which cannot be called")
-        self.place, self.function, self.raised = place, function, None
-        signature = _library.FUNCTION_TYPE(ctypes.c_float, *(POINTERS[kind] for kind in takes))
-        self.pointer = signature(self.called)
-
-    def called(self, *references):
-        if self.raised:
-            return math.nan
-        try:
-            value = self.function(*(reference[0] for reference in references))
-            _arrays.check(value, REAL, f"{self.place}'s result")
-            return value
-        except Refused as error:
-            self.raised = error.kind(str(error))
-        except BaseException as error:
-            self.raised = error
-        return math.nan
 
 
 class ArrayRoutine(Routine):
@@ -212,74 +187,112 @@ class ArrayRoutine(Routine):
             block, scalars = self.new_block()
         values = self.take_scalars(block, [given[i] for i in self.scalar_places], presets)
         references = scalars[:]
-        self.take_arrays(given, presets, values, references)
-        self.call(given, references)
+        grown = self.take_arrays(given, presets, values, references)
+        answers = [self.answers(argument, given[place], values)
+                   for argument, place, _ in self.callbacks]
+        self.call(answers, references)
         values.update(zip(self.unpacked, self.unpack(block)))
-        self.return_arrays(values, presets)
+        self.return_arrays(values, presets, grown)
         for name in self.unwritten(block, presets) if self.kept else ():
             values[name] = None
         self.blocks.append((block, scalars))
         return tuple.__new__(self.results, [values[name] for name in self.fields])
 
     def take_scalars(self, block, given, presets):
-        try:
-            self.pack(block, 0, *given)
-        except UNSTORABLE:
-            self.refuse(block, given)
+        self.pack_given(block, given)
         block[self.first_output:] = self.preset
         if presets:
             self.store_kept(block, presets)
         return dict(zip(self.places, self.unpack_given(block)))
 
     def take_arrays(self, given, presets, values, references):
+        """Returns the names of those that got an entry more than was given."""
         word = _arrays.word_code([given[i] for i in self.words]) if self.words else None
+        grown = []
         for argument, place, reference in self.taken:
-            array = self.take(argument, given[place], argument.code or word, values)
-            references[reference] = _arrays.address(array)
+            if self.take(argument, given[place], argument.code or word, values):
+                grown.append(argument.name)
+            references[reference] = _arrays.address(values[argument.name])
         for argument, reference in self.made:
             preset = presets.get(argument.name) if presets else None
             if preset is None:
-                array = self.make(argument, argument.code or word, values)
+                self.make(argument, argument.code or word, values)
             else:
-                array = self.take(argument, preset, argument.code or word, values)
-            references[reference] = _arrays.address(array)
+                self.take(argument, preset, argument.code or word, values)
+            references[reference] = _arrays.address(values[argument.name])
+        return grown
 
     def take(self, argument, given, code, values):
+        """Whether the array lacked the entry that is only written."""
         try:
             copy = _arrays.copied(given, code, not argument.code)
         except Refused as error:
             raise self.refused(argument, error) from None
+        values[argument.name] = copy
         size = argument.size(values)
-        if len(copy) < size:
+        if len(copy) >= size:
+            return False
+        least = size
+        if argument.read:
+            least = max(argument.read(values), 1)
+        elif argument.pairs:
+            least = self.size_of_pairs(argument, values)
+        if len(copy) < least:
             raise ValueError(f"{self.name}: {argument.name} has {len(copy)} entries, "
                              f"[{argument.extent}] asks for {size}")
-        values[argument.name] = copy
-        return copy
+        copy.extend(KEPT[code] * (size - len(copy) if argument.read else 0))
+        return bool(argument.read)
 
     def make(self, argument, code, values):
+        size = argument.size(values)
+        if argument.pairs and size > _arrays.MANY:
+            size = self.size_of_pairs(argument, values)
         try:
-            made = _arrays.made(argument.size(values), code, bool(argument.written))
+            values[argument.name] = _arrays.made(size, code)
         except Refused as error:
             raise self.refused(argument, error) from None
-        values[argument.name] = made
-        return made
 
-    def call(self, given, references):
-        callbacks = []
-        for argument, place, reference in self.callbacks:
-            callback = Callback(f"{self.name}: {argument.name}", given[place], argument.takes)
-            references[reference] = callback.pointer
-            callbacks.append(callback)
+    def size_of_pairs(self, argument, values):
+        """The extent of an output that holds pairs, of which there are not more."""
+        if "pairs" not in values:  # of another such output
+            a, n, b, m, *tolerance = (values[name] for name in argument.pairs)
+            values["pairs"] = _arrays.pairs(a[:max(n, 0)], b[:max(m, 0)], *tolerance)
+        return argument.paired(values)
+
+    def answers(self, argument, function, values):
+        """What the host's function returns for the positions, of which the library wants each once,
+        in their order. It is called before the routine: an exception can be raised, and Ctrl-C, which
+        ctypes would drop between the library and a function of Python."""
+        place = f"{self.name}: {argument.name}"
+        if not callable(function):
+            raise TypeError(f"{place} is {_arrays.shown(function)}, which cannot be called")
+        answers = array(REAL)
+        for position in range(1, argument.size(values) + 1):
+            answer = function(position)
+            try:
+                _arrays.check(answer, REAL, "'s result")
+            except Refused as error:
+                raise error.kind(f"{place}{error}") from None
+            answers.append(answer)
+        return iter(answers)
+
+    def call(self, answers, references):
+        """The library calls `next`, in which no signal is looked at."""
+        functions = [HOST_FUNCTION(functools.partial(next, found)) for found in answers]
+        for (_, _, reference), function in zip(self.callbacks, functions):
+            references[reference] = function
         self.function(*references)
-        for callback in callbacks:
-            if callback.raised:
-                raise callback.raised
+        if any(True for found in answers for _ in found):
+            raise RuntimeError(f"{self.name} did not call the host for all positions")
 
-    def return_arrays(self, values, presets):
+    def return_arrays(self, values, presets, grown):
         for argument, _ in self.made:
             if argument.written and presets.get(argument.name) is None:
-                values[argument.name] = _arrays.first(values[argument.name],
-                                                      max(argument.written(values), 0))
+                del values[argument.name][max(argument.written(values), 0):]
+        for name in grown:
+            last = values[name][-1:]
+            if last.tobytes() == KEPT_BYTES[last.typecode]:  # it is not written
+                values[name].pop()
         returned = _arrays.returner() if self.returned_arrays else None
         for name in self.returned_arrays:
             values[name] = returned(values[name])

@@ -3,8 +3,9 @@
 import itertools
 import keyword
 
-from .. import conditions
+from .. import conditions, shapes
 from ..arithmetic import substituted
+from ..defaults import optional_inputs
 from ..languages import Language, Literals, known_as, wrapped
 from ..model import FormError
 from ..numpydoc import callback_hint, documentation
@@ -47,7 +48,9 @@ def result_hint(argument):
 
 
 def parameters(routine):
-    given = [f"{LANGUAGE.name(a.name)}: {hint(a)}" for a in routine.inputs()]
+    optional = optional_inputs(routine)
+    given = [f"{LANGUAGE.name(a.name)}: {hint(a)}{' = 0' if a.name in optional else ''}"
+             for a in routine.inputs()]
     kept = [f"{LANGUAGE.name(a.name)}: Optional[{hint(a)}] = None" for a in routine.kept_outputs()]
     return given + (["*", *kept] if kept else [])
 
@@ -95,7 +98,7 @@ def terms(routine):
     """What an extent's names are called over the values of a call."""
     names = {a.name: f'Entries(v["{a.name}"])' if a.extent else f'v["{a.name}"]'
              for a in routine.arguments}
-    return names | {"max": "max", "sum": "total"}
+    return names | {"max": "max", "sum": "total", "pairs": 'v["pairs"]'}
 
 
 def over_values(expression, routine):
@@ -103,10 +106,19 @@ def over_values(expression, routine):
 
 
 def check_callback(callback):
-    if callback.result != "real" or not all(a.by_pointer and a.kind in HINTS
-                                            for a in callback.arguments):
-        raise FormError(f"{callback.name}: Python's callbacks take reals and integers by reference "
-                        "and return a real")
+    signature = [(a.kind, a.by_pointer) for a in callback.arguments]
+    if callback.result != "real" or signature != [("integer", True)]:
+        raise FormError(f"{callback.name}: Python's callbacks take a position by reference and "
+                        "return a real")
+
+
+def pairs_of(argument, routine):
+    """Of an output that holds pairs: what they are made of, and its extent by their number."""
+    found = shapes.pairs(argument, routine)
+    if not found:
+        return []
+    names = [*itertools.chain(*zip(found.lists, found.counts)), found.tolerance]
+    return [f"pairs={tuple(filter(None, names))}", f"paired={over_values(found.extent, routine)}"]
 
 
 def description(argument, routine):
@@ -114,13 +126,15 @@ def description(argument, routine):
     fields = [f'"{argument.kind}"', f'"{argument.direction}"']
     if argument.extent:
         fields += [f'extent="{argument.extent}"', f"size={over_values(argument.extent, routine)}"]
+    if read := shapes.read_entries(argument):
+        fields.append(f"read={over_values(read, routine)}")
+    fields += pairs_of(argument, routine)
     if argument.is_kept():
         fields.append("kept=True")
         if expression := conditions.beyond(argument.kept_when):
             fields.append(f"written={over_values(expression, routine)}")
     if argument.callback:
         check_callback(argument.callback)
-        fields.append(f"takes={tuple(a.kind for a in argument.callback.arguments)}")
     return fields
 
 
@@ -184,8 +198,9 @@ def write(interface):
     lines += ['"""', "",
               "from typing import Callable, NamedTuple, Optional", "",
               "from ._call import Entries, arguments, routine, total",
+              "from ._library import check_version",
               "from ._types import IntegerArray, Integers, RealArray, Reals, WordArray, Words", "",
-              f'__version__ = "{version()}"', ""]
+              f'__version__ = "{version()}"', "check_version(__version__)", ""]
     lines += ["__all__ = [", *(f'    "{r.name}",' for r in interface.routines), "]"]
     for routine in interface.routines:
         lines += results(routine) + ["", ""] + described(routine) + function(routine)
