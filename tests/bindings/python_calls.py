@@ -15,7 +15,7 @@ import sys
 
 sys.path.append(str(pathlib.Path(__file__).resolve().parents[2] / "tools"))
 import interface  # noqa: E402
-from interface import arithmetic, conditions, rows  # noqa: E402
+from interface import arithmetic, conditions, rows, shapes  # noqa: E402
 from interface.writers import python  # noqa: E402
 
 WITH_NUMPY, PRESET = sys.argv[1] == "numpy", sys.argv[2] == "preset"
@@ -153,13 +153,39 @@ def fault(argument, value, row, literals):
     return ""
 
 
+def least_entries(argument, row):
+    """The last one may be missing where it is only written; of pairs as many are wanted as there
+    are."""
+    integers = integers_of(row, before=True)
+    size = extent(argument, integers)
+    if shapes.pairs(argument, row.routine):
+        expression = conditions.behind(argument.kept_when)
+        return min(size, max(arithmetic.evaluate(expression, integers_of(row)), 0))
+    read = shapes.read_entries(argument)
+    return min(size, max(arithmetic.evaluate(read, integers), 1)) if read else size
+
+
 def calls_with_too_few_entries(row, literals):
     """The literals with one entry too few in an array, by the array."""
     for argument in row.routine.arguments:
         if argument.extent and not argument.callback and argument.name in literals:
-            size = extent(argument, integers_of(row, before=True))
+            size = least_entries(argument, row)
             if size > 0:
                 yield argument, literals | {argument.name: literals[argument.name][:size - 1]}
+
+
+def without_what_is_only_written(row, literals):
+    return literals | {a.name: literals[a.name][:least_entries(a, row)]
+                       for a in row.routine.arguments if shapes.read_entries(a)}
+
+
+def is_another(argument, value, short, row):
+    """Whether a call without an entry that is only written gives another result."""
+    if not argument.extent:
+        return repr(value) != repr(short)
+    size = extent(argument, integers_of(row, before=True))
+    is_cut = set(row.wanted[argument.name][len(short):size]) - {"."}
+    return is_cut or repr(list(value)[:len(short)]) != repr(list(short))
 
 
 def faults(row):
@@ -172,6 +198,11 @@ def faults(row):
     for argument, value in zip(row.routine.outputs(), result):
         if text := fault(argument, value, row, literals):
             yield f"{argument.name} = {value} {text}"
+    shorter = without_what_is_only_written(row, literals)
+    if shorter != literals:
+        for argument, value, short in zip(row.routine.outputs(), result, call(row, shorter)):
+            if is_another(argument, value, short, row):
+                yield f"{argument.name} = {short} without what is only written"
     for argument, too_few in calls_with_too_few_entries(row, literals):
         try:
             call(row, too_few)

@@ -11,6 +11,7 @@ export PYTHONPATH="$binding"
 
 for world in numpy plain; do
     quietly "$python" "$tests/python_test.py" $world
+    quietly "$python" "$tests/python_lists_test.py" $world
     quietly "$python" -c '
 import doctest, sys
 sys.modules.update({"numpy": None} if sys.argv[1] == "plain" else {})
@@ -34,7 +35,7 @@ mutate() {
         "$python" "$tests/python_calls.py" numpy none >log 2>&1 && fail "not seen: $1"
     grep -q "$2" log || { cat log >&2; fail "seen for another reason: $1"; }
 }
-library=$("$python" -c 'from kezlib._library import LIBRARY; print(LIBRARY._name)')
+library=$("$python" -c 'import kezlib; print(kezlib.library_path())')
 mutate '/"kezlci", /,/^$/s/"n", "integer"/"n", "real"/' ': kezlci: n = '
 mutate '/"kezpds", /,/^$/s/"d", "real", "out"/"d", "real", "in"/' ': kezpds: '
 mutate '/"kezcer4", /,/^$/s/"in,out"/"in"/' ': kezcer4: '

@@ -103,6 +103,14 @@ def wrapped(text, prefix, width=100):
     return [(prefix + line).rstrip() for line in lines]
 
 
+OVERRUN = re.compile(r"(?<=\.)\s+[A-Z][^.]*\boverrun\b[^.]*\.")
+
+
+def where_arrays_are_checked(text):
+    """Without the sentences on arrays that are too short, for languages that refuse these."""
+    return OVERRUN.sub("", text)
+
+
 GLUE = "\N{NO-BREAK SPACE}"
 
 

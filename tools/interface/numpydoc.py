@@ -3,8 +3,9 @@ keyword what optional results are to be where they are not written, and returns 
 
 import itertools
 
-from . import conditions
-from .languages import description, known_as, remarks, wrapped
+from . import conditions, shapes
+from .defaults import optional_inputs
+from .languages import description, known_as, remarks, where_arrays_are_checked, wrapped
 
 WIDTH = 92
 KINDS = {"real": "float", "integer": "int", "word": "float or int"}
@@ -26,7 +27,21 @@ def documented_kind(argument):
     if argument.callback:
         return callback_hint(argument.callback)
     kind = KINDS[argument.kind]
-    return f"sequence of {kind}, [{argument.extent}]" if argument.extent else kind
+    last = " or without the last" if shapes.read_entries(argument) else ""
+    return f"sequence of {kind}, [{argument.extent}]{last}" if argument.extent else kind
+
+
+def documented_input(routine):
+    optional = optional_inputs(routine)
+    return lambda a: documented_kind(a) + (", default 0" if a.name in optional else "")
+
+
+def notes(routine):
+    """Its other name, its titled paragraphs, and where else to look."""
+    family = (f'Of the family "{routine.group}", whose conventions and tables of codes '
+              "help(kezlib.routines) has.")
+    texts = f"Name: {known_as(routine)}", where_arrays_are_checked(remarks(routine)), family
+    return wrapped("\n\n".join(filter(None, texts)), "", WIDTH)
 
 
 def documented_result(argument):
@@ -53,11 +68,10 @@ def section(title, lines):
 
 def documentation(routine, name):
     """The lines of a docstring; `name` gives an argument's name as the function has it."""
-    given = [*items(routine.inputs(), documented_kind, lambda a: a.text, name),
+    given = [*items(routine.inputs(), documented_input(routine), lambda a: a.text, name),
              *items(routine.kept_outputs(), lambda a: f"{documented_kind(a)}, optional",
                     lambda a: "what to return where it is not written", name)]
     returned = items(routine.outputs(), documented_result, result_text, name)
-    notes = wrapped("\n\n".join(filter(None, [f"Name: {known_as(routine)}", remarks(routine)])), "",
-                    WIDTH)
-    return (wrapped(description(routine), "", WIDTH) + section("Parameters", given)
-            + section("Returns", [*returned]) + section("Notes", notes))
+    text = where_arrays_are_checked(description(routine))
+    return (wrapped(text, "", WIDTH) + section("Parameters", given)
+            + section("Returns", [*returned]) + section("Notes", notes(routine)))

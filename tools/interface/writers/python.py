@@ -6,7 +6,7 @@ import keyword
 from .. import conditions, shapes
 from ..arithmetic import substituted
 from ..defaults import optional_inputs
-from ..languages import Language, Literals, known_as, wrapped
+from ..languages import Language, Literals, known_as, where_arrays_are_checked, wrapped
 from ..model import FormError
 from ..numpydoc import callback_hint, documentation
 from ..reader import version
@@ -187,7 +187,7 @@ def family(group, routines):
     members = [r for r in routines if r.group == group.title]
     items = [f"{r.name}, {known_as(r)}: {r.summary.rstrip(':.')}." for r in members]
     listed = [line for item in items for line in indented(wrapped(item, "", 96))]
-    text = wrapped(group.text, "") if group.text else []
+    text = wrapped(where_arrays_are_checked(group.text), "") if group.text else []
     return ["", group.title, "-" * len(group.title), *text, *([""] if text else []), *listed]
 
 
