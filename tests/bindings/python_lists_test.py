@@ -31,21 +31,19 @@ class Interrupts(unittest.TestCase):
         def stop(*_):
             raise KeyboardInterrupt
 
-        count, raised, wrong = 100, 0, []
-        zeros, before = [0] * count, signal.signal(signal.SIGALRM, stop)
-        while raised < INTERRUPTS and not wrong:
+        zeros, raised, near = [0] * 100, 0, 0
+        call = (0, 0, 0, 1, 0, 0, zeros, zeros, lambda i: 0.5, len(zeros), 0.25)
+        kezlib.kezpnl(*call)  # numpy is imported
+        before = signal.signal(signal.SIGALRM, stop)
+        while raised < INTERRUPTS and not near:
             try:
                 signal.setitimer(signal.ITIMER_REAL, random.uniform(1e-6, 2e-4))
-                found = kezlib.kezpnl(0, 0, 0, 1, 0, 0, zeros, zeros, lambda i: 0.5, count, 0.75)
+                near = kezlib.kezpnl(*call).count  # a point is near if the answer gets lost
                 signal.setitimer(signal.ITIMER_REAL, 0)
-                wrong = [found] if found.count != count else []
-                # The answer 0 would be right here, 0.5 is not.
-                found = kezlib.kezpnl(0, 0, 0, 1, 0, 0, zeros, zeros, lambda i: 0.5, count, 0.25)
-                wrong += [found] if found.count else []
             except KeyboardInterrupt:
                 raised += 1
         signal.signal(signal.SIGALRM, before)
-        self.assertEqual(wrong, [])
+        self.assertEqual(near, 0)
 
     def test_within_the_callback(self):
         def answers(i):
@@ -76,8 +74,8 @@ class Pairs(unittest.TestCase):
 
     def test_results_are_those_of_whole_extents(self):
         values = [0.0, -0.0, 1.0, 1.5, 1.0000001, 3.4e38, -3.4e38, 1e-45, math.inf, -math.inf,
-                  math.nan, 16777216.0, 16777217.0]
-        tolerances = [0.0, 1e-45, 0.5, 0.49999997, 1e-7, 3.4e38, math.inf, math.nan, -1.0]
+                  math.nan, 16777216.0, -1e-9]
+        tolerances = [0.0, 1e-45, 0.5, 1.0, 0.49999997, 1e-7, 3.4e38, math.inf, math.nan, -1.0]
         seeded = random.Random(7)
         for _ in range(2000):
             a, b = (array("f", seeded.choices(values, k=seeded.randrange(12))) for _ in range(2))
