@@ -49,11 +49,17 @@ if(TARGET bindings)
     set(bindings_dir bindings)
   endif()
   install(DIRECTORY ${PROJECT_BINARY_DIR}/bindings/ bindings/ DESTINATION ${bindings_dir}
-    COMPONENT development)
-  # JavaScript's package is whole only with what the preset wasm makes of the library.
-  set(made kezlib.wasm kezlib.browser.js package.json)
-  list(TRANSFORM made PREPEND ${PROJECT_SOURCE_DIR}/build/wasm/package/)
-  install(FILES ${made} DESTINATION ${bindings_dir}/javascript COMPONENT development OPTIONAL)
+    COMPONENT development PATTERN javascript EXCLUDE)
+  # JavaScript's package is of no use without what the preset wasm makes of the library.
+  set(made ${PROJECT_SOURCE_DIR}/build/wasm/package)
+  install(CODE "
+    if(EXISTS \"${made}/kezlib.browser.js\")
+      file(INSTALL
+        \"${made}/kezlib.wasm\" \"${made}/kezlib.browser.js\" \"${made}/package.json\"
+        \"${PROJECT_SOURCE_DIR}/bindings/javascript/\"
+        \"${PROJECT_BINARY_DIR}/bindings/javascript/\"
+        DESTINATION \"\${CMAKE_INSTALL_PREFIX}/${bindings_dir}/javascript\")
+    endif()" COMPONENT development)
 endif()
 
 if(WIN32 AND BUILD_SHARED_LIBS)

@@ -10,8 +10,7 @@ VALUE = 0
 SECTIONS = {
     "two angles 100 x 10": kezlib.kezsec_l2(100, 100, 10, 10, 10, VALUE),
     "box 240 x 360": kezlib.kezsec_box(240, 200, 20, 12, 360, 10, 180, VALUE),
-    "channel 75 x 200 x 20": kezlib.kezsec_c(
-        75, 200, 20, 2, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, VALUE),
+    "channel 75 x 200 x 20": kezlib.kezsec_c(75, 200, 20, 2),
 }
 
 

@@ -50,10 +50,11 @@ bindings=share/kezlib/bindings
 diff expected found >&2 || fail "the installed files differ from the expected ones (<) as shown"
 # The bindings are what is generated and what is written by hand, one in the other's folders.
 mkdir -p expected_bindings/javascript
-if [ -e "$source/build/wasm/package" ]; then
+if [ -e "$source/build/wasm/package/kezlib.browser.js" ]; then
     cp -r "$source/build/wasm/package/." expected_bindings/javascript
 fi
 cp -r "$source/bindings/." "$build/bindings/." expected_bindings
+[ -e expected_bindings/javascript/package.json ] || rm -r expected_bindings/javascript
 diff -r expected_bindings "$prefix/$bindings" >&2 || fail "the installed bindings differ as shown"
 cmp "$source/include/kezlib.h" "$prefix/include/kezlib.h" || fail "the installed header is another"
 

@@ -4,4 +4,9 @@
 import embedded from "./kezlib.wasm";
 import { instantiate } from "./call.js";
 
-export const load = async (bytes) => instantiate(bytes ?? embedded);
+export { version } from "./routines.js";
+
+/** Where the module is that is loaded unless something else is given. */
+export const library = "kezlib.browser.js";
+
+export const load = async (from) => instantiate(from ?? embedded);

@@ -1,6 +1,7 @@
 // Calls the routines of one instance of the library, as routines.js describes them.
 
-import { routines } from "./routines.js";
+import { pairs } from "./arithmetic.js";
+import { routines, version } from "./routines.js";
 import {
   MOST_ENTRIES, array, checkLength, formOfLists, routineOfHost, scalar,
 } from "./values.js";
@@ -9,6 +10,10 @@ import {
 export const UNWRITTEN = { real: 0x7fe5a5a5, integer: -(2 ** 31) };
 
 const WORD = 4;
+
+// From so many entries on an output that holds pairs of two lists' entries is as long as there are
+// pairs, and not as there could be, which is the product of the lists' counts.
+const MANY = 2 ** 18;
 
 /** The memory of an instance. Its views end with the buffer, which is another once it has grown. */
 class Memory {
@@ -95,18 +100,21 @@ function prepared({ name, groups }) {
     words: all.filter((argument) => argument.kind === "word"),
     integers: all.filter((argument) => argument.kind === "integer"),
     callback: all.find((argument) => argument.kind === "callback"),
+    least: all.filter((a) => a.direction !== "out" && !a.optional).length,
+    places: Object.fromEntries(all.map((argument) => [argument.name, argument.index])),
   };
 }
 
 /** What the host gives, by argument, unchecked. */
 function givenValues(routine, given) {
-  const { inputs, kept, name } = routine;
+  const { inputs, kept, least, name } = routine;
   const most = inputs.length + (kept.length > 0 ? 1 : 0);
-  if (given.length < inputs.length || given.length > most)
+  if (given.length < least || given.length > most)
     throw new TypeError(`${name} takes ${inputs.length} arguments` +
       `${kept.length > 0 ? " and what it may keep" : ""}, not ${given.length}`);
   const values = new Array(routine.arguments.length).fill(undefined);
-  inputs.forEach((argument, i) => (values[argument.index] = given[i]));
+  inputs.forEach((argument, i) =>
+    (values[argument.index] = given[i] === undefined && argument.optional ? 0 : given[i]));
   enterKept(routine, given[inputs.length], values);
   return values;
 }
@@ -136,15 +144,34 @@ function formOfWords(routine, values) {
     .map((argument) => [values[argument.index], argument]));
 }
 
+/** The extent of an output that holds pairs of two lists' entries, if there are not more. */
+function pairedExtent({ paired, pairs: names }, { places }, integers, values) {
+  integers.pairs ??= pairs(...names.map((name) => values[places[name]]));
+  return paired(integers);
+}
+
+function extentOf(argument, routine, integers, values) {
+  const extent = Math.max(argument.extent(integers), 0);
+  const given = values[argument.index];
+  const isShort = given && given.length < extent;
+  if (argument.pairs && (isShort || (!given && extent > MANY))) {
+    const paired = pairedExtent(argument, routine, integers, values);
+    if (given) checkLength(given, argument, paired, extent);
+    return given ? given.length : paired;
+  }
+  if (isShort) {
+    const least = argument.read ? Math.max(argument.read(integers), 1) : extent;
+    checkLength(given, argument, least, extent);
+  }
+  return extent;
+}
+
 function extentsOf(routine, values) {
   const integers = {};
   for (const { name, index } of routine.integers) integers[name] = values[index];
   const extents = routine.arguments.map(() => 1);
-  for (const argument of routine.arrays) {
-    const extent = Math.max(argument.extent(integers), 0);
-    if (values[argument.index]) checkLength(values[argument.index], argument, extent);
-    extents[argument.index] = extent;
-  }
+  for (const argument of routine.arrays)
+    extents[argument.index] = extentOf(argument, routine, integers, values);
   return extents;
 }
 
@@ -185,6 +212,7 @@ class Call {
     if (value === undefined) {
       if (kept) memory.of("integer").fill(UNWRITTEN[this.kinds[index]], position, end);
     } else if (extent) {
+      memory.of("integer").fill(UNWRITTEN[this.kinds[index]], position + value.length, end);
       memory.of(this.kinds[index]).set(value.subarray(0, end - position), position);
     } else {
       memory.of(kind)[position] = value;
@@ -227,6 +255,10 @@ class Call {
     const [value, position, end] = this.#place(index);
     const written = memory.of(this.kinds[index]).subarray(position, end);
     if (value === undefined) return written.slice();
+    if (value.length < written.length) {
+      const isKept = memory.of("integer")[end - 1] === UNWRITTEN[this.kinds[index]];
+      return written.slice(0, isKept ? -1 : undefined);
+    }
     const whole = value.slice();
     whole.set(written);
     return whole;
@@ -245,11 +277,28 @@ class Call {
   }
 }
 
-/** The routines of a new instance, made of the module's bytes: its kept values are its own. */
-export async function instantiate(bytes) {
+function versionOf({ kezlib_version: place, memory }) {
+  if (!place) throw new Error("the WebAssembly module is not KezLib's");
+  const bytes = new Uint8Array(memory.buffer, place.value);
+  return String.fromCharCode(...bytes.subarray(0, bytes.indexOf(0)));
+}
+
+/** Refuses a module that is older than the package, or has other routines by the same names. */
+function checkVersion(exports) {
+  const found = versionOf(exports);
+  const [[major, minor], [wanted, least]] = [found, version].map((v) => v.split(".").map(Number));
+  if (major !== wanted || minor < least)
+    throw new Error(`the WebAssembly module is KezLib ${found}, and this package is for ${version}`);
+}
+
+/** The routines of a new instance, made of the module or of its bytes: its kept values are its own.
+ */
+export async function instantiate(from) {
   let host;
   const imports = { host: { z_callback: (i) => host.called(i) } };
-  const { instance: { exports } } = await WebAssembly.instantiate(bytes, imports);
+  const made = await WebAssembly.instantiate(from, imports);
+  const { exports } = made.instance ?? made; // which of them is as `from` is bytes or a module
+  checkVersion(exports);
   exports._initialize();
   const memory = new Memory(exports);
   host = new Host(memory);

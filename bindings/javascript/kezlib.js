@@ -2,7 +2,12 @@
 
 import { instantiate } from "./call.js";
 
+export { version } from "./routines.js";
+
 const FILE = new URL("kezlib.wasm", import.meta.url);
+
+/** The file that is loaded unless something else is given. */
+export const library = FILE.href;
 
 async function bytesBeside() {
   if (FILE.protocol === "file:") {
@@ -15,4 +20,4 @@ async function bytesBeside() {
 }
 
 /** The routines by name. Each load has kept values of its own. */
-export const load = async (bytes) => instantiate(bytes ?? (await bytesBeside()));
+export const load = async (from) => instantiate(from ?? (await bytesBeside()));

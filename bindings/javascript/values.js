@@ -77,8 +77,9 @@ export const formOfLists = (given) =>
 
 const counted = (n) => `${n} ${n === 1 ? "entry" : "entries"}`;
 
-export function checkLength(list, argument, extent) {
-  if (list.length < extent)
+/** Refuses fewer entries than the least that will do; the extent is what is asked for. */
+export function checkLength(list, argument, least, extent) {
+  if (list.length < least)
     throw new RangeError(
       `${argument.place} has ${counted(list.length)}, [${argument.asks}] asks for ${extent}`);
 }

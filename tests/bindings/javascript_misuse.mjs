@@ -68,8 +68,8 @@ test("a wrong number of arguments or entries", () => {
   refused(() => kez.kezpds(0, 0, 0, 1, 1), TypeError, "kezpds takes 6 arguments, not 5");
   refused(() => kez.kezpds(0, 0, 0, 1, 1, 1, {}), TypeError, "kezpds takes 6 arguments, not 7");
   refused(() => kez.kezlci(0), TypeError, "kezlci takes 6 arguments and what it may keep, not 1");
-  refused(() => kez.kezapl(SQUARE[0].slice(0, 4), SQUARE[1], 4), RangeError,
-    "kezapl: X has 4 entries, [n + 1] asks for 5");
+  refused(() => kez.kezapl(SQUARE[0].slice(0, 3), SQUARE[1], 4), RangeError,
+    "kezapl: X has 3 entries, [n + 1] asks for 5");
   refused(() => kez.kezapl(new Float32Array(1), [], 0), RangeError,
     "kezapl: Y has 0 entries, [n + 1] asks for 1");
   refused(() => kez.kezsel1(2, [1, 2], 1, { idx: [1] }), RangeError,

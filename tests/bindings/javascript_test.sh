@@ -33,7 +33,7 @@ node "$tests/javascript_reference.mjs" node_modules/kezlib "$source/tests/refere
     seeded worked >hashes || { cat hashes >&2; fail "another result than elsewhere"; }
 
 echo "Wrong calls, and types"
-quietly node --test "$tests/javascript_misuse.mjs"
+quietly node --test "$tests/javascript_misuse.mjs" "$tests/javascript_lists.mjs"
 cp "$tests/javascript_types.mts" .
 quietly typescript uses.mts javascript_types.mts
 

@@ -1,9 +1,13 @@
 // What the declarations must accept with these types, and what they must refuse.
-import { load, type KezLib } from "kezlib";
+import { library, load, version, type KezLib } from "kezlib";
 
 const kez: KezLib = await load();
 await load(new Uint8Array(8));
 await load(new ArrayBuffer(8));
+await load(new WebAssembly.Module(new Uint8Array(8)));
+const said: string = `${library} ${version}`;
+kez.kezsec_c(60, 150, 0, 2);
+kez.kezsec_c(60, 150, 0, 2, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, { x: [] });
 
 const cut: { n: number; x1: number | undefined } = kez.kezlci(0, 1, 0, 0, 0, -1, { x1: 2 });
 const moved: { X: Float32Array; area: number } = kez.kezapl([0, 1, 0], new Float64Array(3), 2);
@@ -11,12 +15,14 @@ const reals: Float32Array = kez.kezinv(1, new Float32Array(1)).x;
 const integers: Int32Array = kez.kezinv(1, new Int32Array(1)).x;
 const either: Float32Array | Int32Array = kez.kezinv(1, [1]).x;
 const positions: Int32Array = kez.kezpnl(0, 0, 0, 1, 0, 0, [0], [0], (i: number) => i, 1, 1).idx;
-void [cut, moved, reals, integers, either, positions];
+void [said, cut, moved, reals, integers, either, positions];
 
 // @ts-expect-error: text is no number
 kez.kezpds("0", 0, 0, 0, 0, 0);
 // @ts-expect-error: an argument is missing
 kez.kezpds(0, 0, 0, 0, 0);
+// @ts-expect-error: or one that may not
+kez.kezsec_c(60, 150, 0);
 // @ts-expect-error: and one is too many
 kez.kezpds(0, 0, 0, 0, 0, 0, {});
 // @ts-expect-error: a number is no array

@@ -4,10 +4,12 @@ import ast
 import itertools
 import re
 
-from .. import conditions
+from .. import conditions, shapes
 from ..arithmetic import substituted
+from ..defaults import optional_inputs
 from ..languages import Language, Literals
 from ..model import FormError
+from ..reader import version
 from . import NOTICE
 
 RESERVED = frozenset("""
@@ -32,11 +34,21 @@ def arithmetic(expression, routine):
     tree = WholeQuotients().visit(ast.parse(expression, mode="eval"))
     arrays = [a.name for a in routine.arguments if a.extent]
     terms = {a.name: f"v.{a.name}" for a in routine.arguments}
-    terms |= {name: name for name in ("max", "sum", "trunc")}
+    terms |= {name: name for name in ("max", "sum", "trunc")} | {"pairs": "v.pairs"}
     code = substituted(ast.unparse(tree), terms)
     for name in arrays:
         code = code.replace(f"v.{name}(", f"entry(v.{name}, ")
     return f"(v) => {code}" if "v." in code else f"() => {code}"
+
+
+def pairs_of(argument, routine):
+    """Of an output that holds pairs: what they are made of, and its extent by their number."""
+    found = shapes.pairs(argument, routine)
+    if not found:
+        return []
+    names = [*itertools.chain(*zip(found.lists, found.counts)), found.tolerance]
+    listed = ", ".join(f'"{name}"' for name in names if name)
+    return [f"pairs: [{listed}]", f"paired: {arithmetic(found.extent, routine)}"]
 
 
 def fields(argument, routine):
@@ -44,6 +56,11 @@ def fields(argument, routine):
     found = [f'kind: "{argument.kind}"', f'direction: "{argument.direction}"']
     if argument.extent and argument.kind != "callback":
         found += [f"extent: {arithmetic(argument.extent, routine)}", f'asks: "{argument.extent}"']
+    if read := shapes.read_entries(argument):
+        found.append(f"read: {arithmetic(read, routine)}")
+    found += pairs_of(argument, routine)
+    if argument.name in optional_inputs(routine):
+        found.append("optional: true")
     if argument.is_kept():
         found.append("kept: true")
         if expression := conditions.beyond(argument.kept_when):
@@ -63,7 +80,8 @@ def check_callbacks(interface):
 def write(interface):
     check_callbacks(interface)
     out = [f"// {NOTICE}", 'import { entry, max, sum, trunc } from "./arithmetic.js";', "",
-           "export const routines = ["]
+           "/** The library's, of which this is the interface. */",
+           f'export const version = "{version()}";', "", "export const routines = ["]
     for routine in interface.routines:
         out.append(f'  {{ name: "{routine.name}", groups: [')
         for shared, group in itertools.groupby(routine.arguments, lambda a: fields(a, routine)):
@@ -83,7 +101,9 @@ def braces(names):
 
 
 def signature(routine):
-    given = [LANGUAGE.name(a.name) for a in routine.inputs()]
+    optional = optional_inputs(routine)
+    given = [LANGUAGE.name(a.name) + (" = 0" if a.name in optional else "")
+             for a in routine.inputs()]
     given += [f"{braces(kept(routine))} = {{}}"] if kept(routine) else []
     results = braces(a.name for a in routine.outputs())
     return f"{routine.name}({', '.join(given)})\n  -> {results}"

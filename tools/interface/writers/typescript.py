@@ -3,7 +3,10 @@
 import re
 import textwrap
 
-from ..languages import GLUE, Language, broken, documentation, known_as, shape, wrapped
+from .. import shapes
+from ..defaults import optional_inputs
+from ..languages import (GLUE, Language, broken, documentation, known_as, shape,
+                         where_arrays_are_checked, wrapped)
 from . import NOTICE, javascript
 
 LANGUAGE = Language(
@@ -22,9 +25,16 @@ export type IntegerList = Int32Array | Uint32Array | Int16Array | Uint16Array | 
 export type Moved<List> = List extends RealList ? Float32Array
   : List extends IntegerList ? Int32Array : Float32Array | Int32Array;
 
-/** Makes an instance of the library, whose kept values are its own: of the bytes of kezlib.wasm,
- * which are found beside the package if none are given. */
-export function load(bytes?: ArrayBuffer | ArrayBufferView): Promise<KezLib>;
+/** Makes an instance of the library, whose kept values are its own: of the bytes of kezlib.wasm or
+ * of the module that was compiled of them. If neither is given, of the file beside the package. */
+export function load(from?: ArrayBuffer | ArrayBufferView | WebAssembly.Module): Promise<KezLib>;
+
+/** The version of the library, with which `load` compares that of the module. */
+export const version: string;
+
+/** The file that `load` reads if nothing is given, as an address; in `kezlib.browser.js`, which has
+ * the module in it, that script's name. */
+export const library: string;
 
 /** The routines by family. Arrays have at least as many entries as their extents in brackets say:
  * fewer are refused. Positions are counted from 1; 0 means "none". */
@@ -59,7 +69,9 @@ def braces(members):
 
 def signature(routine):
     kept = routine.kept_outputs()
-    given = [f"{LANGUAGE.name(a.name)}: {given_type(a)}" for a in routine.inputs()]
+    optional = optional_inputs(routine)
+    given = [f"{LANGUAGE.name(a.name)}{'?' if a.name in optional else ''}: {given_type(a)}"
+             for a in routine.inputs()]
     given += [f"kept?: {braces(map(kept_type, kept))}"] if kept else []
     results = braces(f"{a.name}: {result_type(a)}" for a in routine.outputs())
     lists = routine.words()
@@ -76,16 +88,23 @@ def described(name, argument):
     return f"{name} - {shape(argument)}: {argument.whole_text()}"
 
 
+def said_of_input(argument, routine):
+    if argument.name in optional_inputs(routine):
+        return "; 0 where it is not given"
+    return "; the last entry may be missing" if shapes.read_entries(argument) else ""
+
+
 def tag(text):
     first, *rest = wrapped(text, "   *   ")
     return [first.replace("*   ", "* ", 1), *rest]
 
 
 def comment(routine):
-    text = f"{known_as(routine)}\n\n{documentation(routine)}"
+    text = where_arrays_are_checked(f"{known_as(routine)}\n\n{documentation(routine)}")
     lines = ["  /**", *wrapped(text, "   * "), "   *"]
     for argument in routine.inputs():
-        lines += tag(f"@param {described(LANGUAGE.name(argument.name), argument)}")
+        lines += tag(f"@param {described(LANGUAGE.name(argument.name), argument)}"
+                     + said_of_input(argument, routine))
     if names := javascript.kept(routine):
         lines += tag(f"@param kept - what outputs hold before the call: {', '.join(names)}; of"
                      " those that are not given, scalars come back undefined where they are kept")
@@ -96,7 +115,8 @@ def comment(routine):
 
 
 def group_comment(group):
-    lines = wrapped(f"{group.title}\n\n{group.text}", "   * ")
+    text = where_arrays_are_checked(group.text)
+    lines = wrapped(f"{group.title}\n\n{text}", "   * ")
     return ["  /*", *lines, "   */", ""]
 
 
