@@ -6,20 +6,170 @@ using System.Globalization;
 using System.Reflection;
 using System.Runtime.ExceptionServices;
 using System.Runtime.InteropServices;
+using System.Text;
 
 namespace KezLib
 {
+    /// <summary>The library that the routines are called in.</summary>
+    public static class LoadedLibrary
+    {
+        static readonly bool isWindows = System.IO.Path.DirectorySeparatorChar == '\\';
+        static string version, path;
+
+        /// <summary>Its version, as 1.0.0; null where the system cannot be asked.</summary>
+        public static string Version
+        {
+            get { Find(); return version; }
+        }
+
+        /// <summary>Its file; null where the system cannot be asked.</summary>
+        public static string Path
+        {
+            get { Find(); return path; }
+        }
+
+        // Refuses one that is older than these files, or has other routines by the same names.
+        internal static void Check()
+        {
+            try
+            {
+                Find();
+            }
+            catch (DllNotFoundException)
+            {
+                return; // which the first call says
+            }
+            catch (BadImageFormatException)
+            {
+                return;
+            }
+            if (path == null)
+                return;
+            var wanted = new Version(Native.Version);
+            var found = version == null ? new Version(0, 0) : new Version(version);
+            if (found.Major != wanted.Major || found < new Version(wanted.Major, wanted.Minor))
+                throw new InvalidOperationException(string.Format(
+                    "{0} is KezLib {1}, and this assembly is for {2}", path,
+                    version ?? "of no version", wanted));
+        }
+
+        static void Find()
+        {
+            int zero;
+            float none = 0;
+            if (path != null)
+                return;
+            Native.kezcnt1(ref none, ref none, ref none, out zero); // it is loaded then
+            try
+            {
+                if (isWindows)
+                    FindOnWindows();
+                else
+                    FindElsewhere();
+            }
+            catch (DllNotFoundException)
+            {
+                // A system with another loader.
+            }
+        }
+
+        static void FindOnWindows()
+        {
+            IntPtr library = GetModuleHandleW("KezLib.dll");
+            var name = new StringBuilder(short.MaxValue);
+            GetModuleFileNameW(library, name, name.Capacity);
+            version = Marshal.PtrToStringAnsi(GetProcAddress(library, "kezlib_version"));
+            path = name.ToString();
+        }
+
+        static void FindElsewhere()
+        {
+            IntPtr library = dlopen("libKezLib.so.1", 1); // a name that the loaded one answers to
+            IntPtr text = dlsym(library, "kezlib_version");
+            DlInfo place;
+            version = Marshal.PtrToStringAnsi(text);
+            if (dladdr(text == IntPtr.Zero ? dlsym(library, "kezpds") : text, out place) != 0)
+                path = System.IO.Path.GetFullPath(Marshal.PtrToStringAnsi(place.File));
+        }
+
+        [StructLayout(LayoutKind.Sequential)]
+        struct DlInfo
+        {
+            public IntPtr File, Start, Name, Address;
+        }
+
+        [DllImport("kernel32.dll", CharSet = CharSet.Unicode, ExactSpelling = true)]
+        static extern IntPtr GetModuleHandleW(string name);
+
+        [DllImport("kernel32.dll", CharSet = CharSet.Unicode, ExactSpelling = true)]
+        static extern int GetModuleFileNameW(IntPtr library, StringBuilder name, int size);
+
+        [DllImport("kernel32.dll", CharSet = CharSet.Ansi, ExactSpelling = true)]
+        static extern IntPtr GetProcAddress(IntPtr library, string name);
+
+        [DllImport("libdl.so.2")]
+        static extern IntPtr dlopen(string name, int how);
+
+        [DllImport("libdl.so.2")]
+        static extern IntPtr dlsym(IntPtr library, string name);
+
+        [DllImport("libdl.so.2")]
+        static extern int dladdr(IntPtr address, out DlInfo place);
+    }
+
+    /// <summary>Room for outputs that hold pairs of two lists' entries.</summary>
+    public static class Pairs
+    {
+        /// <summary>How many common entries kezmer4 finds.</summary>
+        public static long Count(int[] a, int n1, int[] b, int n2)
+        {
+            return Count(Sorted("a", a, n1), Sorted("b", b, n2), 0);
+        }
+
+        /// <summary>At least as many as the pairs that kezmer13 finds: those too that only rounding
+        /// takes out of the tolerance.</summary>
+        public static long Count(float[] a, int n1, float[] b, int n2, float tol)
+        {
+            if (float.IsPositiveInfinity(tol))
+                return (long)Math.Max(n1, 0) * Math.Max(n2, 0);
+            double reach = tol + (double)tol / (1 << 24); // so much may be rounded to the tolerance
+            return Count(Sorted("a", a, n1), Sorted("b", b, n2), reach);
+        }
+
+        static double[] Sorted(string name, Array entries, int n)
+        {
+            Checks.Holds(name, entries, n);
+            var found = new double[Math.Max(n, 0)];
+            Array.Copy(entries, found, found.Length);
+            found = Array.FindAll(found, x => !double.IsNaN(x) && !double.IsInfinity(x));
+            Array.Sort(found);
+            return found;
+        }
+
+        static long Count(double[] a, double[] b, double reach)
+        {
+            long found = 0;
+            int first = 0, end = 0;
+            foreach (double x in a)
+            {
+                while (first < b.Length && x - b[first] > reach)
+                    ++first;
+                while (end < b.Length && b[end] - x <= reach)
+                    ++end;
+                found += Math.Max(end - first, 0);
+            }
+            return found;
+        }
+    }
+
     internal static partial class Native
     {
         // Windows completes this to KezLib.dll and mono to libKezLib.so.
         const string Library = "KezLib";
 
-#if NETCOREAPP3_0_OR_GREATER
-        // Only packages for development have a libKezLib.so, where .NET would look.
-        const string VersionedLibrary = "libKezLib.so.1";
-
         static Native()
         {
+#if NETCOREAPP3_0_OR_GREATER
             try
             {
                 NativeLibrary.SetDllImportResolver(typeof(Native).Assembly, Resolve);
@@ -28,7 +178,13 @@ namespace KezLib
             {
                 // The host's assembly has a resolver of its own, which is asked instead.
             }
+#endif
+            LoadedLibrary.Check();
         }
+
+#if NETCOREAPP3_0_OR_GREATER
+        // Only packages for development have a libKezLib.so, where .NET would look.
+        const string VersionedLibrary = "libKezLib.so.1";
 
         static IntPtr Resolve(string name, Assembly assembly, DllImportSearchPath? path)
         {
@@ -46,6 +202,11 @@ namespace KezLib
         {
             if (value == null)
                 throw new ArgumentNullException(name);
+        }
+
+        internal static bool IsShort(Array entries, long extent)
+        {
+            return entries != null && entries.Length < extent;
         }
 
         internal static void Holds(string name, Array entries, long extent)

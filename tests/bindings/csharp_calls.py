@@ -25,7 +25,8 @@ def short_calls(row):
     """Calls with one array shorter by one entry than its extent."""
     literals, sizes = row_values.texts(row, literal, csharp.LANGUAGE.literals.joint)
     for a in row.routine.arguments:
-        if csharp.is_list(a) and not a.callback and (entries := row_values.extent(a, row)):
+        entries = row_values.least_extent(a, row)
+        if csharp.is_list(a) and not a.callback and entries:
             others = {name: text for name, text in literals.items() if name != a.name}
             text = csharp.call(row.routine, others, sizes | {a.name: str(entries - 1)})
             yield f'Host.Refused("{row.place}", {entries}, "{a.name}", delegate\n{{\n{text}\n}});'

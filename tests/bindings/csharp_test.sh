@@ -57,6 +57,20 @@ for prints in blocks/*.prints; do
     mono page.exe | paste -s -d ' ' | cmp - "$prints" || fail "the page's program $program"
 done
 
+echo "Long lists, and the library's version"
+quietly compile -r:KezLib.Net.dll -out:lists.exe "$tests/csharp_lists.cs"
+version=$(basename "$package"/lib/libKezLib.so.*.*.*)
+version=${version#libKezLib.so.}
+[ "$(mono lists.exe)" = "$version $package/lib/libKezLib.so" ] ||
+    fail "another library, or wrong lists: $(mono lists.exe 2>&1)"
+mkdir -p other
+for other in 0.9.0 2.0.0; do
+    sed "s/$version\x00/$other\x00/" "$package/lib/libKezLib.so" >other/libKezLib.so
+    printed=$(LD_LIBRARY_PATH="$PWD/other" mono lists.exe)
+    [ "$printed" = "$PWD/other/libKezLib.so is KezLib $other, and this assembly is for $version" ] ||
+        fail "version $other is taken: $printed"
+done
+
 echo "A machine without libKezLib.so"
 mkdir -p runtime
 cp -P "$package"/lib/libKezLib.so.1* runtime

@@ -4,7 +4,7 @@ import pathlib
 import sys
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent.parent / "tools"))
-from interface import arithmetic, rows  # noqa: E402
+from interface import arithmetic, conditions, rows, shapes  # noqa: E402
 
 # Where a row says nothing. A quiet not-a-number: languages that pass values make one of any other.
 POISON = 0x7FE5A5A5
@@ -28,6 +28,16 @@ def extent(argument, row):
     if not argument.extent:
         return 1
     return max(arithmetic.evaluate(argument.extent, integers(row)), 0)
+
+
+def least_extent(argument, row):
+    """Of an output that holds pairs, whose extent is what they could be, how many there are."""
+    if not shapes.pairs(argument, row.routine):
+        return extent(argument, row)
+    counts = {a.name: arithmetic.signed(word(row.wanted[a.name][0], "integer"))
+              for a in row.routine.outputs() if a.kind == "integer" and not a.extent}
+    behind = conditions.behind(argument.kept_when)
+    return max(arithmetic.evaluate(behind, integers(row) | counts), 0)
 
 
 def held(row):
