@@ -40,8 +40,26 @@ all_on() {
 }
 
 write_programs F90 "$examples/host.f90" "$examples/shear.f90"
+every=$programs
 system='' run='' link="-L$package/lib -lKezLib -Wl,-rpath,$package/lib"
 all_on linux gfortran
+
+# Arrays that know their length: every row, and what is too short ends the program.
+sed 's/use kezlib, only/use kezlib_checked, only/' calls.F90 >calls.checked.F90
+programs="$PWD/calls.checked.F90"
+all_on linux gfortran
+cd linux
+# shellcheck disable=SC2086
+quietly gfortran $warnings "$tests/fortran_checked.F90" kezlib.o $link -o checked.exe
+[ "$(./checked.exe)" = 'as it should be' ] || fail "lists of the checked module are wrong"
+for short in 'outline kezapl: X has 4 entries, too few: 5' \
+        'pairs kezmer4: com has 1 entries, too few: 2'; do
+    ./checked.exe "${short%% *}" >log 2>&1 && fail "the program goes on with: $short"
+    grep -q "${short#* }" log || { cat log >&2; fail "another message for: $short"; }
+done
+cd "$work"
+programs=$every
+
 changed '/subroutine kezpds/,/end subroutine/s/real(c_float)\(.*:: d\)/integer(c_int32_t)\1/'
 changed '/subroutine kezpds/,/end subroutine/s/intent(out)/intent(in)/'
 changed '/subroutine kezphip/,/end subroutine/s/intent(inout) :: fail/intent(out) :: fail/'

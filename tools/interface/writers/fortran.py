@@ -2,6 +2,7 @@
 
 import itertools
 
+from ..checked_fortran import checked_module
 from ..languages import (Language, Literals, broken, documentation, form_of, forms, is_list,
                          known_as, wrapped)
 from . import NOTICE
@@ -89,9 +90,15 @@ def declarations(routine, form, documented=True):
         yield from statement(f"{declaration} :: {', '.join(map(dummy, members))}")
 
 
+def is_pure(routine):
+    """What the host's routine does nobody knows, and a kept value is another call's."""
+    return not routine.kept and not any(a.callback for a in routine.arguments)
+
+
 def head(routine, name, binding=""):
     names = ", ".join(argument.name for argument in routine.arguments)
-    return statement(f"subroutine {name}({names}){binding}")
+    pure = "pure " if is_pure(routine) else ""
+    return statement(f"{pure}subroutine {name}({names}){binding}")
 
 
 def body(routine, form):
@@ -135,7 +142,8 @@ def write(interface):
         lines += ["", *wrapped(f"{group.title}\n\n{group.text}", "! ", 98)]
         lines += [line for routine in interface.routines if routine.group == group.title
                   for line in interface_of(routine)]
-    return "\n".join([TOP.format(NOTICE), *indented(lines[1:], 2), "", "end module kezlib"]) + "\n"
+    return "\n".join([TOP.format(NOTICE), *indented(lines[1:], 2), "", "end module kezlib", "",
+                      *checked_module(interface)]) + "\n"
 
 
 def signature(routine):
