@@ -59,6 +59,21 @@ run='' compile=fpc
 all_on linux objfpc
 all_on linux delphi
 delphi_half
+
+# Arrays that know their length: every row, and what is too short is refused.
+every=$programs
+sed '/^Answer/!s/\(\w\)\[0\]/\1/g' calls.pas >calls.checked.pas
+! cmp -s calls.pas calls.checked.pas || fail "no call passes a first entry"
+programs="$PWD/calls.checked.pas"
+all_on linux objfpc
+all_on linux delphi
+programs=$every
+for mode in OBJFPC DELPHI; do
+    sed "s/{\$MODE OBJFPC}/{\$MODE $mode}/" "$tests/pascal_checked.pas" >checked.pas
+    built checked.exe checked.pas
+    [ "$(./checked.exe)" = 'as it should be' ] || fail "open arrays in mode $mode: $(./checked.exe)"
+done
+
 changed '/^procedure kezpds/s/out d: Single/out d: Integer/'
 changed '/^procedure kezpds/s/out d/constref d/'
 changed '/^procedure kezpds/s/constref x1/var x1/'

@@ -3,6 +3,8 @@
 import itertools
 from xml.sax.saxutils import escape
 
+from ..checked_pascal import PAIRS, implementations, lists
+from ..checked_pascal import declaration as checked_declaration
 from ..languages import (Language, Literals, broken, form_of, forms, glued, is_list, known_as,
                          remarks, wrapped)
 from . import NOTICE
@@ -25,7 +27,7 @@ TOP = """\
 // {}
 unit KezLib;
 
-{{$IFDEF FPC}}{{$MODE OBJFPC}}{{$ENDIF}}
+{{$IFDEF FPC}}{{$MODE OBJFPC}}{{$ENDIF}}{{$R-}}
 
 interface
 
@@ -84,13 +86,13 @@ def document(routine):
 
 
 def declaration(routine):
-    overload = "overload; " if forms(routine) != [None] else ""
+    overload = "overload; " if forms(routine) != [None] or lists(routine) else ""
     lines = ["", *document(routine)]
     for form in forms(routine):
         lines += ["{$IFDEF FPC}", *head(routine, form, "FPC"), "{$ELSE}",
                   *head(routine, form, "Delphi"), "{$ENDIF}",
                   f"  {overload}winapi; external KezLibrary name '{routine.name}';"]
-    return lines
+    return lines + checked_declaration(routine, LANGUAGE.name)
 
 
 def callback_head(callback, name=""):
@@ -112,7 +114,8 @@ def write(interface):
         lines += ["", *wrapped(f"{group.title}\n\n{group.text}", "// ")]
         lines += [line for routine in interface.routines if routine.group == group.title
                   for line in declaration(routine)]
-    return "\n".join([TOP.format(NOTICE), *lines[1:], "", "implementation", "", "end."]) + "\n"
+    return "\n".join([TOP.format(NOTICE), *lines[1:], *PAIRS.splitlines(), "", "implementation",
+                      *implementations(interface, LANGUAGE.name), "", "end."]) + "\n"
 
 
 def signature(routine):
