@@ -40,6 +40,7 @@ run "$examples/host.bas" FirstCall '( 0.8660254 , 0.5 ) and ( -0.8660254 , 0.5 )
 # By hand: A = 2 (640 + 576), yc = 41472 / A, Ix = 2181803 - A yc^2, Iy = 2 (1637333 + 49728).
 run "$examples/host.bas" SectionValues \
     'area 2432 centroid 0 17.05263 principal moments 1474596 3374123'
+! grep '^Attribute' "$binding/README.md" || fail "the page shows what cannot be pasted"
 page_programs vba blocks bas
 for prints in blocks/*.prints; do
     sed 's/$/\r/' "${prints%.prints}.bas" >page.bas
