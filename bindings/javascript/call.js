@@ -288,7 +288,8 @@ function checkVersion(exports) {
   const found = versionOf(exports);
   const [[major, minor], [wanted, least]] = [found, version].map((v) => v.split(".").map(Number));
   if (major !== wanted || minor < least)
-    throw new Error(`the WebAssembly module is KezLib ${found}, and this package is for ${version}`);
+    throw new Error(
+      `the WebAssembly module is KezLib ${found}, and this package is for ${version}`);
 }
 
 /** The routines of a new instance, made of the module or of its bytes: its kept values are its own.

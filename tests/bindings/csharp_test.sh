@@ -67,7 +67,8 @@ mkdir -p other
 for other in 0.9.0 2.0.0; do
     sed "s/$version\x00/$other\x00/" "$package/lib/libKezLib.so" >other/libKezLib.so
     printed=$(LD_LIBRARY_PATH="$PWD/other" mono lists.exe)
-    [ "$printed" = "$PWD/other/libKezLib.so is KezLib $other, and this assembly is for $version" ] ||
+    refusal="KezLib $other, and this assembly is for $version"
+    [ "$printed" = "$PWD/other/libKezLib.so is $refusal" ] ||
         fail "version $other is taken: $printed"
 done
 

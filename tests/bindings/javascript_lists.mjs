@@ -57,9 +57,10 @@ test("a compiled module, and of another version", async () => {
   for (const [other, isTaken] of [["1.9.7", true], ["2.0.0", false], ["0.9.0", false]]) {
     const changed = bytes();
     changed.write(other, changed.indexOf(`${version}\0`), "latin1");
+    const message =
+      `the WebAssembly module is KezLib ${other}, and this package is for ${version}`;
     if (isTaken) await load(changed);
-    else await assert.rejects(load(changed), { message: `the WebAssembly module is KezLib ${other}` +
-      `, and this package is for ${version}` });
+    else await assert.rejects(load(changed), { message });
   }
   const empty = Uint8Array.of(0, 0x61, 0x73, 0x6d, 1, 0, 0, 0);
   await assert.rejects(load(empty), /is not KezLib's/);

@@ -159,7 +159,7 @@ def least_entries(argument, row):
     integers = integers_of(row, before=True)
     size = extent(argument, integers)
     if shapes.pairs(argument, row.routine):
-        expression = conditions.behind(argument.kept_when)
+        expression = conditions.beyond(argument.kept_when)
         return min(size, max(arithmetic.evaluate(expression, integers_of(row)), 0))
     read = shapes.read_entries(argument)
     return min(size, max(arithmetic.evaluate(read, integers), 1)) if read else size

@@ -153,7 +153,7 @@ class Lists(unittest.TestCase):
             (lambda: area(5, SQUARE[1]), TypeError, "kezapl: X is 5, not a list"),
             (lambda: area("01234", SQUARE[1]), TypeError, "kezapl: X is '01234', not a list"),
             (lambda: area(b"01234", SQUARE[1]), TypeError, "kezapl: X is b'01234', not a list"),
-            (lambda: area(bytearray(5), SQUARE[1]), TypeError, "kezapl: X is bytearray.*not a list"),
+            (lambda: area(bytearray(5), SQUARE[1]), TypeError, "X is bytearray.*not a list"),
             (lambda: area(iter(SQUARE[0]), SQUARE[1]), TypeError, "not a list"),
             (lambda: area({0, 1, 2, 3, 4}, SQUARE[1]), TypeError, "not a list"),
             (lambda: area(memoryview(bytes(24)).cast("f", (2, 3)), SQUARE[1]), ValueError,

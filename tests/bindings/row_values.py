@@ -36,7 +36,7 @@ def least_extent(argument, row):
         return extent(argument, row)
     counts = {a.name: arithmetic.signed(word(row.wanted[a.name][0], "integer"))
               for a in row.routine.outputs() if a.kind == "integer" and not a.extent}
-    behind = conditions.behind(argument.kept_when)
+    behind = conditions.beyond(argument.kept_when)
     return max(arithmetic.evaluate(behind, integers(row) | counts), 0)
 
 

@@ -11,8 +11,9 @@ from .languages import broken, forms, is_list
 KINDS = {"real": "real(c_float)", "integer": "integer(c_int32_t)"}
 
 TOP = """\
-!> The same routines for arrays that are passed whole or as sections: one that has fewer entries than
-!> its extent ends the program, and a message says which. `use kezlib_checked` replaces `use kezlib`.
+!> The same routines for arrays that are passed whole or as sections: one that has fewer entries
+!> than its extent ends the program, and a message says which. `use kezlib_checked` takes the place
+!> of `use kezlib`.
 module kezlib_checked
   use, intrinsic :: iso_fortran_env, only: error_unit, int64, real64
   use, intrinsic :: ieee_arithmetic, only: ieee_is_finite

@@ -14,8 +14,8 @@ PAIRS = """
 function KezPairs(const a: array of Integer; n1: Integer; const b: array of Integer;
   n2: Integer): Int64; overload;
 
-/// <summary>At least as many as the pairs that kezmer13 finds: room for ia and ib, which have n1 + n2
-/// entries at least.</summary>
+/// <summary>At least as many as the pairs that kezmer13 finds: room for ia and ib, which have
+/// n1 + n2 entries at least.</summary>
 function KezPairs(const a: array of Single; n1: Integer; const b: array of Single; n2: Integer;
   tol: Single): Int64; overload;"""
 

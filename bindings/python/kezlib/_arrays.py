@@ -22,8 +22,8 @@ KEPT = {code: array(code, pattern) for code, pattern in KEPT_BYTES.items()}
 NO_ENTRIES = ctypes.create_string_buffer(4)
 
 
-# From so many entries on the pairs of two lists' entries are counted, of which an output has as many
-# as the library writes: the extent is what they could be, the product of the lists' counts.
+# From so many entries on the pairs that an output holds are counted, and it gets room for just
+# these: its extent is what they could be, the product of two lists' counts.
 MANY = 2**18
 
 
@@ -61,8 +61,8 @@ def made(size, code):
 
 
 def pairs(a, b, tolerance=0):
-    """At least as many as there are pairs of an entry of the one list and an entry of the other that
-    are within the tolerance: those too that only rounding to single precision takes out of it."""
+    """At least as many as there are pairs of the lists' entries within the tolerance: also those
+    that only the library's rounding of the difference could take into it."""
     if tolerance == math.inf:
         return len(a) * len(b)
     reach = tolerance + tolerance * 2**-24  # what rounds to the tolerance may be larger by so much

@@ -260,9 +260,9 @@ class ArrayRoutine(Routine):
         return argument.paired(values)
 
     def answers(self, argument, function, values):
-        """What the host's function returns for the positions, of which the library wants each once,
-        in their order. It is called before the routine: an exception can be raised, and Ctrl-C, which
-        ctypes would drop between the library and a function of Python."""
+        """What the host's function returns for the positions, each of which the library wants once,
+        in their order. It is called before the routine, so that exceptions are raised from here.
+        ctypes would drop Ctrl-C between the library and a function of Python."""
         place = f"{self.name}: {argument.name}"
         if not callable(function):
             raise TypeError(f"{place} is {_arrays.shown(function)}, which cannot be called")
