@@ -316,7 +316,10 @@ TEST(Memory, MayBeMissingForLongerLists) {
   Random random(63);
   for (const bool out : {false, true}) {
     const OutOfMemory memory(out);
-    for (int round = 0; round < 40; ++round) check_all(random, 510, 501);
+    for (int round = 0; round < 40; ++round) {
+      check_all(random, 510, random.integer(0, 1) ? 501 : 500);
+      check_all(random, 500, 510);
+    }
     EXPECT_EQ(refused > 0, out);
   }
 }
