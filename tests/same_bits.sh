@@ -56,6 +56,6 @@ compare aarch64 "$presets/aarch64/libKezLib.so" qemu-aarch64 -L /usr/aarch64-lin
     "$presets/aarch64/tests/reference"
 for machine in x86 x64; do
     windows=$presets/windows-$machine
-    compare windows-$machine "$windows/KezLib.dll" "$source/tools/wine-$machine" \
+    compare windows-$machine "$windows/KezLib.dll" "$source/tools/launchers/wine-$machine" \
         "$windows/tests/reference.exe"
 done

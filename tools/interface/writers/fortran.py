@@ -6,7 +6,7 @@ from ..languages import Language, Literals, broken, form_of, forms, is_list, kep
 from . import NOTICE
 
 # Each entry has a line of its own: a line ends at column 132, wherever the literals come from.
-LANGUAGE = Language("Fortran", "fortran/kezlib.F90", knows_case=False, literals=Literals(
+LANGUAGE = Language("Fortran", "fortran/kezlib.F90", knows_case=False, order=3, literals=Literals(
     not_a_number="ieee_value(1.0, ieee_quiet_nan)", infinity="ieee_value(1.0, ieee_positive_inf)",
     joint=", &\n    ", least_integer="ibset(0, 31)"))  # which is no integer of Fortran's model
 KINDS = {"real": "real(c_float)", "integer": "integer(c_int32_t)"}

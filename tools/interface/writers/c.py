@@ -1,11 +1,11 @@
-"""Calls in C, which has the header and needs no binding."""
+"""Calls in C, which has the header and needs no binding: nothing is written for it."""
 
 import re
 
-from interface import conditions
-from interface.languages import Language, Literals, broken, form_of, glued
+from .. import conditions
+from ..languages import Language, Literals, broken, form_of, glued
 
-LANGUAGE = Language("C", "include/kezlib.h",
+LANGUAGE = Language("C", "c/", order=1,
                     literals=Literals(real="{}f", least_integer="INT32_MIN", not_a_number="NAN",
                                       infinity="INFINITY", filler="0"))
 TYPES = {"real": "float", "integer": "int32_t", "word": "void"}
