@@ -137,16 +137,19 @@ class Call:
             self.sizes[a.name] = entries
 
     def text(self, writer):
-        """As the manual shows it."""
-        style = writer.LANGUAGE.literals
+        """As the manual's pages write it, which fill in what arguments hold. Writers know a list of
+        reals by a point."""
+        style, words = writer.LANGUAGE.literals, {a.name for a in self.row.routine.words()}
 
-        def listed(name):
-            texts = [style.of(text, self.row.kinds[name]) for text in self.held[name]]
-            return style.joint.join(texts) or style.filler
+        def listed(match):
+            texts = [style.of(text, self.row.kinds[match[1]]) for text in self.held[match[1]]]
+            lines = (texts[i:i + style.row] for i in range(0, len(texts), style.row))
+            return style.row_joint.join(map(style.joint.join, lines)) or style.filler
 
-        least = 1 if style.filler else 0
-        return writer.call(self.row.routine, {name: listed(name) for name in self.held},
-                           {name: str(max(n, least)) for name, n in self.sizes.items()})
+        holes = {name: f"«{name}.»" if name in words and self.row.kinds[name] == "real" else
+                 f"«{name}»" for name in self.held}
+        sizes = {name: str(max(n, 1 if style.filler else 0)) for name, n in self.sizes.items()}
+        return re.sub(r"«(\w+)\.?»", listed, writer.call(self.row.routine, holes, sizes))
 
     def faults(self, found, says_kept):
         """What is wrong with the results; says_kept when the language gives only what is written."""

@@ -76,7 +76,7 @@ def check_package(place):
 def check_types(place):
     """As those who use the package see them."""
     folder = place.work / "typed"
-    shutil.copytree(place.binding("python"), folder)
+    shutil.copytree(place.binding("python"), folder, dirs_exist_ok=True)
     for text, accepted in ((USE, True), (USE + 'kezlib.kezpds(0, 0, 0, 1, 2, "3")\n', False)):
         (folder / "use.py").write_text(text)
         done = subprocess.run(MYPY, cwd=folder, capture_output=True, text=True, check=False)
