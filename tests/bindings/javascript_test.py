@@ -81,6 +81,11 @@ def check_reference(place):
                      harness.ROOT / "tests/reference.txt", "seeded", "worked").strip()
 
 
+class Quiet(http.server.SimpleHTTPRequestHandler):
+    def log_message(self, *words):
+        pass
+
+
 def check_pages(place):
     """One that is opened from a file, and one that a server sends."""
     page = (harness.HERE / "javascript_page.html").read_text()
@@ -88,7 +93,7 @@ def check_pages(place):
     shutil.copy(place.binding("javascript") / "kezlib.browser.js", place.work)
     loaded = '<script type="module">import * as kezlib from "./node_modules/kezlib/kezlib.js";'
     place.file("module.html", re.sub("<script src=.*\n", "", page).replace("<script>", loaded))
-    handler = functools.partial(http.server.SimpleHTTPRequestHandler, directory=place.work)
+    handler = functools.partial(Quiet, directory=place.work)
     with http.server.ThreadingHTTPServer(("127.0.0.1", 0), handler) as server:
         threading.Thread(target=server.serve_forever, daemon=True).start()
         for url in (f"file://{place.work}/page.html",
