@@ -121,6 +121,5 @@ void register_geometry();
 void register_points();
 void register_polygons();
 void register_lists();
-void register_unfriendly();
 
 }  // namespace bench

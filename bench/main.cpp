@@ -5,7 +5,6 @@ int main(int argc, char** argv) {
   bench::register_points();
   bench::register_polygons();
   bench::register_lists();
-  bench::register_unfriendly();
   benchmark::Initialize(&argc, argv);
   if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
   benchmark::RunSpecifiedBenchmarks();

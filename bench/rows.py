@@ -13,15 +13,6 @@ class Row(NamedTuple):
     within: float = 1e-4  # what the answers may differ by, of the larger one
 
 
-class Growth(NamedTuple):
-    """Time per entry at the second size over that at the first: 10 where it grows with the square,
-    1.25 with n log n, and a little more as caches end."""
-    work: str
-    ours: str
-    goal: float = 2.0
-    sizes: tuple[int, int] = (10_000, 100_000)
-
-
 TO_1E4 = 1_000, 10_000
 TO_1E5 = 1_000, 10_000, 100_000
 TO_1E6 = 1_000, 10_000, 100_000, 1_000_000
@@ -63,20 +54,6 @@ ROWS = [
     # Which of near entries stands depends on their order, and the peer has sorted them.
     Row("`kezmer12` / sort and unique", "kezmer12", "sort_unique", 0.5, TO_1E6, within=1e-3),
     Row("`kezmer13` / sort both, two pointers", "kezmer13", "two_pointers", 0.5, TO_1E6, within=0),
-]
-
-GROWTH = [
-    Growth("`kezord`, both zeros", "kezord_zeros"),
-    Growth("`kezord`, a not-a-number", "kezord_nan"),
-    Growth("`kezordi`, a not-a-number", "kezordi_nan"),
-    Growth("`kezordi`, an infinity", "kezordi_infinity"),
-    Growth("`kezordi`, entries beyond 2^24", "kezordi_large"),
-    Growth("`kezpor`, an infinity", "kezpor_infinity"),
-    Growth("`kezmer12`, entries beyond 2^24", "kezmer12_large"),
-    Growth("`kezmer13`, tolerance not a number", "kezmer13_nan"),
-    Growth("`kezmer13`, tolerance minus infinity", "kezmer13_infinity"),
-    Growth("`kezmer14`, tolerance minus infinity", "kezmer14_infinity"),
-    Growth("`kezmer19`, tolerance minus infinity", "kezmer19_infinity"),
 ]
 
 LOAD_GOAL = 150.0  # us

@@ -1,5 +1,5 @@
 # 64-bit Windows, cross-built with MinGW-w64 and run by Wine.
 set(CMAKE_SYSTEM_PROCESSOR AMD64)
 set(mingw x86_64-w64-mingw32)
-set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_CURRENT_LIST_DIR}/../tools/wine-x64)
+set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_CURRENT_LIST_DIR}/../tools/launchers/wine-x64)
 include(${CMAKE_CURRENT_LIST_DIR}/mingw.cmake)

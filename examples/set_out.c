@@ -1,107 +1,135 @@
 /* Sets out guide lines on a circular outline, e.g. the beams and axes of a round platform:
  *
- *     set_out FILE [PICTURE.svg]
+ *     set_out FILE
  *
  * FILE holds one item a line, lengths in mm, names optional, # begins a comment:
  *
- *     circle xc yc xp yp name     once and first: the centre and a point on the outline
+ *     circle xc yc r name         once and first: the centre and the radius
  *     line   x1 y1 x2 y2 name     a guide line, from its start to its end
  */
-#include "set_out.h"
-
 #include <errno.h>
+#include <kezlib.h>
+#include <stdbool.h>
+#include <stdio.h>
 #include <string.h>
 
-enum { OK = 0, FAULT = 2 };
+enum { OK = 0, FAULT = 2, MAX_TEXT = 200 };
+
+/* The discriminant of a crossing grows with the sixth power of the coordinates: beyond 500 m single
+ * precision could overflow. */
+static const float farthest = 500000;
+static const float smallest_radius = 10;
+static const float shortest_line = 1;
+
+/* Everything is computed from the centre: far from the origin the circle's xc^2 + yc^2 - r^2 would
+ * be a small difference of large squares. */
+typedef struct {
+  float xc, yc, r;
+  int lines;
+} Outline;
+
+static bool complain(const char* path, int number, const char* reason) {
+  fprintf(stderr, "%s:%d: %s\n", path, number, reason);
+  return false;
+}
+
+static bool is_near(float value) {
+  return value >= -farthest && value <= farthest;
+}
 
 /* For printing with one decimal, so that what rounds to zero does not show as -0.0. */
 static double mm(float length) {
   return length > -0.05f && length < 0.05f ? 0 : (double)length;
 }
 
-/* For printing with two decimals: a full turn is none. */
-static double degrees(float angle) {
-  return angle >= 359.995f ? 0 : (double)angle;
+/* kezlci finds y first and then x = -(b y + c) / a, which magnifies rounding by b / a. A line that
+ * is closer to the x axis is therefore handed over with the axes exchanged. */
+static int32_t crossings(float a, float b, float c, float r, float x[2], float y[2]) {
+  const float zero = 0;
+  float D, E, F;
+  int32_t n;
+  kezcer(&zero, &zero, &r, &D, &E, &F);
+  if (a * a >= b * b)
+    kezlci(&a, &b, &c, &D, &E, &F, &n, &x[0], &y[0], &x[1], &y[1]);
+  else
+    kezlci(&b, &a, &c, &E, &D, &F, &n, &y[0], &x[0], &y[1], &x[1]);
+  return n;
 }
 
-static const char* side(float offset) {
-  if (mm(offset) == 0) return " ";
-  return offset > 0 ? "R" : "L";
-}
-
-static void print_guide(int32_t number, const Guide* guide, const Meeting* m) {
+/* One row of the table: how far the line passes the centre, and where it meets the outline. */
+static void set_out(const Outline* o, const float ends[4], const char* name) {
   static const char* const words[] = {"misses", "touches", "cuts"};
-  const float offset = m->offset < 0 ? -m->offset : m->offset;
-  printf("%3d  %-31s  %-7s %10.1f %s", (int)number, guide->name, words[m->relation], mm(offset),
-         side(m->offset));
-  if (m->relation == MISSES) printf(" %10.1f", mm(m->gap));
-  if (m->relation == CUTS) printf(" %10s %10.1f %8.2f", "", mm(m->chord), degrees(m->angle));
+  const float zero = 0;
+  const float x1 = ends[0] - o->xc, y1 = ends[1] - o->yc;
+  const float x2 = ends[2] - o->xc, y2 = ends[3] - o->yc;
+  float a, b, c, offset, x[2], y[2];
+  kezln3(&x1, &y1, &x2, &y2, &a, &b, &c);
+  kezlds(&zero, &zero, &a, &b, &c, &offset);
+  const int32_t n = crossings(a, b, c, o->r, x, y);
+  printf("%3d  %-28s %-8s %9.1f", o->lines, name, words[n], mm(offset));
+  for (int32_t i = 0; i < n; i++) printf("  %9.1f %9.1f", mm(o->xc + x[i]), mm(o->yc + y[i]));
   putchar('\n');
 }
 
-static void print_point(int32_t number, char letter, const SetPoint* p, Point centre) {
-  static const char* const places[] = {"near an end",  "at start",     "at end",
-                                       "between ends", "before start", "beyond end"};
-  printf("%3d%c  %10.1f %10.1f %10.2f %12.1f   %s\n", (int)number, letter, mm(centre.x + p->at.x),
-         mm(centre.y + p->at.y), degrees(p->bearing), mm(p->from_start), places[p->place]);
-}
-
-static void print_guides(const Plan* plan, const Meeting meetings[]) {
+static bool take_circle(Outline* o, const char* rest, const char* path, int number) {
+  char name[MAX_TEXT] = "";
+  if (o->r > 0) return complain(path, number, "second circle");
+  if (sscanf(rest, "%f %f %f %199[^\n]", &o->xc, &o->yc, &o->r, name) < 3)
+    return complain(path, number, "a circle has three numbers");
+  if (!is_near(o->xc) || !is_near(o->yc) || !(o->r >= smallest_radius && is_near(o->r)))
+    return complain(path, number, "a number is out of range");
+  printf("%s: centre x %.1f mm, y %.1f mm; radius %.1f mm\n\n", name, mm(o->xc), mm(o->yc),
+         mm(o->r));
+  puts("                                           offset    first point [mm]      second point");
   puts(
-      "GUIDE LINES\n"
-      " No  Name                             Meets       Offset          Gap      Chord    Angle\n"
-      "                                                    [mm]         [mm]       [mm]    [deg]");
-  for (int32_t i = 0; i < plan->guide_count; i++)
-    print_guide(i + 1, &plan->guides[i], &meetings[i]);
-  puts(
-      "Offset: of the line from the centre, which lies to its right (R) or left (L), seen from\n"
-      "        the start of the line to its end. Angle: at the centre, of the chord.");
+      " No  Name                         Meets      [mm]           x         y           x         "
+      "y");
+  return true;
 }
 
-static void print_points(const Plan* plan, const Meeting meetings[]) {
-  puts(
-      "POINTS ON THE OUTLINE\n"
-      "  No           x          y    Bearing   From start   Place on\n"
-      "            [mm]       [mm]      [deg]         [mm]   the line");
-  for (int32_t i = 0; i < plan->guide_count; i++)
-    for (int32_t k = 0; k < (int32_t)meetings[i].relation; k++)
-      print_point(i + 1, (char)('a' + k), &meetings[i].points[k], plan->outline.centre);
-  puts("Bearing: from the centre, anticlockwise from the x axis.");
+static bool take_line(Outline* o, const char* rest, const char* path, int number) {
+  char name[MAX_TEXT] = "";
+  float ends[4];
+  if (!(o->r > 0)) return complain(path, number, "line before the circle");
+  if (sscanf(rest, "%f %f %f %f %199[^\n]", &ends[0], &ends[1], &ends[2], &ends[3], name) < 4)
+    return complain(path, number, "a line has four numbers");
+  for (int i = 0; i < 4; i++)
+    if (!is_near(ends[i])) return complain(path, number, "a number is out of range");
+  const float dx = ends[2] - ends[0], dy = ends[3] - ends[1];
+  if (dx * dx + dy * dy < shortest_line)
+    return complain(path, number, "the points of the line are too close together");
+  o->lines++;
+  set_out(o, ends, name);
+  return true;
 }
 
-static void print_tables(const Plan* plan, const Meeting meetings[]) {
-  const Outline* o = &plan->outline;
-  printf("%s\nCentre x %.1f mm, y %.1f mm; radius %.1f mm\n\n", o->name[0] ? o->name : "Outline",
-         mm(o->centre.x), mm(o->centre.y), mm(o->radius));
-  print_guides(plan, meetings);
-  putchar('\n');
-  print_points(plan, meetings);
-}
-
-static int failed(const char* path) {
-  fprintf(stderr, "%s: %s\n", path, strerror(errno));
-  return FAULT;
-}
-
-static int write_picture(const char* path, const Plan* plan, const Meeting meetings[]) {
-  FILE* svg = fopen(path, "w");
-  if (!svg) return failed(path);
-  draw(svg, plan, meetings);
-  const bool written = !ferror(svg);
-  return fclose(svg) == 0 && written ? OK : failed(path);
+static bool take(Outline* o, char* text, const char* path, int number) {
+  char word[MAX_TEXT];
+  int end = 0;
+  text[strcspn(text, "#")] = '\0';
+  if (sscanf(text, "%199s%n", word, &end) < 1) return true;
+  if (strcmp(word, "circle") == 0) return take_circle(o, text + end, path, number);
+  if (strcmp(word, "line") == 0) return take_line(o, text + end, path, number);
+  return complain(path, number, "a line begins with 'circle' or 'line'");
 }
 
 int main(int argc, char* argv[]) {
-  static Plan plan;
-  static Meeting meetings[MAX_GUIDES];
-  if (argc < 2 || argc > 3) {
-    fputs("usage: set_out FILE [PICTURE.svg]\n", stderr);
+  Outline outline = {0, 0, 0, 0};
+  char text[MAX_TEXT];
+  bool good = true;
+  if (argc != 2) {
+    fputs("usage: set_out FILE\n", stderr);
     return FAULT;
   }
-  if (!read_plan(argv[1], &plan)) return FAULT;
-  for (int32_t i = 0; i < plan.guide_count; i++)
-    meetings[i] = meet(&plan.guides[i], plan.outline.radius);
-  print_tables(&plan, meetings);
-  if (fflush(stdout) != 0) return failed("standard output");
-  return argc == 3 ? write_picture(argv[2], &plan, meetings) : OK;
+  FILE* const file = fopen(argv[1], "r");
+  if (!file) {
+    fprintf(stderr, "%s: %s\n", argv[1], strerror(errno));
+    return FAULT;
+  }
+  for (int number = 1; good && fgets(text, sizeof text, file); number++)
+    good = strlen(text) < sizeof text - 1 ? take(&outline, text, argv[1], number)
+                                          : complain(argv[1], number, "more than 198 characters");
+  good = good && !ferror(file);
+  fclose(file);
+  return good && fflush(stdout) == 0 ? OK : FAULT;
 }

@@ -9,7 +9,6 @@ LIBRARY is the JavaScript package, which draws and computes; WORK a folder for w
 import argparse
 import json
 import pathlib
-import re
 import shutil
 import subprocess
 import sys
@@ -18,10 +17,10 @@ HERE = pathlib.Path(__file__).resolve().parent
 sys.path[:0] = [str(HERE), str(HERE.parent / "tools")]
 
 import jinja2  # noqa: E402
-from generator import documents, languages, pages, worked  # noqa: E402
+from generator import languages, pages, worked  # noqa: E402
 from generator.pictures import draw_all  # noqa: E402
 from generator.routine_page import page_data  # noqa: E402
-from interface import ROOT, read, version  # noqa: E402
+from interface import read, version  # noqa: E402
 
 
 def absolute(path):
@@ -53,12 +52,12 @@ def write_pages(site, out):
         (out / page.href).write_text(text)
 
 
-def write_readme_pictures(drawn, readme, folder):
+def write_committed_pictures(drawn, folder):
     """Those that README shows, from where `./dev manual --pictures` copies them."""
     shutil.rmtree(folder, ignore_errors=True)
     folder.mkdir()
-    for name in re.findall(r"manual/pictures/(\w+)\.svg", readme.path.read_text()):
-        (folder / f"{name}.svg").write_text(drawn[name].alone + "\n")
+    for picture in (HERE / "pictures").glob("*.svg"):
+        (folder / picture.name).write_text(drawn[picture.stem].alone + "\n")
 
 
 def write_index(site, out):
@@ -102,14 +101,12 @@ def main():
     calls = worked.worked_calls(interface)
     tabs = languages.tabs()
     drawn, style = drawn_pages(command, interface, calls, tabs)
-    readme = documents.Document(ROOT / "README.md")
-    site = pages.Site(interface, calls, drawn, tabs, readme)
-    write_readme_pictures(drawn, readme, command.work / "pictures")
+    site = pages.Site(interface, calls, drawn, tabs)
+    write_committed_pictures(drawn, command.work / "pictures")
     write_pages(site, command.out)
     write_index(site, command.out)
     write_scripts(command, assets)
     (assets / "style.css").write_text((HERE / "style.css").read_text() + style)
-    shutil.copy(ROOT / "bench/plot.svg", assets)
     files = [file for file in command.out.rglob("*") if file.is_file()]
     print(f"{sum(file.suffix == '.html' for file in files)} pages, "
           f"{sum(file.stat().st_size for file in files) / 1e6:.1f} MB, in {command.out}")

@@ -20,24 +20,26 @@ expect() {
     exit 1
 }
 
-# Without apt-get it says what is missing, and calls nobody: these would say that they were called.
-for tool in sh dirname g++ c++ cmake python3 pkg-config id sed grep mkdir cat; do
+# Without apt-get it says what is needed and goes on, until a command is missing. It calls nobody:
+# this would say that it was called.
+for tool in sh dirname g++ id sed grep mkdir cat; do
     ln -s "$(command -v $tool)" "$work/$tool"
 done
+mkdir "$work/project"
+cp -r "$1/dev" "$1/tools" "$work/project"
 printf '#!/bin/sh\necho "$0 was called"\n' >"$work/sudo"
 chmod +x "$work/sudo"
-expect 1 "^dev: nothing is installed without apt-get.* ninja-build" env PATH="$work" "$1/dev" build
+expect 1 "Needed (Debian's names): .* ninja-build" env PATH="$work" "$work/project/dev" build
+grep -q 'cmake: not found' "$work/out"
 ! grep -q 'was called' "$work/out"
 
-# A checkout of its own, whose clean command does the least.
-mkdir -p "$work/checkout/tools"
-cp "$1/dev" "$work/checkout"
-cp -r "$1/tools/"*.sh "$work/checkout/tools"
-dev=$work/checkout/dev
-: >"$work/checkout/build"
-expect 1 "^dev: cannot write to $work/checkout/build" "$dev" clean
+# The clean command does the least.
+dev=$work/project/dev
+rm -rf "$work/project/build"
+: >"$work/project/build"
+expect 1 "^dev: cannot write to $work/project/build" "$dev" clean
 [ "$(wc -l <"$work/out")" = 1 ]
-rm "$work/checkout/build"
+rm "$work/project/build"
 
 flock "$dev" sleep 1 &
 until ! flock -n "$dev" true; do :; done

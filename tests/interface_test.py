@@ -12,12 +12,16 @@ sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "tools")
 import interface  # noqa: E402
 from interface import arithmetic, languages, rows, writers  # noqa: E402
 from interface.writers import (  # noqa: E402
-    call_table, fortran, javascript, module_definition, routine_list)
+    call_table, fortran, javascript, module_definition)
 
 INTERFACE = interface.read()
 HEADER = INTERFACE.routines
 TESTS = pathlib.Path(__file__).parent
-NUMBERS = "No One Two Three Four Five Six Seven Eight Nine Ten Eleven Twelve".split()
+LANGUAGES = writers.languages()
+BINDINGS = interface.ROOT / "bindings"
+HEADINGS = ["Install", "First call", "Arrays", "Kept values", "Callback",  # others between them
+            "What has been tried"]
+PAGES = interface.ROOT / "manual/pages"
 
 GROUP = "/** @defgroup g Group\n * @{\n */\n"
 GOOD = """/**
@@ -259,24 +263,9 @@ class Form(unittest.TestCase):
               if hasattr(writer, "LANGUAGE")))
         self.assertEqual(taken & {r.readable for r in HEADER}, set(), "edit include/kezlib.h")
 
-    def test_every_routine_has_rows(self):
-        rows = "".join(path.read_text() for path in (TESTS / "cases").glob("*.txt"))
-        called = set(re.findall(r"^(kez\w+) .*->", rows, re.MULTILINE))
-        self.assertEqual({r.name for r in HEADER} - called, set(), "edit tests/cases/<folder>.txt")
-
     def test_generated_files_are_fresh(self):
         subprocess.run([sys.executable, "-B", pathlib.Path(interface.__file__).parent, "--check"],
                        check=True)
-
-    def test_list_in_a_text(self):
-        marked = f"a\n{routine_list.BEGIN}old\n{routine_list.END}b\n"
-        self.assertEqual(
-            routine_list.renewed(marked, parse(GOOD)),
-            marked.replace("old\n", "\nThere are 1, by family:\n\n**Group**\n\n"
-                                   "- `kezsum`, `sum_table`: Sums a table.\n\n"))
-        for mark in (routine_list.BEGIN, routine_list.END):
-            with self.assertRaises(interface.FormError):
-                routine_list.renewed(marked.replace(mark, ""), parse(GOOD))
 
 
 class WorkedCalls(unittest.TestCase):
@@ -333,28 +322,53 @@ class WorkedCalls(unittest.TestCase):
             self.assertEqual(arithmetic.evaluate(expression, integers), value, expression)
 
 
+class Languages(unittest.TestCase):
+    def test_each_has_a_test_and_a_page(self):
+        """The test's function is what the manual's test calls, too."""
+        for key, writer in LANGUAGES.items():
+            folder = writer.LANGUAGE.folder
+            with self.subTest(key):
+                test = (TESTS / f"bindings/{folder}_test.py").read_text()
+                self.assertRegex(test, rf"(?m)^def {key}\(texts, place", "make the calls of rows")
+                self.assertIn(f'harness.check("{key}", ', test)
+                self.assertTrue(writer.signature(HEADER[0]))
+                self.assertIn(f"(bindings/{folder}/README.md)", prose("README.md"))
+
+    def test_there_are_no_others(self):
+        folders = {writer.LANGUAGE.folder for writer in LANGUAGES.values()}
+        self.assertEqual({path.parent.name for path in BINDINGS.glob("*/*")}, folders)
+        self.assertEqual({path.name for path in (TESTS / "bindings").glob("*_test.py")},
+                         {f"{folder}_test.py" for folder in folders})
+
+    def test_pages_have_the_same_headings(self):
+        for page in BINDINGS.glob("*/README.md"):
+            text = re.sub(r"(?ms)^```.*?^```", "", page.read_text())
+            found = re.findall(r"(?m)^## (.+)$", text)
+            with self.subTest(page.parent.name):
+                self.assertEqual([h for h in found if h in HEADINGS], HEADINGS)
+
+
 class Prose(unittest.TestCase):
-    """What the README and the change log say of the routines as a whole."""
+    """Which routines a page is about."""
+
+    def expect(self, page, names, hint=""):
+        self.assertEqual(names_in((PAGES / page).read_text()), set(names),
+                         f"edit manual/pages/{page}{hint}")
 
     def test_which_are_left_out(self):
-        left_out = [name[1:].split()[0] for name in entries("routines.txt") if name[0] == "-"]
-        named = names_in(re.search(r"Not built are (.+?)\.", prose("README.md"))[1])
-        self.assertEqual(sorted(named), sorted(left_out), "edit README.md or tests/routines.txt")
+        self.expect("left-out.md", (name[1:].split()[0] for name in entries("routines.txt")
+                                    if name[0] == "-"), " or tests/routines.txt")
 
-    def test_how_many_keep_a_value(self):
-        keeping = [r.name for r in HEADER if r.kept]
-        said = re.search(r"### Values kept between calls (\w+) routines .+? All other",
-                         prose("README.md"))
-        self.assertEqual(said[1], NUMBERS[len(keeping)], "edit README.md")
-        self.assertEqual(names_in(said[0]), set(keeping), "edit README.md")
+    def test_which_keep_a_value(self):
+        self.expect("kept-values.md", (r.name for r in HEADER if r.kept))
 
     def test_which_do_not_give_the_same_bits_everywhere(self):
-        others = {r.name for r in HEADER} - {l.split()[0] for l in entries("reference.txt")}
-        readme = prose("README.md")
-        roots = names_in(re.search(r"reciprocal square root \(([^)]+)\)", readme)[1])
-        elementary = names_in(re.search(r"\| routines .+?## How fast", readme)[0])
-        self.assertEqual(roots | elementary, others,
-                         "run ./dev reference; or edit README.md and tests/reference.cpp")
+        same = {line.split()[0] for line in entries("reference.txt")}
+        self.expect("same-answers.md", {r.name for r in HEADER} - same,
+                    ", run ./dev reference, or edit tests/reference.cpp")
+
+    def test_how_many_there_are(self):
+        self.assertIn(f"{len(HEADER)} numeric routines", prose("README.md"))
 
 
 if __name__ == "__main__":

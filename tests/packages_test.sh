@@ -77,7 +77,7 @@ bindings=debian/usr/share/kezlib/bindings
 quietly diff -r $bindings "$windows/bindings"
 for machine in x86 x64; do
     cmp "$source/build/windows-$machine/KezLib.dll" "$windows/$machine/KezLib.dll"
-    run=$source/tools/wine-$machine
+    run=$source/tools/launchers/wine-$machine
     quietly cmake -S "$source/examples" -B "$machine" -G Ninja -DCMAKE_PREFIX_PATH="$windows" \
         -DCMAKE_FIND_ROOT_PATH_MODE_PACKAGE=BOTH \
         -DCMAKE_TOOLCHAIN_FILE="$source/cmake/windows-$machine.cmake"
@@ -105,7 +105,7 @@ for machine in x86:i686 x64:x86_64; do
     quietly lld-link "$folder/bare_host.obj" "$windows/$folder/KezLib.lib" -nodefaultlib \
         -entry:start -subsystem:console -safeseh:no -out:"$folder/bare_host.exe"
     status=0
-    "$source/tools/wine-$folder" "$folder/bare_host.exe" || status=$?
+    "$source/tools/launchers/wine-$folder" "$folder/bare_host.exe" || status=$?
     [ $status = 42 ] ||
         fail "the host of the library for Microsoft's linker gave $status on $folder"
 done

@@ -1,12 +1,8 @@
-"""The languages behind the tabs: C, and those that have a binding's writer."""
+"""The languages behind the tabs: those that have a writer."""
 
-import pathlib
 from dataclasses import dataclass
 
-import c
-from interface.writers import all_writers
-
-ORDER = ["C", "Python", "Fortran", "C#", "VBA", "Pascal", "JavaScript", "TypeScript"]  # then others
+from interface import writers
 
 
 @dataclass
@@ -15,23 +11,16 @@ class Tab:
     title: str
     literals: object
     writer: object
-    folder: str  # of the binding
+    folder: str  # of its page
 
     @property
     def page(self):
         return f"language-{self.folder}.html"
 
 
-def key_of(title):
-    return title.lower().replace("#", "sharp")
-
-
 def tabs():
-    writers = [c, *(w for w in all_writers().values() if hasattr(w, "LANGUAGE"))]
-    ordered = sorted((w for w in writers if hasattr(w, "call")),
-                     key=lambda w: [*ORDER, w.LANGUAGE.title].index(w.LANGUAGE.title))
-    return [Tab(key_of(w.LANGUAGE.title), w.LANGUAGE.title, w.LANGUAGE.literals, w,
-                "c" if w is c else pathlib.PurePath(w.LANGUAGE.file).parts[0]) for w in ordered]
+    return [Tab(key, w.LANGUAGE.title, w.LANGUAGE.literals, w, w.LANGUAGE.folder)
+            for key, w in writers.languages().items()]
 
 
 def holes(routine, form):

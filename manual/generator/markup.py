@@ -1,6 +1,7 @@
 """Text as HTML: the header's, which is plain text with tables, lists, sketches and `code`, and the
 documents', which are Markdown. Names of routines become links in both."""
 
+import posixpath
 import re
 
 import markdown
@@ -71,22 +72,18 @@ class Prose:
         return Safe(re.sub(r"\bkez\w+", lambda match: self.link(match[0], match[0]),
                            str(Safe.escape(text))))
 
-    def without_files(self, text):
-        """A link to a file that has no page is its text."""
+    def without_files(self, text, path):
+        """Links of a file of the repository: one to a file that has no page is its text."""
         def resolve(match):
-            target = match[1]
-            if re.match(r"https?:|#", target):
+            if re.match(r"https?:|#", match[1]):
                 return match[0]
-            page = self.pages.get(target)
+            page = self.pages.get(posixpath.normpath(posixpath.join(path, "..", match[1])))
             return f'<a href="{page}">{match[2]}</a>' if page else match[2]
 
-        text = re.sub(r"<!--.*?-->", "", text, flags=re.DOTALL)
-        text = re.sub(r'(<img [^>]*src=")([^"]*)',
-                      lambda match: match[1] + self.pages.get(match[2], match[2]), text)
         return re.sub(r'<a href="([^"]*)">(.*?)</a>', resolve, text, flags=re.DOTALL)
 
-    def document(self, text):
-        return self.linked(self.without_files(markdown.markdown(text, extensions=EXTENSIONS)))
+    def document(self, text, path):
+        return self.linked(self.without_files(markdown.markdown(text, extensions=EXTENSIONS), path))
 
 
 def plain_text(text):

@@ -4,25 +4,17 @@ import functools
 import re
 from dataclasses import dataclass, field
 
-from interface import HEADER, ROOT
+from interface import HEADER
 from interface.languages import known_as
 from interface.reader import parse_comment
 from markupsafe import Markup as Safe
 
-from . import routine
-from .documents import Document
+from . import documents, routine
 from .markup import Prose, plain_text
 from .routine_page import Card, routine_values
 
-LIBRARY = {  # page: its title, and the sections of README that it is made of
-    "linking.html": ("Linking and platforms", ["Linking", "Packages and platforms",
-                                               "The Windows DLLs"]),
-    "kezcall.html": ("kezcall", ["Trying a routine: kezcall"]),
-    "benchmarks.html": ("Benchmarks", ["How fast it is"]),
-}
-NUMBERS = ["The same answers everywhere", "Values kept between calls"]
-FILES = {"README.md": "index.html", "CHANGELOG.md": "changelog.html",
-         "bench/plot.svg": "assets/plot.svg", "include/kezlib.h": "reading.html"}
+FILES = {"README.md": "index.html", "include/kezlib.h": "reading.html"}  # beside the documents
+FIRST = "index.html"
 BUILDER = "kezsec_"  # what the names of the routines that give outlines of sections begin with
 WORD = r"[a-z][a-z0-9_.+#-]*[a-z0-9_+#]|\d{4}-\d[-\d]*"  # names, and those of standards
 TELLING = 4  # small pictures of a family on the first page
@@ -52,16 +44,6 @@ class Chapter:
     entries: list
 
 
-@dataclass
-class Part:
-    title: str
-    html: str
-
-    @property
-    def anchor(self):
-        return "".join(c if c.isalnum() else "-" for c in self.title.lower())
-
-
 def file_comment():
     """The paragraphs at the top of the header: those that say how to read it, and the numbers."""
     text = HEADER.read_text().partition("/**")[2].partition("*/")[0]
@@ -72,9 +54,7 @@ def file_comment():
 
 def said(page):
     """The text of a page that is no routine's."""
-    parts = [part.html for part in page.values.get("parts", [])]
-    texts = [*parts, *(page.values.get(key, "") for key in ("introduction", "text"))]
-    return Safe(" ".join(texts)).striptags()
+    return Safe(page.values.get("text", "")).striptags()
 
 
 def vocabulary(text):
@@ -82,12 +62,11 @@ def vocabulary(text):
 
 
 class Site:
-    def __init__(self, interface, calls, drawn, tabs, readme):
-        self.interface, self.calls, self.drawn, self.readme = interface, calls, drawn, readme
-        self.tabs = tabs
-        self.prose = Prose([r.name for r in interface.routines], FILES)
-        self.guides = {path.parent.name: Document(path)
-                       for path in sorted((ROOT / "bindings").glob("*/README.md"))}
+    def __init__(self, interface, calls, drawn, tabs):
+        self.interface, self.calls, self.drawn, self.tabs = interface, calls, drawn, tabs
+        self.about, self.guides = documents.about(), documents.guides()
+        self.prose = Prose([r.name for r in interface.routines], FILES | {
+            document.path: document.href for document in [*self.about, *self.guides.values()]})
         self.cards = {r.name: Card(r, Safe(drawn[r.name].small)) for r in interface.routines}
 
     def family_href(self, title):
@@ -100,24 +79,21 @@ class Site:
         """Pages of the languages and their titles, in the order of the tabs."""
         titles = {}
         for tab in self.tabs:
-            titles.setdefault(tab.folder, tab.title)
-        order = list(titles)
-        yield "language-c.html", titles["c"]
-        for key in sorted(self.guides, key=lambda k: order.index(k) if k in titles else len(order)):
-            yield f"language-{key}.html", titles.get(key, self.guides[key].title)
+            titles.setdefault(self.guides[tab.folder].href, tab.title)
+        return titles
 
     def contents(self):
         families = [Entry(g.title, self.family_href(g.title),
                           {card.name: card.href for card in self.family_cards(g)})
                     for g in self.interface.groups]
-        library = [Entry(title, href) for href, (title, _) in LIBRARY.items()]
-        library.insert(2, Entry("The numbers", "numbers.html"))
+        about = [Entry(d.title, d.href) for d in self.about if d.href != FIRST]
         return [
-            Chapter("Routines", [*families, Entry("Section shapes", "shapes.html")]),
-            Chapter("Languages", [Entry(t, href) for href, t in self.language_pages()]),
-            Chapter("The library", [Entry("Overview", "index.html"),
-                                    Entry("How to read a page", "reading.html"), *library,
-                                    Entry("Changelog", "changelog.html")])]
+            Chapter("Routines", [*families, Entry("All in a list", "routines.html"),
+                                 Entry("Section shapes", "shapes.html")]),
+            Chapter("Languages", [Entry(t, href) for href, t in self.language_pages().items()]),
+            Chapter("The library", [Entry("Overview", FIRST),
+                                    Entry("How to read a page", "reading.html"),
+                                    Entry("The numbers", "numbers.html"), *about])]
 
     @functools.cached_property
     def pages(self):
@@ -132,50 +108,38 @@ class Site:
             values = routine_values(r, self)
             yield Page(f"{r.name}.html", r.name, "routine.html",
                        plain_text(routine.sentence(r)), values)
+        yield Page("routines.html", "All routines", "routines.html", "All routines in a list.",
+                   {"families": self.families()})
         yield self.shapes_page()
-        yield from self.guide_pages()
-        for href, (title, sections) in LIBRARY.items():
-            yield self.document_page(href, title, sections)
-        changes = Document(ROOT / "CHANGELOG.md")
-        yield Page("changelog.html", changes.title, "page.html", "What has changed.",
-                   {"parts": [Part("", self.prose.document(changes.body))]})
+        titles = self.language_pages()
+        for guide in self.guides.values():
+            yield self.document_page(guide, titles[guide.href])
+        for document in self.about:
+            if document.href != FIRST:
+                yield self.document_page(document, document.title)
 
     def header_pages(self):
         reading, numbers = map(self.prose.header, file_comment())
         yield Page("reading.html", "How to read a page", "page.html",
-                   "What the words of a routine's page mean.", {"parts": [Part("", reading)]})
+                   "What the words of a routine's page mean.", {"text": reading})
         yield Page("numbers.html", "The numbers", "page.html",
                    "Tolerance, bits that agree, what a host provides.",
-                   {"parts": [Part("", numbers), *self.readme_parts(NUMBERS)]})
+                   {"text": numbers})
 
-    def readme_parts(self, titles):
-        return [Part(title, self.prose.document(self.readme.section(title).text))
-                for title in titles]
+    def document_page(self, document, title):
+        return Page(document.href, title, "page.html", f"{document.title}.",
+                    {"text": self.prose.document(document.body, document.path)})
 
-    def document_page(self, href, title, sections):
-        parts = self.readme_parts(sections)
-        if len(parts) == 1:
-            parts[0].title = ""
-        return Page(href, title, "page.html", f"KezLib: {title}.", {"parts": parts})
-
-    def guide_pages(self):
-        yield Page("language-c.html", "C", "page.html", "A host in C.",
-                   {"parts": self.readme_parts(["A host in C", "Linking"])})
-        titles = dict(self.language_pages())
-        for key, guide in self.guides.items():
-            href = f"language-{key}.html"
-            yield Page(href, titles[href], "page.html", f"KezLib in {titles[href]}.",
-                       {"parts": [Part("", self.prose.document(guide.body))]})
+    def families(self):
+        return [{"title": g.title, "href": self.family_href(g.title),
+                 "cards": self.family_cards(g), "telling": self.telling(g)}
+                for g in self.interface.groups]
 
     def first_page(self):
-        families = [{"title": g.title, "href": self.family_href(g.title),
-                     "cards": self.family_cards(g), "telling": self.telling(g)}
-                    for g in self.interface.groups]
-        return Page("index.html", "Manual", "index.html", "The manual of KezLib.",
-                    {"families": families, "count": len(self.interface.routines),
-                     "introduction": self.prose.document(
-                         self.readme.section("What it is").text.split("\n\n")[0]),
-                     "parts": self.readme_parts(["What is not part of this build"])})
+        (document,) = (d for d in self.about if d.href == FIRST)
+        return Page(FIRST, "Manual", "index.html", "The manual of KezLib.",
+                    {"families": self.families(), "count": len(self.interface.routines),
+                     "text": self.prose.document(document.body, document.path)})
 
     def telling(self, group):
         """Evenly out of the family."""

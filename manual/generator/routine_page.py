@@ -109,7 +109,7 @@ def marked(rows, prose):
 def routine_values(r, site):
     prose, calls = site.prose, site.calls[r.name]
     shown, folded = worked.shown_and_folded(worked.groups(calls))
-    tabs = tab_values(r, site.drawn[r.name].copies, site.tabs, dict(site.language_pages()))
+    tabs = tab_values(r, site.drawn[r.name].copies, site.tabs, site.language_pages())
     group = routine.family(r, site.interface)
     lead, description = routine.lead_and_description(r)
     return {

@@ -4,7 +4,6 @@
 import pathlib
 import re
 import sys
-import tempfile
 import unittest
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
@@ -61,7 +60,7 @@ def words(texts):
 
 class Text(unittest.TestCase):
     def setUp(self):
-        self.prose = Prose(["keza"], {"README.md": "index.html", "plot.svg": "assets/plot.svg"})
+        self.prose = Prose(["keza"], {"README.md": "index.html", "pages/b.md": "b.html"})
 
     def test_formulas_stand_as_they_are(self):
         for text in ("a * b * c <= |d|", "x_1 and y_1_z", "[n + 1] (see below)", "a <b> & c"):
@@ -91,10 +90,13 @@ class Text(unittest.TestCase):
                          'As with <a href="keza.html">keza</a>, n &lt; 2: kezzz.')
 
     def test_links_lead_to_pages_or_nowhere(self):
-        html = self.prose.document("[in](README.md) [out](dev) [web](https://a.b) ![p](plot.svg)")
-        self.assertIn('<a href="index.html">in</a> out <a href="https://a.b">web</a>', html)
-        self.assertIn('src="assets/plot.svg"', html)
-        self.assertIn('src="README.md"', self.prose.document("    <img src=\"README.md\">"))
+        html = self.prose.document("[in](../README.md) [b](b.md) [out](dev) [web](https://a.b)",
+                                   "pages/a.md")
+        self.assertIn('<a href="index.html">in</a> <a href="b.html">b</a> out '
+                      '<a href="https://a.b">web</a>', html)
+
+    def test_a_page_may_begin_with_code(self):
+        self.assertIn("<pre", self.prose.document("    ./dev a\n", "a.md"))
 
 
 class Routines(unittest.TestCase):
@@ -135,27 +137,12 @@ class Calls(unittest.TestCase):
 
 
 class Documents(unittest.TestCase):
-    def document(self, text):
-        with tempfile.TemporaryDirectory() as folder:
-            path = pathlib.Path(folder) / "README.md"
-            path.write_text(text)
-            return documents.Document(path)
-
-    def test_sections_end_where_others_begin(self):
-        found = self.document(
-            "# T\n\n## A\n\none\n\n```sh\n# no heading\n```\n\n### B\n\ntwo\n\n## C\n")
-        self.assertEqual(found.section("A").text.split()[0], "one")
-        self.assertIn("# no heading", found.section("A").text)
-        self.assertTrue(found.section("A").text.endswith("two"))
-        self.assertEqual(found.section("B").text, "two")
-
-    def test_a_section_may_begin_with_code(self):
-        text = self.document("# T\n\n## A\n\n    ./dev a\n").section("A").text
-        self.assertIn("<pre", Prose([]).document(text))
-
-    def test_a_section_that_is_gone_is_said(self):
-        with self.assertRaisesRegex(SystemExit, "needs the section 'B'"):
-            self.document("# T\n\n## A\n").section("B")
+    def test_links_lead_to_files(self):
+        """Those of the pages as they stand in the repository, too."""
+        for document in [*documents.about(), *documents.guides().values()]:
+            for target in re.findall(r"\]\(([^)#:]+)\)", document.body):
+                self.assertTrue((ROOT / document.path / ".." / target).resolve().exists(),
+                                f"{document.path}: {target}")
 
 
 if __name__ == "__main__":

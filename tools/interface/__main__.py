@@ -15,7 +15,7 @@ sys.path[0] = str(pathlib.Path(__file__).resolve().parent.parent)
 from interface import HEADER, ROOT, FormError, read  # noqa: E402
 from interface.writers import all_writers  # noqa: E402
 
-WRITERS = all_writers()
+WRITERS = {name: found for name, found in all_writers().items() if hasattr(found, "write")}
 
 
 def parse_command():

@@ -45,11 +45,21 @@ class Language:
     that it reserves, in whatever case if it knows none."""
 
     title: str
-    file: str  # what a host adds, below share/kezlib/bindings
+    file: str  # what a host adds, below share/kezlib/bindings; or only the folder of its page
     reserved: frozenset = frozenset()
     knows_case: bool = True
     escape: str = "{}_"
+    order: int = 99  # its place among the manual's tabs
     literals: Literals = field(default_factory=Literals)
+
+    @property
+    def key(self):
+        """Its name in a manual's address, and that of its function in the tests."""
+        return self.title.lower().replace("#", "sharp")
+
+    @property
+    def folder(self):
+        return self.file.partition("/")[0]
 
     def name(self, name):
         known = name if self.knows_case else name.lower()

@@ -1,12 +1,14 @@
 """One module for each product that follows from the header, and nothing else to edit for a new one.
 
 A writer has a docstring that says what it writes, and `write(interface)`, which returns the text;
-`COMMITTED`, the product's file in the repository, if it is not just generated into the build tree;
-and if it is a binding `LANGUAGE`, the language and its file, `signature(routine)`, the declaration
-as a manual shows it, and `call(routine, literals, sizes)`, a worked call: statements that declare
+`COMMITTED`, the product's file in the repository, if it is not just generated into the build tree.
+
+That of a language has `LANGUAGE`, the language and its file; `signature(routine)`, the declaration
+as a manual shows it; and `call(routine, literals, sizes)`, a worked call: statements that declare
 and set the arguments, call, and print the results. In the last, `literals` has by argument the text
 of what it holds before the call, entries of an array with the language's joint between them, and
-`sizes` by array the text of the number of its entries.
+`sizes` by array the text of the number of its entries. It may have no `write`. A language also has
+a page, `bindings/<folder>/README.md`, and a test, `tests/bindings/<folder>_test.py`.
 """
 
 import importlib
@@ -19,3 +21,10 @@ def all_writers():
     """The modules by the names of their products."""
     return {found.name: importlib.import_module(f"{__name__}.{found.name}")
             for found in pkgutil.iter_modules(__path__)}
+
+
+def languages():
+    """The writers of languages by their keys, in the order of a manual's tabs."""
+    found = [writer for writer in all_writers().values() if hasattr(writer, "LANGUAGE")]
+    return {writer.LANGUAGE.key: writer for writer in sorted(
+        found, key=lambda writer: (writer.LANGUAGE.order, writer.LANGUAGE.title))}

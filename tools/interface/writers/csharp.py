@@ -20,7 +20,7 @@ LANGUAGE = Language(
         object operator out override params private protected public readonly ref return sbyte
         sealed short sizeof stackalloc static string struct switch this throw true try typeof uint
         ulong unchecked unsafe ushort using virtual void volatile while""".split()),
-    escape="@{}",
+    escape="@{}", order=4,
     literals=Literals("{}f", not_a_number="float.NaN", infinity="float.PositiveInfinity"))
 
 TYPES = {"real": "float", "integer": "int", "nothing": "void"}

@@ -7,10 +7,11 @@ from ..languages import (Language, Literals, broken, documentation, form_of, for
                          known_as, wrapped)
 from . import NOTICE
 
-# Each entry has a line of its own: a line ends at column 132, wherever the literals come from.
-LANGUAGE = Language("Fortran", "fortran/kezlib.F90", knows_case=False, literals=Literals(
+# Three entries a line: one ends at column 132 whatever they are, and a statement after 256 lines.
+# The least integer is none of Fortran's model.
+LANGUAGE = Language("Fortran", "fortran/kezlib.F90", knows_case=False, order=3, literals=Literals(
     not_a_number="ieee_value(1.0, ieee_quiet_nan)", infinity="ieee_value(1.0, ieee_positive_inf)",
-    joint=", &\n    ", least_integer="ibset(0, 31)"))  # which is no integer of Fortran's model
+    row=3, row_joint=", &\n    ", least_integer="ibset(0, 31)"))
 KINDS = {"real": "real(c_float)", "integer": "integer(c_int32_t)"}
 DEFAULT_KINDS = {"real": "real", "integer": "integer"}
 

@@ -19,7 +19,7 @@ RESERVED = frozenset("""
     void while with yield kept""".split())
 
 LANGUAGE = Language(
-    title="JavaScript", file="javascript/routines.js", reserved=RESERVED,
+    title="JavaScript", file="javascript/routines.js", reserved=RESERVED, order=7,
     literals=Literals(not_a_number="NaN", infinity="Infinity"))
 
 

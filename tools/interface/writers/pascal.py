@@ -16,8 +16,8 @@ RESERVED = frozenset("""
     not object of on operator or out packed procedure program property raise record repeat
     resourcestring self set shl shr string then threadvar to true try type unit until uses var
     while with xor""".split())
-LANGUAGE = Language("Pascal", "pascal/kezlib.pas", RESERVED, knows_case=False, literals=Literals(
-    not_a_number="NaN", infinity="Infinity"))
+LANGUAGE = Language("Pascal", "pascal/kezlib.pas", RESERVED, knows_case=False, order=6,
+                    literals=Literals(not_a_number="NaN", infinity="Infinity"))
 KINDS = {"real": "Single", "integer": "Integer"}
 
 # A unit's Integer has 16 bits in Free Pascal's own mode, whatever that of the program.

@@ -13,7 +13,7 @@ from ..reader import version
 from . import NOTICE
 
 LANGUAGE = Language(
-    "Python", "python/kezlib/routines.py", frozenset(keyword.kwlist),
+    "Python", "python/kezlib/routines.py", frozenset(keyword.kwlist), order=2,
     literals=Literals(not_a_number='float("nan")', infinity='float("inf")'))
 
 HINTS = {"real": "float", "integer": "int"}

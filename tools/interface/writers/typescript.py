@@ -10,7 +10,7 @@ from ..languages import (GLUE, Language, broken, documentation, known_as, shape,
 from . import NOTICE, javascript
 
 LANGUAGE = Language(
-    title="TypeScript", file="javascript/kezlib.d.ts", reserved=javascript.RESERVED,
+    title="TypeScript", file="javascript/kezlib.d.ts", reserved=javascript.RESERVED, order=8,
     literals=javascript.LANGUAGE.literals)
 
 HEAD = f"""\

@@ -21,7 +21,7 @@ LANGUAGE = Language(
         public put raiseevent random read redim rem reset resume return rset scale seek select set
         sgn shared single spc static step stop string sub tab text then to true type typeof ubound
         unlock until variant wend while width with withevents write xor""".split()),
-    knows_case=False,
+    knows_case=False, order=5,
     literals=Literals("{}!", not_a_number="SingleFromBits(&H7FC00000)",
                       infinity="SingleFromBits(&H7F800000)",
                       row=30, row_joint=", _\n            "))
