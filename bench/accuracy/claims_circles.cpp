@@ -4,7 +4,9 @@
 namespace accuracy {
 namespace {
 
-double off_circle(Vec p, Vec centre) { return std::fabs(length(p - centre) - 1); }
+double off_circle(Vec p, Vec centre) {
+  return std::fabs(length(p - centre) - 1);
+}
 
 // How far the points of a line with a normal at an angle to the x axis are off the circle.
 double line_and_circle(Random& random, double away, double normal_angle) {
@@ -22,9 +24,8 @@ double line_and_circle(Random& random, double away, double normal_angle) {
 }
 
 void lines_and_circles() {
-  measure("kezlci 1 in 100", 500'000, [](Random& random) {
-    return line_and_circle(random, 0, pi / 2 - 0.01);
-  });
+  measure("kezlci 1 in 100", 500'000,
+          [](Random& random) { return line_and_circle(random, 0, pi / 2 - 0.01); });
   for (const int away : {100, 1000})
     measure("kezlci " + std::to_string(away), 500'000, [away](Random& random) {
       return line_and_circle(random, away, random.between(-pi / 4, pi / 4));
@@ -39,8 +40,8 @@ double centres(Random& random, double away, double rise) {
   const std::int32_t sense = 1;
   std::int32_t status;
   Point first, second, chosen;
-  call<kezcer2>(p1.x, p1.y, p2.x, p2.y, sense, 1.0f, first.x, first.y, second.x, second.y,
-                chosen.x, chosen.y, status);
+  call<kezcer2>(p1.x, p1.y, p2.x, p2.y, sense, 1.0f, first.x, first.y, second.x, second.y, chosen.x,
+                chosen.y, status);
   if (status == 0) return none;
   const Vec chord = Vec(p2) - Vec(p1), m = 0.5 * (Vec(p1) + Vec(p2));
   const double c = length(chord);
@@ -94,9 +95,7 @@ struct Guide {
     along = static_cast<float>(d * random.between(0.25, 0.75));
   }
   double radius() const { return length(Vec(p1) - centre); }
-  double off_circle(Vec p) const {
-    return std::fabs(length(p - centre) - radius()) / radius();
-  }
+  double off_circle(Vec p) const { return std::fabs(length(p - centre) - radius()) / radius(); }
 };
 
 double at_angle_to_level_guide(Random& random) {

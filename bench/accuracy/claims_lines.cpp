@@ -10,7 +10,9 @@ double line_off_points(Random& random, double away) {
   const Point p1(p), p2(p1 + polar(1, random.angle()));
   float a, b, c;
   call<kezln3>(p1.x, p1.y, p2.x, p2.y, a, b, c);
-  const auto value = [&](Vec q) { return std::fabs(double{a} * q.x + double{b} * q.y + double{c}); };
+  const auto value = [&](Vec q) {
+    return std::fabs(double{a} * q.x + double{b} * q.y + double{c});
+  };
   return std::max(value(p1), value(p2)) / std::hypot(a, b) / length(Vec(p2) - p1);
 }
 
@@ -67,7 +69,9 @@ double angle_by_keztrg(const Ray2& rays) {
 }
 
 // The angle that kezphi finds for one below 0.0003.
-double small_angle(Random& random) { return Ray2(random, random.between(0, 3e-4)).found(); }
+double small_angle(Random& random) {
+  return Ray2(random, random.between(0, 3e-4)).found();
+}
 
 double any_angle(Random& random) {
   const double phi = random.magnitude(1e-3, pi / 2);

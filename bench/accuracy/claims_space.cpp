@@ -25,7 +25,7 @@ double normal_error(Random& random, double away) {
   std::int32_t status;
   call<kezpl7>(p1.x, p1.y, p1.z, p2.x, p2.y, p2.z, p3.x, p3.y, p3.z, phi, a, b, c, d, status);
   Vec z = unit(cross(u, w));
-  if (status != 0 || std::fabs(z.y) < 1e-5) return -1;
+  if (status != 0 || std::fabs(z.y) < 1e-3) return -1;
   if (z.y < 0) z = -1 * z;
   return angle({a, b, c}, std::cos(phi) * z - std::sin(phi) * cross(z, unit(u)));
 }

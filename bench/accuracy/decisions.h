@@ -86,9 +86,7 @@ inline bool meeting_lines_are_skew(Random& random, double size, bool scaled) {
 }
 
 inline bool coplanar_vectors_span(Random& random, double size) {
-  const Vec o = random.in_box(size), u = random.in_box(size), w = random.in_box(size);
-  const auto on = [&](Vec v) { return Point(o + random.between(-1, 1) * v); };
-  const Point p = on(u), q = on(u), r = on(w), s = on(w);
+  const auto [p, q, r, s] = meeting_lines(random, size);
   std::int32_t spans;
   call<kez3sp>(p.x, p.y, p.z, q.x, q.y, q.z, r.x, r.y, r.z, s.x, s.y, s.z, p.x, p.y, p.z, r.x, r.y,
                r.z, spans);

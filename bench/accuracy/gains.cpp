@@ -43,11 +43,11 @@ double small_angle(Random& random, bool by_keztrg) {
   return std::fabs((by_keztrg ? std::atan2(double{s}, double{c}) : found) - angle(u, w));
 }
 
-// A tangent of a circle of radius 100 about the origin, through two of its points.
-bool tangent_does_not_touch(Random& random, bool divided) {
-  const double r = 100, phi = random.between(-pi / 4, pi / 4);
-  const Vec at = polar(r, phi), along = left_of(at);
-  const PlaneLine line(Point(at - along), Point(at + along), divided);
+// A tangent of a circle of radius 1000 about the origin, through points beside that of contact.
+bool tangent_does_not_touch(Random& random, bool cured) {
+  const double r = cured ? 1000.0 / 1024 : 1000;  // a scale that rounds nothing
+  const Vec at = polar(r, random.between(-pi / 4, pi / 4)), along = left_of(at);
+  const PlaneLine line(Point(at - along), Point(at + along), cured);
   std::int32_t n;
   Point p, q;
   call<kezlci>(line.a, line.b, line.c, 0.0f, 0.0f, static_cast<float>(-r * r), n, p.x, p.y, q.x,

@@ -1,4 +1,5 @@
 #include <cstdio>
+#include <string_view>
 #include <vector>
 
 #include "measure.h"
@@ -70,9 +71,13 @@ Point Site::placed_flat(Vec v) const {
   return p;
 }
 
-Deviation off(Vec found, Vec truth) { return {length(found - truth), largest(truth)}; }
+Deviation off(Vec found, Vec truth) {
+  return {length(found - truth), largest(truth)};
+}
 
-Deviation off(double found, double truth) { return {std::fabs(found - truth), std::fabs(truth)}; }
+Deviation off(double found, double truth) {
+  return {std::fabs(found - truth), std::fabs(truth)};
+}
 
 void ordinary(const char* routine, const char* what, const char* unit,
               const std::function<Deviation(Site&)>& deviation) {
@@ -83,14 +88,18 @@ void ordinary(const char* routine, const char* what, const char* unit,
   for (const auto& place : places) {
     Random random;
     std::vector<double> errors, places_off;
+    int calls = 0;
     for (int i = 0; i < calls_at_a_site; ++i) {
       Site site(random, place);
       const Deviation found = deviation(site);
-      if (!std::isfinite(found.error)) continue;
+      calls += !(found.error < 0);
+      if (!(found.error >= 0)) continue;
       errors.push_back(found.error);
-      places_off.push_back(found.error / last_place(found.magnitude));
+      const bool in_mm = std::string_view(unit) == "mm";
+      places_off.push_back(found.error /
+                           last_place(in_mm ? site.largest_coordinate() : found.magnitude));
     }
-    const double without = 1 - static_cast<double>(errors.size()) / calls_at_a_site;
+    const double without = 1 - static_cast<double>(errors.size()) / calls;
     const Spread in_unit = spread(errors), in_places = spread(places_off);
     std::printf("ordinary\t%s\t%s\t%s\t%s\t%.4g\t%.4g\t%.4g\t%.4g\t%.4g\n", routine, what, unit,
                 place.name, in_unit.median, in_unit.worst, in_places.median, in_places.worst,

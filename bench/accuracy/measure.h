@@ -83,6 +83,8 @@ class Site {
   Vec middle;
   bool moved;
 
+  double largest_coordinate() const { return size / 2 + (moved ? 0 : largest(middle)); }
+
   Vec in_figure() { return random.in_box(size / 2); }
   Point point() { return placed(middle + in_figure()); }
   // A point of the plane z = 0.
@@ -91,13 +93,15 @@ class Site {
   Point placed_flat(Vec v) const;
 };
 
-// An error, and the magnitude of the number whose last place is its measure.
+// An error, and the magnitude of the number whose last place is its measure. An error in mm is
+// measured by the last place of the figure's largest coordinate instead.
 struct Deviation {
   double error;
-  double magnitude;
+  double magnitude = 1;
 };
 
-constexpr Deviation no_result{none, 1};
+constexpr Deviation no_result{none};
+constexpr Deviation not_counted{-1};
 
 // Of a point or vector, and of a number.
 Deviation off(Vec found, Vec truth);

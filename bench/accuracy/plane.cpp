@@ -75,7 +75,7 @@ void lines() {
   ordinary("kezln3", "line through two points: off the points", "mm", [](Site& site) {
     const Four f(site, &Site::flat);
     const Line line(f.p1, f.p2);
-    return Deviation{std::max(line.off(f.p1), line.off(f.p2)), largest(f.p1)};
+    return Deviation{std::max(line.off(f.p1), line.off(f.p2))};
   });
   ordinary("kezlds", "distance from a line by kezln3", "mm", [](Site& site) {
     const Four f(site, &Site::flat);
@@ -104,7 +104,7 @@ void lines() {
     const Point q(Vec(f.p1) + f.w());
     Line line(f.p1, f.p2);
     call<kezln5>(f.p1.x, f.p1.y, f.p2.x, f.p2.y, q.x, q.y, line.a, line.b, line.c);
-    return Deviation{line.off(f.p1), largest(f.p1)};
+    return Deviation{line.off(f.p1)};
   });
 }
 

@@ -56,8 +56,8 @@ class ISection {
     const double b = h * random.between(0.35, 1), tw = h * random.between(0.015, 0.06);
     const double tf = tw * random.between(1.3, 2);
     const double x[n_] = {-b, b, b, tw, tw, b, b, -b, -b, -tw, -tw, -b};
-    const double y[n_] = {-h,         -h,         -h + 2 * tf, -h + 2 * tf, h - 2 * tf, h - 2 * tf, h, h,
-                          h - 2 * tf, h - 2 * tf, -h + 2 * tf, -h + 2 * tf};
+    const double y[n_] = {-h, -h, -h + 2 * tf, -h + 2 * tf, h - 2 * tf,  h - 2 * tf,
+                          h,  h,  h - 2 * tf,  h - 2 * tf,  -h + 2 * tf, -h + 2 * tf};
     for (int i = 0; i < n_; ++i) {
       x_[i] = static_cast<float>(middle.x + x[i] / 2);
       y_[i] = static_cast<float>(middle.y + y[i] / 2);

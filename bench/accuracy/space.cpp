@@ -12,8 +12,7 @@ struct Triangle {
 
   explicit Triangle(Site& site) {
     do p1 = site.point(), p2 = site.point(), p3 = site.point();
-    while (length(u()) < 100 || length(w()) < 100 || sine() < 0.2 ||
-           std::fabs(normal().y) < 0.01);
+    while (length(u()) < 100 || length(w()) < 100 || sine() < 0.2 || std::fabs(normal().y) < 0.01);
   }
   Vec u() const { return Vec(p2) - Vec(p1); }
   Vec w() const { return Vec(p3) - Vec(p1); }
@@ -26,8 +25,8 @@ struct Plane {
   std::int32_t status;
 
   explicit Plane(const Triangle& t) {
-    call<kezpl1>(t.p1.x, t.p1.y, t.p1.z, t.p2.x, t.p2.y, t.p2.z, t.p3.x, t.p3.y, t.p3.z, a, b, c,
-                 d, status);
+    call<kezpl1>(t.p1.x, t.p1.y, t.p1.z, t.p2.x, t.p2.y, t.p2.z, t.p3.x, t.p3.y, t.p3.z, a, b, c, d,
+                 status);
   }
   Vec normal() const { return {a, b, c}; }
   double off(Vec p) const { return std::fabs(dot(normal(), p) + d) / length(normal()); }
@@ -38,21 +37,23 @@ struct Axes {
 
   explicit Axes(const Triangle& t) {
     std::int32_t status;
-    call<kezaxe>(t.p1.x, t.p1.y, t.p1.z, t.p2.x, t.p2.y, t.p2.z, t.p3.x, t.p3.y, t.p3.z, m[0],
-                 m[1], m[2], m[3], m[4], m[5], m[6], m[7], m[8], status);
+    call<kezaxe>(t.p1.x, t.p1.y, t.p1.z, t.p2.x, t.p2.y, t.p2.z, t.p3.x, t.p3.y, t.p3.z, m[0], m[1],
+                 m[2], m[3], m[4], m[5], m[6], m[7], m[8], status);
   }
   Vec axis(std::size_t i) const { return {m[3 * i], m[3 * i + 1], m[3 * i + 2]}; }
 };
 
 // Upwards, as kezaxe has it: towards larger y.
-Vec upwards(Vec normal) { return normal.y < 0 ? -1 * normal : normal; }
+Vec upwards(Vec normal) {
+  return normal.y < 0 ? -1 * normal : normal;
+}
 
 void planes() {
   ordinary("kezpl1", "plane through three points: off the points", "mm", [](Site& site) {
     const Triangle t(site);
     const Plane plane(t);
     if (plane.status != 0) return no_result;
-    return Deviation{std::max({plane.off(t.p1), plane.off(t.p2), plane.off(t.p3)}), largest(t.p1)};
+    return Deviation{std::max({plane.off(t.p1), plane.off(t.p2), plane.off(t.p3)})};
   });
   ordinary("kezpl7", "direction of the normal of a turned plane", "rad", [](Site& site) {
     const Triangle t(site);
@@ -62,7 +63,7 @@ void planes() {
                  plane.a, plane.b, plane.c, plane.d, plane.status);
     if (plane.status != 0) return no_result;
     const Vec z = upwards(t.normal()), y = cross(z, unit(t.u()));
-    return Deviation{angle(plane.normal(), std::cos(phi) * z - std::sin(phi) * y), 1};
+    return Deviation{angle(plane.normal(), std::cos(phi) * z - std::sin(phi) * y)};
   });
   ordinary("kezpld", "distance from a plane by kezpl1", "mm", [](Site& site) {
     const Triangle t(site);
@@ -81,10 +82,9 @@ void planes() {
     const Plane plane(t);
     Point found;
     std::int32_t status;
-    call<kezpli>(p.x, p.y, p.z, u.x, u.y, u.z, plane.a, plane.b, plane.c, plane.d, found.x,
-                 found.y, found.z, status);
-    const Vec truth =
-        Vec(p) + dot(Vec(t.p1) - Vec(p), t.normal()) / dot(u, t.normal()) * Vec(u);
+    call<kezpli>(p.x, p.y, p.z, u.x, u.y, u.z, plane.a, plane.b, plane.c, plane.d, found.x, found.y,
+                 found.z, status);
+    const Vec truth = Vec(p) + dot(Vec(t.p1) - Vec(p), t.normal()) / dot(u, t.normal()) * Vec(u);
     return status == 0 ? off(found, truth) : no_result;
   });
 }
@@ -103,9 +103,8 @@ void axes() {
     const Triangle t(site);
     const Axes found(t);
     const Vec x = unit(t.u()), z = upwards(t.normal());
-    return Deviation{std::max({angle(found.axis(0), x), angle(found.axis(1), cross(z, x)),
-                               angle(found.axis(2), z)}),
-                     1};
+    return Deviation{std::max(
+        {angle(found.axis(0), x), angle(found.axis(1), cross(z, x)), angle(found.axis(2), z)})};
   });
   ordinary("keztrn", "point carried to the axes by kezaxe", "mm", [](Site& site) {
     const Triangle t(site);

@@ -13,22 +13,44 @@ struct Vec {
   double x = 0, y = 0, z = 0;
 };
 
-inline Vec operator+(Vec a, Vec b) { return {a.x + b.x, a.y + b.y, a.z + b.z}; }
-inline Vec operator-(Vec a, Vec b) { return {a.x - b.x, a.y - b.y, a.z - b.z}; }
-inline Vec operator*(double t, Vec a) { return {t * a.x, t * a.y, t * a.z}; }
-inline double dot(Vec a, Vec b) { return a.x * b.x + a.y * b.y + a.z * b.z; }
+inline Vec operator+(Vec a, Vec b) {
+  return {a.x + b.x, a.y + b.y, a.z + b.z};
+}
+inline Vec operator-(Vec a, Vec b) {
+  return {a.x - b.x, a.y - b.y, a.z - b.z};
+}
+inline Vec operator*(double t, Vec a) {
+  return {t * a.x, t * a.y, t * a.z};
+}
+inline double dot(Vec a, Vec b) {
+  return a.x * b.x + a.y * b.y + a.z * b.z;
+}
 inline Vec cross(Vec a, Vec b) {
   return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
 }
-inline double length(Vec a) { return std::sqrt(dot(a, a)); }
-inline Vec unit(Vec a) { return 1 / length(a) * a; }
-inline double angle(Vec a, Vec b) { return std::atan2(length(cross(a, b)), dot(a, b)); }
-inline double largest(Vec a) { return std::max({std::fabs(a.x), std::fabs(a.y), std::fabs(a.z)}); }
+inline double length(Vec a) {
+  return std::sqrt(dot(a, a));
+}
+inline Vec unit(Vec a) {
+  return 1 / length(a) * a;
+}
+inline double angle(Vec a, Vec b) {
+  return std::atan2(length(cross(a, b)), dot(a, b));
+}
+inline double largest(Vec a) {
+  return std::max({std::fabs(a.x), std::fabs(a.y), std::fabs(a.z)});
+}
 
 // In the plane.
-inline Vec polar(double r, double phi) { return {r * std::cos(phi), r * std::sin(phi)}; }
-inline Vec left_of(Vec a) { return {-a.y, a.x}; }
-inline Vec turned(Vec a, double phi) { return std::cos(phi) * a + std::sin(phi) * left_of(a); }
+inline Vec polar(double r, double phi) {
+  return {r * std::cos(phi), r * std::sin(phi)};
+}
+inline Vec left_of(Vec a) {
+  return {-a.y, a.x};
+}
+inline Vec turned(Vec a, double phi) {
+  return std::cos(phi) * a + std::sin(phi) * left_of(a);
+}
 
 // What a host passes: rounded to single precision. The truth is computed from the rounded numbers.
 struct Point {
