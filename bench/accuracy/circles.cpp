@@ -42,7 +42,7 @@ double nearer(Point found, const Arc& arc, Vec p, Vec u) {
 }
 
 void crossings() {
-  ordinary("kezlci", "points of a line by kezln3 on a circle by kezcer", "mm", [](Site& site) {
+  ordinary("kezlci", "points of a line by `kezln3` on a circle by `kezcer`", "mm", [](Site& site) {
     const Arc arc(site);
     const auto r = static_cast<float>(arc.radius());
     if (Arc::level(arc.chord())) return not_counted;
@@ -56,7 +56,7 @@ void crossings() {
     return n == 2 ? off(p, q, on_circle(arc, m, arc.chord()), on_circle(arc, m, -1 * arc.chord()))
                   : no_result;
   });
-  ordinary("kezc12", "points common to two circles by kezcer", "mm", [](Site& site) {
+  ordinary("kezc12", "points common to two circles by `kezcer`", "mm", [](Site& site) {
     const Arc arc(site);
     const auto r = static_cast<float>(arc.radius());
     const Vec apart = Vec(arc.p1) - Vec(arc.centre);

@@ -1,4 +1,6 @@
 // What cures gain, other than to move the figure to the origin: measured before and after.
+#include <cstdio>
+
 #include "decisions.h"
 
 namespace accuracy {
@@ -55,6 +57,33 @@ bool tangent_does_not_touch(Random& random, bool cured) {
   return n != 1;
 }
 
+// The crossing of the lines P1 P2 and P3 P4, with the origin where it is and moved to P1.
+void example() {
+  const float xs[] = {81'234.5f, 82'345.75f, 81'300.25f, 82'200.5f};
+  const float ys[] = {45'678.25f, 46'123.5f, 46'400.75f, 45'600.5f};
+  const std::int32_t all = 4, one = 1;
+  const auto show = [](const char* row, Vec p) {
+    std::printf("example\t%s\t%.9g\t%.9g\n", row, p.x, p.y);
+  };
+  const auto lines_cross = [](const float* x, const float* y) {
+    const auto at = [&](int i) { return Point({x[i], y[i]}); };
+    const PlaneLine g(at(0), at(1), false), h(at(2), at(3), false);
+    Point p;
+    std::int32_t status;
+    call<kezlni>(g.a, g.b, g.c, h.a, h.b, h.c, status, p.x, p.y);
+    return p;
+  };
+  const auto at = [&](int i) { return Vec{xs[i], ys[i]}; };
+  show("exactly", crossing(at(0), at(1) - at(0), at(2), at(3) - at(2)));
+  show("as it is", lines_cross(xs, ys));
+  float x[] = {xs[0], xs[1], xs[2], xs[3]}, y[] = {ys[0], ys[1], ys[2], ys[3]};
+  call<keztra>(&x[0], &y[0], all, xs[0], ys[0]);
+  Point p = lines_cross(x, y);
+  show("with P1 as the origin", p);
+  call<keztra>(&p.x, &p.y, one, -xs[0], -ys[0]);
+  show("moved back", p);
+}
+
 }  // namespace
 
 void measure_gains() {
@@ -74,6 +103,7 @@ void measure_gains() {
   });
   gain("level", calls, level_line);
   gain("small", calls, small_angle);
+  example();
 }
 
 }  // namespace accuracy

@@ -77,14 +77,14 @@ void lines() {
     const Line line(f.p1, f.p2);
     return Deviation{std::max(line.off(f.p1), line.off(f.p2))};
   });
-  ordinary("kezlds", "distance from a line by kezln3", "mm", [](Site& site) {
+  ordinary("kezlds", "distance from a line by `kezln3`", "mm", [](Site& site) {
     const Four f(site, &Site::flat);
     const Line line(f.p1, f.p2);
     float d;
     call<kezlds>(f.p3.x, f.p3.y, line.a, line.b, line.c, d);
     return off(std::fabs(d), distance_from_line(f.p3, f.p1, f.p2));
   });
-  ordinary("kezlni", "crossing of lines by kezln3", "mm", [](Site& site) {
+  ordinary("kezlni", "crossing of lines by `kezln3`", "mm", [](Site& site) {
     const Four f(site, &Site::flat);
     const Line g(f.p1, f.p2), h(f.p3, f.p4);
     std::int32_t status;

@@ -31,24 +31,22 @@ GAINS = [
 MOVED = ["kezlni", "kezlci", "kezcer2", "kezapl", "kezspl", "kezipl", "kez3lds", "kezpl1"]
 
 
-def number(text):
-    return float(text)
-
-
 def read(text):
-    """The ordinary calls by routine, and the other measurements by key."""
-    ordinary, others = {}, {}
+    """The ordinary calls by routine, the other measurements by key, and the rows of the example."""
+    ordinary, others, example = {}, {}, []
     for line in text.splitlines():
         kind, *fields = line.split("\t")
         if kind == "ordinary":
             routine, what, unit, place, *figures = fields
             calls = ordinary.setdefault(routine, {"what": what, "unit": unit})
-            calls[place] = list(map(number, figures))
+            calls[place] = list(map(float, figures))
+        elif kind == "example":
+            example.append(fields)
         elif kind == "errors":
-            others[fields[0]] = tuple(map(number, fields[1:]))
+            others[fields[0]] = tuple(map(float, fields[1:]))
         else:
-            others[fields[0]] = number(fields[1])
-    return ordinary, others
+            others[fields[0]] = float(fields[1])
+    return ordinary, others, example
 
 
 def shown(figure):
@@ -123,12 +121,13 @@ def claims_table(rows):
 
 def main(program, header, out):
     output = subprocess.run([program], check=True, capture_output=True, text=True).stdout
-    ordinary, others = read(output)
+    ordinary, others, example = read(output)
     gains = {key: others.pop(key) for key in list(others) if key.endswith((" before", " after"))}
     faults, rows = check(header.read_text(), others)
     tables = {"ordinary": ordinary_table(ordinary, 0, True),
               "last_places": ordinary_table(ordinary, 2, False),
               "moved": moved_table(ordinary), "gains": gains_table(gains),
+              "example": table(["crossing", "x (mm)", "y (mm)"], example),
               "claims": claims_table(rows), "machine": f"{platform.machine()}\n"}
     for name, text in tables.items():
         (out / f"{name}.md").write_text(text)

@@ -65,7 +65,7 @@ void planes() {
     const Vec z = upwards(t.normal()), y = cross(z, unit(t.u()));
     return Deviation{angle(plane.normal(), std::cos(phi) * z - std::sin(phi) * y)};
   });
-  ordinary("kezpld", "distance from a plane by kezpl1", "mm", [](Site& site) {
+  ordinary("kezpld", "distance from a plane by `kezpl1`", "mm", [](Site& site) {
     const Triangle t(site);
     const Point p = site.point();
     const Plane plane(t);
@@ -73,7 +73,7 @@ void planes() {
     call<kezpld>(p.x, p.y, p.z, plane.a, plane.b, plane.c, plane.d, d);
     return off(d, dot(Vec(p) - t.p1, t.normal()));
   });
-  ordinary("kezpli", "crossing of a line and a plane by kezpl1", "mm", [](Site& site) {
+  ordinary("kezpli", "crossing of a line and a plane by `kezpl1`", "mm", [](Site& site) {
     const Triangle t(site);
     const Point p = site.point();
     Point u;
@@ -106,7 +106,7 @@ void axes() {
     return Deviation{std::max(
         {angle(found.axis(0), x), angle(found.axis(1), cross(z, x)), angle(found.axis(2), z)})};
   });
-  ordinary("keztrn", "point carried to the axes by kezaxe", "mm", [](Site& site) {
+  ordinary("keztrn", "point carried to the axes by `kezaxe`", "mm", [](Site& site) {
     const Triangle t(site);
     const Axes f(t);
     const Point p = site.point();
