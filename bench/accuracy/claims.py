@@ -156,6 +156,7 @@ def check(header, measurements, claims=CLAIMS):
         text = texts.get(name, "")
         spans = []
         for sentence in sentences:
+            used |= {key for _, key in FIGURE.findall(sentence)}
             match = stated(sentence, text)
             if not match:
                 faults.append(f"{name}: the header does not say: {sentence}")
@@ -163,7 +164,6 @@ def check(header, measurements, claims=CLAIMS):
             figures, span = match
             spans.append(span)
             for kind, key, words in figures:
-                used.add(key)
                 found = measurements[key]
                 rows.append((name, key, kind, words, found))
                 if not holds(kind, words, found):
