@@ -11,7 +11,8 @@ double off_circle(Vec p, Vec centre) {
 // How far the points of a line with a normal at an angle to the x axis are off the circle.
 double line_and_circle(Random& random, double away, double normal_angle) {
   const Point centre(polar(away, random.angle()));
-  const Vec on_line = centre + polar(0.5 * std::sqrt(random.between(0, 1)), random.angle());
+  const double beside = 0.5 * std::sqrt(random.between(0, 1));
+  const Vec on_line = centre + polar(beside, random.angle());
   const Point normal(polar(1, normal_angle));
   float d, e, f;
   call<kezcer>(centre.x, centre.y, 1.0f, d, e, f);
@@ -57,7 +58,8 @@ void arcs() {
   measure("kezcer2 middle", 500'000,
           [](Random& random) { return centres(random, 0, random.magnitude(0.01, 1)); });
   measure("kezcer1", 1'000'000, [](Random& random) {
-    const Point p(polar(random.magnitude(1e-2, 1e4) / 2, random.angle()));
+    const double half = random.magnitude(1e-2, 1e4) / 2;
+    const Point p(polar(half, random.angle()));
     const double c = 2 * length(p);
     const auto f = static_cast<float>(c * random.magnitude(1e-3, 1e3));
     if (f < 1e-4f) return -1.0;

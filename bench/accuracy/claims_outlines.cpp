@@ -56,8 +56,9 @@ void claims_of_outlines() {
   outline("kezapl", &Errors::area, {10, 100, 0});
   outline("kezspl", &Errors::centroid, {10, 100, 0});
   outline("kezipl", &Errors::central, {3, 10, 30, 0});
-  for (const auto& [name, phi] : {std::pair{"0.03", 0.03}, std::pair{"0.01", 0.01}}) {
-    const std::string key = std::string("kezacp ") + name;
+  for (const std::string name : {"0.03", "0.01"}) {
+    const double phi = std::stod(name);
+    const std::string key = "kezacp " + name;
     measure(key + " area", 200'000,
             [phi](Random& random) { return Segment(random, phi).area_error(); });
     measure(key + " centroid", 200'000,

@@ -40,7 +40,8 @@ void claims_of_space() {
     measure("kezpl7 " + std::to_string(away), 200'000,
             [away](Random& random) { return normal_error(random, away); });
   measure("kezpld", 1'000'000, [](Random& random) {
-    const Point normal(random.magnitude(1e-3, 1e3) * random.direction());
+    const double size = random.magnitude(1e-3, 1e3);
+    const Point normal(size * random.direction());
     const auto d = static_cast<float>(random.between(0.1, 10));
     float found;
     call<kezpld>(0.0f, 0.0f, 0.0f, normal.x, normal.y, normal.z, d, found);
