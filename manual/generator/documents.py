@@ -5,6 +5,8 @@ from dataclasses import dataclass
 
 from interface import ROOT
 
+from . import measured
+
 
 @dataclass
 class Document:
@@ -18,7 +20,7 @@ class Document:
 
 def read(path, href):
     title, body = re.match(r"# (.+)\n((?:.|\n)*)", (ROOT / path).read_text()).groups()
-    return Document(path, href, title, body.strip("\n"))
+    return Document(path, href, title, measured.fill(body.strip("\n")))
 
 
 def relative(paths):
