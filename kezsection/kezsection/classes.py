@@ -37,8 +37,10 @@ class Elastic:
 def neutral_level(g, axis, sign, N, M, fy, scaled):
     """Where the plastic neutral axis lies: N held, or N and M raised alike."""
     cut, A = g.cut(axis), g.gross.A
+    if not N:
+        return g.half(axis)
     N = max(-A, min(A, N / fy))
-    if not scaled or not N or not M:
+    if not scaled or not M:
         above = (A + N) / 2
         return cut.level_of(above if sign > 0 else A - above)
     low, high, ratio = -A, A, N * fy / abs(M)

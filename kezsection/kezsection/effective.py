@@ -11,8 +11,6 @@ from kezsection.en1993_1_1 import epsilon
 from kezsection.geometry import Properties, combined, field, missing
 from kezsection.model import (INTERNAL, LIP, NO_LIP, OUTSTAND, SLOTTED, Plate, Reduction, Strip)
 
-UNIFORM = ("N", 1)
-
 
 @dataclass
 class Effective:
@@ -41,8 +39,8 @@ class Effective:
 
 class Field:
     """Linear stresses of an action of 1, of a section with the properties p."""
-    def __init__(self, p, axis, sign, free):
-        self.at = p.at
+    def __init__(self, p, axis, sign, free, largest=1.0):
+        self.at, self.largest = p.at, largest
         self.vector = None if axis == "N" else (sign * field(p, axis, free)).conjugate()
 
     def __call__(self, z):
@@ -169,8 +167,7 @@ def effective(g, axis, sign, fy, how):
     effective flanges and whole webs."""
     p, extra = g.gross, []
     for step in (1, 2):
-        stress = Field(p, axis, sign, g.free)
-        stress.largest = 1.0 if axis == "N" else max(g.stresses(p, axis))
+        stress = Field(p, axis, sign, g.free, 1.0 if axis == "N" else max(g.stresses(p, axis)))
         found, extra = reduce_all(g, stress, fy, how)
         if step == 2 or axis == "N":
             break

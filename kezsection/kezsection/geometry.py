@@ -142,7 +142,8 @@ class Cut:
             for c in loop.corners:
                 inward = c.back + c.ahead
                 u, way = ((c.at.imag, inward.imag) if axis == "y" else (c.at.real, inward.real))
-                self.fillets.append((u, c.r, way, c.sign))
+                area, moment = fillet_beyond(0.0, c.r)
+                self.fillets.append((u, c.r, way, c.sign, area, moment))
                 levels.add(u + way * c.r)
         self.levels = sorted(levels)
         self.low, self.high = self.levels[0], self.levels[-1]
@@ -154,17 +155,18 @@ class Cut:
             u, v = u - level if u > level else 0.0, v - level if v > level else 0.0
             A += y * (v - u)
             S += y * (v * v - u * u) / 2
-        for u, r, way, sign in self.fillets:
+        for u, r, way, sign, area, moment in self.fillets:
             x = (level - u) * way  # from the tangent, inwards
-            if way > 0 and x < r:  # what is above lies further from the tangent
-                area, moment = fillet_beyond(max(x, 0.0), r)
-                A += sign * area
-                S += sign * (area * (u + r - level) - moment)
-            elif way < 0 and x > 0:  # what is above lies nearer to it
-                area, moment = fillet_beyond(0.0, r)
-                below, lower = fillet_beyond(x, r) if x < r else (0.0, 0.0)
-                A += sign * (area - below)
-                S += sign * ((area - below) * (u - r - level) + moment - lower)
+            if 0 < x < r:
+                part, lever = fillet_beyond(x, r)
+                if way < 0:  # what is above lies nearer to the tangent
+                    part, lever = area - part, moment - lever
+            elif (x > 0) == (way < 0):
+                part, lever = area, moment
+            else:
+                continue
+            A += sign * part
+            S += sign * (part * (u + way * r - level) - way * lever)
         return A, S
 
     def level_of(self, A):

@@ -29,7 +29,7 @@ class Geometry:
         self.left = min(z.real for z in self.vertices)
         self.top = max(z.imag for z in self.vertices)
         self.bottom = min(z.imag for z in self.vertices)
-        self.cuts = {}
+        self.cuts, self.halves = {}, {}
 
     def cut(self, axis):
         if axis not in self.cuts:
@@ -49,9 +49,17 @@ class Geometry:
         found = [(f * (z - p.at)).real for z in self.vertices]
         return max(found), -min(found)
 
-    def wpl(self, axis, A=None):
-        cut = self.cut(axis)
-        return cut.plastic(cut.level_of(self.gross.A / 2 if A is None else A))[1]
+    def half(self, axis):
+        """The level that has half of the area above it."""
+        if axis not in self.halves:
+            cut, f = self.cut(axis), self.flanged
+            symmetrical = f and (f.equal or axis == "z")
+            self.halves[axis] = ((cut.low + cut.high) / 2 if symmetrical else
+                                 cut.level_of(self.gross.A / 2))
+        return self.halves[axis]
+
+    def wpl(self, axis):
+        return self.cut(axis).plastic(self.half(axis))[1]
 
 
 def torsion_constant(g):

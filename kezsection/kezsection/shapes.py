@@ -2,7 +2,6 @@
 as the library has it."""
 
 from dataclasses import dataclass
-from itertools import islice
 from typing import Callable, NamedTuple, Tuple
 
 import kezlib
@@ -51,13 +50,21 @@ class Shape:
 
 def loops_of(record, radii=None):
     """Of an outline of the library, without its edges of no length; radii by the vertex number."""
-    counts, signs = ([v] if isinstance(v, (int, float)) else [float(i) for i in v]
-                     for v in (record.nv, record.sign))
-    radii = radii or {}
-    vertices = iter([(complex(x, y), radii.get(number, 0.0))
-                     for number, (x, y) in enumerate(zip(record.x, record.y), 1)])
-    return [Loop(sign, *map(list, zip(*islice(vertices, int(n)))))
-            for n, sign in zip(counts, signs)]
+    counts, signs, y, z = (entries(v) for v in (record.nv, record.sign, record.x, record.y))
+    vertices, radii, first, loops = list(map(complex, y, z)), radii or {}, 0, []
+    for n, sign in zip(counts, signs):
+        last = first + int(n)
+        loops.append(Loop(sign, vertices[first:last],
+                          [radii.get(i, 0.0) for i in range(first + 1, last + 1)]))
+        first = last
+    return loops
+
+
+def entries(value):
+    """Of a scalar, a list or an array of numpy, as Python's numbers."""
+    if hasattr(value, "tolist"):
+        value = value.tolist()
+    return value if isinstance(value, list) else [value]
 
 
 

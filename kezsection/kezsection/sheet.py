@@ -42,7 +42,7 @@ class Sheet:
         self.find_effective()
         self.moments = {name: self.moment(name) for name in STATES if name != "N"}
         self.shear = shear_of(self)
-        self.checks = []
+        self.checks, self.MN = [], (None, None)
         self.limits()
         checks.fill(self)
         self.judge()
