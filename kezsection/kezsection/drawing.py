@@ -5,12 +5,13 @@ from html import escape
 
 from kezsection import dimensions
 from kezsection.model import INTERNAL
+from kezsection.texts import figure
 
 STYLE = """
 .kez{fill:none;stroke:#26333f;font:10px Helvetica,Arial,'DejaVu Sans',sans-serif}
 .kez text{fill:#26333f;stroke:none}.kez .steel{fill:#dde3ea;stroke:none}
 .kez .edge{stroke-width:.9}.kez .eff{fill:#3f7fbf;stroke:none}.kez .thin{fill:#8fbce6;stroke:none}
-.kez .none{fill:#f0b35a;stroke:none}.kez .lost{fill:url(#kezhatch);stroke:#c81e1e;stroke-width:.7}
+.kez .none{fill:#f0b35a;stroke:none}.kez .lost{fill:url(.kezhatch);stroke:#c81e1e;stroke-width:.7}
 .kez .axis{stroke:#8b2c8f;stroke-width:.8;stroke-dasharray:9 3 2 3}.kez .size{stroke:#5b6673;stroke-width:.6}
 .kez .blue{stroke:#2f6aa5;stroke-width:.9}.kez .red{stroke:#c81e1e;stroke-width:.9}
 .kez text.name{fill:#8b2c8f;font-weight:bold}.kez text.blue{fill:#2f6aa5}.kez text.red{fill:#c81e1e}
@@ -21,7 +22,7 @@ STYLE = """
 DEFS = ("<defs><pattern id='kezhatch' width='4' height='4' patternUnits='userSpaceOnUse' "
         "patternTransform='rotate(45)'><rect width='4' height='4' fill='#fff'/>"
         "<path d='M0 0V4' stroke='#c81e1e' stroke-width='2'/></pattern></defs>")
-MARGIN, STEP = 34, 22  # around the outline, and from one dimension line to the next
+STEP = 22  # from one dimension line to the next
 
 
 class Drawing:
@@ -65,7 +66,8 @@ class Drawing:
         self.out.append(f"<path class='{style}' fill-rule='evenodd' d='{self.outline()}'/>")
 
     def part(self, style, plate, u, v):
-        across = 1j * plate.along * plate.t / 2
+        """Thin walls are drawn thicker, to be seen."""
+        across = 1j * plate.along * max(plate.t, 3.2 / self.scale) / 2
         self.path(style, *(self.on(z) for z in (plate.at(u) + across, plate.at(v) + across,
                                                 plate.at(v) - across, plate.at(u) - across)),
                   close=True)
@@ -80,7 +82,7 @@ class Drawing:
         for z in (a, b):
             self.path(style, z - (2.5 + 2.5j), z + (2.5 + 2.5j))
         upright = abs((b - a).imag) > abs((b - a).real)
-        off = (-6 if upright else -6j)
+        off = (6 if abs(b - a) > 4.5 * len(words) or style == "size" else 15) * unit
         colour = style if style != "size" else ""
         self.text(f"mid halo {colour}", (a + b) / 2 + off, words, -90 if upright else 0)
 
@@ -98,9 +100,9 @@ class Drawing:
         high, low = self.high, self.low
         if not turned:
             self.path("axis", complex(low.real - 9, at.imag), complex(high.real + 11, at.imag))
-            self.path("axis", complex(at.real, low.imag + 9), complex(at.real, high.imag - 11))
+            self.path("axis", complex(at.real, low.imag + 9), complex(at.real, high.imag - 10))
             self.text("name halo", complex(high.real + 13, at.imag), "y")
-            self.text("name mid halo", complex(at.real, high.imag - 16), "z")
+            self.text("name halo", complex(at.real + 4, high.imag - 6), "z")
             return
         for way, name in ((rect(1, -theta), "u"), (-1j * rect(1, -theta), "v")):
             self.path("axis", at - size * way, at + size * way)
@@ -117,8 +119,8 @@ def gross(sheet, w, h):
     most = {side: max((s.level for s in sizes if s.side == side), default=-1) + 1
             for side in ("left", "right", "top", "bottom")}
     room = 64 if leaders else 12
-    d = Drawing(sheet, w, h, (18 + STEP * most["left"], room + STEP * most["right"],
-                              24 + STEP * most["top"], 14 + STEP * most["bottom"]))
+    d = Drawing(sheet, w, h, (14 + STEP * most["left"], room + STEP * most["right"],
+                              20 + STEP * most["top"], 14 + STEP * most["bottom"]))
     v = sheet.values
     d.axes()
     if v.Iyz:
@@ -131,7 +133,7 @@ def gross(sheet, w, h):
         edge = {"left": d.low.real, "right": d.high.real, "top": d.high.imag,
                 "bottom": d.low.imag}[s.side]
         start = p.real if beside in (-1, 1) else p.imag
-        far = abs(edge - start) + 8 + STEP * s.level
+        far = abs(edge - start) + 12 + STEP * s.level
         if beside in (-1, 1):
             q = complex(p.real, q.imag)
         else:
@@ -158,26 +160,17 @@ def spread(wanted, low, high, least=13):
     return [y - over for y in found]
 
 
-def effective(sheet, state, w, h, clip):
+def effective(sheet, state, w, h):
     """What is effective in a state, coloured, with widths, and the stresses beside it."""
-    d = Drawing(sheet, w, h, (26, 44, 30, 16))
-    d.text("title", 4 + 9j, f"{words_of(sheet, state)}"
-                            f"{', INCOMPLETE' if state.faults else ''}")
+    d = Drawing(sheet, w, h, (30, 44, 38, 22))
+    d.text("title", 4 + 9j, f"{words_of(state)}{', INCOMPLETE' if state.faults else ''}")
     d.axes()
     d.steel("steel")
-    d.out.append(f"<clipPath id='{clip}'><path clip-rule='evenodd' d='{d.outline()}'/></clipPath>"
-                 f"<g clip-path='url(#{clip})'>")
+    d.steel("edge")
     for r in state.reductions:
         d.part("none" if r.fault else "eff", r.plate, r.begin, r.begin + r.bc)
-        for s in r.lost:
-            if s.share < 1:
-                d.part("thin", r.plate, s.begin, s.end)
-    d.out.append("</g>")
-    for r in state.reductions:
-        for s in r.lost:
-            if s.share == 1:
-                d.part("lost", r.plate, s.begin, s.end)
-    d.steel("edge")
+        for s in sorted(r.lost):
+            d.part("lost" if s.share == 1 else "thin", r.plate, s.begin, s.end)
     widths(d, state)
     if abs(state.left.at - sheet.g.gross.at) > 1e-6:
         d.point("moved", state.left.at)
@@ -187,10 +180,12 @@ def effective(sheet, state, w, h, clip):
     return "".join(d.out)
 
 
-def words_of(sheet, state):
+def words_of(state):
+    if state.faults:
+        return state.name
     if state.axis == "N":
-        return f"N: Aeff {state.left.A / 100:.4g} cm²"
-    return f"{state.name}: Weff {state.W_min / 1e3:.4g} cm³"
+        return f"N: Aeff {figure(state.left.A / 100, 5)} cm²"
+    return f"{state.name}: Weff {figure(state.W_min / 1e3, 5)} cm³"
 
 
 def widths(d, state):

@@ -18,18 +18,18 @@ h1{font-size:13pt;line-height:1.15;margin:0;overflow-wrap:anywhere}h2{font-size:
 header p,.note{margin:0;color:#4a5663}header .right{text-align:right;white-space:nowrap}
 .verdict{padding:1mm 2mm;border-left:3pt solid #2e7d4f;background:#eef6f0;font-weight:bold}
 .verdict.bad{border-color:#c81e1e;background:#fbeeee}.verdict.warn{border-color:#c77700;background:#fdf5e6}
-.top{display:grid;grid-template-columns:86mm 1fr;gap:4mm;align-items:start}
-.top svg{width:100%;height:auto;display:block}.small{display:flex;flex-wrap:wrap;gap:1mm}
-.small svg{flex:1 1 56mm;max-width:62mm;height:auto}
+.top{display:grid;gap:4mm;align-items:start}
+.top svg{width:100%;height:auto;display:block}.small{display:flex;gap:1mm}
+.small svg{flex:1 1 0;min-width:0;max-width:61mm;height:100%}
 table{border-collapse:collapse;width:100%;font-variant-numeric:tabular-nums}
 td,th{padding:.15mm 1mm;text-align:right;border-bottom:.3pt solid #d5dbe1;font-weight:normal;vertical-align:baseline}
-th{color:#4a5663;border-bottom:.6pt solid #8794a1}td:first-child,th:first-child,.l{text-align:left!important}
+th{color:#4a5663;border-bottom:.6pt solid #8794a1}td:first-child,th:first-child,.l{text-align:left!important}td:first-child,.n{white-space:nowrap}
 .values{display:grid;grid-template-columns:1fr 1fr;column-gap:4mm}.values div{display:flex;gap:1mm;border-bottom:.3pt solid #d5dbe1}
 .values span:nth-child(2){margin-left:auto;font-variant-numeric:tabular-nums}.values span:nth-child(3){width:7mm;color:#4a5663}
 .bar{display:block;position:relative;width:26mm;height:2.4mm;background:#e8ecef}
 .bar i{position:absolute;left:0;top:0;bottom:0;background:#2e7d4f}.bar.over i{background:#c81e1e}
 .bar:after{content:'';position:absolute;left:80%;top:-.4mm;bottom:-.4mm;border-left:.8pt solid #26333f}
-.gov td{font-weight:bold}.how{color:#4a5663;font-size:.9em}.two{columns:2;column-gap:5mm}.two>div{break-inside:avoid}
+.gov td{font-weight:bold}.how{color:#4a5663;font-size:.9em}.two{columns:2;column-gap:5mm;font-size:min(1em,6.6pt)}.two>div{break-inside:avoid}
 footer{margin-top:auto;color:#5b6673;font-size:5.6pt;line-height:1.2;border-top:.4pt solid #8794a1;padding-top:.6mm}
 *{-webkit-print-color-adjust:exact;print-color-adjust:exact}
 """
@@ -50,7 +50,10 @@ def cells(values, tag="td"):
 
 
 def table(headings, rows):
-    body = "".join(f"<tr>{cells(row)}</tr>" for row in rows)
+    wide = len(headings)
+    body = "".join(f"<tr>{cells(row)}</tr>" if len(row) == wide else
+                   f"<tr>{cells(row[:-1])}<td class='l' colspan='{wide - len(row) + 1}'>"
+                   f"{escape(row[-1])}</td></tr>" for row in rows)
     return f"<table><tr>{cells(headings, 'th')}</tr>{body}</table>"
 
 
@@ -78,7 +81,7 @@ def checks(sheet):
     for c in sheet.checks:
         demand, limit = amount(c, c.demand), amount(c, c.resistance)
         style = " class='gov'" if c is sheet.governing else ""
-        rows.append(f"<tr{style}><td>{escape(c.what)}</td><td class='l'>{escape(c.clause)}</td>"
+        rows.append(f"<tr{style}><td>{escape(c.what)}</td><td class='l n'>{escape(c.clause)}</td>"
                     f"<td class='l how'>{escape(c.follow)}</td><td>{demand}</td><td>{limit}</td>"
                     f"<td class='l'>{escape(c.unit)}</td><td>{texts.utilisation(c.utilisation)}</td>"
                     f"<td>{bar(c.utilisation)}</td></tr>")
@@ -93,10 +96,7 @@ def classes(sheet):
     for name in texts.shown_states(sheet):
         found = sheet.classes.get(name) or sheet.combined[name]
         title = f"<h2>Class under {escape(name)}: {found.number}</h2>"
-        rows = [[c.plate.name, f"{c.slenderness:.1f}", f"{c.alpha:.3f}",
-                 f"{c.psi:.3f}" if c.psi > -99 else "-",
-                 *(("-", "-") if sheet.g.elastic else map(limit, c.limits[:2])),
-                 limit(c.limits[2]), str(c.number)] for c in found.plates]
+        rows = texts.class_rows(sheet, found)
         if rows:
             out.append(f"<div>{title}" + table(("EN 1993-1-1, table 5.2", "c/t", "α", "ψ", "1", "2",
                                                 "3", "class"), rows) + "</div>")
@@ -105,27 +105,17 @@ def classes(sheet):
     return out
 
 
-def limit(value):
-    return f"{value:.1f}" if value < 1e4 else "-"
-
-
 def plates(sheet):
     out = []
     for state in svg.states(sheet):
-        rows = []
-        for r in state.reductions:
-            if r.fault:
-                rows.append([r.plate.name, "no rule: " + r.fault])
-                continue
-            rows.append([r.plate.name, f"{r.plate.width:.1f}", f"{r.psi:.3f}", f"{r.k:.3g}",
-                         f"{r.lambda_p:.3f}", f"{r.rho:.3f}", f"{r.be1:.1f}", f"{r.be2:.1f}"])
         clause = "EN 1993-1-3, 5.5" if sheet.g.cold else "EN 1993-1-5, 4.4"
-        what = ", ".join(f"{a} {figure(v, 5)} {u}" for a, v, u in texts.effective_items(sheet, state))
+        what = "" if state.faults else "<p class='note'>" + ", ".join(
+            f"{a} {figure(v, 5)} {u}" for a, v, u in texts.effective_items(sheet, state)) + "</p>"
         lips = "".join(f"<p class='note'>{escape(lip_note(r))}</p>" for r in state.reductions
                        if r.lip)
-        out.append(f"<div><h2>Effective under {state.name} alone</h2><p class='note'>{what}</p>"
-                   + table((clause, "b", "ψ", "kσ", "λp", "ρ", "be1", "be2"), rows) + lips
-                   + "</div>")
+        out.append(f"<div><h2>Effective under {state.name} alone</h2>{what}"
+                   + table((clause, "b", "ψ", "kσ", "λp", "ρ", "bc", "be1", "be2"),
+                           texts.plate_rows(state)) + lips + "</div>")
     return out
 
 
@@ -141,17 +131,31 @@ def resistances(sheet):
     rows = [[what, figure(value, 5), unit, clause, how]
             for what, clause, how, value, unit in texts.resistance_items(sheet)]
     body = "".join(f"<tr><td>{escape(r[0])}</td><td>{r[1]}</td><td class='l'>{r[2]}</td>"
-                   f"<td class='l'>{r[3]}</td><td class='l how'>{escape(r[4])}</td></tr>"
+                   f"<td class='l n'>{r[3]}</td><td class='l how'>{escape(r[4])}</td></tr>"
                    for r in rows)
     return f"<h2>Resistances</h2><table>{body}</table>"
 
 
-def size_of(sheet, blocks):
+def size_of(sheet, blocks, shown):
     """Of the letters, so that a section keeps to its page."""
-    lines = sum(block.count("<tr") + 2.4 + 1.6 * block.count("<p") for block in blocks) / 2
-    lines += 1.5 * len(sheet.checks)
-    room = 33 if len(svg.states(sheet)) < 2 else 25
-    return max(4.6, min(8.0, 8.0 * room / max(lines, 1)))
+    below = [block.count("<tr") + 1.5 * block.count("<h2") + 1.7 * block.count("<p")
+             for block in blocks]
+    beside = (len(texts.value_items(sheet)) / 2 + len(list(texts.resistance_items(sheet))) + 6)
+    panels = PANEL[min(len(shown), 4)]
+    for tenths in range(80, 40, -2):
+        row = tenths / 10 * 0.353 * 1.28 + 0.5  # mm
+        need = (26 + max(drawing_width(shown) + 2, beside * row) + (len(sheet.checks) + 3) * row
+                + panels + sum(below) / 2 * row + max(below, default=0) / 2 * row)
+        if need < 264 - 4 * len(sheet.faults):
+            break
+    return tenths / 10
+
+
+PANEL = (0, 52, 52, 46, 40)  # mm, the height of the row of small drawings by their number
+
+
+def drawing_width(shown):
+    return 62 if shown else 84
 
 
 def notes(sheet):
@@ -169,22 +173,23 @@ def page(sheet, options, path):
     shown = svg.states(sheet)
     main = (f"<svg class='kez' viewBox='0 0 {svg.LARGE} {svg.LARGE}'>"
             f"{drawing.gross(sheet, svg.LARGE, svg.LARGE)}</svg>")
-    small = "".join(f"<svg class='kez' viewBox='0 0 300 270'>"
-                    f"{drawing.effective(sheet, state, 300, 270, f'c{s.number}-{i}')}</svg>"
-                    for i, state in enumerate(shown))
+    small = "".join(f"<svg class='kez' viewBox='0 0 300 250'>"
+                    f"{drawing.effective(sheet, state, 300, 250)}</svg>"
+                    for state in shown)
     tone = {"satisfied": "", "outside the rules": " warn"}.get(sheet.verdict, " bad")
     tone = "" if not sheet.checks and not sheet.faults and not sheet.outside else tone
     core = (f"; t_cor {sheet.g.cold.t:.4g}, r {sheet.g.cold.r:g} mm" if sheet.g.cold else "")
     blocks = classes(sheet) + plates(sheet)
-    return (f"<section class='page' style='font-size:{size_of(sheet, blocks):.1f}pt'>"
+    return (f"<section class='page' style='font-size:{size_of(sheet, blocks, shown):.1f}pt'>"
             f"<header><div><h1>{s.number}&ensp;{escape(texts.title(s))}</h1>"
             f"<p>{escape(f'{s.shape} {s.profile}'.strip())}: {escape(texts.dims_line(s))} mm{core}"
             f"</p><p>{escape(texts.action_line(s))}</p></div><div class='right'><p>kezsection "
             f"{__version__}</p><p>{texts.today()}</p><p>{escape(path)[-60:]}:{s.line}</p></div>"
             f"</header><div class='verdict{tone}'>{escape(texts.verdict_line(sheet))}</div>"
-            f"<div class='top'><div>{main}</div><div><h2>Gross section</h2>"
+            f"<div class='top' style='grid-template-columns:{drawing_width(shown)}mm 1fr'><div>{main}</div><div><h2>Gross section</h2>"
             f"{values(texts.value_items(sheet))}{resistances(sheet)}{notes(sheet)}</div></div>"
-            + checks(sheet) + (f"<div class='small'>{small}</div>" if small else "")
+            + checks(sheet) + (f"<div class='small' style='height:{PANEL[min(len(shown), 4)]}mm'>{small}</div>"
+               if small else "")
             + f"<div class='two'>{''.join(blocks)}</div>"
             f"<footer>{escape(texts.STANDARDS)}. {escape(texts.option_line(options))} "
             f"{escape(' '.join(texts.RULES[:7]))} {escape(texts.NOT_COVERED)}</footer></section>\n")

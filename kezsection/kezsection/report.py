@@ -28,37 +28,30 @@ def columns(items):
     return ["  " + "  ".join(cells[i:i + 2]).rstrip() for i in range(0, len(cells), 2)]
 
 
-def limit(value):
-    return f"{value:.1f}" if value < 1e4 else "-"
-
-
 def class_lines(sheet, name, found):
     if not found.plates and not found.note:
         return
     clause = "EN 1993-1-1, table 5.2" if not sheet.g.elastic else "table 5.2, class 3 only"
     yield f"  Class under {name}: {found.number}{', ' + found.note if found.note else ''}  ({clause})"
     if found.plates:
-        yield ("    plate                     c/t   alpha     psi   limits of class 1, 2, 3"
-               "    class")
-    for c in found.plates:
-        psi = f"{c.psi:7.3f}" if c.psi > -99 else "      -"
-        limits = ["-", "-", limit(c.limits[2])] if sheet.g.elastic else map(limit, c.limits)
-        yield (f"    {c.plate.name:22}{c.slenderness:7.1f}{c.alpha:8.3f} {psi}"
-               + "".join(f"{part:>8}" for part in limits) + f"{c.number:7}")
+        yield f"    {'plate':21}{'c/t':>7}{'alpha':>8}{'psi':>8}  limits of class 1, 2, 3{'class':>7}"
+    for name, *values in texts.class_rows(sheet, found):
+        yield f"    {name:21}" + "".join(f"{v:>{w}}" for v, w in zip(values, (7, 8, 8, 8, 8, 8, 8)))
 
 
 def plate_lines(sheet, state):
     clause = "EN 1993-1-3, 5.5" if sheet.g.cold else "EN 1993-1-5, 4.4"
     yield f"  Effective under {state.name} alone  ({clause})"
     yield from columns(texts.effective_items(sheet, state)) if not state.faults else ()
-    yield "    plate                    b    psi  k_sig lambda_p    rho     bc    be1    be2"
+    widths = (7, 7, 6, 9, 6, 7, 7, 7)
+    heads = ("b", "psi", "k_sig", "lambda_p", "rho", "bc", "be1", "be2")
+    yield f"   {'plate':20}" + "".join(f"{h:>{w}}" for h, w in zip(heads, widths))
+    for name, *values in texts.plate_rows(state):
+        if len(values) == 3:
+            yield f"   {name:20}{values[0]:>7}{values[1]:>7}  {values[2]}"
+        else:
+            yield f"   {name:20}" + "".join(f"{v:>{w}}" for v, w in zip(values, widths))
     for r in state.reductions:
-        start = f"    {r.plate.name:20}{r.plate.width:7.1f}{r.psi:7.3f}"
-        if r.fault:
-            yield f"{start}  NOT REDUCED, no rule: {r.fault}"
-            continue
-        yield (f"{start}{r.k:7.3g}{r.lambda_p:9.3f}{r.rho:7.3f}{r.bc:7.1f}{r.be1:7.1f}{r.be2:7.1f}"
-               if r.k else f"{start}  counts as none (EN 1993-1-3, 5.2(2))")
         if r.lip:
             yield from lip_lines(r)
 
@@ -68,10 +61,10 @@ def lip_lines(r):
     other = "" if s.kezchi is None else f", kezchi {s.kezchi:.3f}" if s.kezchi else \
         ", kezchi does not settle"
     yield from wrapped(
-        f"be2 {s.be2:.2f}, ceff {s.ceff:.2f} mm, As {s.As:.2f} mm2, Is {s.Is:.1f} mm4, b1 "
+        f"{r.plate.name}: be2 {s.be2:.2f}, ceff {s.ceff:.2f} mm, As {s.As:.2f} mm2, Is {s.Is:.1f} mm4, b1 "
         f"{s.b1:.2f} mm, kf {s.kf:.3f}, K {s.K:.4f} N/mm2 (5.10b), sigma_cr,s {s.sigma_cr:.1f} "
         f"N/mm2 (5.15), lambda_d {s.lambda_d:.3f}, chi_d {s.chi:.3f} (5.12), t_red "
-        f"{s.chi * r.plate.t:.3f} mm{', step ' + str(s.steps) if s.steps > 1 else ''}{other}", 6, 2)
+        f"{s.chi * r.plate.t:.3f} mm{', step ' + str(s.steps) if s.steps > 1 else ''}{other}", 3, 2)
 
 
 def check_line(c):
@@ -112,7 +105,9 @@ def report(sheet, path=""):
             lines += ["", *plate_lines(sheet, sheet.effective[name])]
     lines += ["", "  Resistances"]
     for what, clause, how, value, unit in texts.resistance_items(sheet):
-        lines.append(f"  {what:18}{figure(value):>11} {unit:4} {clause:14}{how}"[:WIDE])
+        start = f"  {what:12}{figure(value):>9} {unit:4} {clause:13}"
+        lines += textwrap.wrap(start + how, WIDE, subsequent_indent=" " * len(start),
+                               drop_whitespace=True, replace_whitespace=False)
     lines += action_notes(sheet)
     if sheet.checks:
         lines += ["", f"  {'Check':30}{'action':>10} {'limit':>10}{'utilisation':>16}"]

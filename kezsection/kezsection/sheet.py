@@ -100,7 +100,7 @@ class Sheet:
             self.state(state_of("y", a.My))
         if self.number == 4 and a.Mz:
             self.state(state_of("z", a.Mz))
-        if "N" in self.effective:
+        if "N" in self.effective and not self.effective["N"].faults:
             shift = self.effective["N"].left.at - self.g.gross.at
             size = 1e-5 * (self.g.top - self.g.bottom + self.g.right - self.g.left)
             self.shift = complex(shift.real if abs(shift.real) > size else 0.0,

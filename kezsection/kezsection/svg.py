@@ -33,8 +33,8 @@ def picture(sheet):
     s, shown = sheet.section, states(sheet)
     rows = [placed(10, 60, drawing.gross(sheet, LARGE, LARGE))]
     spots = [(370, 60)] + [(10 + 360 * (i % 2), 420 + 310 * (i // 2)) for i in range(4)]
-    for i, (state, spot) in enumerate(zip(shown, spots)):
-        rows.append(placed(*spot, drawing.effective(sheet, state, LARGE, SMALL, f"clip{i}")))
+    for state, spot in zip(shown, spots):
+        rows.append(placed(*spot, drawing.effective(sheet, state, LARGE, SMALL)))
     height = 430 + 310 * ((len(shown)) // 2) if len(shown) > 1 else 430
     items = [i for i in KEY if i[0] != "none" or sheet.faults]
     if shown:

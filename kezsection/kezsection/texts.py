@@ -2,6 +2,7 @@
 
 import os
 from datetime import datetime, timezone
+from math import degrees
 
 STANDARDS = "EN 1993-1-1:2005, EN 1993-1-3:2006, EN 1993-1-5:2006"
 RULES = (
@@ -88,7 +89,6 @@ def verdict_line(sheet):
 def value_items(sheet):
     """Symbol, value and unit of the gross values."""
     v = sheet.values
-    from math import degrees
     items = [("A", v.A / 1e2, "cm2"), ("ys from left", v.at.real, "mm"),
              ("zs from bottom", v.at.imag, "mm"), ("Iy", v.Iy / 1e4, "cm4"),
              ("Iz", v.Iz / 1e4, "cm4"), ("Iyz", v.Iyz / 1e4 if v.Iyz else None, "cm4")]
@@ -104,8 +104,9 @@ def value_items(sheet):
     items += [("It", v.It and v.It / 1e4, "cm4"), ("Iw", v.Iw and v.Iw / 1e6, "cm6"),
               ("Av,z", v.Av_z and v.Av_z / 1e2, "cm2"), ("Av,y", v.Av_y and v.Av_y / 1e2, "cm2")]
     sc = v.shear_centre
-    if sc is not None and abs(sc) > 1e-9:
-        items += [("shear centre y", sc.real + 0.0, "mm"), ("shear centre z", sc.imag + 0.0, "mm")]
+    for name, way in (("y", 1), ("z", -1j)):  # from the centroid
+        if sc is not None and abs((sc * way).real) > 1e-5 * abs(v.at):
+            items.append((f"shear centre {name}", (sc * way).real, "mm"))
     return [item for item in items if item[1] is not None]
 
 
@@ -125,7 +126,7 @@ def shown_states(sheet):
     """States whose plates are shown: those that the actions ask for, else all."""
     used = sheet.used()
     names = used or list(sheet.classes)
-    return names + [k for k in sheet.combined if " + " in k]
+    return names + [k for k in sheet.combined if " + " in k and not sheet.g.cold]
 
 
 def resistance_items(sheet):
@@ -140,7 +141,7 @@ def resistance_items(sheet):
                A * sheet.fy / o.gamma_m0 / 1e3, "kN")
     for name, m in sheet.moments.items():
         if m.MRd is not None:
-            yield (f"{name[:2]},Rd for {name}", "1-3, 6.1.4" if cold else "1-1, 6.2.5",
+            yield (f"{name[:2]},Rd ({name})", "1-3, 6.1.4" if cold else "1-1, 6.2.5",
                    f"class {m.number}, {m.kind} fy / gamma_M0", m.MRd / 1e6, "kNm")
     s = sheet.shear
     if s and s.Vpl is not None:
@@ -153,3 +154,40 @@ def resistance_items(sheet):
     elif s and s.limit is not None:
         yield ("", "1-5, 5.1", f"hw/tw {s.slenderness:.1f} <= {s.limit:.1f}: no shear buckling",
                None, "")
+
+
+def merged(rows):
+    """Rows whose first entries are names of plates; left and right ones with equal figures are one."""
+    found = {}
+    for name, *values in rows:
+        both = name.replace("left", "l + r").replace("right", "l + r")
+        key = (both, *values)
+        found[key] = both if key in found else name
+    return [[name, *key[1:]] for key, name in found.items()]
+
+
+def class_rows(sheet, found):
+    """Plate, c/t, alpha, psi, limits and class, of what is compressed."""
+    return merged([c.plate.name, f"{c.slenderness:.1f}", f"{c.alpha:.3f}",
+                   f"{c.psi:.3f}" if c.psi > -99 else "-",
+                   *(("-", "-") if sheet.g.elastic else map(limit, c.limits[:2])),
+                   limit(c.limits[2]), str(c.number)] for c in found.plates)
+
+
+def limit(value):
+    return f"{value:.1f}" if value < 1e4 else "-"
+
+
+def plate_rows(state):
+    """Plate, b, psi, k, lambda_p, rho, bc, be1 and be2, or what is said instead."""
+    rows = []
+    for r in state.reductions:
+        start = [r.plate.name, f"{r.plate.width:.1f}", f"{r.psi:.3f}"]
+        if r.fault:
+            rows.append([*start, f"NOT REDUCED, no rule: {r.fault}"])
+        elif not r.k:
+            rows.append([*start, "counts as none (EN 1993-1-3, 5.2(2))"])
+        else:
+            rows.append([*start, f"{r.k:.3g}", f"{r.lambda_p:.3f}", f"{r.rho:.3f}", f"{r.bc:.1f}",
+                         f"{r.be1:.1f}", f"{r.be2:.1f}"])
+    return merged(rows)
