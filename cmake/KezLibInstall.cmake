@@ -55,6 +55,17 @@ if(TARGET bindings)
   install(FILES ${made} DESTINATION ${bindings_dir}/javascript COMPONENT development OPTIONAL)
 endif()
 
+# The section sheet, a Python program on the binding; on Windows pip installs it.
+if(TARGET bindings AND NOT WIN32)
+  set(kezsection_dir ${CMAKE_INSTALL_DATADIR}/kezlib/kezsection)
+  if(KEZLIB_DEBIAN)
+    set(kezsection_dir lib/python3/dist-packages)
+  endif()
+  install(DIRECTORY kezsection/kezsection DESTINATION ${kezsection_dir} COMPONENT kezsection
+    PATTERN __pycache__ EXCLUDE)
+  install(PROGRAMS kezsection/bin/kezsection TYPE BIN COMPONENT kezsection)
+endif()
+
 if(WIN32 AND BUILD_SHARED_LIBS)
   # Below one folder the packages of both machines, each in a folder of its own.
   install(FILES ${imports} DESTINATION ${CMAKE_INSTALL_LIBDIR} RENAME kezlib.def

@@ -99,7 +99,10 @@ need_for() {
         pascal) need fpc ;;
         pascal-windows) need fpc-source ;;
         csharp) need mono-mcs mono-runtime ;;
-        girder) need python3-distributed python3-ezdxf python3-numpy python3-tqdm ;;
+        kezsection)
+            need python3-distributed python3-ezdxf python3-numpy python3-pip python3-setuptools \
+                python3-tqdm python3-wheel
+            ;;
         javascript)
             need nodejs node-typescript chromium
             need_npm
