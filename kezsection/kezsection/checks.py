@@ -144,8 +144,8 @@ def lost_in(sheet, name, side):
     state = sheet.effective.get(name)
     if not state:
         return 0.0
-    return sum((s.end - s.begin) * s.share * r.plate.t for r in state.reductions for s in r.lost
-               if r.plate.name.startswith(side) and r.plate.name.split()[1][:5] in ("flang", "plate"))
+    return sum((s.end - s.begin) * s.share * r.plate.t
+               for r in state.reductions if r.plate.name.startswith(side) for s in r.lost)
 
 
 def moment_and_shear(sheet):

@@ -14,7 +14,7 @@ DOUBLE = re.compile(r"(SHS|L)([\d.]+)X\2X([\d.]+)")  # SHS 100x100x5 is SHS100x5
 def rows(file):
     text = (DATA / file).read_text(encoding="utf-8").splitlines()
     for row in csv.DictReader(line for line in text if not line.startswith("#")):
-        yield row.pop("name"), {key: float(value) for key, value in row.items()}
+        yield row.pop("name").strip(), {key: float(value) for key, value in row.items()}
 
 
 @lru_cache(maxsize=None)
@@ -59,7 +59,8 @@ def take(words):
 
 def near(words):
     """Names that begin as the words do."""
-    key = plain("".join(words[:2]))
+    key = plain("".join(words[:3]))
+    key = key if re.fullmatch(r"HE[ABM]\d+", key) else plain("".join(words[:2]))
     series = next((s for s in sorted(SERIES, key=len, reverse=True) if key.startswith(s)), None)
     if not series:
         return []

@@ -2,7 +2,7 @@
 
 import os
 from datetime import datetime, timezone
-from math import degrees
+from math import degrees, inf
 
 STANDARDS = "EN 1993-1-1:2005, EN 1993-1-3:2006, EN 1993-1-5:2006"
 RULES = (
@@ -169,9 +169,13 @@ def merged(rows):
 def class_rows(sheet, found):
     """Plate, c/t, alpha, psi, limits and class, of what is compressed."""
     return merged([c.plate.name, f"{c.slenderness:.1f}", f"{c.alpha:.3f}",
-                   f"{c.psi:.3f}" if c.psi > -99 else "-",
+                   psi(c.psi),
                    *(("-", "-") if sheet.g.elastic else map(limit, c.limits[:2])),
                    limit(c.limits[2]), str(c.number)] for c in found.plates)
+
+
+def psi(value):
+    return f"{value:.3f}" if value > -99 else "-" if value == -inf else "< -99"
 
 
 def limit(value):
@@ -182,7 +186,7 @@ def plate_rows(state):
     """Plate, b, psi, k, lambda_p, rho, bc, be1 and be2, or what is said instead."""
     rows = []
     for r in state.reductions:
-        start = [r.plate.name, f"{r.plate.width:.1f}", f"{r.psi:.3f}"]
+        start = [r.plate.name, f"{r.plate.width:.1f}", psi(r.psi)]
         if r.fault:
             rows.append([*start, f"NOT REDUCED, no rule: {r.fault}"])
         elif not r.k:
