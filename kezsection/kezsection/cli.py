@@ -64,8 +64,14 @@ def mapping(given, stack):
                                                package.name))
         return client.get_executor(pure=False).map
     if given.jobs > 1:
-        return stack.enter_context(ProcessPoolExecutor(given.jobs)).map
+        return stack.enter_context(ProcessPoolExecutor(given.jobs, initializer=in_worker)).map
     return map
+
+
+def in_worker():
+    """What ends this process ends its workers, without words of their own."""
+    signal.signal(signal.SIGTERM, signal.SIG_DFL)
+    signal.signal(signal.SIGINT, signal.SIG_IGN)
 
 
 def made(sections, options, wanted, given, stack):

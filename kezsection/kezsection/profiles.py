@@ -59,8 +59,7 @@ def take(words):
 
 def near(words):
     """Names that begin as the words do."""
-    key = plain("".join(words[:3]))
-    key = key if re.fullmatch(r"HE[ABM]\d+", key) else plain("".join(words[:2]))
+    key = plain("".join(words[:3 if words[2:] and words[2].upper() in ("A", "B", "M") else 2]))
     series = next((s for s in sorted(SERIES, key=len, reverse=True) if key.startswith(s)), None)
     if not series:
         return []
