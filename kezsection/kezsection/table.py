@@ -14,7 +14,7 @@ STATES = ("N", *MOMENTS)
 
 SECTION_HEADINGS = [
     "number", "line", "name", "shape", "profile",
-    *(f"dim {i} [mm]" for i in range(1, 7)), "dim 7 [-]", "r [mm]", "ri [mm]", "coat [mm]",
+    *(f"dim {i} [mm]" for i in range(1, 7)), "dim 7 [mm or number]", "r [mm]", "ri [mm]", "coat [mm]",
     "tol [%]", "t_cor [mm]", "fy [N/mm2]", "N [kN]", "My [kNm]", "Mz [kNm]", "Vz [kN]", "a [mm]",
     "end post",
     "A [cm2]", "ys [mm]", "zs [mm]", "Iy [cm4]", "Iz [cm4]", "Iyz [cm4]", "Iu [cm4]", "Iv [cm4]",

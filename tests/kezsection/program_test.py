@@ -201,8 +201,8 @@ class Program(unittest.TestCase):
         described = set(json.loads("[" + ",".join(f'"{n}"' for n in re.findall(r"`([^`\n]+)`", page))
                                    + "]"))
         for heading in [*rows[0], *web]:
-            general = re.sub(r"(My|Mz)[+-]", "My+", re.sub(r"dim \d", "dim 1", heading))
-            general = re.sub(r"utilisation .*", "utilisation ... [-]", general)
+            general = re.sub(r"(My|Mz)[+-]", "My+", re.sub(r"dim [1-6]", "dim 1", heading))
+            general = re.sub(r"^utilisation .*", "utilisation ... [-]", general)
             general = re.sub(r"class (N|My\+)$", "class N", re.sub(r"M[yz],Rd [+-]", "My,Rd +", general))
             self.assertIn(general, described)
 
