@@ -174,4 +174,4 @@ faulty 'usage: set_out FILE [PICTURE.svg]'
 # The section sheet finds the binding, and by it the library, that is installed beside it.
 quietly env PYTHONDONTWRITEBYTECODE=1 "$prefix/bin/kezsection" "$source/examples/sections.txt" --svg .
 grep -q 'Iy,eff  *695451 cm4' log || fail "kezsection printed: $(cat log)"
-[ "$(ls section-*.svg | wc -l)" = 10 ] || fail "kezsection has not drawn 10 sections"
+[ "$(ls section-*.svg | wc -l)" = 13 ] || fail "kezsection has not drawn 13 sections"

@@ -9,6 +9,8 @@ WIDE = 80
 
 
 def wrapped(text, indent=2, hang=0):
+    if indent + len(text) <= WIDE:
+        return [" " * indent + text]
     return textwrap.wrap(text, WIDE, initial_indent=" " * indent,
                          subsequent_indent=" " * (indent + hang), break_long_words=True)
 
@@ -106,8 +108,7 @@ def report(sheet, path=""):
     lines += ["", "  Resistances"]
     for what, clause, how, value, unit in texts.resistance_items(sheet):
         start = f"  {what:12}{figure(value):>9} {unit:4} {clause:13}"
-        lines += textwrap.wrap(start + how, WIDE, subsequent_indent=" " * len(start),
-                               drop_whitespace=True, replace_whitespace=False)
+        lines += wrapped(start + how, 0, len(start))
     lines += action_notes(sheet)
     if sheet.checks:
         lines += ["", f"  {'Check':30}{'action':>10} {'limit':>10}{'utilisation':>16}"]

@@ -47,10 +47,8 @@ PLATE_HEADINGS = [
 
 def cell(value):
     if value.__class__ is float:
-        return f"{value + 0.0:.6g}" if -inf < value < inf else ""
-    if value is None:
-        return ""
-    return harmless(value) if isinstance(value, str) else f"{value:.6g}"
+        return "%.6g" % (value + 0.0) if -inf < value < inf else ""
+    return harmless(value) if value.__class__ is str else "%.6g" % value
 
 
 def harmless(text):
