@@ -11,7 +11,7 @@ STYLE = """
 .kez{fill:none;stroke:#26333f;font:10px Helvetica,Arial,'DejaVu Sans',sans-serif}
 .kez text{fill:#26333f;stroke:none}.kez .steel{fill:#dde3ea;stroke:none}
 .kez .edge{stroke-width:.9}.kez .eff{fill:#3f7fbf;stroke:none}.kez .thin{fill:#8fbce6;stroke:none}
-.kez .none{fill:#f0b35a;stroke:none}.kez .lost{fill:url(.kezhatch);stroke:#c81e1e;stroke-width:.7}
+.kez .none{fill:#f0b35a;stroke:none}.kez .lost{fill:url(#kezhatch);stroke:#c81e1e;stroke-width:.7}
 .kez .axis{stroke:#8b2c8f;stroke-width:.8;stroke-dasharray:9 3 2 3}.kez .size{stroke:#5b6673;stroke-width:.6}
 .kez .blue{stroke:#2f6aa5;stroke-width:.9}.kez .red{stroke:#c81e1e;stroke-width:.9}
 .kez text.name{fill:#8b2c8f;font-weight:bold}.kez text.blue{fill:#2f6aa5}.kez text.red{fill:#c81e1e}
@@ -201,7 +201,8 @@ def widths(d, state):
             continue
         seen.add(key)
         upright = abs(p.along.imag) > 0.5
-        beside = (12 if p.start.real <= d.middle.real else -12) if upright else \
+        left = p.start.real < d.middle.real - 0.25 * (d.g.right - d.g.left)
+        beside = (-12 if left else 12) if upright else \
             (12j if p.start.imag > d.middle.imag else -12j)
         cut = gone[0]
         for u, v, style in ((r.begin, cut.begin, "blue"), (cut.begin, cut.end, "red"),

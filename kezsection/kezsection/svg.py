@@ -36,14 +36,16 @@ def picture(sheet):
     for state, spot in zip(shown, spots):
         rows.append(placed(*spot, drawing.effective(sheet, state, LARGE, SMALL)))
     height = 430 + 310 * ((len(shown)) // 2) if len(shown) > 1 else 430
-    items = [i for i in KEY if i[0] != "none" or sheet.faults]
+    thin = any(r.lip for state in shown for r in state.reductions)
+    items = [i for i in KEY if {"none": sheet.faults, "thin": thin}.get(i[0], True)]
     if shown:
-        rows.append(key(390, 372, items))
+        rows.append(key(390, 370, items) + f"<text x='390' y='{372 + 15 * len(items)}' dy='.35em'>"
+                    "Thin walls are drawn thicker here.</text>")
     for i, line in enumerate((texts.action_line(s), texts.verdict_line(sheet)[:120])):
         rows.append(f"<text x='14' y='{36 + 14 * i}' dy='.35em'>{escape(line)}</text>")
     name = escape(f"{s.number}  {texts.title(s)}"[:80])
     return (f"<svg xmlns='http://www.w3.org/2000/svg' class='kez' width='190mm' "
-            f"viewBox='0 0 {WIDTH} {height}'>\n<style>\n{drawing.STYLE}\n</style>\n{drawing.DEFS}\n"
+            f"height='{190 * height / WIDTH:.1f}mm' viewBox='0 0 {WIDTH} {height}'>\n<style>\n{drawing.STYLE}\n</style>\n{drawing.DEFS}\n"
             f"<rect width='{WIDTH}' height='{height}' style='fill:#fff;stroke:none'/>\n"
             f"<text x='14' y='18' dy='.35em' style='font-size:16px;font-weight:bold'>{name}</text>\n"
             + "\n".join(rows) + "\n</svg>\n")
