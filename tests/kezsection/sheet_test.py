@@ -98,11 +98,16 @@ class Force(Case):
                 ("cee 70 60 200 20 15 1.5 355 20 2 Mz=.2", "cee 60 70 200 15 20 1.5 355 20 -2 Mz=.2"),
                 ("zed 70 60 200 20 15 1.5 355 20 2 Mz=.2", "zed 60 70 200 15 20 1.5 355 20 -2 Mz=-.2"),
                 ("angle 100 65 4 0 0 355 20 1 Mz=.2", "angle 65 100 4 0 0 355 20 .2 Mz=1"),
+                ("girder 400 200 150 10 15 8 235 300 9", "girder 400 150 200 15 10 8 235 300 -9"),
                 ("tee 200 300 8 8 355 20 2 Mz=5", "tee 200 300 8 8 355 20 2 Mz=-5"),
                 *((f"channel 75 200 {c} 1.5 0 0 0 355 20 2", f"channel 75 200 {c} 1.5 0 0 0 355 20 -2")
                   for c in (0, 10, 20))):
             one, two = sheet(line), sheet(other)
             self.assertEqual(one.verdict, two.verdict, line)
+            alphas = [sorted(c.alpha for f in x.combined.values() for c in f.plates)
+                      for x in (one, two)]
+            for alpha, wanted in zip(*alphas):
+                self.near(alpha, wanted, 1e-4)
             for key in ("N", "NM", "NMe"):
                 if any(c.key == key for c in one.checks):
                     self.near(used(one, key), used(two, key), 2e-5)

@@ -49,6 +49,13 @@ class Plates(Case):
             self.assertEqual(en1.class_of(slenderness, en1.tube_limits(1)), number)
 
 
+    def test_angles(self):
+        """Sheet 3: h/t 12.5 is within 15, and (b + h) / 2 t beyond 11.5."""
+        for line, number in (("angle 100 100 8 0 0 235 1 0", 4), ("angle 100 80 8 0 0 235 1 0", 3),
+                             ("angle 100 40 6.5 0 0 235 1 0", 4)):
+            self.assertEqual(sheet(line).classes["N"].number, number, line)
+
+
 class Lips(Case):
     PURLIN = "channel 74 200 20.8 2 0 0 0 350 0 5 r=0 coat=0.04"
 
@@ -104,6 +111,40 @@ class Lips(Case):
                     line = line.replace("60 150 20", "60 150 0").replace("350 1", "500 1")
                 self.assertIn(reason, "; ".join(sheet(line).outside))
 
+    def test_rounded_corners(self):
+        """What is left of a purlin with rounded corners, beside the sum of short pieces of its centre
+        line with their thickness; the corners of lips have chi t."""
+        s = sheet("channel 75 200 20 2 0 0 0 350 60 0 r=4")
+        state, cold, pieces, n = s.effective["N"], s.g.cold, [], 2000
+        lips = {r.plate.name: r.lip for r in state.reductions}
+        for r in state.reductions:
+            p, flat = r.plate, r.plate.to_corner
+            ends = (flat, p.width - (0 if p.tip else flat))
+            for i in range(n):
+                u = ends[0] + (i + 0.5) * (ends[1] - ends[0]) / n
+                lost = sum(strip.share for strip in r.lost if strip.begin < u < strip.end)
+                pieces.append((p.at(u), (1 - lost) * p.t * (ends[1] - ends[0]) / n))
+        for side, up in (("top", 1), ("bottom", -1)):
+            corner, flange, _ = cold.points[side]
+            for at, way, chi in ((corner, 1, 1.0), (flange, -1, lips[f"{side} lip"].chi)):
+                middle = at + 5 * complex(way, -up)
+                for i in range(n):
+                    phi = (i + 0.5) / n * math.pi / 2
+                    z = middle + 5 * complex(-way * math.cos(phi), up * math.sin(phi))
+                    pieces.append((z, chi * 2 * 5 * math.pi / 2 / n))
+        A = sum(a for _, a in pieces)
+        at = sum(a * z for z, a in pieces) / A
+        self.nears(1.2e-3, A=(state.left.A, A), y=(state.left.at.real, at.real),
+                   Iy=(state.left.Iy, sum(a * (z - at).imag ** 2 for z, a in pieces)),
+                   Iz=(state.left.Iz, sum(a * (z - at).real ** 2 for z, a in pieces)))
+
+    def test_coefficients(self):
+        """k of lips, and chi_d at the ends of its rows."""
+        for ratio, k in ((0.35, 0.5), (0.6, 0.829), (0.9, 0.829)):
+            self.near(en3.k_lip(ratio), k, 1e-3)
+        for slenderness, chi in ((0.65, 1.0), (0.651, 0.9993), (1.379, 0.473), (2.0, 0.33)):
+            self.near(en3.chi_d(slenderness), chi, 1e-3)
+
     def test_shear(self):
         """EN 1993-1-3, table 6.1, where its rows meet."""
         for slenderness, wanted in ((0.83, 0.58), (1.3999, 0.48 / 1.4), (1.4001, 0.67 / 1.96)):
@@ -121,6 +162,15 @@ class Resistance(Case):
         plain = sheet("girder 1200 320 400 25 25 8 355 0 2400 Vz=900").shear
         self.near(plain.chi_w, 0.83 / (143.75 / (37.4 * 0.8136165 * math.sqrt(5.34))), 1e-5)
         self.assertIsNone(sheet("IPE 300 235 0 0 Vz=10").shear.Vb)
+        self.near(en5.k_tau(1000, 500), 4 + 5.34 * 4)
+
+    def test_shear_areas(self):
+        """EN 1993-1-1, 6.2.6(3): tees rolled and welded, a hollow section, a tube."""
+        for line, Av in (("half IPE 300 235 0 0", 2690.6 - 150 * 10.7 + (7.1 + 30) * 10.7 / 2),
+                         ("tee 100 150 10 8 235 0 0", 8 * 145),
+                         ("rhs 100 200 5 235 0 0", 2900 * 200 / 300),
+                         ("chs 200 10 235 0 0", 2 * 190 * 10)):
+            self.near(sheet(line).values.Av_z, Av, 1e-4)
 
     def test_flange_induced(self):
         """EN 1993-1-5, (8.1) with k 0.55 in class 4."""
@@ -137,6 +187,13 @@ class Resistance(Case):
         Mf, Mpl = 300 * 20 * 980 * 355, (300 * 20 * 980 + 6 * 960**2 / 4) * 355
         eta = 400e3 / s.shear.Vb
         self.near(used(s, "MVb"), 2400e6 / Mpl + (1 - Mf / Mpl) * (2 * eta - 1) ** 2, 1e-6)
+        s = sheet("girder 1000 300 300 20 20 6 355 600 2200 Vz=400")
+        n, a = 600e3 / (s.values.A * 355), (s.values.A - 12000) / s.values.A
+        Mf, Mpl = Mf * (1 - 600e3 / (12000 * 355)), Mpl * min((1 - n) / (1 - a / 2), 1)
+        self.near(used(s, "MVb"), 2200e6 / Mpl + (1 - Mf / Mpl) * (2 * eta - 1) ** 2, 1e-6)
+        s = sheet("rhs 100 200 8 355 0 0 Mz=9 Vz=600")
+        Wz = s.values.Wpl_z - s.strength.rho * 2 * 184 * 8 * 92 / 2
+        self.near(s.strength.moment("z", 1, s.values.Wpl_z, True), Wz * 355, 1e-9)
 
     def test_moment_with_force(self):
         """(6.36) of an I, (6.39) of a hollow section, (6.32) of a bar, (6.2) of a tube; (6.41)."""
@@ -146,6 +203,11 @@ class Resistance(Case):
         MNy = v.Wpl_y * 235 * (1 - n) / (1 - 0.5 * a)
         MNz = v.Wpl_z * 235 * (1 - ((n - a) / (1 - a)) ** 2)
         self.near(used(s, "NM"), (30e6 / MNy) ** 2 + (10e6 / MNz) ** (5 * n), 1e-9)
+        for N, free in ((440, True), (450, False)):  # 0.25 Npl = 446.5 kN
+            s = sheet(f"girder 300 100 100 10 10 20 235 {N} 30")
+            self.assertEqual(s.MN[0] == s.values.Wpl_y * 235, free)
+        self.assertEqual(en1.exponents("box", 0.5), (1.66 / (1 - 1.13 / 4),) * 2)
+        self.assertEqual(en1.exponents("box", 0.9), (6.0, 6.0))
         s = sheet("rhs 100 200 8 355 600 30")
         n, a = 600e3 / (s.values.A * 355), (s.values.A - 2 * 100 * 8) / s.values.A
         self.near(used(s, "NM"), 30e6 / (s.values.Wpl_y * 355 * (1 - n) / (1 - 0.25)), 1e-9)
