@@ -62,6 +62,25 @@ if(TARGET bindings)
     endif()" COMPONENT development)
 endif()
 
+# The section sheet, a Python program on the binding; on Windows pip installs it.
+if(TARGET bindings AND NOT WIN32)
+  set(kezsection_dir ${CMAKE_INSTALL_DATADIR}/kezlib/kezsection)
+  set(kezsection kezsection/bin/kezsection)
+  if(KEZLIB_DEBIAN)
+    # Debian's Python has Debian's packages, whichever comes first in the path.
+    set(kezsection_dir lib/python3/dist-packages)
+    file(READ ${kezsection} program)
+    string(REPLACE "/usr/bin/env python3" "/usr/bin/python3" program "${program}")
+    set(kezsection ${PROJECT_BINARY_DIR}/kezsection)
+    file(CONFIGURE OUTPUT ${kezsection} CONTENT "${program}" @ONLY)
+    install(FILES kezsection/README.md examples/sections.txt DESTINATION share/doc/kezsection
+      COMPONENT kezsection)
+  endif()
+  install(DIRECTORY kezsection/kezsection DESTINATION ${kezsection_dir} COMPONENT kezsection
+    PATTERN __pycache__ EXCLUDE)
+  install(PROGRAMS ${kezsection} TYPE BIN COMPONENT kezsection)
+endif()
+
 if(WIN32 AND BUILD_SHARED_LIBS)
   # Below one folder the packages of both machines, each in a folder of its own.
   install(FILES ${imports} DESTINATION ${CMAKE_INSTALL_LIBDIR} RENAME kezlib.def

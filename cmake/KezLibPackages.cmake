@@ -24,7 +24,7 @@ if(WIN32)
 endif()
 
 set(CPACK_DEB_COMPONENT_INSTALL ON)
-set(CPACK_COMPONENTS_ALL runtime development python tools)
+set(CPACK_COMPONENTS_ALL runtime development python tools kezsection)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
@@ -67,6 +67,19 @@ set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS "${soname} ${this_version}")
 set(CPACK_DEBIAN_TOOLS_DESCRIPTION "numeric routines for steel design (command line)${about}\n\n\
 kezcall calls any of them with values, and runs files of worked calls.")
 
+set(CPACK_DEBIAN_KEZSECTION_PACKAGE_NAME kezsection)
+set(CPACK_DEBIAN_KEZSECTION_PACKAGE_ARCHITECTURE all)
+set(CPACK_DEBIAN_KEZSECTION_PACKAGE_SECTION science)
+set(CPACK_DEBIAN_KEZSECTION_PACKAGE_DEPENDS "python3-kezlib ${this_version}, python3 (>= 3.9)")
+set(CPACK_DEBIAN_KEZSECTION_PACKAGE_SUGGESTS "python3-distributed, python3-ezdxf, python3-tqdm")
+set(CPACK_DEBIAN_KEZSECTION_PACKAGE_SHLIBDEPS OFF)
+set(CPACK_DEBIAN_KEZSECTION_PACKAGE_CONTROL_EXTRA
+  ${PROJECT_SOURCE_DIR}/cmake/debian/kezsection/postinst
+  ${PROJECT_SOURCE_DIR}/cmake/debian/kezsection/prerm)
+set(CPACK_DEBIAN_KEZSECTION_DESCRIPTION "section sheets of steel sections by Eurocode 3\n\
+Reads steel sections with their forces, and writes a sheet for each: gross\n\
+values, classes, effective values, resistances and utilisations.")
+
 # Each package for Debian has papers of its own.
 function(install_papers component package)
   set(folder ${PROJECT_BINARY_DIR}/papers/${package})
@@ -83,6 +96,7 @@ if(KEZLIB_DEBIAN)
   install_papers(development libkezlib-dev)
   install_papers(python python3-kezlib)
   install_papers(tools kezlib-tools)
+  install_papers(kezsection kezsection)
 
   # Where Debian's Python looks for packages, with what tells pip that this one is there.
   set(dist_info ${PROJECT_BINARY_DIR}/kezlib-${PROJECT_VERSION}.dist-info)
@@ -91,5 +105,9 @@ if(KEZLIB_DEBIAN)
   install(DIRECTORY
     ${PROJECT_BINARY_DIR}/bindings/python/kezlib bindings/python/kezlib ${dist_info}
     DESTINATION lib/python3/dist-packages COMPONENT python)
+  set(dist_info ${PROJECT_BINARY_DIR}/kezsection-${PROJECT_VERSION}.dist-info)
+  file(CONFIGURE OUTPUT ${dist_info}/METADATA
+    CONTENT "Metadata-Version: 2.1\nName: kezsection\nVersion: @PROJECT_VERSION@\n" @ONLY)
+  install(DIRECTORY ${dist_info} DESTINATION lib/python3/dist-packages COMPONENT kezsection)
 endif()
 include(CPack)

@@ -106,9 +106,7 @@ status=0
 hosts/set_out bad.txt >out 2>err || status=$?
 [ "$status $(cat err)" = '2 bad.txt:2: a number is out of range' ] || fail "$status: $(cat err)"
 
-# A host in Python, which finds the library by the binding that is installed beside it.
-quietly env PYTHONPATH="$prefix/$bindings/python" python3 -B "$source/examples/girder" \
-    "$source/examples/sections.txt" --svg .
-grep -qx '  Second moment            Ix  cm4        717691      695451' log ||
-    fail "girder printed: $(cat log)"
-[ "$(ls section-*.svg | wc -l)" = 10 ] || fail "girder has not drawn 10 sections"
+# The section sheet finds the binding, and by it the library, that is installed beside it.
+quietly env PYTHONDONTWRITEBYTECODE=1 "$prefix/bin/kezsection" "$source/examples/sections.txt" --svg .
+grep -q 'Iy,eff  *695451 cm4' log || fail "kezsection printed: $(cat log)"
+[ "$(ls section-*.svg | wc -l)" = 13 ] || fail "kezsection has not drawn 13 sections"

@@ -41,11 +41,12 @@ inside() {
 # Recommended ones would come from the network.
 add() { quietly inside sh -c "apt-get install -qq -y --no-install-recommends $*"; }
 # Unlike apt-get, which does nothing if it does not know one of them, purges those that are there.
-remove() { inside dpkg --purge kezlib-tools python3-kezlib libkezlib-dev libkezlib1; }
+remove() { inside dpkg --purge kezsection kezlib-tools python3-kezlib libkezlib-dev libkezlib1; }
 remove >/dev/null 2>&1 || true # of a test that was broken off
 rm -rf "$root/packages"
 mkdir "$root/packages"
-cp "$packages"/*.deb "$source"/examples/host.c "$source"/examples/host.py "$root/packages"
+cp "$packages"/*.deb "$source"/examples/host.c "$source"/examples/host.py \
+    "$source"/examples/sections.txt "$root/packages"
 add '/packages/libkezlib1_*.deb'
 add '/packages/python3-kezlib_*.deb'
 expect_answer inside python3 /packages/host.py
@@ -55,6 +56,7 @@ add '/packages/*.deb'
 quietly inside sh -c 'cd /packages && cc host.c $(pkg-config --cflags --libs kezlib) -o host'
 expect_answer inside /packages/host
 expect_distance inside kezcall
+quietly inside kezsection /packages/sections.txt --html /packages/sections.html
 quietly remove
 rm -rf "$root/packages"
 left=$(find "$root/usr" "$root/etc" "$root/var" -iname '*kez*' ! -path '*/var/log/*')
@@ -65,6 +67,9 @@ for package in "$packages"/libkezlib*.deb; do dpkg-deb -x "$package" debian; don
 quietly /usr/bin/python3 -m pip install --no-deps --no-index --target site "$packages"/kezlib-*.whl
 expect_answer env PYTHONPATH=site KEZLIB_LIBRARY="$(ls debian/usr/lib/*/libKezLib.so.1)" \
     /usr/bin/python3 "$source/examples/host.py"
+quietly /usr/bin/python3 -m pip install --no-deps --no-index --target site "$packages"/kezsection-*.whl
+quietly env PYTHONPATH=site KEZLIB_LIBRARY="$(ls debian/usr/lib/*/libKezLib.so.1)" \
+    site/bin/kezsection "$source/examples/sections.txt"
 echo '{"private": true}' >package.json
 quietly npm install --offline --no-audit --no-fund "$packages"/kezlib-*.tgz
 cp "$source/examples/host.mjs" .

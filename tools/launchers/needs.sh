@@ -57,6 +57,10 @@ need_for() {
         wasm) need emscripten esbuild ;;
         manual) need python3-jinja2 python3-markdown nodejs ;;
         browser) need chromium node-typescript npm ;;
+        kezsection)
+            need python3-distributed python3-ezdxf python3-numpy python3-pip python3-setuptools \
+                python3-tqdm python3-wheel
+            ;;
         packages) need clang lld llvm python3-pip python3-setuptools python3-wheel npm ;;
         bench)
             need libbenchmark-dev libcgal-dev libeigen3-dev libboost-dev libpolyclipping-dev \
