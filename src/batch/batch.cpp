@@ -16,9 +16,10 @@ template <std::size_t... i, typename... Argument>
 [[gnu::noinline]] void call_each(std::int32_t count, void* const* address,
                                  const std::intptr_t* step, std::index_sequence<i...>,
                                  void(KEZ_CALL* routine)(Argument...)) {
-  for (std::uintptr_t k = 0; k < static_cast<std::uintptr_t>(count); ++k)
+  for (std::int32_t k = 0; k < count; ++k)
     routine(reinterpret_cast<Argument>(reinterpret_cast<std::uintptr_t>(address[i]) +
-                                       k * static_cast<std::uintptr_t>(step[i]))...);
+                                       static_cast<std::uintptr_t>(k) *
+                                           static_cast<std::uintptr_t>(step[i]))...);
 }
 
 template <typename... Argument>
