@@ -128,7 +128,8 @@ def box_plates(d):
     inner, outer = d.s / 2, d.s / 2 + d.tw
     high, low = d.h / 2 - d.tt, d.tb - d.h / 2
     plates = [Plate("top plate", INTERNAL, complex(-inner, top), complex(inner, top), d.tt),
-              Plate("bottom plate", INTERNAL, complex(-inner, bottom), complex(inner, bottom), d.tb)]
+              Plate("bottom plate", INTERNAL, complex(-inner, bottom), complex(inner, bottom),
+                    d.tb)]
     for way, name in ((-1, "left"), (1, "right")):
         y = way * (inner + d.tw / 2)
         plates.append(Plate(f"{name} web", INTERNAL, complex(y, high), complex(y, low), d.tw))

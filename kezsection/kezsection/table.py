@@ -14,8 +14,9 @@ STATES = ("N", *MOMENTS)
 
 SECTION_HEADINGS = [
     "number", "line", "name", "shape", "profile",
-    *(f"dim {i} [mm]" for i in range(1, 7)), "dim 7 [mm or number]", "r [mm]", "ri [mm]", "coat [mm]",
-    "tol [%]", "t_cor [mm]", "fy [N/mm2]", "N [kN]", "My [kNm]", "Mz [kNm]", "Vz [kN]", "a [mm]",
+    *(f"dim {i} [mm]" for i in range(1, 7)), "dim 7 [mm or number]", "r [mm]", "ri [mm]",
+    "coat [mm]", "tol [%]", "t_cor [mm]", "fy [N/mm2]", "N [kN]", "My [kNm]", "Mz [kNm]",
+    "Vz [kN]", "a [mm]",
     "end post",
     "A [cm2]", "ys [mm]", "zs [mm]", "Iy [cm4]", "Iz [cm4]", "Iyz [cm4]", "Iu [cm4]", "Iv [cm4]",
     "theta [deg]", "Wel,y top [cm3]", "Wel,y bottom [cm3]", "Wel,z right [cm3]",
