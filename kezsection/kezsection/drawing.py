@@ -109,7 +109,7 @@ def gross(sheet, w, h):
             for side in ("left", "right", "top", "bottom")}
     room = 64 if leaders else 12
     d = Drawing(sheet, w, h, (14 + STEP * most["left"], room + STEP * most["right"],
-                              20 + STEP * most["top"], 14 + STEP * most["bottom"]))
+                              20 + STEP * most["top"], 18 + STEP * most["bottom"]))
     v = sheet.values
     d.axes()
     if v.Iyz:
