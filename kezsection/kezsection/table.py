@@ -78,13 +78,18 @@ def section_row(sheet):
             for k in ("N + My", "N + Mz")] + [sheet.number]
     row += effective_cells(sheet)
     row += resistance_cells(sheet)
-    found = {c.key: c.utilisation for c in sheet.checks}
+    found = {c.key: finite(c.utilisation) for c in sheet.checks}
     row += [found.get(key) for key in KEYS]
     g = sheet.governing
-    row += [f"{g.what} ({g.clause})" if g else "", g.utilisation if g else None, sheet.verdict,
+    row += [f"{g.what} ({g.clause})" if g else "", finite(g.utilisation) if g else None, sheet.verdict,
             "; ".join(sheet.outside), "; ".join(sheet.faults), o.gamma_m0, o.gamma_m1, sheet.eta,
             o.lip, o.class_by]
     return ["" if value is None else cell(value) for value in row]
+
+
+def finite(utilisation):
+    """Where nothing of the resistance is left, it is not."""
+    return "inf" if utilisation == inf else utilisation
 
 
 def scaled(value, scale):
