@@ -35,6 +35,7 @@ mv installed "$prefix"
 sort >expected <<END
 bin/kezcall
 include/kezbatch.h
+bin/kezsection
 include/kezlib.h
 $libdir/cmake/KezLib/KezLibConfig.cmake
 $libdir/cmake/KezLib/KezLibConfigVersion.cmake
@@ -46,7 +47,8 @@ $libdir/libKezLib.so.$version
 $libdir/pkgconfig/kezlib.pc
 END
 bindings=share/kezlib/bindings
-(cd "$prefix" && find . ! -type d | sed 's,^\./,,' | grep -v "^$bindings/" | sort) >found
+sheet=share/kezlib/kezsection
+(cd "$prefix" && find . ! -type d | sed 's,^\./,,' | grep -Ev "^($bindings|$sheet)/" | sort) >found
 diff expected found >&2 || fail "the installed files differ from the expected ones (<) as shown"
 # The bindings are what is generated and what is written by hand, one in the other's folders.
 mkdir -p expected_bindings/javascript
@@ -56,6 +58,8 @@ fi
 cp -r "$source/bindings/." "$build/bindings/." expected_bindings
 [ -e expected_bindings/javascript/package.json ] || rm -r expected_bindings/javascript
 diff -r expected_bindings "$prefix/$bindings" >&2 || fail "the installed bindings differ as shown"
+diff -r -x __pycache__ "$source/kezsection/kezsection" "$prefix/$sheet/kezsection" >&2 ||
+    fail "the installed kezsection differs as shown"
 cmp "$source/include/kezlib.h" "$prefix/include/kezlib.h" || fail "the installed header is another"
 
 library=$prefix/$libdir/libKezLib.so

@@ -54,8 +54,8 @@ def neutral_level(g, axis, sign, N, M, fy, scaled):
 
 
 def compressed_share(g, plate, axis, sign, level):
-    """alpha, and whether the end is compressed. A plate along the neutral axis is compressed by what
-    lies beyond rounding."""
+    """alpha, and whether the end is compressed. A plate along the neutral axis is compressed by
+    what lies beyond rounding."""
     s, e = ((plate.start.imag, plate.end.imag) if axis == "y"
             else (plate.start.real, plate.end.real))
     s, e = sign * (s - level), sign * (e - level)

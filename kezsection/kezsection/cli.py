@@ -27,8 +27,8 @@ def positive(text):
 def parser():
     p = argparse.ArgumentParser(
         "kezsection", description="Section sheets by EN 1993-1-1, EN 1993-1-3 and EN 1993-1-5.",
-        epilog="Status: 0 all sections are computed, 1 some line is bad or some section incomplete, "
-               "2 nothing useful is made.")
+        epilog="Status: 0 all sections are computed, 1 some line is bad or some section "
+               "incomplete, 2 nothing useful is made.")
     p.add_argument("file", help="one section a line, such as: IPE 300 235 50 90 Vz=120 Floor beam")
     p.add_argument("--html", metavar="FILE", help="write an A4 page a section")
     p.add_argument("--csv", metavar="FILE", help="write a table of the sections")

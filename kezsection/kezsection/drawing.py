@@ -3,22 +3,11 @@
 from cmath import rect
 from html import escape
 
-from kezsection import dimensions
+from kezsection import data, dimensions
 from kezsection.model import INTERNAL
 from kezsection.texts import figure
 
-STYLE = """
-.kez{fill:none;stroke:#26333f;font:10px Helvetica,Arial,'DejaVu Sans',sans-serif}
-.kez text{fill:#26333f;stroke:none}.kez .steel{fill:#dde3ea;stroke:none}
-.kez .edge{stroke-width:.9}.kez .eff{fill:#3f7fbf;stroke:none}.kez .thin{fill:#8fbce6;stroke:none}
-.kez .none{fill:#f0b35a;stroke:none}.kez .lost{fill:url(#kezhatch);stroke:#c81e1e;stroke-width:.7}
-.kez .axis{stroke:#8b2c8f;stroke-width:.8;stroke-dasharray:9 3 2 3}.kez .size{stroke:#5b6673;stroke-width:.6}
-.kez .blue{stroke:#2f6aa5;stroke-width:.9}.kez .red{stroke:#c81e1e;stroke-width:.9}
-.kez text.name{fill:#8b2c8f;font-weight:bold}.kez text.blue{fill:#2f6aa5}.kez text.red{fill:#c81e1e}
-.kez .halo{stroke:#fff;stroke-width:2.5px;paint-order:stroke}.kez .mid{text-anchor:middle}
-.kez .end{text-anchor:end}.kez .title{font-weight:bold;font-size:11px}.kez .g{fill:#8b2c8f;stroke:none}
-.kez .moved{fill:#2f6aa5;stroke:none}.kez .press{fill:#b9d3ec;stroke:none}.kez .pull{fill:#e9dfc4;stroke:none}
-""".strip()
+STYLE = data("picture.css").strip()
 DEFS = ("<defs><pattern id='kezhatch' width='4' height='4' patternUnits='userSpaceOnUse' "
         "patternTransform='rotate(45)'><rect width='4' height='4' fill='#fff'/>"
         "<path d='M0 0V4' stroke='#c81e1e' stroke-width='2'/></pattern></defs>")
@@ -120,7 +109,7 @@ def gross(sheet, w, h):
             for side in ("left", "right", "top", "bottom")}
     room = 64 if leaders else 12
     d = Drawing(sheet, w, h, (14 + STEP * most["left"], room + STEP * most["right"],
-                              20 + STEP * most["top"], 14 + STEP * most["bottom"]))
+                              20 + STEP * most["top"], 18 + STEP * most["bottom"]))
     v = sheet.values
     d.axes()
     if v.Iyz:
@@ -189,7 +178,7 @@ def words_of(state):
 
 
 def widths(d, state):
-    """be1, what is lost and be2 of the plates that lose something, one of each direction and side."""
+    """be1, what is lost and be2 of plates that lose something, one of each direction and side."""
     seen = set()
     for r in state.reductions:
         p, gone = r.plate, [s for s in r.lost if s.share == 1]
@@ -217,7 +206,8 @@ def stresses(d, sheet, state):
     top, bottom = (g.top - left.at.imag) * state.sign, (g.bottom - left.at.imag) * state.sign
     most = max(abs(top), abs(bottom))
     x = d.high.real + 26
-    ends = [(complex(x, d.high.imag), 14 * top / most), (complex(x, d.low.imag), 14 * bottom / most)]
+    ends = [(complex(x, d.high.imag), 14 * top / most),
+            (complex(x, d.low.imag), 14 * bottom / most)]
     zero = complex(x, d.on(left.at).imag)
     for z, s in ends:
         d.path("press" if s > 0 else "pull", z, z + s, zero, close=True)

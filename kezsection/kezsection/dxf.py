@@ -59,7 +59,8 @@ class Drawing:
         size = max(b.height, b.width) / 20
         for i, text in enumerate((f"{b.number}  {b.name}", b.what)):
             made.add_text(text, height=size, dxfattribs={
-                "layer": "KEZ_TEXT", "insert": (-b.width / 2, -b.height / 2 - (2 + 1.6 * i) * size)})
+                "layer": "KEZ_TEXT",
+                "insert": (-b.width / 2, -b.height / 2 - (2 + 1.6 * i) * size)})
         self.drawing.modelspace().add_blockref(made.name, (self.x + b.width / 2, 0))
         self.x += b.width + max(0.5 * b.width, 0.25 * b.height)
 

@@ -91,8 +91,8 @@ def near_lip(flange, factor, eps):
 
 
 def reduce_lips(g, pairs, eps, how, fy):
-    """EN 1993-1-3, 5.5.3.2: the lip and what is effective of its flange beside it have the thickness
-    chi t. pairs: lip and flange of each stiffener that is compressed."""
+    """EN 1993-1-3, 5.5.3.2: the lip and what is effective of its flange beside it have the
+    thickness chi t. pairs: lip and flange of each stiffener that is compressed."""
     stiffeners = []
     for lip, flange in pairs:
         corner = g.cold.points[lip.plate.name.split()[0]][0]

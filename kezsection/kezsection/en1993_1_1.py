@@ -10,7 +10,7 @@ def epsilon(fy):
 
 def internal_limits(eps, alpha, psi):
     """Table 5.2, sheet 1: c/t of a part between two supports, for class 1, 2 and 3. alpha: the part
-    that is compressed when plastic; psi: ratio of the elastic stresses, 1 in uniform compression."""
+    that is compressed when plastic; psi: ratio of the elastic stresses."""
     if alpha > 0.5:
         first, second = 396 * eps / (13 * alpha - 1), 456 * eps / (13 * alpha - 1)
     else:

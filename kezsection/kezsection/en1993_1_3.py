@@ -133,7 +133,9 @@ def shear_strength(hw, t, fy):
     slenderness = 0.346 * hw / t * sqrt(fy / E)
     if slenderness <= 0.83:
         return slenderness, 0.58 * fy
-    return slenderness, 0.48 * fy / slenderness if slenderness < 1.40 else 0.67 * fy / slenderness**2
+    if slenderness < 1.40:
+        return slenderness, 0.48 * fy / slenderness
+    return slenderness, 0.67 * fy / slenderness**2
 
 
 def shear_and_moment(axial, bending, V, Vw, flanges):

@@ -14,8 +14,8 @@ def k_internal(psi):
 
 
 def k_outstand(psi, tip_larger):
-    """Table 4.2: of an outstand with the larger compression s1 at its tip, or at its support. Beyond
-    the table, which ends with psi = -3 and -1, the value there."""
+    """Table 4.2: of an outstand with the larger compression s1 at its tip, or at its support.
+    Beyond the table, which ends with psi = -3 and -1, the value there."""
     if tip_larger or psi > 1 - 1e-6:
         psi = max(psi, -3.0)
         return 0.57 - 0.21 * psi + 0.07 * psi**2
@@ -55,7 +55,7 @@ def shares_internal(psi):
 
 
 def shear_buckling_limit(eps, eta, k, a):
-    """5.1(2): of hw/tw, with stiffeners at the supports only, and with a distance a between some."""
+    """5.1(2): of hw/tw, with stiffeners at the supports only, or with a distance a between some."""
     return (31 * sqrt(k) if a else 72) * eps / eta
 
 
@@ -86,8 +86,8 @@ def shear_resistance(chi, fy, hw, tw, gamma_m1):
 
 
 def flange_induced_limit(section_class, E, fy, Aw, Afc):
-    """8(1), (8.1): of hw/tw. k by the class: 0.3 where plastic rotation, 0.4 where the plastic, 0.55
-    where the elastic moment resistance is used."""
+    """8(1), (8.1): of hw/tw. k by the class: 0.3 where plastic rotation, 0.4 where the plastic,
+    0.55 where the elastic moment resistance is used."""
     k = {1: 0.3, 2: 0.4}.get(section_class, 0.55)
     return k * E / fy * sqrt(Aw / Afc) if Afc > 0 else inf
 

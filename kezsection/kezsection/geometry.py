@@ -46,8 +46,8 @@ def quarter_ring(centre, inside, outside, diagonal):
     return Properties(A, centre + off * diagonal, own, own, Iyz)
 
 
-# Between two tangents at a right angle and their arc of the radius 1: the area's centroid, from each
-# tangent, and its second moments about the axes through it.
+# Between two tangents at a right angle and their arc of the radius 1: the area, its centroid from
+# each tangent, and its second moments about the axes through it.
 FILLET_A = 1 - pi / 4
 FILLET_AT = (10 - 3 * pi) / (12 - 3 * pi)
 FILLET_I = 1 - 5 * pi / 16 - FILLET_A * FILLET_AT**2
@@ -73,7 +73,7 @@ class Corner(NamedTuple):
 
 
 class Loop:
-    """A contour, counter-clockwise, whose vertices are rounded by the radii r. sign: -1 of a hole."""
+    """A contour, counter-clockwise, with vertices rounded by the radii r. sign: -1 of a hole."""
     def __init__(self, sign, z, r=None):
         self.sign, self.z = sign, z
         self.r = r or [0.0] * len(z)
@@ -193,8 +193,8 @@ class Cut:
         return level
 
     def plastic(self, level):
-        """Of a section that is pressed above the level and pulled below it: N / fy, and M / fy about
-        the centroid."""
+        """Of a section that is pressed above the level and pulled below it: N / fy, and M / fy
+        about the centroid."""
         A, S = self.above(level)
         S += A * (level - self.middle)
         return 2 * A - self.gross.A, 2 * S

@@ -101,7 +101,10 @@ def warping(g):
         z = f.h / 2 - f.t1 / 2 - h * I2 / (I1 + I2)
         return (0j if f.equal else 1j * (z - g.gross.at.imag)), h * h * I1 * I2 / (I1 + I2)
     if g.cold and not getattr(g.section.dims, "nw", 0):
-        return open_section(g.cold.line(), g.cold.t, g.gross.at)
+        centre, Iw = open_section(g.cold.line(), g.cold.t, g.gross.at)
+        tiny = 1e-7 * (g.top - g.bottom)  # what rounding and single precision leave
+        return complex(centre.real if abs(centre.real) > tiny else 0.0,
+                       centre.imag if abs(centre.imag) > tiny else 0.0), Iw
     if g.section.shape in ("rhs", "hollow", "chs", "flat", "round"):
         return 0j, None
     return None, None

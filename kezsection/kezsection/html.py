@@ -2,37 +2,10 @@
 
 from html import escape
 
-from kezsection import __version__, drawing, svg, texts
+from kezsection import __version__, data, drawing, svg, texts
 from kezsection.texts import figure
 
-CSS = """
-@page{size:A4;margin:11mm 12mm}
-*{box-sizing:border-box}body{margin:0;background:#e6e9ec;color:#1b2530;
- font:8pt/1.28 Helvetica,Arial,'DejaVu Sans',sans-serif}
-.page{width:210mm;min-height:297mm;margin:5mm auto;padding:11mm 12mm;background:#fff;
- box-shadow:0 1px 6px #0003;display:flex;flex-direction:column;gap:1.6mm}
-@media print{body{background:none}.page{width:auto;height:274mm;min-height:0;margin:0;padding:0;box-shadow:none;
- break-after:page;overflow:hidden}.page:last-of-type{break-after:auto}}
-header{display:flex;justify-content:space-between;gap:6mm;border-bottom:1.2pt solid #26333f;padding-bottom:1mm}
-h1{font-size:13pt;line-height:1.15;margin:0;overflow-wrap:anywhere}h2{font-size:1.05em;margin:.7mm 0 .4mm;color:#26333f}
-header p,.note{margin:0;color:#4a5663}header .right{text-align:right;white-space:nowrap}
-.verdict{padding:1mm 2mm;border-left:3pt solid #2e7d4f;background:#eef6f0;font-weight:bold}
-.verdict.bad{border-color:#c81e1e;background:#fbeeee}.verdict.warn{border-color:#c77700;background:#fdf5e6}
-.top{display:grid;gap:4mm;align-items:start}
-.top svg{width:100%;height:auto;display:block}.small{display:flex;gap:1mm}
-.small svg{flex:1 1 0;min-width:0;max-width:61mm;height:100%}
-table{border-collapse:collapse;width:100%;font-variant-numeric:tabular-nums}
-td,th{padding:.15mm 1mm;text-align:right;border-bottom:.3pt solid #d5dbe1;font-weight:normal;vertical-align:baseline}
-th{color:#4a5663;border-bottom:.6pt solid #8794a1}td:first-child,th:first-child,.l{text-align:left!important}td:first-child,.n{white-space:nowrap}
-.values{display:grid;grid-template-columns:1fr 1fr;column-gap:4mm}.values div{display:flex;gap:1mm;border-bottom:.3pt solid #d5dbe1}
-.values span:nth-child(2){margin-left:auto;font-variant-numeric:tabular-nums}.values span:nth-child(3){width:7mm;color:#4a5663}
-.bar{display:block;position:relative;width:26mm;height:2.4mm;background:#e8ecef}
-.bar i{position:absolute;left:0;top:0;bottom:0;background:#2e7d4f}.bar.over i{background:#c81e1e}
-.bar:after{content:'';position:absolute;left:80%;top:-.4mm;bottom:-.4mm;border-left:.8pt solid #26333f}
-.gov td{font-weight:bold}.how{color:#4a5663;font-size:.9em}.two{columns:2;column-gap:5mm;font-size:min(1em,6.6pt)}.two>div{break-inside:avoid}
-footer{margin-top:auto;color:#5b6673;font-size:5.6pt;line-height:1.2;border-top:.4pt solid #8794a1;padding-top:.6mm}
-*{-webkit-print-color-adjust:exact;print-color-adjust:exact}
-"""
+CSS = data("page.css")
 
 
 def head(path):
@@ -83,7 +56,8 @@ def checks(sheet):
         style = " class='gov'" if c is sheet.governing else ""
         rows.append(f"<tr{style}><td>{escape(c.what)}</td><td class='l n'>{escape(c.clause)}</td>"
                     f"<td class='l how'>{escape(c.follow)}</td><td>{demand}</td><td>{limit}</td>"
-                    f"<td class='l'>{escape(c.unit)}</td><td>{texts.utilisation(c.utilisation)}</td>"
+                    f"<td class='l'>{escape(c.unit)}</td>"
+                    f"<td>{texts.utilisation(c.utilisation)}</td>"
                     f"<td>{bar(c.utilisation)}</td></tr>")
     if not rows:
         return ""
@@ -164,8 +138,8 @@ def notes(sheet):
     if not (ey or ez):
         return ""
     return (f"<p class='note'>N eN (EN 1993-1-5, 4.3(3)): eNy {sheet.shift.real + 0.0:.3f}, eNz "
-            f"{sheet.shift.imag + 0.0:.3f} mm; My + N eNz = {(a.My + ey) / 1e6:.4g} kNm, Mz + N eNy "
-            f"= {(a.Mz + ez) / 1e6:.4g} kNm</p>")
+            f"{sheet.shift.imag + 0.0:.3f} mm; My + N eNz = {(a.My + ey) / 1e6:.4g} kNm, Mz + "
+            f"N eNy = {(a.Mz + ez) / 1e6:.4g} kNm</p>")
 
 
 def page(sheet, options, path):
@@ -186,9 +160,11 @@ def page(sheet, options, path):
             f"</p><p>{escape(texts.action_line(s))}</p></div><div class='right'><p>kezsection "
             f"{__version__}</p><p>{texts.today()}</p><p>{escape(path)[-60:]}:{s.line}</p></div>"
             f"</header><div class='verdict{tone}'>{escape(texts.verdict_line(sheet))}</div>"
-            f"<div class='top' style='grid-template-columns:{drawing_width(shown)}mm 1fr'><div>{main}</div><div><h2>Gross section</h2>"
+            f"<div class='top' style='grid-template-columns:{drawing_width(shown)}mm 1fr'>"
+            f"<div>{main}</div><div><h2>Gross section</h2>"
             f"{values(texts.value_items(sheet))}{resistances(sheet)}{notes(sheet)}</div></div>"
-            + checks(sheet) + (f"<div class='small' style='height:{PANEL[min(len(shown), 4)]}mm'>{small}</div>"
+            + checks(sheet)
+            + (f"<div class='small' style='height:{PANEL[min(len(shown), 4)]}mm'>{small}</div>"
                if small else "")
             + f"<div class='two'>{''.join(blocks)}</div>"
             f"<footer>{escape(texts.STANDARDS)}. {escape(texts.option_line(options))} "

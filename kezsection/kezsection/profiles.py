@@ -3,16 +3,16 @@
 import csv
 import re
 from functools import lru_cache
-from pathlib import Path
 
-DATA = Path(__file__).with_name("data")
+from kezsection import data
+
 SERIES = ("IPE", "HEA", "HEB", "HEM", "HE", "HL", "HD", "UB", "UC", "RHS", "SHS", "CHS", "L")
 WIDE = re.compile(r"HE(\d+)([ABM])")  # HE 200 B is HEB200
 DOUBLE = re.compile(r"(SHS|L)([\d.]+)X\2X([\d.]+)")  # SHS 100x100x5 is SHS100x5
 
 
 def rows(file):
-    text = (DATA / file).read_text(encoding="utf-8").splitlines()
+    text = data(file).splitlines()
     for row in csv.DictReader(line for line in text if not line.startswith("#")):
         yield row.pop("name").strip(), {key: float(value) for key, value in row.items()}
 

@@ -34,9 +34,11 @@ def class_lines(sheet, name, found):
     if not found.plates and not found.note:
         return
     clause = "EN 1993-1-1, table 5.2" if not sheet.g.elastic else "table 5.2, class 3 only"
-    yield f"  Class under {name}: {found.number}{', ' + found.note if found.note else ''}  ({clause})"
+    note = f", {found.note}" if found.note else ""
+    yield f"  Class under {name}: {found.number}{note}  ({clause})"
     if found.plates:
-        yield f"    {'plate':21}{'c/t':>7}{'alpha':>8}{'psi':>8}  limits of class 1, 2, 3{'class':>7}"
+        yield (f"    {'plate':21}{'c/t':>7}{'alpha':>8}{'psi':>8}  limits of class 1, 2, 3"
+               f"{'class':>7}")
     for name, *values in texts.class_rows(sheet, found):
         yield f"    {name:21}" + "".join(f"{v:>{w}}" for v, w in zip(values, (7, 8, 8, 8, 8, 8, 8)))
 
@@ -63,8 +65,9 @@ def lip_lines(r):
     other = "" if s.kezchi is None else f", kezchi {s.kezchi:.3f}" if s.kezchi else \
         ", kezchi does not settle"
     yield from wrapped(
-        f"{r.plate.name}: be2 {s.be2:.2f}, ceff {s.ceff:.2f} mm, As {s.As:.2f} mm2, Is {s.Is:.1f} mm4, b1 "
-        f"{s.b1:.2f} mm, kf {s.kf:.3f}, K {s.K:.4f} N/mm2 (5.10b), sigma_cr,s {s.sigma_cr:.1f} "
+        f"{r.plate.name}: be2 {s.be2:.2f}, ceff {s.ceff:.2f} mm, As {s.As:.2f} mm2, Is "
+        f"{s.Is:.1f} mm4, b1 {s.b1:.2f} mm, kf {s.kf:.3f}, K {s.K:.4f} N/mm2 (5.10b), sigma_cr,s "
+        f"{s.sigma_cr:.1f} "
         f"N/mm2 (5.15), lambda_d {s.lambda_d:.3f}, chi_d {s.chi:.3f} (5.12), t_red "
         f"{s.chi * r.plate.t:.3f} mm{', step ' + str(s.steps) if s.steps > 1 else ''}{other}", 3, 2)
 
@@ -123,8 +126,8 @@ def corner_note(sheet):
         return ", sharp corners"
     widths = [p.width for p in sheet.g.plates]
     kept = en3.corners_may_be_neglected(sheet.g.cold.r, sheet.g.cold.t, widths)
-    return (f"; r {'<=' if kept else 'not <='} 5 t and 0.10 bp (5.1(3)): exact corners and notional "
-            f"widths are used")
+    return (f"; r {'<=' if kept else 'not <='} 5 t and 0.10 bp (5.1(3)): exact corners and "
+            f"notional widths are used")
 
 
 def action_notes(sheet):

@@ -128,7 +128,8 @@ def box_plates(d):
     inner, outer = d.s / 2, d.s / 2 + d.tw
     high, low = d.h / 2 - d.tt, d.tb - d.h / 2
     plates = [Plate("top plate", INTERNAL, complex(-inner, top), complex(inner, top), d.tt),
-              Plate("bottom plate", INTERNAL, complex(-inner, bottom), complex(inner, bottom), d.tb)]
+              Plate("bottom plate", INTERNAL, complex(-inner, bottom), complex(inner, bottom),
+                    d.tb)]
     for way, name in ((-1, "left"), (1, "right")):
         y = way * (inner + d.tw / 2)
         plates.append(Plate(f"{name} web", INTERNAL, complex(y, high), complex(y, low), d.tw))
@@ -268,8 +269,10 @@ def corner(d):
 UNEQUAL = (
     Rule("c1 = 0 or c1 >= t + r", lambda d: d.c1 == 0 or d.c1 >= corner(d)),
     Rule("c2 = 0 or c2 >= t + r", lambda d: d.c2 == 0 or d.c2 >= corner(d)),
-    Rule("b1 > 2 (t + r)", lambda d: d.b1 > corner(d) * (2 if d.c1 else 1)),
-    Rule("b2 > 2 (t + r)", lambda d: d.b2 > corner(d) * (2 if d.c2 else 1)),
+    Rule("b1 > t + r for each of its corners",
+         lambda d: d.b1 > corner(d) * (2 if d.c1 else 1)),
+    Rule("b2 > t + r for each of its corners",
+         lambda d: d.b2 > corner(d) * (2 if d.c2 else 1)),
     Rule("c1 + c2 < h", lambda d: d.c1 + d.c2 < d.h),
     Rule("2 (t + r) < h", lambda d: 2 * corner(d) < d.h),
     Rule("coat < t", lambda d: d.coat < d.t))
@@ -313,7 +316,8 @@ SHAPES = {
                     Rule("t + r1 + r2 < b", lambda d: d.t + d.r1 + d.r2 < d.b),
                     Rule("r2 <= t", lambda d: d.r2 <= d.t)), free=True),
     "channel": cold_shape("channel", "b h c? t sw? yw? nw?", channel_outline, (
-        Rule("b > 2 (t + r)", lambda d: d.b > corner(d) * (2 if d.c else 1)),
+        Rule("b > t + r for each of its corners",
+             lambda d: d.b > corner(d) * (2 if d.c else 1)),
         Rule("h > 2 (t + r)", lambda d: d.h > 2 * corner(d)),
         Rule("c = 0 or t + r <= c < h / 2",
              lambda d: d.c == 0 or corner(d) <= d.c < d.h / 2),

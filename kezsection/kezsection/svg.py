@@ -45,7 +45,9 @@ def picture(sheet):
         rows.append(f"<text x='14' y='{36 + 14 * i}' dy='.35em'>{escape(line)}</text>")
     name = escape(f"{s.number}  {texts.title(s)}"[:80])
     return (f"<svg xmlns='http://www.w3.org/2000/svg' class='kez' width='190mm' "
-            f"height='{190 * height / WIDTH:.1f}mm' viewBox='0 0 {WIDTH} {height}'>\n<style>\n{drawing.STYLE}\n</style>\n{drawing.DEFS}\n"
+            f"height='{190 * height / WIDTH:.1f}mm' viewBox='0 0 {WIDTH} {height}'>\n"
+            f"<style>\n{drawing.STYLE}\n</style>\n{drawing.DEFS}\n"
             f"<rect width='{WIDTH}' height='{height}' style='fill:#fff;stroke:none'/>\n"
-            f"<text x='14' y='18' dy='.35em' style='font-size:16px;font-weight:bold'>{name}</text>\n"
+            f"<text x='14' y='18' dy='.35em' style='font-size:16px;font-weight:bold'>{name}"
+            "</text>\n"
             + "\n".join(rows) + "\n</svg>\n")

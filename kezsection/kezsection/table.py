@@ -14,8 +14,9 @@ STATES = ("N", *MOMENTS)
 
 SECTION_HEADINGS = [
     "number", "line", "name", "shape", "profile",
-    *(f"dim {i} [mm]" for i in range(1, 7)), "dim 7 [mm or number]", "r [mm]", "ri [mm]", "coat [mm]",
-    "tol [%]", "t_cor [mm]", "fy [N/mm2]", "N [kN]", "My [kNm]", "Mz [kNm]", "Vz [kN]", "a [mm]",
+    *(f"dim {i} [mm]" for i in range(1, 7)), "dim 7 [mm or number]", "r [mm]", "ri [mm]",
+    "coat [mm]", "tol [%]", "t_cor [mm]", "fy [N/mm2]", "N [kN]", "My [kNm]", "Mz [kNm]",
+    "Vz [kN]", "a [mm]",
     "end post",
     "A [cm2]", "ys [mm]", "zs [mm]", "Iy [cm4]", "Iz [cm4]", "Iyz [cm4]", "Iu [cm4]", "Iv [cm4]",
     "theta [deg]", "Wel,y top [cm3]", "Wel,y bottom [cm3]", "Wel,z right [cm3]",
@@ -77,13 +78,18 @@ def section_row(sheet):
             for k in ("N + My", "N + Mz")] + [sheet.number]
     row += effective_cells(sheet)
     row += resistance_cells(sheet)
-    found = {c.key: c.utilisation for c in sheet.checks}
+    found = {c.key: finite(c.utilisation) for c in sheet.checks}
     row += [found.get(key) for key in KEYS]
     g = sheet.governing
-    row += [f"{g.what} ({g.clause})" if g else "", g.utilisation if g else None, sheet.verdict,
+    row += [f"{g.what} ({g.clause})" if g else "", finite(g.utilisation) if g else None, sheet.verdict,
             "; ".join(sheet.outside), "; ".join(sheet.faults), o.gamma_m0, o.gamma_m1, sheet.eta,
             o.lip, o.class_by]
     return ["" if value is None else cell(value) for value in row]
+
+
+def finite(utilisation):
+    """Where nothing of the resistance is left, it is not."""
+    return "inf" if utilisation == inf else utilisation
 
 
 def scaled(value, scale):

@@ -37,8 +37,9 @@ def today():
 
 def option_line(options):
     eta = "1.2 up to S460, else 1.0" if options.eta is None else f"{options.eta:g}"
+    raised = "both raised" if options.class_by == "scaled" else "N held and M raised"
     return (f"gamma_M0 {options.gamma_m0:g}, gamma_M1 {options.gamma_m1:g}, eta {eta}, lips "
-            f"{options.lip}, class under N + M with {'both raised' if options.class_by == 'scaled' else 'N held and M raised'}.")
+            f"{options.lip}, class under N + M with {raised}.")
 
 
 def dims_line(section):
@@ -115,7 +116,8 @@ def effective_items(sheet, state):
     p = state.left
     items = [("Aeff", p.A / 1e2, "cm2")]
     if state.axis == "N":
-        return items + [("eNy", sheet.shift.real + 0.0, "mm"), ("eNz", sheet.shift.imag + 0.0, "mm")]
+        return items + [("eNy", sheet.shift.real + 0.0, "mm"),
+                        ("eNz", sheet.shift.imag + 0.0, "mm")]
     I = p.Iy if state.axis == "y" else p.Iz
     return items + [(f"I{state.axis},eff", I / 1e4, "cm4"),
                     ("Weff compressed edge", state.W[0] / 1e3, "cm3"),
@@ -157,7 +159,7 @@ def resistance_items(sheet):
 
 
 def merged(rows):
-    """Rows whose first entries are names of plates; left and right ones with equal figures are one."""
+    """Rows that begin with names of plates; left and right ones with equal figures are one."""
     found = {}
     for name, *values in rows:
         both = name.replace("left", "l + r").replace("right", "l + r")

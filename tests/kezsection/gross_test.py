@@ -45,7 +45,8 @@ class Gross(Case):
                      v.Iw / 1e6, v.Av_z / 1e2)
             for one, other in zip(found, wanted):
                 self.near(one, other, 6e-4 if name == "IPE 300" else 2e-3)
-        for name, A, Iy, Wpl in (("SHS 100x5 cold", 18.4, 271, 64.6), ("CHS 168.3x8", 40.3, 1297, 206)):
+        for name, A, Iy, Wpl in (("SHS 100x5 cold", 18.4, 271, 64.6),
+                                 ("CHS 168.3x8", 40.3, 1297, 206)):
             v = sheet(f"{name} 355 0 0").values
             for one, other in ((v.A / 1e2, A), (v.Iy / 1e4, Iy), (v.Wpl_y / 1e3, Wpl)):
                 self.near(one, other, 3e-3)
@@ -126,10 +127,12 @@ class Names(Case):
     def test_names_as_people_write_them(self):
         for text, name in (("IPE 300", "IPE300"), ("heb200", "HEB200"), ("HE 200 B", "HEB200"),
                            ("UB 305x165x40", "UB305x165x40"), ("SHS 100x5", "SHS100x5/cold"),
-                           ("SHS 100x100x5", "SHS100x5/cold"), ("RHS 200x100x8 hot", "RHS200x100x8/hot"),
+                           ("SHS 100x100x5", "SHS100x5/cold"),
+                           ("RHS 200x100x8 hot", "RHS200x100x8/hot"),
                            ("L 80x80x8", "L80x8"), ("HL 1000 AA", "HL1000AA")):
             self.assertEqual(parse(f"{text} 235 0 0").profile, name, text)
-        for line, reason in (("HE 210 B 235 0 0", "HEB2[02]0"), ("SHS 100x5 hot 235 0 0", "is cold"),
+        for line, reason in (("HE 210 B 235 0 0", "HEB2[02]0"),
+                             ("SHS 100x5 hot 235 0 0", "is cold"),
                              ("half L 80x8 235 0 0", "none")):
             with self.assertRaisesRegex(ValueError, reason):
                 parse(line)

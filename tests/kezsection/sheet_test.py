@@ -10,8 +10,8 @@ from kezsection.report import report
 class Effective(Case):
     def test_girder(self):
         """A = 8000 + 10000 + 9200 mm2, ys = 556.8015, psi = -0.860244, k = 20.45832, lambda_p =
-        1.375418, rho = 0.664842, bc = 618.1985: 164.4017 at the top, 246.6026 above the axis; Ieff =
-        6.954505e9."""
+        1.375418, rho = 0.664842, bc = 618.1985: 164.4017 at the top, 246.6026 above the axis;
+        Ieff = 6.954505e9."""
         s = sheet("girder 1200 320 400 25 25 8  355   0  2400")
         web, state = reductions(s, "My+")["web"], s.effective["My+"]
         self.nears(1e-5, psi=(web.psi, -0.860244), rho=(web.rho, 0.664842), be1=(web.be1, 164.4017),
@@ -20,7 +20,7 @@ class Effective(Case):
                    used=(used(s, "My"), 2400e6 / (10443385 * 355)))
 
     def test_box(self):
-        """Top plate rho 0.838489; with it psi of the webs is -0.965929, not -1.033: rho 0.816192."""
+        """Top plate rho 0.838489; by it psi of the webs is -0.965929, not -1.033: rho 0.816192."""
         s = sheet("box 600 560 12 12 1000 8 500 355 0 2500")
         found = reductions(s, "My+")
         self.nears(1e-5, top=(found["top plate"].rho, 0.838489), I=(
@@ -36,7 +36,7 @@ class Effective(Case):
         self.assertEqual(s.verdict, "exceeded")
 
     def test_no_fibre_above_fy(self):
-        """Half an IPE 300: what is satisfied has no compressed fibre above fy, even at a lost tip."""
+        """Half an IPE 300: what is satisfied has no fibre above fy, also at a lost tip."""
         for M in (-5, -9.4, -9.5, -15):
             s = sheet(f"tee 150 150 10.7 7.1 355 0 {M}")
             p = s.effective["My-"].left
@@ -60,7 +60,7 @@ class Effective(Case):
 
 class Force(Case):
     def test_shifted_centroid(self):
-        """Of the stem rho = 0.391310 under N: 173.4767 8 are lost, and the centroid rises by 50.2714.
+        """Of the stem rho = 0.391310 under N: 173.4767 8 are lost; the centroid rises by 50.2714.
         M + N eN and M alone are both checked: a shift never relieves."""
         A, W = 5280 - 173.4767 * 8, {}
         for M in (-5, 5):
@@ -93,14 +93,18 @@ class Force(Case):
     def test_turned_over(self):
         """The same with other signs: upside down, mirrored, and a zed turned by half a turn."""
         for line, other in (
-                ("girder 1200 320 400 20 15 8 355 90 40 Mz=9", "girder 1200 400 320 15 20 8 355 90 -40 Mz=9"),
+                ("girder 1200 320 400 20 15 8 355 90 40 Mz=9",
+                 "girder 1200 400 320 15 20 8 355 90 -40 Mz=9"),
                 ("box 700 560 12 8 1000 6 500 355 90 40", "box 560 700 8 12 1000 6 500 355 90 -40"),
-                ("cee 70 60 200 20 15 1.5 355 20 2 Mz=.2", "cee 60 70 200 15 20 1.5 355 20 -2 Mz=.2"),
-                ("zed 70 60 200 20 15 1.5 355 20 2 Mz=.2", "zed 60 70 200 15 20 1.5 355 20 -2 Mz=-.2"),
+                ("cee 70 60 200 20 15 1.5 355 20 2 Mz=.2",
+                 "cee 60 70 200 15 20 1.5 355 20 -2 Mz=.2"),
+                ("zed 70 60 200 20 15 1.5 355 20 2 Mz=.2",
+                 "zed 60 70 200 15 20 1.5 355 20 -2 Mz=-.2"),
                 ("angle 100 65 4 0 0 355 20 1 Mz=.2", "angle 65 100 4 0 0 355 20 .2 Mz=1"),
                 ("girder 400 200 150 10 15 8 235 300 9", "girder 400 150 200 15 10 8 235 300 -9"),
                 ("tee 200 300 8 8 355 20 2 Mz=5", "tee 200 300 8 8 355 20 2 Mz=-5"),
-                *((f"channel 75 200 {c} 1.5 0 0 0 355 20 2", f"channel 75 200 {c} 1.5 0 0 0 355 20 -2")
+                *((f"channel 75 200 {c} 1.5 0 0 0 355 20 2",
+                   f"channel 75 200 {c} 1.5 0 0 0 355 20 -2")
                   for c in (0, 10, 20))):
             one, two = sheet(line), sheet(other)
             self.assertEqual(one.verdict, two.verdict, line)
@@ -124,7 +128,8 @@ class Traps(Case):
     def test_shear_beyond_its_resistance(self):
         """(2 V / Vpl - 1)^2 is at most 1, no resistance is below 0, and V fails by itself."""
         for line in ("IPE 300 235 100 50 Vz=2000", "rhs 100 200 8 355 100 50 Mz=2 Vz=5000",
-                     "tee 200 150 15 12 355 0 12 Vz=5000", "girder 400 200 150 10 10 8 355 9 9 Vz=5000"):
+                     "tee 200 150 15 12 355 0 12 Vz=5000",
+                     "girder 400 200 150 10 10 8 355 9 9 Vz=5000"):
             s = sheet(line)
             self.assertGreater(used(s, "V"), 1)
             self.assertLessEqual(s.strength.rho, 1)

@@ -71,9 +71,9 @@ class Lips(Case):
                 self.assertGreater(lip.kezchi, chi)
 
     def test_hand_calculation(self):
-        """Between centre lines 198, 73 and 19: rho 0.917421, be2 33.48586, As 104.9717, Is 3353.504,
-        b1 62.31805, sigma_cr 290.7819, lambda_d 1.097110, chi 1.47 - 0.723 lambda_d = 0.676789;
-        web rho 0.421501. A = 764 - 229.0856 - 4 6.028285 - 2 0.323211 104.9717 = 442.9454."""
+        """Between centre lines 198, 73 and 19: rho 0.917421, be2 33.48586, As 104.9717, Is
+        3353.504, b1 62.31805, sigma_cr 290.7819, lambda_d 1.097110, chi 1.47 - 0.723 lambda_d =
+        0.676789; web rho 0.421501. A = 764 - 229.0856 - 4 6.028285 - 2 0.323211 104.9717 = 442.9454."""
         s = sheet("channel 75 200 20 2 0 0 0  350 60 0 r=0")
         lip = reductions(s, "N")["top lip"].lip
         self.nears(2e-5, As=(lip.As, 104.9717), Is=(lip.Is, 3353.504), b1=(lip.b1, 62.31805),
@@ -112,8 +112,8 @@ class Lips(Case):
                 self.assertIn(reason, "; ".join(sheet(line).outside))
 
     def test_rounded_corners(self):
-        """What is left of a purlin with rounded corners, beside the sum of short pieces of its centre
-        line with their thickness; the corners of lips have chi t."""
+        """What is left of a purlin with rounded corners, beside the sum of short pieces of its
+        centre line with their thickness; the corners of lips have chi t."""
         s = sheet("channel 75 200 20 2 0 0 0 350 60 0 r=4")
         state, cold, pieces, n = s.effective["N"], s.g.cold, [], 2000
         lips = {r.plate.name: r.lip for r in state.reductions}
