@@ -3,16 +3,7 @@
 import assert from "node:assert/strict";
 import { test } from "node:test";
 import { draw, NAMES, notShownBy, shownBy } from "../../manual/figures/draw.js";
-import { attribute, callOf, callsOf, pictureOf, ROUTINES } from "./drawn.mjs";
-
-// Seeded, as the library's own: the same numbers on every machine.
-function generator(seed) {
-  let state = seed;
-  return (below) => {
-    state = (Math.imul(state, 1664525) + 1013904223) >>> 0;
-    return Math.floor((state / 2 ** 32) * below);
-  };
-}
+import { attribute, callOf, callsOf, generator, pictureOf, ROUTINES } from "./drawn.mjs";
 
 function assertSound(svg, about) {
   assert.match(svg, /^<svg [^>]*role="(img|group)"/, about);

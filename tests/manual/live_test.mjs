@@ -4,6 +4,7 @@ import assert from "node:assert/strict";
 import { mkdtempSync, writeFileSync } from "node:fs";
 import { tmpdir } from "node:os";
 import { after, afterEach, before, beforeEach, test } from "node:test";
+import { answered, assertSame } from "./answers.mjs";
 import { address, kezcall, launch, open, ready, watchedTab } from "./browser.mjs";
 
 let browser;
@@ -34,35 +35,6 @@ const results = async () =>
       ),
     ),
   );
-
-const written = (text) => text.split(" ").filter((token) => token !== ".");
-
-function answeredLine(line) {
-  const [, name, value] = /^(\w+) +(?:= )?(.*?)(?: +unchanged)?$/.exec(line);
-  const shown = value === "not written" ? "kept" : value.replace(/^\[(.*)\]$/, "$1");
-  return [name, written(shown).join(" ") || "kept"];
-}
-
-// Of kezcall's answer, by output what the page shows.
-const answered = (text) => Object.fromEntries(text.trim().split("\n").map(answeredLine));
-
-// To some last places: sines and the like are the platform's.
-function agree(one, other) {
-  if (one === other || Object.is(Number(one), Number(other))) return true;
-  const [a, b] = [Number(one), Number(other)];
-  return Math.abs(a - b) <= 2e-6 * Math.max(Math.abs(a), Math.abs(b));
-}
-
-function assertSame(found, wanted, what) {
-  assert.deepEqual(Object.keys(found), Object.keys(wanted), what);
-  for (const [name, text] of Object.entries(wanted)) {
-    const [ours, theirs] = [found[name], text].map(written);
-    assert.ok(
-      ours.length === theirs.length && ours.every((token, i) => agree(token, theirs[i])),
-      `${what}: ${name} is ${found[name]}, kezcall has ${text}`,
-    );
-  }
-}
 
 const isArray = async (name) =>
   (await field(name).locator("xpath=..").getAttribute("class")) === "array";
