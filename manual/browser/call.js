@@ -2,7 +2,7 @@
 // when the pages are made and in them.
 
 import { UNWRITTEN } from "kezlib/call.js";
-import { looksReal, parse, ROOM, shown, tokens } from "./numbers.js";
+import { hasDecimalComma, looksReal, parse, ROOM, shown, tokens } from "./numbers.js";
 
 const ARRAYS = { real: Float32Array, integer: Int32Array };
 
@@ -43,6 +43,13 @@ function arrayOf(numbers, text, kind) {
 }
 
 function numbersOf(argument, text, kind) {
+  const isList = isArray(argument) || argument.kind === "callback";
+  if (hasDecimalComma(text, isList)) {
+    const [comma] = /\d+,\d+/.exec(text);
+    const others = isList ? `, or “${comma.replace(",", " ")}” for two entries` : "";
+    const message = `has a comma: write “${comma.replace(",", ".")}” with a point${others}`;
+    throw new FieldError(argument.name, message);
+  }
   try {
     return tokens(text).map((token) =>
       isRoom(argument, token) ? EMPTY[kind] : parse(token, kind),

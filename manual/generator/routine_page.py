@@ -57,14 +57,14 @@ def shown_group(calls, prose):
 def argument_data(argument):
     behind = conditions.behind(argument.kept_when) if argument.kept_when else None
     return {"name": argument.name, "kind": argument.kind, "direction": argument.direction,
-            "extent": argument.extent, "kept": argument.kept_when, "behind": behind or ""}
+            "extent": argument.extent, "length": routine.is_length(argument), "kept": argument.kept_when, "behind": behind or ""}
 
 
 def page_data(r, calls, tabs):
     """What the scripts need, in the page and when it is made."""
     return {"name": r.name, "sentence": plain_text(routine.sentence(r)),
             "arguments": [argument_data(a) for a in r.arguments], "example": calls[0].inputs,
-            "languages": [languages.data(tab, r) for tab in tabs]}
+            "keeps": bool(r.kept), "languages": [languages.data(tab, r) for tab in tabs]}
 
 
 def embedded(data):

@@ -97,10 +97,13 @@ test("a worked call goes into the fields, and the way back out of them", async (
   const call = tab.locator(".worked .call").nth(3);
   const href = await call.getAttribute("href");
   await call.click();
+  await tab.waitForURL((url) => url.hash === href);
+  await tab.waitForTimeout(100);
   const wanted = Object.fromEntries(new URLSearchParams(href.slice(1)));
   assert.deepEqual(Object.fromEntries(await fields()), wanted);
   await tab.goBack();
   await tab.waitForURL(address("kezlci.html"));
+  await tab.waitForTimeout(100);
   assert.deepEqual(await fields(), example);
 });
 

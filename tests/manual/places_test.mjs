@@ -58,7 +58,7 @@ test("a handle stands where its inputs say, and moves them", () => {
 });
 
 test("a held picture stays where it is while a point of it moves", () => {
-  for (const name of ["kezln3", "kezpds", "kezlni", "kezpos"]) {
+  for (const name of ["kezln3", "kezpds", "kezlds", "kezpos"]) {
     const { inputs, results } = callOf(name);
     const report = {};
     draw(name, inputs, results, { report });
