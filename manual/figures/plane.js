@@ -93,10 +93,13 @@ function gripLine(sheet, terms, ends, v) {
     (X - sheet.view.left) / sheet.view.sx,
     (sheet.view.top - Y) / sheet.view.sy,
   ];
-  const [middle, far] = [share(0.5), share(0.84)];
   const values = terms.map(v.scalar);
-  sheet.grip(middle, shiftGrip(sheet, terms, values));
-  sheet.grip(far, slopeGrip(sheet, terms, values, place(middle), place(far)));
+  sheet.later(() => {
+    const middle = sheet.freeOf([0.5, 0.42, 0.58, 0.34].map(share));
+    const far = sheet.freeOf([0.84, 0.9, 0.78, 0.16].map(share));
+    sheet.grip(middle, shiftGrip(sheet, terms, values));
+    sheet.grip(far, slopeGrip(sheet, terms, values, place(middle), place(far)));
+  });
 }
 
 // The line a x + b y + c = 0; `normal` draws (a, b) on it, towards its positive side.
@@ -172,15 +175,28 @@ function roundMark(terms, measure, name, { tone, look, grips } = {}) {
 const gripCircle = (terms) => (sheet, v, centre, radius) => {
   if (!terms.every((term) => isFree(term, v))) return;
   const values = terms.map(v.scalar);
-  const rim = add(centre, [radius * Math.SQRT1_2, -radius * Math.SQRT1_2, 0]);
-  sheet.grip(sheet.to(centre), centreGrip(sheet, terms, values, radius));
-  sheet.grip(sheet.to(rim), radiusGrip(sheet, terms, values, centre));
+  sheet.later(() => {
+    sheet.grip(sheet.to(centre), centreGrip(sheet, terms, values, radius));
+    sheet.grip(freeRim(sheet, centre, radius), radiusGrip(sheet, terms, values, centre));
+  });
 };
+
+// A position on a circle where no point is.
+const freeRim = (sheet, centre, radius) =>
+  sheet.freeOf(
+    [-0.25, -0.35, 0.25, 0.75].map((turn) =>
+      sheet.to(
+        add(centre, [radius * Math.cos(turn * Math.PI), radius * Math.sin(turn * Math.PI), 0]),
+      ),
+    ),
+  );
 
 // The radius, where it is an input.
 const gripRadius = (term) => (sheet, v, centre, radius) => {
-  const rim = add(centre, [radius * Math.SQRT1_2, -radius * Math.SQRT1_2, 0]);
-  sheet.grip(sheet.to(rim), heldLength(sheet, term, [centre, rim].map((p) => sheet.to(p)), v));
+  sheet.later(() => {
+    const rim = freeRim(sheet, centre, radius);
+    sheet.grip(rim, heldLength(sheet, term, [sheet.to(centre), rim], v));
+  });
 };
 
 export function circle(text) {

@@ -139,9 +139,18 @@ export class Sheet {
     this.put("strokes", element("circle", { class: tone, cx: px(x), cy: px(y), r }));
   }
 
+  // The first of some positions that is on no point, or the first of all.
+  freeOf(positions) {
+    const isFree = ([x, y]) =>
+      this.dots.every(({ left, right, top, bottom }) =>
+        x < left - 6 || x > right + 6 || y < top - 6 || y > bottom + 6);
+    return positions.find(isFree) ?? positions[0];
+  }
+
   // A place to take hold of where no point is.
   grip([x, y], grip) {
     if (!grip || !this.holds || !drawn([[x, y]])) return;
+    this.dots.push({ left: x - 5, right: x + 5, top: y - 5, bottom: y + 5 });
     const ring = element("circle", { class: "accent thin paper-fill", cx: px(x), cy: px(y), r: 4 });
     this.put("dots", this.handle([x, y], ring, grip));
   }

@@ -96,8 +96,9 @@ export const STYLE = `
   fill: var(--soft, #6b7280); font-size: 15px; }
 .kez-figure text.axis { font-style: italic; }
 .kez-figure text.vertex { font-size: 13px; stroke-width: 3; }
+.kez-figure :is(path, circle, text) { pointer-events: none; }
 .kez-figure .handle { cursor: grab; outline: none; }
-.kez-figure .handle .reach { fill: transparent; }
+.kez-figure .handle .reach { fill: transparent; pointer-events: all; }
 .kez-figure .handle .plane { visibility: hidden; stroke: var(--accent, #1d5fa5); stroke-width: 1;
   fill: var(--accent, #1d5fa5); fill-opacity: 0.12; pointer-events: none; }
 .kez-figure .handle:is(:focus, :hover, .held) .plane { visibility: visible; }

@@ -52,6 +52,9 @@ test("every worked call has a picture, with its words in the frame", () => {
 
 const CHANGES = [(x) => x + 1, (x) => x - 1, (x) => 1.5 * x, (x) => -x];
 
+// Not of every name is each value a code: k may be a factor, and what is kept has no meaning.
+const isKnown = (name, text) => !text.endsWith("kept") && !(name === "kezro2" && /^k /.test(text));
+
 // Whether a change of an argument's value, before or after the call, gives another picture.
 function matters(name, call, argument) {
   const before = draw(name, call.inputs, call.results);
@@ -74,6 +77,25 @@ test("what a picture shows of a call changes the picture", () => {
       (argument) => given[argument] !== undefined && !matters(name, call, argument),
     );
     assert.deepEqual(unchanged, [], name);
+  }
+});
+
+const CODES = "status|rel|code|mode|sense|kind|flag|pos|same|fail|k|side|zero|spans|onLine";
+const textsOf = (svg) => [...svg.matchAll(/<text[^>]*>([^<]*)</g)].map(([, text]) => text);
+
+test("codes are decoded, angles have degrees, and the axes names", () => {
+  const bare = new RegExp(`^(?:${CODES}) (?:= \\S+|kept)$`);
+  for (const name of NAMES) {
+    callsOf(name).forEach(({ inputs, results }, i) => {
+      const svg = draw(name, inputs, results);
+      const texts = textsOf(svg);
+      const about = `${name}, call ${i + 1}`;
+      assert.deepEqual(texts.filter((text) => bare.test(text) && isKnown(name, text)), [], about);
+      for (const text of texts)
+        if (/^(theta|d?phi|angle|a[xyz]) = [^in]/.test(text)) assert.match(text, /°\)$/, about);
+      if (svg.includes('class="tick"') && svg.includes("data-scale"))
+        assert.equal((svg.match(/class="axis"/g) ?? []).length, 2, about);
+    });
   }
 });
 
