@@ -11,10 +11,12 @@ function drawCall(routine, kez, link) {
   const values = valuesOf(routine, texts);
   const call = (name, inputs) => callWith(kez, { ...routine, name }, inputs);
   const results = callWith(kez, routine, values);
-  link.querySelector(".thumb").innerHTML = draw(routine.name, values, results, {
+  const picture = draw(routine.name, values, results, {
     call: routine.keeps ? undefined : call,
+    title: routine.sentence,
     small: true,
   });
+  if (/<(path|circle) class/.test(picture)) link.querySelector(".thumb").innerHTML = picture;
 }
 
 // One after another, as they were computed: some keep values from call to call.

@@ -71,7 +71,7 @@ function cost(box, taken, strokes, frame) {
 
 function candidates(label) {
   return label.anchors.flatMap((anchor, rank) =>
-    GAPS.flatMap((gap) =>
+    GAPS.slice(0, label.gaps).flatMap((gap) =>
       DIRECTIONS.map((direction) => ({
         anchor,
         box: boxAround(anchor, label.width, label.height, direction, gap),
@@ -102,6 +102,7 @@ export function placeLabels(labels, strokes, dots, ticks, frame) {
   return labels.map((label) => {
     let best = { total: Infinity };
     for (const { box, anchor, penalty } of candidates(label)) {
+      if (penalty >= best.total) continue; // no other cost is negative
       const total =
         penalty + cost(box, taken, strokes, frame) + (misread(box, anchor, points) ? MISREAD : 0);
       if (total < best.total) best = { total, box };

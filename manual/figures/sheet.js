@@ -190,6 +190,7 @@ export class Sheet {
       text,
       tone,
       anchors: inside,
+      gaps: tone === "vertex" ? 2 : undefined, // there are many, which stay near
       width: textWidth(text, SIZES[tone]) + 2 * BESIDE,
       height: (SIZES[tone] ?? HEIGHT_OF_TEXT) + 2,
     });

@@ -125,6 +125,10 @@ const named = (term) => Object.assign((v) => equation(term, v),
 // From P1 towards the raised point's side, by half the angle of the chord.
 const halfTurn = (v) => (-v.scalar("sense") * Math.abs(turnBetween(P0, v))) / 2;
 
+const TURNED = Object.assign(
+  (v) => `${equation("sense", v)}: ${v.scalar("sense") > 0 ? "clockwise" : "counter-clockwise"}`,
+  { terms: ["sense"] });
+
 const nearArc = (v) => turnBetween(P0, v);
 const rest = (v) => theOtherWay(nearArc(v));
 
@@ -159,15 +163,17 @@ const CIRCLE = {
   kezcer4: plane([...GUIDE, ...REACHED, through(MEASURED, atAngle(MEASURED)),
     angle(MEASURED, P2, atAngle(MEASURED), "theta", { tone: "ink" }), point(P)],
   { tell: "status", meanings: FOUND }),
-  kezcer10: plane([...GUIDE, through(P1, P2), segment(P0, P1, "", HELP), segment(P0, DPHI_TURNED, "", HELP),
-    turn(P1, P0, "dphi", { share: 0.6 }), point(DPHI_TURNED, "P1 turned", { tone: "soft", held: false }),
+  kezcer10: plane([...GUIDE, through(P1, P2), segment(P0, P1, "", HELP),
+    segment(P0, DPHI_TURNED, "", HELP),
+    turn(P1, P0, "dphi", { share: 0.6 }), 
+    point(DPHI_TURNED, "P1 turned", { tone: "soft", held: false }),
     through(DPHI_TURNED, atAngle(DPHI_TURNED)),
     angle(P, sum(P, between(P2, P1)), sum(P, between(atAngle(DPHI_TURNED), DPHI_TURNED)), "theta",
       { tone: "ink" }), point(P)],
   { tell: "status", meanings: { status: ["crossing", "the lines coincide", "parallel"] } }),
   kezcer5: plane([...GUIDE, ...REACHED, through(MEASURED, RAISED),
     distance(CHORD_MIDDLE, RAISED, "h", { tone: "ink" }), spot(RAISED), segment(P0, P1, "", HELP),
-    arcOf(P0, sum(P0, between(P1, P0), 0.45), halfTurn, { look: "thin", label: named("sense") }),
+    arcOf(P0, sum(P0, between(P1, P0), 0.45), halfTurn, { look: "thin", label: TURNED }),
     point(P)],
   { tell: "status sense", meanings: CHOSEN }),
   kezcer2: plane([circleAbout("c1x c1y", "R", "", { look: "thin", tone: "soft" }),
@@ -206,11 +212,11 @@ const PLACEMENT = {
 const OUTLINES = {
   kezapl: plane([polygon("X Y", "n", { wash: "accent-wash" })], { tell: "area", silent: "n" }),
   kezair: plane([area("X Y", "n", "kind")], { tell: "area' kind factor A0", silent: "n",
-    meanings: { kind: KINDS } }),
+    meanings: { kind: (k) => KINDS[k] || "no kind" } }),
   kezspl: plane([polygon("X Y", "n"), levers("X Y", "n", 2, ["Sx", "Sy"])],
     { tell: "Sx Sy", silent: "n" }),
   kezstm: plane([area("X Y", "n", "kind"), levers("X Y", "n", "kind", ["Sx", "Sy"])],
-    { tell: "Sx' Sy' kind factor A0", silent: "n", meanings: { kind: KINDS } }),
+    { tell: "Sx' Sy' kind factor A0", silent: "n", meanings: { kind: (k) => KINDS[k] || "no kind" } }),
   kezipl: plane([polygon("X Y", "n"), gyration("X Y", "n", ["Ix", "Iy"])],
     { tell: "Ix Iy Ixy", silent: "n" }),
   kezcnv: plane([polygon("X Y", "n"), vertexAngles("X Y", "n")], { tell: "flag", silent: "n",

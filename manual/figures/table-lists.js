@@ -74,7 +74,7 @@ const WHOLE = {
   kezptp2: space([block(["A1 B1 C1 D1", "A2 B2 C2 D2"], ["A3 B3 C3 D3", "A4 B4 C4 D4"],
     ["A5 B5 C5 D5", "A6 B6 C6 D6"]), points("X Y Z", "n", { chosen: "out", of: "nout",
     flags: "code1 code2 code3" })], { tell: "nout mode", silent: "n", key: CODES,
-    meanings: { mode: { 1: "on the faces", 2: "inside", 3: "both" } } }),
+    meanings: { mode: (mode) => ["", "on the faces", "inside", "both"][mode] || "none" } }),
 };
 
 export const LISTS = { ...LISTED, ...WHOLE };

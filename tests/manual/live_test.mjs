@@ -371,10 +371,8 @@ for (const [name, selector, changes] of [
     await dragged(handle, [22, -14]);
     assert.deepEqual(changedNames(before, await valuesNow()), changes);
     await dragged(handle, [600, -300]);
-    const [box, frame] = [
-      await tab.locator(handle).boundingBox(),
-      await tab.locator("#picture").boundingBox(),
-    ];
+    const box = await tab.locator(handle).boundingBox();
+    const frame = await tab.locator("#picture").boundingBox();
     assert.ok(box.x > frame.x - 20 && box.x < frame.x + frame.width + 20, JSON.stringify(box));
     assert.equal(await message(), "");
   });
@@ -384,7 +382,7 @@ test("each worked call has a small picture, and one that is tried brings the lar
   await open(tab, "kezlci.html");
   const calls = tab.locator(".worked .call");
   await tab.waitForFunction(() =>
-    [...document.querySelectorAll(".worked .call .thumb")].every((thumb) => thumb.firstChild),
+    document.querySelectorAll(".worked .call .thumb svg").length > 8,
   );
   await calls.nth(4).click();
   await tab.waitForFunction(() => document.getElementById("picture").getBoundingClientRect().top >= 0);
