@@ -7,6 +7,7 @@ LIBRARY is the JavaScript package, which draws and computes; WORK a folder for w
 """
 
 import argparse
+import gzip
 import json
 import pathlib
 import shutil
@@ -87,8 +88,11 @@ def drawn_pages(command, interface, calls, tabs):
 
 def write_scripts(command, assets):
     """Classic scripts: a page that comes from a disk may load no modules."""
+    packed = command.work / "kezlib.gz"
+    packed.write_bytes(gzip.compress((command.library / "kezlib.wasm").read_bytes(), mtime=0))
     bundle(command.library, [f"browser/{name}.js" for name in ("theme", "page", "live")],
-           "--minify", "--format=iife", "--target=es2020", f"--outdir={assets}")
+           "--minify", "--format=iife", "--target=es2020", f"--outdir={assets}",
+           "--loader:.gz=binary", f"--alias:packed-library={packed}")
 
 
 def main():

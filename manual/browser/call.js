@@ -2,12 +2,14 @@
 // when the pages are made and in them.
 
 import { UNWRITTEN } from "kezlib/call.js";
-import { looksReal, parse, ROOM, shown, tokens } from "./numbers.js";
+import { hasDecimalComma, looksReal, parse, ROOM, shown, tokens } from "./numbers.js";
 
 const ARRAYS = { real: Float32Array, integer: Int32Array };
 
-// What stands for an entry that is nothing but room: in texts a point, as in kezcall's rows.
+// What stands for an entry that is nothing but room: in texts a point, as in kezcall's rows. An
+// argument that is nothing else has no value, and is called with this one.
 const EMPTY = { real: NaN, integer: UNWRITTEN.integer };
+const OTHER = 1; // in its place, where a result that is the same might have been written
 
 // What is wrong with the text of one field.
 export class FieldError extends Error {
@@ -41,6 +43,13 @@ function arrayOf(numbers, text, kind) {
 }
 
 function numbersOf(argument, text, kind) {
+  const isList = isArray(argument) || argument.kind === "callback";
+  if (hasDecimalComma(text, isList)) {
+    const [comma] = /\d+,\d+/.exec(text);
+    const others = isList ? `, or “${comma.replace(",", " ")}” for two entries` : "";
+    const message = `has a comma: write “${comma.replace(",", ".")}” with a point${others}`;
+    throw new FieldError(argument.name, message);
+  }
   try {
     return tokens(text).map((token) =>
       isRoom(argument, token) ? EMPTY[kind] : parse(token, kind),
@@ -51,7 +60,7 @@ function numbersOf(argument, text, kind) {
 }
 
 // A routine of the host that has these values to give, and no others.
-function called(argument, numbers) {
+function giving(argument, numbers) {
   return (i) => {
     if (i <= numbers.length) return numbers[i - 1];
     throw new FieldError(argument.name, `has ${numbers.length} values and is asked for ${i}`);
@@ -61,14 +70,15 @@ function called(argument, numbers) {
 function valueOf(argument, text, words) {
   const kind = kindOf(argument, words);
   const numbers = numbersOf(argument, text, kind);
-  if (argument.kind === "callback") return called(argument, numbers);
+  if (argument.kind === "callback") return giving(argument, numbers);
   if (isArray(argument)) return arrayOf(numbers, text, kind);
   if (numbers.length !== 1)
     throw new FieldError(argument.name, numbers.length ? "is several numbers" : "is empty");
+  if (isRoom(argument, tokens(text)[0])) return undefined;
   return argument.kind === "word" && kind === "real" ? ARRAYS.real.from(numbers)[0] : numbers[0];
 }
 
-// The values by argument that the binding takes.
+// The values by argument that the binding takes; undefined is room and nothing more.
 export function valuesOf(routine, texts) {
   const words = kindOfWords(routine, texts);
   return Object.fromEntries(
@@ -76,8 +86,24 @@ export function valuesOf(routine, texts) {
   );
 }
 
-export const callWith = (kez, routine, values) =>
-  kez[routine.name](...inputsOf(routine).map((a) => values[a.name]));
+const called = (kez, routine, values, room) =>
+  kez[routine.name](...inputsOf(routine).map((a) => values[a.name] ?? room(a)));
+
+// The results by argument, undefined where nothing was written. Of room that looks as before,
+// another call with something else in it says whether it was left so.
+export function callWith(kez, routine, values) {
+  const results = called(kez, routine, values, (a) => EMPTY[a.kind]);
+  const doubtful = outputsOf(routine).filter(
+    (a) =>
+      a.direction !== "out" &&
+      values[a.name] === undefined &&
+      Object.is(results[a.name], EMPTY[a.kind]),
+  );
+  if (!doubtful.length) return results;
+  const others = called(kez, routine, values, (a) => (doubtful.includes(a) ? OTHER : EMPTY[a.kind]));
+  for (const { name } of doubtful) if (others[name] === OTHER) results[name] = undefined;
+  return results;
+}
 
 function entryTexts(entries, mayBeRoom) {
   const kind = entries instanceof Float32Array ? "real" : "integer";
@@ -87,17 +113,15 @@ function entryTexts(entries, mayBeRoom) {
   );
 }
 
-// Whether a result may still hold what stood for nothing.
-const mayBeRoom = (argument, before) =>
-  before === undefined ? argument.kept !== "" : tokens(before).includes(ROOM);
+// Whether entries of a result may still hold what stood for nothing. The binding leaves out those
+// behind the last that is written.
+const mayBeRoom = ({ kept, beyond }, before) =>
+  before === undefined ? kept !== "" && !beyond : tokens(before).includes(ROOM);
 
 // A result as it is shown, null where nothing was written.
 function resultText(argument, value, before) {
   if (value === undefined) return null;
-  if (typeof value === "number")
-    return mayBeRoom(argument, before) && Object.is(value, EMPTY[argument.kind])
-      ? null
-      : shown(value, argument.kind);
+  if (typeof value === "number") return shown(value, argument.kind);
   const texts = entryTexts(value, mayBeRoom(argument, before));
   return texts.length && texts.every((text) => text === ROOM) ? null : texts.join(" ");
 }

@@ -1,7 +1,7 @@
-// Points of the picture that a pointer or the arrow keys move. The drawing says on its root how
-// positions become coordinates, and on each handle which inputs it stands for.
+// What a pointer or the arrow keys move in the picture. The drawing's report says what can be moved,
+// and what its inputs become at a position.
 
-const STEPS = { ArrowLeft: [-1, 0], ArrowRight: [1, 0], ArrowUp: [0, 1], ArrowDown: [0, -1] };
+const STEPS = { ArrowLeft: [-1, 0], ArrowRight: [1, 0], ArrowUp: [0, -1], ArrowDown: [0, 1] };
 const KEY_STEP = 8; // of the picture's units
 
 // The pointer in the units of the picture's viewBox.
@@ -12,31 +12,22 @@ function positionIn(svg, event) {
   return [x, y];
 }
 
-const scaleOf = (svg) => {
-  const { scale, left, top } = svg.dataset;
-  return { scale: Number(scale), left: Number(left), top: Number(top) };
-};
-
-const coordinates = ({ scale, left, top }, [x, y]) => [(x - left) / scale, (top - y) / scale];
-
-// As few digits as tell positions of the picture apart.
-function rounded(value, scale) {
-  const digits = Math.max(0, Math.min(9, Math.ceil(Math.log10(scale))));
-  return String(Number(value.toFixed(digits)));
-}
-
 const handleOf = (event) => event.target.closest?.(".handle");
 
-const sameHandle = (figure, { x, y, entry }) =>
-  [...figure.querySelectorAll(".handle")].find(
-    ({ dataset }) => dataset.x === x && dataset.y === y && dataset.entry === entry,
-  );
+// As a picture shows it again: the same inputs of the same entry, and of several the one nearest.
+function sameHandle(figure, report, { names, entry }, [x, y]) {
+  const all = report.handles.map((handle, index) => ({ ...handle, index }));
+  const same = all.filter((one) => `${one.names}` === `${names}` && one.entry === entry);
+  const gap = ({ at }) => Math.hypot(at[0] - x, at[1] - y);
+  const [found] = same.sort((one, other) => gap(one) - gap(other));
+  return found && figure.querySelector(`.handle[data-handle="${found.index}"]`);
+}
 
 export class Dragging {
-  // `where(names)` says where the inputs of a handle are, `move(names, texts)` is told what they
-  // become.
-  constructor(figure, where, move) {
-    Object.assign(this, { figure, where, move, held: null });
+  // `report` gives what the last drawing said, `move(handle, numbers)` is told what inputs become,
+  // and `dropped` that it is over.
+  constructor(figure, { report, plane, move, dropped }) {
+    Object.assign(this, { figure, report, plane, move, dropped, held: null });
     figure.addEventListener("pointerdown", (event) => this.take(event));
     figure.addEventListener("pointermove", (event) => this.drag(event));
     for (const type of ["pointerup", "pointercancel"])
@@ -44,46 +35,48 @@ export class Dragging {
     figure.addEventListener("keydown", (event) => this.step(event));
   }
 
+  handleAt(element) {
+    return element && this.report().handles?.[Number(element.dataset.handle)];
+  }
+
   take(event) {
-    const handle = handleOf(event);
-    const svg = this.figure.querySelector("svg");
-    if (!handle || !svg.dataset.scale) return;
+    const handle = this.handleAt(handleOf(event));
+    if (!handle) return;
     event.preventDefault();
-    this.held = { ...handle.dataset, view: scaleOf(svg) };
+    const start = positionIn(this.figure.querySelector("svg"), event);
+    const beside = handle.at.map((value, i) => value - start[i]);
+    this.held = { handle, beside, view: this.report().view };
     this.figure.setPointerCapture(event.pointerId);
   }
 
   drag(event) {
     if (!this.held) return;
-    const svg = this.figure.querySelector("svg");
-    this.place(this.held, this.held.view, coordinates(this.held.view, positionIn(svg, event)));
+    const { handle, beside } = this.held;
+    const position = positionIn(this.figure.querySelector("svg"), event);
+    const wanted = position.map((value, i) => value + beside[i]);
+    this.move(handle, handle.move(wanted, this.plane()));
+    sameHandle(this.figure, this.report(), handle, wanted)?.classList.add("held");
   }
 
+  // What was held beyond the frame comes back into it: the picture is drawn anew.
   drop() {
+    if (!this.held) return;
     this.held = null;
-  }
-
-  place({ x, y, entry }, { scale }, [atX, atY]) {
-    this.move({ x, y, entry }, { x: rounded(atX, scale), y: rounded(atY, scale) });
+    this.dropped();
   }
 
   step(event) {
-    const handle = handleOf(event);
-    const svg = this.figure.querySelector("svg");
-    if (!handle || !STEPS[event.key] || !svg.dataset.scale) return;
+    const handle = this.handleAt(handleOf(event));
+    if (!handle || !STEPS[event.key]) return;
     event.preventDefault();
-    const view = scaleOf(svg);
-    const [right, up] = STEPS[event.key].map((step) => (step * KEY_STEP) / view.scale);
-    const names = { ...handle.dataset };
-    const [atX, atY] = this.where(names);
-    this.place(names, view, [atX + right, atY + up]);
-    sameHandle(this.figure, names)?.focus();
+    const wanted = handle.at.map((value, i) => value + STEPS[event.key][i] * KEY_STEP);
+    this.move(handle, handle.move(wanted, this.plane()));
+    this.dropped();
+    sameHandle(this.figure, this.report(), handle, wanted)?.focus();
   }
 
   // What the drawing is held to while a handle is, so that nothing moves under the pointer.
   get view() {
-    if (!this.held) return undefined;
-    const { scale, left, top } = this.held.view;
-    return { sx: scale, sy: scale, left, top };
+    return this.held?.view;
   }
 }

@@ -1,6 +1,7 @@
 // The form with the inputs as text, and the list of the results.
 
 import { isArray, outputsOf } from "./call.js";
+import { parted } from "./digits.js";
 import { tokens } from "./numbers.js";
 
 export class Fields {
@@ -31,13 +32,8 @@ export class Fields {
     }
   }
 
-  // One coordinate, or one entry of an array of them.
-  coordinate(name, entry) {
-    const entries = tokens(this.inputs.get(name)?.value ?? "");
-    return Number(entries[entry === undefined ? 0 : Number(entry) - 1]);
-  }
-
-  setCoordinate(name, entry, text) {
+  // A number, or one entry of a list of them.
+  setNumber(name, entry, text) {
     const input = this.inputs.get(name);
     if (!input) return;
     if (entry === undefined) {
@@ -52,15 +48,32 @@ export class Fields {
 
 const element = (tag, text) => Object.assign(document.createElement(tag), { textContent: text });
 
-function resultEntry(argument, text) {
+// A value with the digits that are not sure apart; `spreads` are those of its entries.
+function valueElement(text, spreads) {
+  const value = document.createElement("dd");
+  if (text === null || text === "" || !spreads) {
+    value.textContent = text === null ? "kept" : text || "[]";
+    return value;
+  }
+  text.split(" ").forEach((token, i) => {
+    const [sure, unsure] = parted(token, spreads[i]);
+    value.append(i ? " " : "", sure);
+    if (unsure) value.append(Object.assign(element("span", unsure), { className: "unsure" }));
+  });
+  return value;
+}
+
+function resultEntry(argument, text, spreads) {
   const entry = document.createElement("div");
-  const value = element("dd", text === null ? "kept" : text === "" ? "[]" : text);
+  const value = valueElement(text, spreads);
   entry.classList.toggle("array", isArray(argument));
   value.classList.toggle("kept", text === null);
   entry.append(element("dt", argument.name), value);
   return entry;
 }
 
-export function showResults(list, routine, results) {
-  list.replaceChildren(...outputsOf(routine).map((a) => resultEntry(a, results[a.name])));
+export function showResults(list, routine, results, spreads = {}) {
+  list.replaceChildren(
+    ...outputsOf(routine).map((a) => resultEntry(a, results[a.name], spreads[a.name])),
+  );
 }

@@ -1,54 +1,80 @@
 // A routine's page: its inputs can be changed, and the library runs in the page.
 
-import { load } from "kezlib/browser.js";
 import { draw } from "../figures/draw.js";
-import { fragmentOf, textsInAddress } from "./address.js";
+import { fragmentOf, textsInAddress, unknownIn, writeAddress } from "./address.js";
 import { callWith, FieldError, resultTexts, valuesOf } from "./call.js";
 import { startCopying } from "./clipboard.js";
 import { asRow, asStatements } from "./copies.js";
+import { spreads, tolerancesLost } from "./digits.js";
 import { Dragging } from "./drag.js";
 import { checkSizes } from "./extents.js";
 import { Fields, showResults } from "./fields.js";
+import { load } from "./library.js";
+import { remember, remembered } from "./memory.js";
+import { drawWorkedCalls } from "./worked.js";
 
 const routine = JSON.parse(document.getElementById("routine").textContent);
-const figure = document.getElementById("picture");
-const content = document.getElementById("content");
-const list = document.getElementById("results");
-const message = document.getElementById("message");
+const element = (id) => document.getElementById(id);
+const figure = element("picture");
+const content = element("content");
+const list = element("results");
+const message = element("message");
+const AGAIN = 1500; // ms until an address that was refused is written
+
+const kinds = Object.fromEntries(routine.arguments.map(({ name, kind }) => [name, kind]));
+const NARROW = matchMedia("(max-width: 30rem)");
 
 class Live {
-  // Curves have a library of their own: their calls are none of those whose values are kept.
+  // Curves and digits have a library of their own: their calls are none of those whose values are
+  // kept.
   constructor(kez, forCurves) {
-    Object.assign(this, { kez, forCurves });
-    this.fields = new Fields(document.getElementById("fields"), () => this.changed());
-    this.dragging = new Dragging(
-      figure,
-      (handle) => this.where(handle),
-      (handle, texts) => this.dragged(handle, texts),
-    );
+    Object.assign(this, { kez, forCurves, report: {}, notice: "" });
+    this.fields = new Fields(element("fields"), () => this.changed());
+    this.dragging = new Dragging(figure, {
+      report: () => this.report,
+      plane: () => this.plane,
+      move: (handle, numbers) => this.moved(handle, numbers),
+      dropped: () => this.dropped(),
+    });
+  }
+
+  get plane() {
+    return document.querySelector("#plane :checked")?.value;
+  }
+
+  get showsDigits() {
+    return element("digits").checked;
   }
 
   // Shows what the address says, over the example.
   restore() {
-    const texts = textsInAddress(location.hash);
+    const texts = textsInAddress(location);
     const known = Object.entries(texts).filter(([name]) => name in routine.example);
     this.fields.texts = { ...routine.example, ...Object.fromEntries(known) };
+    this.notice = unknownIn(texts, routine.example);
     this.compute();
   }
 
   changed() {
-    const address = location.href.split("#")[0];
-    history.replaceState(null, "", address + fragmentOf(this.fields.texts, routine.example));
+    this.notice = "";
+    this.compute();
+    this.address();
+  }
+
+  // Behind the computation, which it never stops.
+  address() {
+    clearTimeout(this.later);
+    if (!writeAddress(fragmentOf(this.fields.texts, routine.example)))
+      this.later = setTimeout(() => this.address(), AGAIN);
+  }
+
+  moved({ entry }, numbers) {
+    for (const [name, value] of Object.entries(numbers))
+      this.fields.setNumber(name, entry, String(kinds[name] === "integer" ? Math.round(value) : value));
     this.compute();
   }
 
-  where({ x, y, entry }) {
-    return [x, y].map((name) => this.fields.coordinate(name, entry));
-  }
-
-  dragged({ x, y, entry }, texts) {
-    this.fields.setCoordinate(x, entry, texts.x);
-    this.fields.setCoordinate(y, entry, texts.y);
+  dropped() {
     this.changed();
   }
 
@@ -69,16 +95,33 @@ class Live {
   }
 
   show(values, results) {
-    const texts = resultTexts(routine, results, this.fields.texts);
-    showResults(list, routine, texts);
-    this.drawPicture(values, results);
-    this.writeCopies(texts);
+    this.shown = { values, results, texts: this.fields.texts };
+    this.showResults();
+    this.drawPicture();
+    this.writeCopies(resultTexts(routine, results, this.fields.texts));
   }
 
-  drawPicture(values, results) {
+  showResults() {
+    const { values, results, texts } = this.shown;
+    const found = resultTexts(routine, results, texts);
+    const call = (given) => callWith(this.forCurves, routine, given);
+    const moves = this.showsDigits ? spreads(routine, texts, values, results, call) : {};
+    showResults(list, routine, found, moves);
+    element("tolerance").textContent = this.showsDigits ? tolerancesLost(routine, values) : "";
+  }
+
+  drawPicture() {
+    const { values, results } = this.shown;
     const call = (name, inputs) => callWith(this.forCurves, { ...routine, name }, inputs);
-    const options = { call, title: routine.sentence, view: this.dragging.view };
-    figure.innerHTML = draw(routine.name, values, results, options);
+    this.report = {};
+    figure.innerHTML = draw(routine.name, values, results, {
+      call,
+      title: routine.sentence,
+      narrow: NARROW.matches,
+      report: this.report,
+      view: this.dragging.view,
+      plane: this.plane,
+    });
   }
 
   writeCopies(results) {
@@ -95,28 +138,47 @@ class Live {
   fail(error) {
     const field = error instanceof FieldError ? error.field : undefined;
     this.fields.blame(field ?? error?.message.match(/^\w+: (\w+)\b/)?.[1]);
-    message.textContent = error ? (field ? `${field}: ${error.message}` : error.message) : "";
+    const said = field ? `${field}: ${error.message}` : error?.message;
+    message.textContent = said ?? this.notice;
     content.toggleAttribute("data-stale", Boolean(error)); // what is seen is of inputs before
   }
 }
 
 function startButtons(live) {
-  document.getElementById("reset").addEventListener("click", () => live.reset());
-  startCopying(document.getElementById("share"), () => location.href);
+  element("reset").addEventListener("click", () => live.reset());
+  startCopying(element("share"), () => location.href);
   for (const button of document.querySelectorAll(".copy")) {
     const code = button.closest(".copied").querySelector("code");
     startCopying(button, () => code.textContent);
   }
 }
 
+// Pictures and results as the reader wants to see them.
+function startChoices(live) {
+  const digits = element("digits");
+  digits.checked = remembered("digits") === "yes";
+  digits.addEventListener("change", () => {
+    remember("digits", digits.checked ? "yes" : "no");
+    live.showResults();
+  });
+  element("plane")?.addEventListener("change", () => live.drawPicture());
+  NARROW.addEventListener("change", () => live.drawPicture());
+}
+
+const showsLive = () => element("picture").scrollIntoView({ block: "center" });
+
 async function start() {
   const live = new Live(await load(), await load());
   startButtons(live);
+  startChoices(live);
   live.restore();
   addEventListener("hashchange", () => {
-    if (location.hash === "" || location.hash.includes("=")) live.restore();
+    if (location.hash !== "" && !location.hash.includes("=")) return;
+    live.restore();
+    if (location.hash) showsLive();
   });
   document.documentElement.dataset.live = "";
+  drawWorkedCalls(routine, await load());
 }
 
 start();

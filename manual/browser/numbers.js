@@ -1,5 +1,7 @@
 // Numbers as they are typed and shown: single precision and 32-bit integers, as kezcall has them.
 
+import { valueOf } from "./expression.js";
+
 const REAL = /^[+-]?(\d+\.?\d*|\.\d+)(e[+-]?\d+)?$/i;
 const INTEGER = /^[+-]?\d+$/;
 const WORDS = { nan: NaN, inf: Infinity, infinity: Infinity };
@@ -7,19 +9,26 @@ const WORDS = { nan: NaN, inf: Infinity, infinity: Infinity };
 function parseReal(text) {
   if (REAL.test(text)) return Number(text);
   const word = WORDS[text.toLowerCase().replace(/^[+-]/, "")];
-  if (word === undefined) throw new RangeError(`“${text}” is no number`);
-  return text.startsWith("-") ? -word : word;
+  if (word !== undefined) return text.startsWith("-") ? -word : word;
+  const value = valueOf(text);
+  if (value === undefined) throw new RangeError(`“${text}” is no number`);
+  return value;
 }
 
 function parseInteger(text) {
-  if (!INTEGER.test(text)) throw new RangeError(`“${text}” is no integer`);
-  return Number(text);
+  const value = INTEGER.test(text) ? Number(text) : valueOf(text);
+  if (!Number.isInteger(value)) throw new RangeError(`“${text}” is no integer`);
+  return value;
 }
 
 export const parse = (text, kind) => (kind === "integer" ? parseInteger(text) : parseReal(text));
 
 // What stands for an entry that is only room, or was not written.
 export const ROOM = ".";
+
+// A comma between digits: of a list without spaces it parts the entries, else what it means is open.
+export const hasDecimalComma = (text, isList) =>
+  /\d,\d/.test(text) && (!isList || /[\s;.]/.test(text.trim()));
 
 // A minus sign may be pasted as well as typed.
 export const tokens = (text) =>
@@ -30,7 +39,7 @@ export const tokens = (text) =>
 
 // Whether what stands in a list of either kind makes it one of reals.
 export const looksReal = (text) =>
-  tokens(text).some((token) => token !== ROOM && /[.en]/i.test(token));
+  tokens(text).some((token) => token !== ROOM && /[.enp/]/i.test(token));
 
 const same = (text, value) => Math.fround(Number(text)) === value;
 

@@ -48,3 +48,6 @@ startSearch(
   window.manualIndex,
 );
 document.querySelectorAll(".tabs").forEach(startTabs);
+addEventListener("beforeprint", () => {
+  for (const details of document.querySelectorAll("main details")) details.open = true;
+});

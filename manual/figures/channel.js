@@ -51,6 +51,21 @@ export const CHANNEL = {
   },
 };
 
+// What is called what, where there is no room for dimensions.
+export const CHANNEL_NAMES = {
+  terms: [],
+  span: () => [],
+  paint(sheet, v) {
+    const [B, H, C] = ["B", "H", "C"].map(v.scalar);
+    const at = [
+      ["B", [B / 2, H / 2, 0]],
+      ["H", [0, 0, 0]],
+      ["C", [B, (C - H) / 2, 0]],
+    ];
+    for (const [name, place] of at) if (exists(place)) sheet.label(name, [place], "ink");
+  },
+};
+
 export const corner = (i) => (v) => wall(v)[i - 1] ?? [NaN, NaN, NaN];
 
 const centre = (v) => [centroid(v), 0, 0];

@@ -1,7 +1,8 @@
 // Charts: the plane with a scale of its own for each axis, and curves of a design value.
 
 import { fit } from "./fit.js";
-import { equation, mark } from "./marks.js";
+import { planeGrip } from "./grips.js";
+import { equation, isFree, mark } from "./marks.js";
 import { at, dot, exists, list } from "./places.js";
 import { grid } from "./plane.js";
 import { scene } from "./scene.js";
@@ -87,15 +88,14 @@ function curveMark(name, term, result, range) {
       if (!exists(p)) return;
       const [x, y] = sheet.to(p);
       strokeToAxes(sheet, [x, y], ["soft", "accent"], 0.2);
-      sheet.dot(p, "accent");
+      sheet.dot(p, "accent", isFree(term, v) ? planeGrip(sheet, p, [term]) : null);
       sheet.labelAt(equation(result, v), [[x, y]], "accent");
-      sheet.labelAt(term, [[sheet.frame.right - 12, sheet.frame.bottom - 4]], "soft");
     },
   };
 }
 
 export const curve = (name, term, result, range, { marks = [], ...more } = {}) =>
-  chart([curveMark(name, term, result, range), ...marks], more);
+  chart([curveMark(name, term, result, range), ...marks], { names: [term, result], ...more });
 
 // A sum that starts as a constant and grows by the product of each point with a normal: what it is
 // after each, and where it is zero.
@@ -160,7 +160,7 @@ export function bars(name, count, from, to) {
       if (all.length > 1) sheet.stroke(all, "soft thin dashed");
       all.forEach((p, i) => {
         if (i !== leftOut) paintBar(sheet, all, i);
-        sheet.dot(p, i === leftOut ? "soft" : "ink");
+        sheet.dot(p, i === leftOut ? "soft" : "ink", planeGrip(sheet, p, [null, name], i + 1));
         sheet.label(
           i === leftOut ? "left out" : `${name}(${i + 1})`,
           [p],

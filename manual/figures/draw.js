@@ -5,14 +5,17 @@
 //   title       the picture's name, e.g. the first sentence on the routine
 //   small       for tables: no words, no axes
 //   standalone  with the style sheet inside; a page has STYLE once
-//   view        {sx, sy, left, top}: held, as of a picture before, while a point is dragged
+//   narrow      for narrow windows: less wide, the words as large
+//   report      an object that gets `view` and the `handles` (grips.js), in their order
+//   view        held, as of a picture before, while a point is dragged
+//   plane       in which points in space move: xy, xz or yz
 //   call        (name, inputs) => results, for curves
 //
 // A picture of the plane says how it is scaled: x of the page, in units of its viewBox, is
-// data-left + data-scale x, and y is data-top - data-scale y. An element of class `handle` is a
-// point that can be moved: data-x and data-y name the inputs that hold its coordinates, and
-// data-entry, 1-based, their entry where these are arrays. The root is an image, or with handles a
-// group.
+// data-left + data-scale x, and y is data-top - data-scale y. An element of class `handle` can be
+// moved: data-handle is its place in the report, data-x and data-y name the first inputs that it
+// changes, and data-entry, 1-based, their entry where these are arrays. The root is an image, or
+// with handles a group.
 //
 // Whatever the numbers are, there is a picture, if only of words.
 

@@ -1,6 +1,7 @@
 // Figures of the plane as areas: polygons, circles and their segments, and what is measured on
 // them.
 
+import { planeGrip } from "./grips.js";
 import { arcBetween, spoken, turningArc } from "./marks.js";
 import {
   add,
@@ -59,7 +60,7 @@ export function area(text, count, kind) {
         sheet.stroke(outline, "ink", { closed: true });
       }
       used.forEach((p, i) => {
-        sheet.dot(p, "ink", { x: names[0], y: names[1], entry: i + 1 });
+        sheet.dot(p, "ink", planeGrip(sheet, p, names, i + 1));
         sheet.label(String(i + 1), [p], "ink");
       });
     },
@@ -148,7 +149,8 @@ export function gyration(text, count, [first, second]) {
       sheet.strokeAt(upright(X, top, bottom), "accent thin dashed");
       sheet.arrowAt([right - 60, OY], [right - 60, Y], "accent", "accent thin");
       sheet.arrowAt([OX, top + 26], [X, top + 26], "accent", "accent thin");
-      sheet.labelAt(`√(${first} / area)`, [[right - 60, (Y + OY) / 2]], "accent");
+      const middle = [0.5, 0.8, 0.2].map((t) => [right - 60, OY + t * (Y - OY)]);
+      sheet.labelAt(`√(${first} / area)`, middle, "accent");
       sheet.labelAt(
         `√(${second} / area)`,
         [

@@ -39,7 +39,7 @@ function within(frame, margin) {
 
 // `project` gives two coordinates of a place, the second one upwards. Scales are equal unless
 // `stretched`. The view may be held from outside, so that it does not move under a pointer.
-export function fit(places, project, whole, { margin, stretched = false, held }) {
+export function fit(places, project, whole, { margin, stretched = false, held, isFlat }) {
   const frame = within(whole, margin);
   const flat = places.map(project);
   const [u, w] = [range(flat.map((p) => p[0])), range(flat.map((p) => p[1]))];
@@ -52,11 +52,12 @@ export function fit(places, project, whole, { margin, stretched = false, held })
   const centre = [(frame.left + frame.right) / 2, (frame.top + frame.bottom) / 2];
   const view = { sx, sy, left: centre[0] - sx * u.middle, top: centre[1] + sy * w.middle };
   return {
+    isFlat,
+    project,
     ...view,
     ...held,
-    project,
     to(place) {
-      const [x, y] = project(place);
+      const [x, y] = this.project(place);
       return [this.left + this.sx * x, this.top - this.sy * y];
     },
   };

@@ -60,18 +60,20 @@ const misread = (box, anchor, points) =>
     (point) => !isAt(point, anchor) && distance(point, box) < 1.5 * distance(anchor, box),
   );
 
-function cost(box, taken, strokes, frame) {
-  const words = taken.reduce((total, other) => total + overlap(box, other), 0);
-  const lines = strokes.reduce(
-    (total, [p, q, weight]) => total + weight * lengthWithin(box, p, q),
-    0,
-  );
-  return 3 * words + lines + 60 * outside(box, frame);
+// What it costs beyond `least`, or that it is no less than `most`: then it is not found out further.
+function cost(box, taken, strokes, frame, least, most) {
+  let total = least + 60 * outside(box, frame);
+  for (let i = 0; i < taken.length && total < most; ++i) total += 3 * overlap(box, taken[i]);
+  for (let i = 0; i < strokes.length && total < most; ++i) {
+    const [p, q, weight] = strokes[i];
+    total += weight * lengthWithin(box, p, q);
+  }
+  return total;
 }
 
 function candidates(label) {
   return label.anchors.flatMap((anchor, rank) =>
-    GAPS.flatMap((gap) =>
+    GAPS.slice(0, label.gaps).flatMap((gap) =>
       DIRECTIONS.map((direction) => ({
         anchor,
         box: boxAround(anchor, label.width, label.height, direction, gap),
@@ -102,8 +104,9 @@ export function placeLabels(labels, strokes, dots, ticks, frame) {
   return labels.map((label) => {
     let best = { total: Infinity };
     for (const { box, anchor, penalty } of candidates(label)) {
-      const total =
-        penalty + cost(box, taken, strokes, frame) + (misread(box, anchor, points) ? MISREAD : 0);
+      const found = cost(box, taken, strokes, frame, penalty, best.total);
+      if (found >= best.total) continue;
+      const total = found + (misread(box, anchor, points) ? MISREAD : 0);
       if (total < best.total) best = { total, box };
     }
     const box = kept(best.box, frame);

@@ -10,6 +10,8 @@ const LEFT = 92;
 const CELL = 44;
 const WIDEST = 78;
 const MOST = 12;
+const LEAST = 11; // size of words in a cell
+const WIDE_LETTER = 0.66; // width of a digit in bold, of its height
 
 // A row of cells: the entries of an argument. `links` says how to find the entry of row `to`, else
 // of the row before, that an entry comes from:
@@ -22,7 +24,7 @@ const MOST = 12;
 // stand in `block` n of the counts, or whose value stands `within` another argument.
 export function cells(
   term,
-  { count, links, chosen, of, stop, block, from, to, within, chosenAt } = {},
+  { count, links, chosen, of, stop, block, from, to, within, chosenAt, numbered } = {},
 ) {
   const listed = (v) => v.array(chosen).slice(0, v.count(of, 60));
   const common = (v) => positionsOf(v.array(term), new Set(v.array(within)));
@@ -37,6 +39,7 @@ export function cells(
   return {
     terms: [term, count, chosen, of, stop, within, chosenAt, ...(block ?? [])].filter(Boolean),
     label: term,
+    numbered,
     links: typeof links === "string" ? [{ by: links, to, start: from && start }] : (links ?? []),
     tone: (v) => (v.isResult(term) ? "accent" : "ink"),
     values(v) {
@@ -112,7 +115,8 @@ const widthOf = (values) =>
 function layout(rows, v, frame, small) {
   const all = rows.map((row) => row.values(v));
   const longest = Math.max(1, ...all.map((values) => Math.min(values.length, MOST + 1)));
-  const [wide, high] = [frame.right - frame.left, frame.bottom - frame.top];
+  const below = rows.at(-1).numbered && !small ? 22 : 4;
+  const [wide, high] = [frame.right - frame.left, frame.bottom - frame.top - below];
   const [beside, above] = small ? [20, 20] : [LEFT, 26];
   const width = Math.min(
     small ? 120 : widthOf(all.flat()),
@@ -148,24 +152,24 @@ function paintBar(sheet, [x, y], { width, cell, all }, value, tone) {
 
 function paintCell(sheet, [x, y], place, value, { tone, faint, picked }) {
   const { width, cell } = place;
-  const look = faint ? "faint" : tone;
+  const edge = faint ? "faint" : tone;
   const corners = [
     [x, y],
     [x + width, y],
     [x + width, y + cell],
     [x, y + cell],
   ];
-  sheet.strokeAt(corners, `${look} thin ${picked ? "accent-wash" : "paper-fill"}`, {
+  sheet.strokeAt(corners, `${edge} thin ${picked ? "accent-wash" : "paper-fill"}`, {
     closed: true,
     layer: "dots",
   });
   if (sheet.small && !faint) paintBar(sheet, [x, y], place, value, tone);
   const whole = text(value);
-  const narrow = textWidth(whole) > width - 4;
-  const shown = narrow
-    ? `${[...whole].slice(0, Math.max(1, Math.floor(width / 9.5) - 2)).join("")}…`
-    : whole;
-  sheet.words(shown, x + width / 2, y + cell / 2 + 6, faint ? "soft" : tone);
+  const look = faint ? "soft" : tone;
+  const size = Math.min(17, (width - 5) / (WIDE_LETTER * [...whole].length));
+  const most = Math.max(1, Math.floor((width - 5) / (WIDE_LETTER * LEAST)) - 1);
+  const shown = size < LEAST ? `${[...whole].slice(0, most).join("")}…` : whole;
+  sheet.words(shown, x + width / 2, y + cell / 2 + 6, look, "middle", Math.max(size, LEAST));
 }
 
 function paintRow(sheet, row, r, place, v) {
@@ -192,12 +196,11 @@ function paintRow(sheet, row, r, place, v) {
     const [end] = place.at(r, MOST);
     sheet.words("…", end + 12, y + CELL / 2 + 6, "soft", "start");
   }
-  if (r === 0) {
-    values
-      .slice(0, MOST)
-      .forEach((_, i) =>
-        sheet.words(String(i + 1), place.at(0, i)[0] + place.width / 2, y - 9, "tick"),
-      );
+  if (r === 0 || row.numbered) {
+    const level = r === 0 ? y - 9 : y + place.cell + 17;
+    values.slice(0, MOST).forEach((_, i) =>
+      sheet.words(String(i + 1), place.at(r, i)[0] + place.width / 2, level, "tick"),
+    );
   }
 }
 
@@ -218,15 +221,15 @@ function paintLinks(sheet, row, r, place, v) {
   }
 }
 
-// For each entry of the first row the entry of the second that it is counted to.
-export const mapped = (index) => ({
+// For each entry of a row of positions the entry of the next row that it names.
+export const mapped = (index, row) => ({
   terms: [index],
   paint(sheet, place, v) {
     v.array(index)
-      .slice(0, Math.min(MOST, place.all[0].length))
+      .slice(0, Math.min(MOST, place.all[row].length))
       .forEach((target, i) => {
-        if (target >= 1 && target <= Math.min(MOST, place.all[1].length)) {
-          paintLink(sheet, place, [0, i], [1, target - 1]);
+        if (target >= 1 && target <= Math.min(MOST, place.all[row + 1].length)) {
+          paintLink(sheet, place, [row, i], [row + 1, target - 1]);
         }
       });
   },
@@ -274,7 +277,7 @@ const sayRow = (row, values) =>
 
 function drawLists(row, title, v, options) {
   const strip = stripOf(row, v);
-  const lines = stripLines(strip);
+  const lines = stripLines(strip, options);
   const frame = frameOf(lines, options, { ticks: false });
   const place = layout(row.rows, v, frame, options.small);
   if (!place.all.some((values) => values.length)) {

@@ -1,6 +1,7 @@
 // Marks that plane and space share. A mark has the terms it shows, the places that must be in the
 // picture, and says what it is in words; it is accented where one of its terms is a result.
 
+import { angleGrip, lengthGrip, planeGrip, spaceGrip } from "./grips.js";
 import {
   add,
   at,
@@ -15,7 +16,7 @@ import {
   unit,
 } from "./places.js";
 import { number } from "./svg.js";
-import { nameOf } from "./values.js";
+import { degreesBeside, nameOf } from "./values.js";
 
 export const spoken = (p, flat) =>
   `(${p
@@ -24,7 +25,10 @@ export const spoken = (p, flat) =>
     .join(", ")})`;
 
 // A value as it is said in a picture: "d = 5".
-export const equation = (term, v) => `${nameOf(term)} = ${number(v.scalar(term))}`;
+export function equation(term, v) {
+  const value = v.scalar(term);
+  return `${nameOf(term)} = ${number(value)}${degreesBeside(term, value)}`;
+}
 
 const isFlat = (place) => !place.own || place.own.length === 2;
 
@@ -50,14 +54,36 @@ export function mark(parts, painter, { terms = [], tone, say = () => null } = {}
   };
 }
 
-// What a pointer takes hold of: inputs of one point of the plane.
-function handleOf(place, v) {
-  if (place.own?.length !== 2 || place.own.some((term) => v.isResult(term) || term[0] === "-")) {
-    return null;
-  }
-  const [x, y] = place.own;
-  return { x: nameOf(x), y: nameOf(y), entry: /\.(\d+)/.exec(x)?.[1] };
+// Whether an input of its own holds what is drawn.
+const isFree = (term, v) => typeof term === "string" && term[0] !== "-" && !v.isResult(term);
+
+// What a pointer takes hold of: the inputs of a point. Charts let go of a result alone.
+function gripOf(sheet, place, p, v) {
+  const { own } = place;
+  const isPlane = sheet.view.isFlat;
+  if (own?.length !== (isPlane ? 2 : 3) || new Set(own).size < own.length) return null;
+  const free = own.filter((term) => isFree(term, v));
+  const entry = /\.(\d+)/.exec(own[0])?.[1];
+  if (free.length < (sheet.isChart ? 1 : own.length)) return null;
+  const names = own.map((term) => (isFree(term, v) ? nameOf(term) : null));
+  return isPlane ? planeGrip(sheet, p, names, entry) : spaceGrip(sheet, p, names, entry);
 }
+
+// Of a point that is drawn at its distance from another, the inputs that are the distance.
+function tipGrip(sheet, way, start, tip, v) {
+  const grip = gripOf(sheet, way, way.where(v), v);
+  const [[x0, y0], [x, y]] = [sheet.to([0, 0, 0]), sheet.to(start)];
+  const from = ([X, Y]) => [X - x + x0, Y - y + y0];
+  if (!grip) return null;
+  const lines = grip.lines && ((plane) => spaceGrip(sheet, tip, grip.names).lines(plane));
+  return { ...grip, lines, move: (position, plane) => grip.move(from(position), plane) };
+}
+
+// The grip of a length that is an input, at the second position.
+const heldLength = (sheet, term, [a, b], v) =>
+  isFree(term, v) ? lengthGrip(a, b, nameOf(term), v.scalar(term)) : null;
+
+export { gripOf, heldLength, isFree };
 
 export function point(where, label, { tone, held = true } = {}) {
   const place = at(where);
@@ -66,12 +92,21 @@ export function point(where, label, { tone, held = true } = {}) {
     [place],
     (sheet, [p], colour, v) => {
       sheet.drop?.(p);
-      sheet.dot(p, colour, held ? handleOf(place, v) : null);
+      sheet.dot(p, colour, held ? gripOf(sheet, place, p, v) : null);
       sheet.label(name, [p], colour);
     },
     { tone, say: (v) => name && `${name} at ${spoken(place.where(v), isFlat(place))}` },
   );
 }
+
+// A ring around a point that a result is about.
+export const verdict = (where) => ({
+  terms: at(where).terms,
+  paint(sheet, v) {
+    const p = at(where).where(v);
+    if (exists(p)) sheet.ring(p, "accent");
+  },
+});
 
 // A point that only helps to understand: no name, no handle.
 export const spot = (where) => point(where, "", { tone: "soft", held: false });
@@ -113,8 +148,8 @@ export function direction(text, { from = ORIGIN, label } = {}) {
     [start, { terms: way.terms, where: (v) => add(start.where(v), way.where(v)) }],
     (sheet, [p, q], colour, v) => {
       sheet.arrow(p, q, colour);
-      const handle = from === ORIGIN ? handleOf(way, v) : null;
-      if (handle) sheet.dot(q, colour, handle, 3);
+      const grip = tipGrip(sheet, way, p, q, v);
+      if (grip) sheet.dot(q, colour, grip, 3);
       sheet.label(name, shares(p, q, [0.6, 0.8, 0.4, 1]), colour);
     },
     { say: (v) => `direction ${name} = ${spoken(way.where(v), isFlat(way))}` },
@@ -144,7 +179,7 @@ export function pointer(text, from, label, share) {
 }
 
 // "d = 5" between two places.
-export function distance(from, to, term, { tone, shift = 0 } = {}) {
+export function distance(from, to, term, { tone, shift = 0, held = true } = {}) {
   const say = (v) => equation(term, v);
   return mark(
     [at(from), at(to)],
@@ -157,6 +192,7 @@ export function distance(from, to, term, { tone, shift = 0 } = {}) {
       for (const end of [a, b]) sheet.strokeAt(tick(end), `${colour} thin`);
       const mid = (t) => [a[0] + t * (b[0] - a[0]), a[1] + t * (b[1] - a[1])];
       sheet.labelAt(say(v), [mid(0.5), mid(0.3), mid(0.7)], colour);
+      if (held) sheet.grip(b, heldLength(sheet, term, [a, b], v));
     },
     { tone, terms: [term], say },
   );
@@ -198,43 +234,52 @@ export function paintWay(sheet, arc, text, { tone = "accent", wordTone = "ink", 
   sheet.label(text, [arc[arc.length >> 1]], wordTone);
 }
 
-const degrees = (radians) => `${number(Number(((radians * 180) / Math.PI).toPrecision(4)))}°`;
-
-const angleEquation = (term, v) => `${equation(term, v)} (${degrees(v.scalar(term))})`;
-
 // The angle at a vertex between the directions to two places. Its radius is one of the page.
-export function angle(vertex, from, to, term, { radius = 46, tone, name } = {}) {
-  const label = (v) => (term === undefined ? name : angleEquation(term, v));
+export function angle(vertex, from, to, term, { radius = 46, tone, name, right = false } = {}) {
+  const label = (v) => (term === undefined ? name : equation(term, v));
   return mark(
     [at(vertex), at(from), at(to)],
     (sheet, [o, p, q], colour, v) => {
       const size = radius / sheet.view.sx;
       const arc = arcBetween(o, minus(p, o), minus(q, o), size);
       if (!arc.every(exists)) return;
-      sheet.stroke(arc, `${colour} thin`);
+      const [u, w] = [p, q].map((place) => times(unit(minus(place, o)), size / 3));
+      const isRight = right && Math.abs(dot(u, w)) < 1e-4 * (size / 3) ** 2;
+      sheet.stroke(isRight ? [add(o, u), add(add(o, u), w), add(o, w)] : arc, `${colour} thin`);
       const parts = [0.5, 0.25, 0.75].map((t) => arc[Math.round(t * (arc.length - 1))]);
       sheet.label(label(v), parts, colour);
+      if (term !== undefined) gripAngle(sheet, o, arc.at(-1), term, v);
     },
     { tone, terms: term === undefined ? [] : [term], say: (v) => label(v) },
   );
 }
 
 // The way of a place that is turned about a centre, with a head at its end.
-export function turn(where, centre, term) {
-  const say = (v) => angleEquation(term, v);
+export function turn(where, centre, term, { share = 1 } = {}) {
+  const say = (v) => equation(term, v);
   return mark(
     [at(where), at(centre)],
     (sheet, [p, o], colour, v) => {
-      const arc = turningArc(o, minus(p, o), [0, 0, 1], drawnTurn(v.scalar(term)));
+      const start = times(minus(p, o), share);
+      const arc = turningArc(o, start, [0, 0, 1], drawnTurn(v.scalar(term)));
       paintWay(sheet, arc, say(v), { tone: colour, wordTone: colour });
+      gripAngle(sheet, o, arc.at(-1), term, v);
     },
     { terms: [term], say },
   );
 }
 
+// In the plane.
+function gripAngle(sheet, centre, end, term, v) {
+  if (!sheet.view.isFlat || !isFree(term, v) || !exists(end)) return;
+  const [o, e] = [sheet.to(centre), sheet.to(end)];
+  if (Math.hypot(e[0] - o[0], e[1] - o[1]) > 4)
+    sheet.grip(e, angleGrip(o, e, nameOf(term), v.scalar(term)));
+}
+
 // The way of a place that swings about the line through two others.
 export function swing(where, from, to, term) {
-  const say = (v) => angleEquation(term, v);
+  const say = (v) => equation(term, v);
   return mark(
     [at(where), at(from), at(to)],
     (sheet, [p, q, r], _, v) => {

@@ -97,7 +97,7 @@ export function placing(text, count, shift, angles, { system = WORLD, least = 0 
 export function localAxes(system) {
   const tips = (v, whole) => {
     const { origin, ways } = system.of(v);
-    return ways.map((way) => add(origin, way, 0.4 * whole.reach));
+    return ways.map((way) => add(origin, way, 0.6 * whole.reach));
   };
   return {
     terms: system.terms,

@@ -43,8 +43,8 @@ export const PANEL = {
     if (diagram.every(exists)) {
       sheet.wash(diagram, "ink-wash");
       sheet.stroke(diagram, "ink thin", { closed: true });
-      sheet.label("s1", [diagram[1]], "ink");
-      sheet.label("s2", [diagram[2]], "ink");
+      sheet.label(equation("s1", v), [diagram[1]], "ink");
+      sheet.label(equation("s2", v), [diagram[2]], "ink");
     }
     plate(sheet, 0, b, "soft dashed");
     plate(sheet, compressed(v), b, "ink heavy");

@@ -1,29 +1,43 @@
 // The plane: a grid with coordinates, lines and circles by their coefficients, outlines.
 
 import { niceStep, ticksWithin } from "./fit.js";
-import { mark, spoken, toneOf, turningArc } from "./marks.js";
-import { add, at, exists, length, list, minus, onSurface, surface, unit } from "./places.js";
+import {
+  centreGrip,
+  planeGrip,
+  radiusGrip,
+  shiftGrip,
+  slopeGrip,
+  spaceGrip,
+} from "./grips.js";
+import { heldLength, isFree, mark, spoken, toneOf, turningArc } from "./marks.js";
+import { add, at, exists, length, list, minus, onSurface, surface, times, unit } from "./places.js";
+import { textWidth } from "./labels.js";
 import { scene } from "./scene.js";
-import { level, number, tickText, upright } from "./svg.js";
+import { axisName, baseOf, level, number, tickText, upright } from "./svg.js";
 import { plainNames } from "./values.js";
 
-function gridLines(sheet, low, high, steps) {
+function gridLines(sheet, low, high, steps, names) {
   const { frame } = sheet;
+  const bases = [0, 1].map((i) => baseOf(low[i], high[i], steps[i]));
+  const named = names.map((name, i) => axisName(name, bases[i]));
+  sheet.tick(named[0], frame.right, frame.bottom + 17, "end", "axis");
+  const isLong = textWidth(named[1], 15) > frame.left - 8;
+  sheet.tick(named[1], isLong ? 4 : frame.left - 6, frame.top + 12, isLong ? "start" : "end", "axis");
   for (const x of ticksWithin(low[0], high[0], steps[0])) {
     const [X] = sheet.to([x, 0, 0]);
     const look = Math.abs(x) < steps[0] / 2 ? "soft" : "faint";
     sheet.strokeAt(upright(X, frame.top, frame.bottom), look, { weight: 0.1, layer: "back" });
-    sheet.tick(tickText(x), X, frame.bottom + 17, "middle");
+    sheet.tick(tickText(x - bases[0]), X, frame.bottom + 17, "middle");
   }
   for (const y of ticksWithin(low[1], high[1], steps[1])) {
     const [, Y] = sheet.to([0, y, 0]);
     const look = Math.abs(y) < steps[1] / 2 ? "soft" : "faint";
     sheet.strokeAt(level(Y, frame.left, frame.right), look, { weight: 0.1, layer: "back" });
-    sheet.tick(tickText(y), frame.left - 6, Y + 5, "end");
+    sheet.tick(tickText(y - bases[1]), frame.left - 6, Y + 5, "end");
   }
 }
 
-export function grid(sheet) {
+export function grid(sheet, _, { names = ["x", "y"] } = {}) {
   if (sheet.small) return;
   const { frame, view } = sheet;
   const low = [(frame.left - view.left) / view.sx, (view.top - frame.bottom) / view.sy];
@@ -31,7 +45,7 @@ export function grid(sheet) {
   const equal = view.sx === view.sy;
   const one = niceStep(high[0] - low[0], 9);
   const steps = equal ? [one, one] : [one, niceStep(high[1] - low[1], 6)];
-  gridLines(sheet, low, high, steps);
+  gridLines(sheet, low, high, steps, names);
 }
 
 const PLANE = { flat: true, ticks: true, margin: 40, project: ([x, y]) => [x, y], backdrop: grid };
@@ -57,16 +71,35 @@ function acrossFrame(from, way, frame) {
   return low < high ? [low, high].map((t) => [from[0] + t * way[0], from[1] + t * way[1]]) : null;
 }
 
+// Gives the ends of what is seen of it.
 function paintLine(sheet, p, way, colour, label, look = "") {
   const a = sheet.to(p);
   const b = sheet.to(add(p, way));
   const size = Math.hypot(b[0] - a[0], b[1] - a[1]);
   const ends = acrossFrame(a, [(b[0] - a[0]) / size, (b[1] - a[1]) / size], sheet.frame);
-  if (!ends) return;
+  if (!ends) return null;
   sheet.strokeAt(ends, `${colour} ${look}`);
   const [p1, p2] = ends;
   const share = (t) => [p1[0] + t * (p2[0] - p1[0]), p1[1] + t * (p2[1] - p1[1])];
   sheet.labelAt(label, [0.9, 0.1, 0.78, 0.22, 0.66].map(share), colour);
+  return ends;
+}
+
+// Where a line is moved, and where it is turned about that place.
+function gripLine(sheet, terms, ends, v) {
+  if (!ends || !terms.every((term) => isFree(term, v))) return;
+  const share = (t) => ends[0].map((value, i) => value + t * (ends[1][i] - value));
+  const place = ([X, Y]) => [
+    (X - sheet.view.left) / sheet.view.sx,
+    (sheet.view.top - Y) / sheet.view.sy,
+  ];
+  const values = terms.map(v.scalar);
+  sheet.later(() => {
+    const middle = sheet.freeOf([0.5, 0.42, 0.58, 0.34].map(share));
+    const far = sheet.freeOf([0.84, 0.9, 0.78, 0.16].map(share));
+    sheet.grip(middle, shiftGrip(sheet, terms, values));
+    sheet.grip(far, slopeGrip(sheet, terms, values, place(middle), place(far)));
+  });
 }
 
 // The line a x + b y + c = 0; `normal` draws (a, b) on it, towards its positive side.
@@ -83,7 +116,7 @@ export function line(text, { normal = false } = {}) {
       const p = onSurface(sheet.whole.middle, text, v);
       const colour = toneOf(terms, v);
       if (!exists(p)) return;
-      paintLine(sheet, p, unit([-side[1], side[0], 0]), colour, name);
+      gripLine(sheet, terms, paintLine(sheet, p, unit([-side[1], side[0], 0]), colour, name), v);
       if (normal) paintSide(sheet, p, side, colour, terms);
     },
   };
@@ -110,7 +143,7 @@ const corners = ([x, y], r) => [
 ];
 
 // A circle; `measure` gives centre and radius.
-function roundMark(terms, measure, name, { tone, look } = {}) {
+function roundMark(terms, measure, name, { tone, look, grips } = {}) {
   return {
     terms,
     span(v) {
@@ -133,9 +166,38 @@ function roundMark(terms, measure, name, { tone, look } = {}) {
         ),
         colour,
       );
+      grips?.(sheet, v, centre, radius);
     },
   };
 }
+
+// The centre and a place of a circle by its coefficients.
+const gripCircle = (terms) => (sheet, v, centre, radius) => {
+  if (!terms.every((term) => isFree(term, v))) return;
+  const values = terms.map(v.scalar);
+  sheet.later(() => {
+    sheet.grip(sheet.to(centre), centreGrip(sheet, terms, values, radius));
+    sheet.grip(freeRim(sheet, centre, radius), radiusGrip(sheet, terms, values, centre));
+  });
+};
+
+// A position on a circle where no point is.
+const freeRim = (sheet, centre, radius) =>
+  sheet.freeOf(
+    [-0.25, -0.35, 0.25, 0.75].map((turn) =>
+      sheet.to(
+        add(centre, [radius * Math.cos(turn * Math.PI), radius * Math.sin(turn * Math.PI), 0]),
+      ),
+    ),
+  );
+
+// The radius, where it is an input.
+const gripRadius = (term) => (sheet, v, centre, radius) => {
+  sheet.later(() => {
+    const rim = freeRim(sheet, centre, radius);
+    sheet.grip(rim, heldLength(sheet, term, [sheet.to(centre), rim], v));
+  });
+};
 
 export function circle(text) {
   const terms = text.split(" ");
@@ -146,6 +208,7 @@ export function circle(text) {
       return { centre: [-D / 2, -E / 2, 0], radius: Math.sqrt((D * D) / 4 + (E * E) / 4 - F) };
     },
     terms.join(", "),
+    { grips: gripCircle(terms) },
   );
 }
 
@@ -156,7 +219,7 @@ export function circleAbout(centre, radius, name = "", more) {
     [...at(centre).terms, ...terms],
     (v) => ({ centre: at(centre).where(v), radius: Math.abs(size(v)) }),
     name,
-    more,
+    { grips: typeof radius === "string" ? gripRadius(radius) : undefined, ...more },
   );
 }
 
@@ -195,13 +258,18 @@ export function arcOf(centre, from, reach, { tone, look = "", label } = {}) {
   return { ...drawn, span: (v) => places(v).filter(exists) };
 }
 
-const handleOfEntry = (names, v, i) =>
-  names.length === 2 && !names.some((name) => v.isResult(name))
-    ? { x: names[0], y: names[1], entry: i + 1 }
-    : null;
+function gripOfEntry(sheet, names, p, v, i) {
+  if (names.some((name) => v.isResult(name)) || new Set(names).size < names.length) return null;
+  const grip = sheet.view.isFlat ? planeGrip : spaceGrip;
+  return sheet.view.isFlat === (names.length === 2) ? grip(sheet, p, names, i + 1) : null;
+}
 
 // An outline by its lists. Vertices are numbered, and can be taken hold of where they are inputs.
-export function polygon(text, count, { look = "", wash = true, numbers = true } = {}) {
+export function polygon(
+  text,
+  count,
+  { look = "", wash = true, numbers = true, name: called } = {},
+) {
   const vertices = list(text, count);
   const places = (v) => vertices.items(v).filter(exists);
   const name = plainNames(vertices.names);
@@ -218,9 +286,10 @@ export function polygon(text, count, { look = "", wash = true, numbers = true } 
       if (!all.length) return;
       if (wash) sheet.wash(all, wash === true ? `${colour}-wash` : wash);
       sheet.stroke(all, `${colour} ${look}`, { closed: true });
+      if (called) sheet.label(called, [times(all.reduce((p, q) => add(p, q)), 1 / all.length)], colour);
       all.forEach((p, i) => {
         sheet.drop?.(p);
-        sheet.dot(p, colour, handleOfEntry(vertices.names, v, i), 3.5);
+        sheet.dot(p, colour, gripOfEntry(sheet, vertices.names, p, v, i), 3.5);
         if (numbers && all.length <= 24) sheet.label(String(i + 1), [p], colour);
       });
     },
@@ -267,7 +336,7 @@ export function parallels(text, count, order) {
 }
 
 // Points of lists. `chosen` says which are results: by a list of positions, or by their flags.
-export function points(text, count, { chosen, of, flags } = {}) {
+export function points(text, count, { chosen, of, flags, named } = {}) {
   const all = list(text, count);
   const name = plainNames(all.names);
   const isChosen = (v) => {
@@ -276,7 +345,9 @@ export function points(text, count, { chosen, of, flags } = {}) {
   };
   const marks = flags ? flags.split(" ") : [];
   const wordOf = (v, i) =>
-    flags ? marks.map((flag) => number(v.array(flag)[i] ?? NaN)).join(" ") : String(i + 1);
+    flags
+      ? marks.map((flag) => number(v.array(flag)[i] ?? NaN)).join(" ")
+      : `${i + 1}${named === i + 1 ? `: ${name}` : ""}`;
   return {
     terms: [...all.terms, ...[chosen, of].filter(Boolean), ...marks],
     span: (v) => all.items(v).filter(exists),
@@ -293,7 +364,7 @@ export function points(text, count, { chosen, of, flags } = {}) {
         if (!exists(p)) return;
         const colour = inset(i) || (flags && !chosen) ? "accent" : base;
         sheet.drop?.(p);
-        sheet.dot(p, colour, handleOfEntry(all.names, v, i), inset(i) ? 6 : 4.5);
+        sheet.dot(p, colour, gripOfEntry(sheet, all.names, p, v, i), inset(i) ? 6 : 4.5);
         sheet.label(wordOf(v, i), [p], flags ? "accent" : colour);
       });
     },

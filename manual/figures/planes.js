@@ -80,15 +80,18 @@ export function patch(text, label, { meets = [], through: from, normal = true, c
       sheet.wash(all, `${colour}-wash`);
       sheet.stroke(all, `${colour} thin`, { closed: true, weight: 0.6 });
       sheet.label(name, all, colour);
-      if (normal)
-        paintNormal(sheet, anchorOf(text, { meets, from }, v, sheet.whole), text, v, colour);
+      if (!normal) return;
+      const tip = paintNormal(sheet, anchorOf(text, { meets, from }, v, sheet.whole), text, v, colour);
+      if (tip && typeof normal === "string") sheet.label(normal, [tip], colour);
     },
   };
 }
 
 function paintNormal(sheet, p, text, v, colour) {
   const tip = add(p, unit(surface(text, v).normal), 0.4 * sheet.whole.reach);
-  if (exists(tip)) sheet.arrow(p, tip, colour, `${colour} thin`);
+  if (!exists(tip)) return null;
+  sheet.arrow(p, tip, colour, `${colour} thin`);
+  return tip;
 }
 
 // The line in which two planes meet, as far as their patches go.

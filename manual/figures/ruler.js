@@ -1,11 +1,12 @@
 // A number line: entries of a table as strokes on it, values as points, intervals and ranges as
 // bands.
 
+import { planeGrip } from "./grips.js";
 import { equation } from "./marks.js";
 import { exists } from "./places.js";
 import { scene } from "./scene.js";
 import { niceStep, ticksWithin } from "./fit.js";
-import { level, number, tickText, upright } from "./svg.js";
+import { axisName, baseOf, level, number, tickText, upright } from "./svg.js";
 
 const onLine = (x) => [x, 0, 0];
 
@@ -19,10 +20,13 @@ function backdrop(sheet) {
   sheet.head([frame.left, y], [frame.right, y], "soft");
   const low = (frame.left - view.left) / view.sx;
   const high = (frame.right - view.left) / view.sx;
-  for (const x of ticksWithin(low, high, niceStep(high - low, 9))) {
+  const step = niceStep(high - low, 9);
+  const base = baseOf(low, high, step);
+  if (base) sheet.tick(axisName("value", base), frame.right, y + 84, "end", "axis");
+  for (const x of ticksWithin(low, high, step)) {
     const X = sheet.to(onLine(x))[0];
     sheet.strokeAt(upright(X, y - 4, y + 4), "soft", { layer: "back" });
-    sheet.tick(tickText(x), X, y + 62, "middle");
+    sheet.tick(tickText(x - base), X, y + 62, "middle");
   }
 }
 
@@ -45,6 +49,7 @@ export function entries(name, count, { chosen, of } = {}) {
         const tone = picked(v).has(i + 1) ? "accent" : "ink";
         sheet.strokeAt(upright(X, Y - tall(sheet, 18), Y + tall(sheet, 18)), tone);
         sheet.labelAt(`${name}(${i + 1})`, [[X, Y + 20]], tone);
+        sheet.grip([X, Y], planeGrip(sheet, onLine(x), [name], i + 1));
       });
     },
   };
@@ -116,7 +121,7 @@ export const value = (name) => ({
     if (!exists([x])) return;
     const [X, Y] = sheet.to(onLine(x));
     sheet.strokeAt(upright(X, Y, Y - tall(sheet, 58)), "ink thin", { weight: 0.3 });
-    sheet.dot(onLine(x), "ink", null, 5);
+    sheet.dot(onLine(x), "ink", planeGrip(sheet, onLine(x), [name]), 5);
     sheet.labelAt(
       equation(name, v),
       [

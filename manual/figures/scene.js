@@ -3,18 +3,23 @@
 import { fit } from "./fit.js";
 import { add, length, minus, times } from "./places.js";
 import { assemble, nothing, Sheet, stripHeight, stripLines } from "./sheet.js";
-import { HEIGHT, number, px, WIDTH } from "./svg.js";
-import { nameOf, spelled } from "./values.js";
+import { number, px, sizeOf } from "./svg.js";
+import { degreesBeside, nameOf, spelled } from "./values.js";
 
 const NOTHING = "Nothing to draw: the numbers give no picture.";
+
+// Of a code, by a table or by a rule.
+const meaningOf = (meanings, value) =>
+  typeof meanings === "function" ? meanings(value) : meanings?.[value];
 
 // One told value: "rel = 3 (perpendicular)". A result that was kept has none.
 function told(term, when, v, meanings) {
   const kept = v.isResult(term) && v.results[nameOf(term)] === undefined;
   const value = v.scalar(term);
-  const meaning = meanings[nameOf(term)]?.[value];
+  const meaning = meaningOf(meanings[nameOf(term)], kept ? "kept" : value);
   const name = spelled(term) + when;
-  const text = kept ? `${name} kept` : `${name} = ${number(value)}${meaning ? `: ${meaning}` : ""}`;
+  const said = kept ? `${name} kept` : `${name} = ${number(value)}${degreesBeside(term, value)}`;
+  const text = meaning ? `${said}: ${meaning}` : said;
   return { text, tone: v.isResult(term) ? "accent" : "ink" };
 }
 
@@ -43,10 +48,11 @@ function wholeOf(places) {
   return { low, high, middle: times(add(low, high), 0.5), reach: length(minus(high, low)) / 2 };
 }
 
-export function frameOf(lines, { small }, { ticks }) {
-  if (small) return { left: 0, top: 0, right: WIDTH, bottom: HEIGHT };
+export function frameOf(lines, options, { ticks }) {
+  const { width, height } = sizeOf(options);
+  if (options.small) return { left: 0, top: 0, right: width, bottom: height };
   const foot = stripHeight(lines) + (ticks ? 26 : 6);
-  return { left: ticks ? 46 : 6, top: 6, right: WIDTH - 6, bottom: HEIGHT - foot };
+  return { left: ticks ? 46 : 6, top: 6, right: width - 6, bottom: height - foot };
 }
 
 // Where a page finds the coordinates: x at left + scale x, y at top - scale y of the viewBox.
@@ -58,9 +64,12 @@ const anchors = (view) => ({
 
 const px6 = (value) => String(Number(value.toPrecision(6)));
 
+// What keeps the next picture from moving under a pointer.
+const held = ({ project, sx, sy, left, top }) => ({ project, sx, sy, left, top });
+
 function drawScene(row, kind, title, v, options) {
   const strip = stripOf(row, v);
-  const lines = stripLines(strip);
+  const lines = stripLines(strip, options);
   const frame = frameOf(lines, options, kind);
   const first = row.marks.flatMap((mark) => mark.span?.(v, options) ?? []);
   const whole = wholeOf(first);
@@ -75,8 +84,10 @@ function drawScene(row, kind, title, v, options) {
     margin,
     stretched: row.stretched,
     held: options.view,
+    isFlat: Boolean(kind.project),
   });
-  const sheet = Object.assign(new Sheet(view, frame, options), { whole });
+  if (options.report) options.report.view = held(view);
+  const sheet = Object.assign(new Sheet(view, frame, options), { whole, isChart: row.stretched });
   kind.backdrop(sheet, wholeOf(places), row, v);
   for (const mark of row.marks) mark.paint(sheet, v);
   const says = [...row.marks.map((mark) => mark.say?.(v)), ...strip.map(({ text }) => text)];

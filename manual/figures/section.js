@@ -2,14 +2,37 @@
 
 import { drawable } from "./values.js";
 import { add, cross, dot, exists, minus, times } from "./places.js";
-import { equation, turningArc } from "./marks.js";
+import { equation, heldLength, turningArc } from "./marks.js";
 import { scene } from "./scene.js";
 import { number } from "./svg.js";
 
 const MOST = 12; // contours
 const SPACING = 27; // of dimension lines
 
-const SECTION = { project: ([x, y]) => [x, y], backdrop: () => {} };
+const SECTION = { project: ([x, y]) => [x, y], backdrop };
+
+// The axes through the origin, where the outline has them.
+function backdrop(sheet, _, { marks }) {
+  if (sheet.small || !marks.includes(OUTLINE)) return;
+  const { left, right, top, bottom } = sheet.frame;
+  const [x, y] = sheet.to([0, 0, 0]);
+  const reach = 30;
+  const low = sheet.to(sheet.whole.low ?? [0, 0, 0]);
+  const high = sheet.to(sheet.whole.high ?? [0, 0, 0]);
+  const ends = [
+    [Math.min(right - 8, Math.max(high[0], x) + reach), y],
+    [x, Math.max(top + 12, Math.min(high[1], y) - reach)],
+  ];
+  const starts = [
+    [Math.max(left, Math.min(low[0], x) - 8), y],
+    [x, Math.min(bottom, Math.max(low[1], y) + 8)],
+  ];
+  ends.forEach((end, i) => {
+    sheet.strokeAt([starts[i], end], "soft thin dashed", { weight: 0.3, layer: "back" });
+    sheet.head(starts[i], end, "soft");
+    sheet.labelAt("xy"[i], [end], "axis");
+  });
+}
 
 const MARGIN = { top: 26, bottom: 26, left: 44, right: 44 };
 
@@ -42,8 +65,9 @@ export function contours(v) {
   let start = 0;
   return counts.slice(0, Math.min(MOST, v.count("nc", MOST))).map((count, i) => {
     const places = all.slice(start, start + Math.max(0, count)).filter(exists);
+    const first = start + 1;
     start += Math.max(0, count) || 0;
-    return { places, start, kind: kinds[i], hole: signs[i] < 0 };
+    return { places, first, kind: kinds[i], hole: signs[i] < 0, order: i + 1 };
   });
 }
 
@@ -51,6 +75,36 @@ export function contours(v) {
 function segmentArc([centre, from, to]) {
   const [u, w] = [minus(from, centre), minus(to, centre)];
   return turningArc(centre, u, [0, 0, 1], Math.atan2(cross(u, w)[2], dot(u, w)));
+}
+
+const LEAST_NUMBERED = 40; // size on the page of a contour whose vertices have numbers
+
+function sizeOnPage(sheet, places) {
+  const all = places.map((p) => sheet.to(p));
+  return Math.max(
+    ...[0, 1].map((i) => Math.max(...all.map((p) => p[i])) - Math.min(...all.map((p) => p[i]))),
+  );
+}
+
+// The numbers of a contour's vertices in the lists; and which it is in the order of contours.
+function numberVertices(sheet, { places, first, order }, several) {
+  const called = several ? `contour ${order}` : "";
+  if (sizeOnPage(sheet, places) < LEAST_NUMBERED) {
+    sheet.label(called, places, "vertex");
+    return;
+  }
+  places.forEach((p, i) => {
+    const number = String(first + i);
+    sheet.label(i === 0 && several ? `${called}: ${number}` : number, [p], "vertex");
+  });
+}
+
+// Where a contour begins, and which way it goes.
+function paintWayAround(sheet, { places }) {
+  if (places.length < 2 || sizeOnPage(sheet, places) < LEAST_NUMBERED) return;
+  const [a, b] = places.slice(0, 2).map((p) => sheet.to(p));
+  const share = (t) => [a[0] + t * (b[0] - a[0]), a[1] + t * (b[1] - a[1])];
+  sheet.head(share(0.3), share(0.62), "accent");
 }
 
 function paintContour(sheet, { places, kind, hole }, isFillet) {
@@ -76,6 +130,13 @@ export const OUTLINE = {
     const all = contours(v);
     const filleted = all.some(({ kind }) => kind === 4);
     all.forEach((contour) => paintContour(sheet, contour, filleted && contour.places.length === 3));
+    if (sheet.small) return;
+    const isOutline = ({ places, kind }) => kind !== 4 && !(filleted && places.length === 3);
+    const outlines = all.filter((contour) => contour.places.length && isOutline(contour));
+    for (const contour of outlines) paintWayAround(sheet, contour);
+    sheet.later(() => {
+      for (const contour of outlines) numberVertices(sheet, contour, outlines.length > 1);
+    });
   },
 };
 
@@ -114,7 +175,9 @@ function paintDimension(sheet, v, term, { p, q, along }, where) {
   const tone = v.isResult(term) ? "accent" : "ink";
   const tips = arrows(sheet, ends, size < 34, along, tone);
   const middle = [(ends[0][0] + ends[1][0]) / 2, (ends[0][1] + ends[1][1]) / 2];
-  sheet.labelAt(term, size < 34 ? [...tips, middle] : [middle], tone);
+  const words = v.isResult(term) ? equation(term, v) : term;
+  sheet.labelAt(words, size < 34 ? [...tips, middle] : [middle], tone);
+  sheet.grip(ends[1], heldLength(sheet, term, ends, v));
 }
 
 // Heads from within, or from outside where there is no room. Gives where words may stand.

@@ -2,13 +2,14 @@
 // labels have to keep away from, and puts the picture together.
 
 import { placeLabels, textWidth } from "./labels.js";
-import { DARK, element, escape, HEIGHT, number, path, px, STYLE, WIDTH } from "./svg.js";
+import { DARK, element, escape, number, path, px, sizeOf, STYLE } from "./svg.js";
 
 const LAYERS = ["wash", "back", "strokes", "dots"];
 const LINE = 24; // of the words below the picture
 const OFF = 1e5; // page positions beyond do not count
 
 const HEIGHT_OF_TEXT = 17;
+const SIZES = { vertex: 13, tick: 15, axis: 15 }; // by the class of words, of those that are smaller
 const BOLD = 1.08; // as wide as plain words
 const BESIDE = 3; // kept free beside words
 
@@ -23,6 +24,9 @@ function boxOfTick({ text, x, y, anchor }) {
   return { left, right: left + width, top: y - 13, bottom: y + 3 };
 }
 
+const meet = (p, q) =>
+  p.left < q.right && q.left < p.right && p.top < q.bottom && q.top < p.bottom;
+
 export class Sheet {
   constructor(view, frame, options) {
     Object.assign(this, { view, frame, options });
@@ -32,15 +36,18 @@ export class Sheet {
     this.labels = [];
     this.ticks = [];
     this.fixed = [];
+    this.afterwards = [];
+    this.size = sizeOf(options);
+    this.handles = options.report ? (options.report.handles = []) : [];
   }
 
   get small() {
     return Boolean(this.options.small);
   }
 
-  // Whether points can be taken hold of: in a page, and where both axes have one scale.
+  // Whether anything can be taken hold of: in a page.
   get holds() {
-    return !this.small && !this.options.standalone && this.view.sx === this.view.sy;
+    return !this.small && !this.options.standalone;
   }
 
   to(place) {
@@ -49,6 +56,11 @@ export class Sheet {
 
   put(layer, text) {
     this.layers[layer].push(text);
+  }
+
+  // What matters least is placed when all else is.
+  later(action) {
+    this.afterwards.push(action);
   }
 
   // A stroke through positions of the page. Labels mind it by its weight.
@@ -107,7 +119,7 @@ export class Sheet {
     this.arrowAt(this.to(p), this.to(q), tone, look);
   }
 
-  dot(place, tone, handle, radius = 4.5) {
+  dot(place, tone, grip, radius = 4.5) {
     const [x, y] = this.to(place);
     if (!drawn([[x, y]])) return;
     const spot = element("circle", {
@@ -117,26 +129,56 @@ export class Sheet {
       r: this.small ? 2.4 * radius : radius,
     });
     this.dots.push({ left: x - 6, right: x + 6, top: y - 6, bottom: y + 6 });
-    this.put("dots", handle && this.holds ? this.handle([x, y], spot, place, handle) : spot);
+    this.put("dots", grip && this.holds ? this.handle([x, y], spot, grip) : spot);
   }
 
-  handle([x, y], spot, place, { x: nameX, y: nameY, entry }) {
+  ring(place, tone) {
+    const [x, y] = this.to(place);
+    if (!drawn([[x, y]])) return;
+    const r = this.small ? 18 : 9;
+    this.put("strokes", element("circle", { class: tone, cx: px(x), cy: px(y), r }));
+  }
+
+  // The first of some positions that is on no point, or the first of all.
+  freeOf(positions) {
+    const isFree = ([x, y]) =>
+      this.dots.every(({ left, right, top, bottom }) =>
+        x < left - 6 || x > right + 6 || y < top - 6 || y > bottom + 6);
+    return positions.find(isFree) ?? positions[0];
+  }
+
+  // A place to take hold of where no point is.
+  grip([x, y], grip) {
+    if (!grip || !this.holds || !drawn([[x, y]])) return;
+    this.dots.push({ left: x - 5, right: x + 5, top: y - 5, bottom: y + 5 });
+    const ring = element("circle", { class: "accent thin paper-fill", cx: px(x), cy: px(y), r: 4 });
+    this.put("dots", this.handle([x, y], ring, grip));
+  }
+
+  // The page that asks for a report moves what is held; the drawing says which it is.
+  handle([x, y], spot, grip) {
+    const { names, values, entry, lines } = grip;
     const reach = element("circle", { class: "reach", cx: px(x), cy: px(y), r: 14 });
+    const piece = lines
+      ? element("path", { class: "plane", d: path(lines(this.options.plane), true) })
+      : "";
     const of = entry === undefined ? "" : ` of entry ${entry}`;
+    const index = this.handles.push({ ...grip, at: [x, y] }) - 1;
     return element(
       "g",
       {
         class: "handle",
         tabindex: 0,
         role: "slider",
-        "data-x": nameX,
-        "data-y": nameY,
+        "data-handle": index,
+        "data-x": names[0],
+        "data-y": names[1],
         "data-entry": entry,
-        "aria-label": `${nameX}, ${nameY}${of}`,
-        "aria-valuenow": Number(place[0].toPrecision(4)),
-        "aria-valuetext": `${number(place[0])}, ${number(place[1])}`,
+        "aria-label": names.join(", ") + of,
+        "aria-valuenow": Number(values[0].toPrecision(4)),
+        "aria-valuetext": values.map(number).join(", "),
       },
-      reach + spot,
+      piece + reach + spot,
     );
   }
 
@@ -148,8 +190,9 @@ export class Sheet {
       text,
       tone,
       anchors: inside,
-      width: textWidth(text) + 2 * BESIDE,
-      height: HEIGHT_OF_TEXT + 2,
+      gaps: tone === "vertex" ? 2 : undefined, // there are many, which stay near
+      width: textWidth(text, SIZES[tone]) + 2 * BESIDE,
+      height: (SIZES[tone] ?? HEIGHT_OF_TEXT) + 2,
     });
   }
 
@@ -159,29 +202,36 @@ export class Sheet {
   }
 
   // Beside the frame there is room for a few letters, and no more.
-  tick(text, x, y, anchor) {
-    const one = { text, x, y, anchor };
-    const { left, right, top, bottom } = boxOfTick(one);
-    const fits = left > 0 && right < WIDTH && top > 0 && bottom < HEIGHT;
-    if (!this.small && fits) this.ticks.push(one);
+  tick(text, x, y, anchor, look = "tick") {
+    const one = { text, x, y, anchor, look };
+    const box = boxOfTick(one);
+    const { width, height } = this.size;
+    const fits = box.left > 0 && box.right < width && box.top > 0 && box.bottom < height;
+    const isFree = !this.ticks.some((other) => meet(box, boxOfTick(other)));
+    if (!this.small && fits && isFree) this.ticks.push(one);
   }
 
   // Words that stand where they are put.
-  words(text, x, y, tone, anchor = "middle") {
+  words(text, x, y, tone, anchor = "middle", size = HEIGHT_OF_TEXT) {
     if (this.small) return;
+    const style = size < HEIGHT_OF_TEXT ? `font-size: ${px(size)}px` : undefined;
     this.fixed.push(
-      element("text", { class: tone, x: px(x), y: px(y), "text-anchor": anchor }, escape(text)),
+      element(
+        "text",
+        { class: tone, x: px(x), y: px(y), "text-anchor": anchor, style },
+        escape(text),
+      ),
     );
   }
 
   // The words of ticks, which stand where they stand.
   tickTexts() {
     return this.ticks
-      .map(({ text, x, y, anchor }) =>
+      .map(({ text, x, y, anchor, look }) =>
         element(
           "text",
           {
-            class: "tick",
+            class: look,
             x: px(x),
             y: px(y),
             "text-anchor": anchor,
@@ -194,7 +244,7 @@ export class Sheet {
 
   labelTexts() {
     const { frame } = this;
-    const room = { left: 4, right: WIDTH - 4, top: 4, bottom: frame.bottom + 2 };
+    const room = { left: 4, right: this.size.width - 4, top: 4, bottom: frame.bottom + 2 };
     const boxes = placeLabels(
       this.labels,
       this.strokes,
@@ -219,6 +269,7 @@ export class Sheet {
   }
 
   content() {
+    for (const action of this.afterwards) action();
     const { left, top, right, bottom } = this.frame;
     const [width, height] = [right - left, bottom - top];
     const box = { x: left, y: top, width, height, viewBox: `${left} ${top} ${width} ${height}` };
@@ -228,12 +279,13 @@ export class Sheet {
 }
 
 // The words below the picture, in lines of its width.
-export function stripLines(words) {
+export function stripLines(words, options) {
+  const most = sizeOf(options).width - 8;
   const lines = [];
   let used = Infinity;
   for (const word of words) {
     const width = textWidth(word.text) * (word.tone === "accent" ? BOLD : 1) + 18;
-    if (used + width > WIDTH - 8) {
+    if (used + width > most) {
       lines.push([]);
       used = 10;
     }
@@ -245,14 +297,14 @@ export function stripLines(words) {
 
 export const stripHeight = (lines) => (lines.length ? lines.length * LINE + 8 : 0);
 
-const stripTexts = (lines) =>
+const stripTexts = (lines, { height }) =>
   lines
     .map((line, i) =>
       line
         .map(({ text, tone, x }) =>
           element(
             "text",
-            { class: tone, x: px(x), y: HEIGHT - 9 - LINE * (lines.length - 1 - i) },
+            { class: tone, x: px(x), y: height - 9 - LINE * (lines.length - 1 - i) },
             escape(text),
           ),
         )
@@ -263,6 +315,7 @@ const stripTexts = (lines) =>
 // The whole picture. `root` has further attributes of the svg. An image has no parts for those who
 // hear it; one with handles is a group of them.
 export function assemble({ title, says, content, lines = [], options, root = {} }) {
+  const { width, height } = sizeOf(options);
   const words = element("title", {}, escape(title)) + element("desc", {}, escape(says.join(" ")));
   const style = options.standalone ? element("style", {}, STYLE + DARK) : "";
   return element(
@@ -271,21 +324,22 @@ export function assemble({ title, says, content, lines = [], options, root = {} 
       xmlns: "http://www.w3.org/2000/svg",
       class: options.small ? "kez-figure small" : "kez-figure",
       role: content.includes('class="handle"') ? "group" : "img",
-      viewBox: `0 0 ${WIDTH} ${HEIGHT}`,
+      viewBox: `0 0 ${width} ${height}`,
       "aria-label": title,
       ...root,
     },
-    words + style + content + (options.small ? "" : stripTexts(lines)),
+    words + style + content + (options.small ? "" : stripTexts(lines, { height })),
   );
 }
 
 // In place of a picture: why there is none, above what is told in any case.
 export function nothing(title, why, options, strip = []) {
+  const { width, height } = sizeOf(options);
   const content = element(
     "text",
-    { class: "soft", x: WIDTH / 2, y: HEIGHT / 2, "text-anchor": "middle" },
+    { class: "soft", x: width / 2, y: height / 2, "text-anchor": "middle" },
     escape(why),
   );
   const says = [why, ...strip.map(({ text }) => `${text}.`)];
-  return assemble({ title, says, content, lines: stripLines(strip), options });
+  return assemble({ title, says, content, lines: stripLines(strip, options), options });
 }

@@ -2,10 +2,10 @@
 // that one sees where they are.
 
 import { niceStep, ticksWithin } from "./fit.js";
-import { arcBetween, equation, mark, spoken, toneOf } from "./marks.js";
-import { add, at, exists, footOn, length, list, minus, times, unit } from "./places.js";
+import { arcBetween, equation, mark, spoken, toneOf, turningArc } from "./marks.js";
+import { add, at, cross, exists, footOn, length, list, minus, times, unit } from "./places.js";
 import { scene } from "./scene.js";
-import { level, tickText } from "./svg.js";
+import { axisName, baseOf, level, tickText } from "./svg.js";
 
 // Where one looks from, the first as long as it shows the points apart.
 const AZIMUTHS = [0.62, 0.95, 0.35, 1.25, 0.15];
@@ -59,10 +59,12 @@ const extremes = (places) =>
 function around(places) {
   const [low, high] = extremes(places);
   const room = 0.08 * length(minus(high, low)) || 0.5;
-  return [
-    ...boxOf([low[0] - room, low[1] - room, low[2]], [high[0] + room, high[1] + room, low[2]]),
-    ...places,
+  const [first, last] = [
+    [low[0] - room, low[1] - room, low[2]],
+    [high[0] + room, high[1] + room, high[2]],
   ];
+  const { from, tips } = triad(first, last);
+  return [...boxOf(first, [last[0], last[1], low[2]]), from, ...tips, ...places];
 }
 
 function paintFloor(sheet, low, high) {
@@ -77,16 +79,26 @@ function paintFloor(sheet, low, high) {
   paintAxes(sheet, low, high, step);
 }
 
-function paintAxes(sheet, low, high, step) {
+// The axes stand at the origin where it is in the picture, else at the floor's corner.
+function triad(low, high) {
   const size = 0.5 * Math.max(high[0] - low[0], high[1] - low[1]);
-  const ends = [
-    [high[0], low[1], low[2]],
-    [low[0], high[1], low[2]],
-    [low[0], low[1], Math.max(high[2], low[2] + size * 0.4)],
+  const isIn = [0, 1, 2].every((i) => low[i] <= 0 && high[i] >= 0);
+  const from = isIn ? [0, 0, 0] : low;
+  const top = Math.max(high[2], from[2] + size * 0.4);
+  const tips = [
+    [high[0], from[1], from[2]],
+    [from[0], high[1], from[2]],
+    [from[0], from[1], top],
   ];
-  const p = sheet.to(low);
+  return { from, tips, isIn };
+}
+
+function paintAxes(sheet, low, high, step) {
+  const { from, tips, isIn } = triad(low, high);
+  const p = sheet.to(from);
+  if (isIn) sheet.labelAt("0", [p], "axis");
   ["x", "y", "z"].forEach((name, i) => {
-    const q = belowTop(p, sheet.to(ends[i]), sheet.frame.top + 18);
+    const q = belowTop(p, sheet.to(tips[i]), sheet.frame.top + 18);
     sheet.strokeAt([p, q], "soft", { weight: 0.5, layer: "back" });
     sheet.head(p, q, "soft");
     sheet.labelAt(name, [q], "soft");
@@ -105,6 +117,8 @@ function belowTop([x1, y1], [x2, y2], top) {
 // Ticks stand in front, where they are free; the axis is behind, so that one of them names it.
 function tickAlong(sheet, name, ticks, where) {
   const [anchor, beside] = name === "x" ? ["start", 5] : ["end", -5];
+  const base = ticks.length ? baseOf(ticks[0], ticks.at(-1), ticks[1] - ticks[0] || 1) : 0;
+  const axis = axisName(name, base);
   const [a, b] = [ticks[0], ticks[1]].map((t) => sheet.to(where(t ?? 0)));
   const gap = Math.hypot(a[0] - b[0], a[1] - b[1]) || 1e9;
   const every = Math.max(1, Math.ceil(34 / gap));
@@ -112,7 +126,7 @@ function tickAlong(sheet, name, ticks, where) {
   const named = shown.length >> 1;
   shown.forEach((t, i) => {
     const [x, y] = sheet.to(where(t));
-    const text = i === named ? `${name} = ${tickText(t)}` : tickText(t);
+    const text = i === named ? `${axis} = ${tickText(t - base)}` : tickText(t - base);
     const hasRoom = i !== named - 1 || gap * every > 60; // beside the longer one
     if (hasRoom) sheet.tick(text, x + beside, y + 15, anchor);
   });
@@ -161,7 +175,7 @@ export function beyond(from, to, label = "", { tone, look = "" } = {}) {
 }
 
 // An axis through the origin, along a unit vector.
-export function axisLine(axis, name) {
+export function axisLine(axis) {
   const ends = (whole) => [times(axis, -0.25 * whole.reach), times(axis, 1.1 * whole.reach)];
   return {
     terms: [],
@@ -169,24 +183,46 @@ export function axisLine(axis, name) {
     late: (_, whole) => ends(whole),
     paint(sheet) {
       const [p, q] = ends(sheet.whole);
-      sheet.arrow(p, q, "soft");
-      sheet.label(name, [q], "soft");
+      sheet.arrow(p, q, "ink", "ink thin");
     },
   };
 }
 
 // The perpendiculars from the points of a list on a line.
-export function toLine(text, count, from, to) {
+export function toLine(text, count, from, to, within) {
   const places = list(text, count);
   return {
-    terms: [...places.terms, ...at(from).terms, ...at(to).terms],
+    terms: [...places.terms, ...at(from).terms, ...at(to).terms, within],
     paint(sheet, v) {
+      paintAround(sheet, [from, to].map((place) => at(place).where(v)), v.scalar(within));
       for (const p of places.items(v)) {
         const foot = footOn({ terms: [], where: () => p }, from, to).where(v);
         if (exists(p) && exists(foot)) sheet.stroke([p, foot], "accent thin", { weight: 0.3 });
       }
     },
   };
+}
+
+// What is nearer to a line than a distance, by circles about it and the lines that touch them.
+function paintAround(sheet, [p, q], radius) {
+  const way = unit(minus(q, p));
+  if (!exists([...way, radius]) || !(radius > 0)) return;
+  const side = unit(cross(way, Math.abs(way[2]) > 0.9 ? [1, 0, 0] : [0, 0, 1]));
+  const ring = (centre) => turningArc(centre, times(side, radius), way, 2 * Math.PI);
+  for (const centre of [p, q]) {
+    sheet.wash(ring(centre), "accent-wash");
+    sheet.stroke(ring(centre), "accent thin dashed", { weight: 0.2, closed: true });
+  }
+  const steps = ring([0, 0, 0]);
+  const [o, w] = [sheet.to([0, 0, 0]), sheet.to(way)];
+  const across = (place) => {
+    const [x, y] = sheet.to(place);
+    return (x - o[0]) * (w[1] - o[1]) - (y - o[1]) * (w[0] - o[0]);
+  };
+  const ordered = [...steps].sort((a, b) => across(a) - across(b));
+  for (const edge of [ordered[0], ordered.at(-1)])
+    sheet.stroke([add(p, edge), add(q, edge)], "accent thin dashed", { weight: 0.2 });
+  sheet.label("tol", [add(q, ordered[0]), add(p, ordered[0])], "ink");
 }
 
 // The legs of a vector along the axes.

@@ -1,7 +1,7 @@
 // Text of SVG: elements, numbers, and the one style sheet of all pictures.
 
-export const WIDTH = 560;
-export const HEIGHT = 400;
+// A narrow window has pictures of fewer units, so that words stay as large as they are.
+export const sizeOf = ({ narrow }) => ({ width: narrow ? 380 : 560, height: 400 });
 
 const ENTITIES = { "&": "&amp;", "<": "&lt;", ">": "&gt;", '"': "&quot;", "'": "&#39;" };
 
@@ -27,6 +27,18 @@ export function number(value) {
 
 // A coordinate on an axis, which has more digits in common with the next one.
 export const tickText = (value) => signed(shortened(value, 6));
+
+// What coordinates on an axis are counted from, that few digits tell them apart: nearly always 0.
+export function baseOf(low, high, step) {
+  const largest = Math.max(Math.abs(low), Math.abs(high));
+  if (!(largest >= 1e4 * step)) return 0;
+  const round = 10 ** Math.ceil(Math.log10(high - low));
+  return Math.floor(low / round) * round;
+}
+
+// The name of an axis, with what is to be added to its coordinates.
+export const axisName = (name, base) =>
+  base ? `${name} ${base < 0 ? "+" : "\u2212"} ${shortened(Math.abs(base), 12)}` : name;
 
 // An entry of a list, in little room; its whole numbers have all digits.
 export function entry(value) {
@@ -80,9 +92,16 @@ export const STYLE = `
 .kez-figure text.ink { fill: var(--ink, #1f2937); }
 .kez-figure text.accent { fill: var(--accent, #1d5fa5); font-weight: 600; }
 .kez-figure text.soft { fill: var(--soft, #6b7280); }
-.kez-figure text.tick { fill: var(--soft, #6b7280); font-size: 15px; }
+.kez-figure text.tick, .kez-figure text.axis, .kez-figure text.vertex {
+  fill: var(--soft, #6b7280); font-size: 15px; }
+.kez-figure text.axis { font-style: italic; }
+.kez-figure text.vertex { font-size: 13px; stroke-width: 3; }
+.kez-figure :is(path, circle, text) { pointer-events: none; }
 .kez-figure .handle { cursor: grab; outline: none; }
-.kez-figure .handle .reach { fill: transparent; }
+.kez-figure .handle .reach { fill: transparent; pointer-events: all; }
+.kez-figure .handle .plane { visibility: hidden; stroke: var(--accent, #1d5fa5); stroke-width: 1;
+  fill: var(--accent, #1d5fa5); fill-opacity: 0.12; pointer-events: none; }
+.kez-figure .handle:is(:focus, :hover, .held) .plane { visibility: visible; }
 .kez-figure .handle:focus .reach, .kez-figure .handle:hover .reach {
   stroke: var(--accent, #1d5fa5); stroke-width: 2; }
 `;

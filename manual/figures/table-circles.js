@@ -34,6 +34,7 @@ import {
   turnedAbout,
   unit,
 } from "./places.js";
+import { FOUND, TURN } from "./terms.js";
 import {
   arcOf,
   circle,
@@ -84,6 +85,20 @@ const CHORD_MIDDLE = middle(P1, P2);
 
 const DPHI_TURNED = turned(P1, P0, "dphi");
 
+const bySign = (more, less) => (sense) => (sense > 0 ? more : less);
+// The other crossing of a line with the circle, which the other sense chooses.
+function otherSense(chosen, along) {
+  const [P_, Q] = [chosen, along].map(at);
+  const other = { terms: [...P_.terms, ...Q.terms, ...P0.terms], where: (v) =>
+    add(times(footOn(P0, P_, Q).where(v), 2), P_.where(v), -1) };
+  return { ...point(other, "other sense", { tone: "soft", held: false }), span: () => [],
+    say: () => null };
+}
+
+const CHOSEN = { ...FOUND, sense: bySign("positive", "not positive") };
+const CENTRES = { status: ["none, or a level chord", "one centre", "two centres"],
+  sense: bySign("on the line\u2019s positive side", "on its negative side") };
+
 const KINDS = ["", "a point", "a polygon", "a circle", "a segment", "the rest of a circle"];
 
 // A rise of more than the radius belongs to more than half of the circle.
@@ -107,6 +122,13 @@ const theOtherWay = (phi) => phi - (phi < 0 ? -2 : 2) * Math.PI;
 const named = (term) => Object.assign((v) => equation(term, v),
   { terms: [term] });
 
+// From P1 towards the raised point's side, by half the angle of the chord.
+const halfTurn = (v) => (-v.scalar("sense") * Math.abs(turnBetween(P0, v))) / 2;
+
+const TURNED = Object.assign(
+  (v) => `${equation("sense", v)}: ${v.scalar("sense") > 0 ? "clockwise" : "counter-clockwise"}`,
+  { terms: ["sense"] });
+
 const nearArc = (v) => turnBetween(P0, v);
 const rest = (v) => theOtherWay(nearArc(v));
 
@@ -115,10 +137,11 @@ const X_AXIS = fixed(1, 0);
 const CIRCLE = {
   kezcer: plane([circle("D E F"), point("xc yc"),
     distance("xc yc", sum("xc yc", mixed("r", 0)), "r", { tone: "ink" })], { tell: "D E F" }),
-  kezlci: plane([line("a b c"), circle("D E F"), point("x1 y1"), point("x2 y2")], { tell: "n" }),
+  kezlci: plane([line("a b c"), circle("D E F"), point("x1 y1"), point("x2 y2")], { tell: "n", meanings: { n: ["misses", "touches", "cuts"] } }),
   kezc12: plane([circle("D1 E1 F1"), circle("D2 E2 F2"),
     segment("x1 y1", "x2 y2", "", HELP), point("x1 y1"),
-    point("x2 y2")], { tell: "n" }),
+    point("x2 y2")], { tell: "n",
+    meanings: { n: ["no common point", "touching", "crossing"] } }),
   kezcin: plane([circleThrough("X.1 Y.1", "X.2 Y.2"),
     cap("X.1 Y.1", "x2 y2", "x3 y3", "k", 4),
     angle("X.1 Y.1", "x2 y2", "x3 y3", undefined, { name: "phi", tone: "soft" }),
@@ -127,40 +150,47 @@ const CIRCLE = {
     point("x2 y2"), point("x3 y3")], { tell: "k",
     meanings: { k: ["", "in the positive region", "in the negative region",
       "segment of phi positive", "segment of 2 pi - phi positive"] } }),
-  kezcer6: plane([...GUIDE, ...REACHED, through(P0, MEASURED), point(P)], { tell: "status sense" }),
+  kezcer6: plane([...GUIDE, ...REACHED, through(P0, MEASURED), otherSense(P, P0), point(P)], { tell: "status sense", meanings: CHOSEN }),
   kezcer8: plane([...GUIDE, ...REACHED, segment(MEASURED, P, "", HELP),
-    square(MEASURED, P2, P), point(P)], { tell: "status sense" }),
+    square(MEASURED, P2, P), otherSense(P, MEASURED), point(P)], { tell: "status sense", meanings: CHOSEN }),
   kezcer9: plane([...GUIDE, distance(P1, MEASURED, "L", { tone: "ink", shift: 18 }),
     spot(MEASURED), distance(LEFT_EDGE, RIGHT_EDGE, "w", { tone: "ink", shift: -18 }),
     segment(LEFT_EDGE, "xa ya", "", HELP),
     segment(RIGHT_EDGE, "xb yb", "", HELP),
     square(LEFT_EDGE, P1, "xa ya"), square(RIGHT_EDGE, P2, "xb yb"),
-    point("xa ya"), point("xb yb")], { tell: "status sense" }),
+    otherSense("xa ya", LEFT_EDGE), otherSense("xb yb", RIGHT_EDGE),
+    point("xa ya"), point("xb yb")], { tell: "status sense", meanings: CHOSEN }),
   kezcer4: plane([...GUIDE, ...REACHED, through(MEASURED, atAngle(MEASURED)),
     angle(MEASURED, P2, atAngle(MEASURED), "theta", { tone: "ink" }), point(P)],
-  { tell: "status" }),
-  kezcer10: plane([...GUIDE, through(P1, P2), turn(P1, P0, "dphi"), spot(DPHI_TURNED),
+  { tell: "status", meanings: FOUND }),
+  kezcer10: plane([...GUIDE, through(P1, P2), segment(P0, P1, "", HELP),
+    segment(P0, DPHI_TURNED, "", HELP),
+    turn(P1, P0, "dphi", { share: 0.6 }), 
+    point(DPHI_TURNED, "P1 turned", { tone: "soft", held: false }),
     through(DPHI_TURNED, atAngle(DPHI_TURNED)),
     angle(P, sum(P, between(P2, P1)), sum(P, between(atAngle(DPHI_TURNED), DPHI_TURNED)), "theta",
-      { tone: "ink" }), point(P)], { tell: "status" }),
+      { tone: "ink" }), point(P)],
+  { tell: "status", meanings: { status: ["crossing", "the lines coincide", "parallel"] } }),
   kezcer5: plane([...GUIDE, ...REACHED, through(MEASURED, RAISED),
-    distance(CHORD_MIDDLE, RAISED, "h", { tone: "ink" }), spot(RAISED), point(P)],
-  { tell: "status sense" }),
+    distance(CHORD_MIDDLE, RAISED, "h", { tone: "ink" }), spot(RAISED), segment(P0, P1, "", HELP),
+    arcOf(P0, sum(P0, between(P1, P0), 0.45), halfTurn, { look: "thin", label: TURNED }),
+    point(P)],
+  { tell: "status sense", meanings: CHOSEN }),
   kezcer2: plane([circleAbout("c1x c1y", "R", "", { look: "thin", tone: "soft" }),
-    circleAbout("c2x c2y", "R", "", { look: "thin", tone: "soft" }), circleAbout("cx cy", "R"),
+    circleAbout("c2x c2y", "R", "", { look: "thin", tone: "soft" }), circleAbout("cx cy", "R", "about cx, cy"),
     segment(P1, P2), point(P1), point(P2), point("c1x c1y", undefined, { tone: "accent" }),
-    point("c2x c2y", undefined, { tone: "accent" }), distance("cx cy", P1, "R", { tone: "ink" })],
-  { tell: "status sense" }),
+    point("c2x c2y", undefined, { tone: "accent" }), distance("cx cy", P1, "R", { tone: "ink", held: false })],
+  { tell: "status sense cx cy", meanings: CENTRES }),
   kezcer1: plane([circleAbout("cx cy", "R", "", HELP),
     segment(P1, P2), arcOf("cx cy", P1, chordAngle, { tone: "accent" }), point(P1), point(P2),
     distance(CHORD_MIDDLE, TOP, "f", { tone: "ink" }), point("cx cy"),
-    distance("cx cy", P2, "R")], { tell: "status sense" }),
+    distance("cx cy", P2, "R")], { tell: "status sense", meanings: CENTRES }),
   kezarc1: plane([segment(P0, P1), segment(P0, P2), arcOf(P0, P1, rest, { tone: "accent",
     look: "thin dashed", label: named("s2") }), arcOf(P0, P1, nearArc, { tone: "accent",
-    label: named("s1") }), point(P0), point(P1), point(P2)], { tell: "status" }),
+    label: named("s1") }), point(P0), point(P1), point(P2)], { tell: "status", meanings: FOUND }),
   kezacp: plane([circleThrough(P0, P1, { look: "thin", tone: "soft" }), cap(P0, P1, P2, "kind", 5),
     segment(P1, P2, "", { look: "thin" }), point(P0), point(P1), point(P2), point("xs ys")],
-  { tell: "area kind" }),
+  { tell: "area kind", meanings: { kind: (k) => (k === 5 ? KINDS[5] : KINDS[4]) } }),
 };
 
 // From the first end of the chord to the second about the arc's centre.
@@ -173,19 +203,20 @@ const PLACEMENT = {
   keztra: plane([newOrigin("tx ty", "X' Y'", "n", { flat: true }), polygon("X Y", "n"),
     point("tx ty")], { tell: "X.1 Y.1 X.1' Y.1'", silent: "n" }),
   kezrot: plane([polygon("X Y", "n"), polygon("X' Y'", "n"), turns("X Y", "n", "angle", "mode")],
-    { tell: "mode", silent: "n" }),
+    { tell: "mode", meanings: TURN("clockwise", "counter-clockwise"), silent: "n" }),
   kezcer3: plane([segment(P0, P, "", { look: "thin" }), segment(P0, "xo yo", "", { look: "thin" }),
-    point(P0), point(P), turn(P, P0, "dphi"), point("xo yo")], { tell: "status" }),
+    point(P0), point(P), turn(P, P0, "dphi"), point("xo yo")],
+  { tell: "status", meanings: FOUND }),
 };
 
 const OUTLINES = {
   kezapl: plane([polygon("X Y", "n", { wash: "accent-wash" })], { tell: "area", silent: "n" }),
   kezair: plane([area("X Y", "n", "kind")], { tell: "area' kind factor A0", silent: "n",
-    meanings: { kind: KINDS } }),
+    meanings: { kind: (k) => KINDS[k] || "no kind" } }),
   kezspl: plane([polygon("X Y", "n"), levers("X Y", "n", 2, ["Sx", "Sy"])],
     { tell: "Sx Sy", silent: "n" }),
   kezstm: plane([area("X Y", "n", "kind"), levers("X Y", "n", "kind", ["Sx", "Sy"])],
-    { tell: "Sx' Sy' kind factor A0", silent: "n", meanings: { kind: KINDS } }),
+    { tell: "Sx' Sy' kind factor A0", silent: "n", meanings: { kind: (k) => KINDS[k] || "no kind" } }),
   kezipl: plane([polygon("X Y", "n"), gyration("X Y", "n", ["Ix", "Iy"])],
     { tell: "Ix Iy Ixy", silent: "n" }),
   kezcnv: plane([polygon("X Y", "n"), vertexAngles("X Y", "n")], { tell: "flag", silent: "n",
@@ -197,7 +228,7 @@ const OUTLINES = {
     square(footOn(P0, P1, P2), P2, P0), square(footOn("x3 y3", P1, P2), P1, "x3 y3"),
     distance(P1, footOn(P0, P1, P2), "a0", { shift: 24 }),
     distance(P1, footOn("x3 y3", P1, P2), "a3", { shift: 48 }),
-    distance(P1, P2, "L", { shift: 72 })], { silent: "z0 z1 z2 z3" }),
+    distance(P1, P2, "L", { shift: 72 })], { tell: "z0 z1 z2 z3" }),
   kezapp: plane([besideAngle(P0, P1, P2), segment(P0, P1), segment(P0, P2),
     point(P0), point(P1), point(P2),
     points("X Y", "n", { flags: "flag" })], { silent: "n", key: ["flag 1: in what is shaded"] }),

@@ -13,6 +13,7 @@ import {
   segment,
   square,
   vector,
+  verdict,
 } from "./marks.js";
 import {
   add,
@@ -36,7 +37,7 @@ import { line, plane, points, through } from "./plane.js";
 import { entries, interval, ruler, sides, value, zero } from "./ruler.js";
 import { meeting, patch, solid } from "./planes.js";
 import { beyond, legs, shadows, space } from "./space.js";
-import { ENDS, NO_YES, P, P1, P2, P3, P4 } from "./terms.js";
+import { ENDS, NO_YES, P, P1, P2, P3, P4, POSITIONS } from "./terms.js";
 
 const P5 = at("x5 y5 z5");
 const P6 = at("x6 y6 z6");
@@ -55,8 +56,6 @@ const LINES = ["coplanar, oblique", "parallel", "parallel, opposite", "same line
   "same line, opposite", "perpendicular", "skew", "undefined"];
 const PLANES = ["intersecting", "parallel", "parallel, opposite", "same plane",
   "same plane, opposite", "perpendicular", "null normal"];
-const POSITIONS = ["off the line", "at the first end", "at the second end", "between the ends",
-  "before the first end", "beyond the second end"];
 
 const POINTS = {
   kezpds: space([...ENDS, distance(P1, P2, "d")]),
@@ -65,7 +64,7 @@ const POINTS = {
   kezcnt1: ruler([zero, value("a"), value("b"), value("c")],
     { tell: "zero", meanings: { zero: NO_YES } }),
   kez123: space([...ENDS, segment(P1, P2), segment(P1, P, "", { tone: "accent" }), point(P)],
-    { tell: "same t" }),
+    { tell: "same t", meanings: { same: NO_YES } }),
   kezpre: space([...TWO_SEGMENTS, vector(P1, MOVED, "", { tone: "soft", look: "dashed" }),
     outline([P1, P2, sum(P2, between(P4, P3)), MOVED], { tone: "soft", look: "dashed thin" }),
     pointer("c.1 c.2 c.3", P1, "c", 0.9)], { tell: "c.1 c.2 c.3" }),
@@ -74,7 +73,8 @@ const POINTS = {
     segment(P1, footOn(MOVED, P1, P2), "", { tone: "accent" }),
     square(footOn(MOVED, P1, P2), P1, MOVED)], { tell: "d" }),
   keztrg: space([...TWO_SEGMENTS, vector(P1, MOVED, "", { tone: "soft", look: "dashed" }),
-    angle(P1, P2, MOVED, undefined, { tone: "accent", radius: 60 })], { tell: "cosa sina status" }),
+    angle(P1, P2, MOVED, undefined, { tone: "accent", radius: 60 })], { tell: "cosa sina status",
+      meanings: { status: ["found", "the ends of a segment coincide"] } }),
   kezmed: space([...ENDS, segment(P1, P2), point("xm ym zm")]),
   kezdtr2: plane([outline([ORIGIN, at("a b"), sum("a b", "c d"), at("c d")],
     { tone: "accent", look: "thin", wash: true }), direction("a b"), direction("c d")],
@@ -89,7 +89,7 @@ const POINTS = {
   kezint: chart([through("x1 y1", "x2 y2"), segment("x1 y1", "x2 y2"), point("x1 y1"),
     point("x2 y2"), read("x y", ["x", "y"]), point("x y")], { tell: "y x" }),
   kezvin: ruler([sides("b", ["side 1", "side 2"]), value("b")],
-    { tell: "side", silent: "a c d e" }),
+    { tell: "side", meanings: { side: { 1: "b > 0", 2: "not so" } }, silent: "a c d e" }),
 };
 
 const Q1 = at("x1 y1");
@@ -127,7 +127,7 @@ const LINES_IN_PLANE = {
     angle(Q0, BISECTED, Q2, undefined, { tone: "accent", radius: 56 })],
   { tell: "a b c" }),
   kezpsl: space([beyond(P1, P2, "", { tone: "soft", look: "dashed" }), segment(P1, P2), ...ENDS,
-    point(P, undefined, { tone: "accent" })], { tell: "pos", meanings: { pos: POSITIONS } }),
+    point(P), verdict(P)], { tell: "pos", meanings: { pos: POSITIONS } }),
   kezplg: space([point("x0 y0 z0"), direction("p1 q1 r1", { from: at("x0 y0 z0") }),
     direction("p2 q2 r2", { from: at("x0 y0 z0") }), patch("A B C D")], { tell: "A B C D" }),
   kezgrc: plane([through(fixed(1, 0), fixed(1, 1), "1"), segment(ORIGIN, "a b"),
@@ -149,16 +149,18 @@ const ANGLES = {
     ...ENDS, angle("x0 y0 z0", P1, P2, "phi", { radius: 56 })]),
   kezphip: space([...DIRECTIONS, beyond(sum(ORIGIN, U, -1), U, "", { tone: "soft" }),
     beyond(sum(ORIGIN, W, -1), W, "", { tone: "soft" }),
-    angle(ORIGIN, U, ACUTE, "phi", { radius: 56 })], { tell: "fail" }),
+    angle(ORIGIN, U, ACUTE, "phi", { radius: 56 })],
+  { tell: "fail", meanings: { fail: { kept: "no failure", "-1": "a direction is too short" } } }),
   kezmov: space([point(P1), vector(P1, P2, "P1 P2"), vector(P3, P4, "P3 P4"),
     vector(P1, MOVED, "", { tone: "soft", look: "dashed" }),
     shadows(P1, P2, MOVED, ["ax", "ay", "az"])]),
-  kezdir: space([...DIRECTIONS, angle(ORIGIN, U, W, undefined, { tone: "accent" })],
+  kezdir: space([...DIRECTIONS,
+    angle(ORIGIN, U, W, undefined, { tone: "accent", right: true })],
     { tell: "rel", meanings: { rel: RELATIONS } }),
   kezdirl: space([beyond(P1, P2), beyond(P3, P4), ...ENDS, point(P3), point(P4)],
     { tell: "rel", meanings: { rel: LINES } }),
-  kezdirp: space([patch("A1 B1 C1 D1", undefined, { meets: ["A2 B2 C2 D2"] }),
-    patch("A2 B2 C2 D2", undefined, { meets: ["A1 B1 C1 D1"] }),
+  kezdirp: space([patch("A1 B1 C1 D1", undefined, { meets: ["A2 B2 C2 D2"], normal: "normal 1" }),
+    patch("A2 B2 C2 D2", undefined, { meets: ["A1 B1 C1 D1"], normal: "normal 2" }),
     meeting("A1 B1 C1 D1", "A2 B2 C2 D2")], { tell: "rel", meanings: { rel: PLANES } }),
 };
 
@@ -168,9 +170,9 @@ const sorted = (name) => lists([cells(name, { count: "n" }),
   cells(`${name}'`, { count: "n", links: "equal" })], { silent: "n" });
 
 const TABLES = {
-  kezpos: ruler(SOUGHT, { tell: "i", silent: "n" }),
+  kezpos: ruler(SOUGHT, { tell: "i", silent: "n", meanings: { i: ["in none"] } }),
   kezpos1: ruler(SOUGHT, { tell: "code i", silent: "n",
-    meanings: { code: ["outside", "equals an entry", "inside an interval"] } }),
+    meanings: { code: ["outside", "equals an entry", "inside an interval"], i: ["none"] } }),
   kezord: sorted("x"),
   kezord1: sorted("ia"),
   kezinv: sorted("x"),
@@ -182,7 +184,7 @@ const SAMPLING = {
   kezpas: space([segment(P1, P2), division(P1, P2, "nseg"), ...ENDS,
     distance(P1, along(P1, P2, "realstep"), "realstep", { tone: "accent", shift: 26 })],
   { tell: "nseg npts step" }),
-  keznst: space([segment(P1, P2), points("xs ys zs", "n"), ...ENDS,
+  keznst: space([segment(P1, P2), points("xs ys zs", "n", { named: 2 }), ...ENDS,
     distance(P1, along(P1, P2, "step"), "step", { tone: "ink", shift: 26 })], { silent: "n" }),
   kezinr: chart([bars("y", "n", "a", "b")], { tell: "s a b", silent: "n" }),
   kezpar: lists([cells("list1", { count: "count1", links: "equal", to: 1 }),

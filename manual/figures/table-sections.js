@@ -1,6 +1,6 @@
 // Steel sections and design values.
 
-import { CENTRES, CHANNEL, corner } from "./channel.js";
+import { CENTRES, CHANNEL, CHANNEL_NAMES, corner } from "./channel.js";
 import { curve, inset } from "./chart.js";
 import { cells, lists } from "./lists.js";
 import { PANEL, panelDims, STIFFENER, stiffenerDims, STRESSED } from "./panel.js";
@@ -96,7 +96,7 @@ const DESIGN = {
   kezshc_c: section([CHANNEL, CENTRES, dim("B", corner(3), corner(2), top),
     dim("H", corner(2), corner(5), right)], { tell: "x0 C t" }),
   kezwar_c: curve("kezwar_c", "C", "Iw", upTo("H", 0.45),
-    { marks: [inset([CHANNEL], { left: 0.14 })], tell: "Iw B H t" }),
+    { marks: [inset([CHANNEL, CHANNEL_NAMES], { left: 0.14 })], tell: "Iw B H t" }),
   kezlul: ruler([range("lo", "hi"), entries("x", "n", { chosen: "idx", of: "count" }),
     gap("d1", "lo", (v) => v.array("x")[v.array("idx")[0] - 1]),
     gap("d2", "hi", (v) => v.array("x")[v.array("idx")[v.scalar("count") - 1] - 1])],

@@ -1,11 +1,22 @@
 // The numbers of a call by the names that rows use: `x1` is an input, or else a result; `x1'` the
 // result of an argument that is both; `X.2` the second entry of an array; `-d` a negated value.
 
+import { number } from "./svg.js";
+
 const TERM = /^(-?)([A-Za-z]\w*?)(?:\.(\d+))?('?)$/;
 const LARGEST = 1e30; // squares and products of a few of these are still numbers
 const MOST = 60; // entries of a list that are drawn
 
 export const nameOf = (term) => TERM.exec(term)[2];
+
+// Angles are radians; degrees are what a reader sees.
+const ANGLES = new Set(["theta", "phi", "dphi", "angle", "ax", "ay", "az"]);
+
+export const inDegrees = (radians) =>
+  `${number(Number(((radians * 180) / Math.PI).toPrecision(4)))}°`;
+
+export const degreesBeside = (term, value) =>
+  ANGLES.has(nameOf(term)) && Number.isFinite(value) ? ` (${inDegrees(value)})` : "";
 
 // Names in words, before and after the call alike.
 export const plainNames = (terms) => terms.join(", ").replaceAll("'", "");

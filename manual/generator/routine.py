@@ -32,6 +32,11 @@ def argument_row(group, names):
                        group.kept_clause(), conditions.beyond(group.kept_when) or "")
 
 
+def is_length(argument):
+    unit = UNIT.search(argument.text)
+    return bool(unit) and unit[1] == "length"
+
+
 def argument_rows(routine):
     """Neighbours that the header documents together stand together."""
     def documented(a):

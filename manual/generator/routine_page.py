@@ -4,6 +4,7 @@ import json
 import urllib.parse
 from dataclasses import dataclass
 
+from interface import conditions
 from interface.languages import known_as
 from markupsafe import Markup as Safe
 
@@ -58,14 +59,15 @@ def shown_group(calls, prose):
 
 def argument_data(argument):
     return {"name": argument.name, "kind": argument.kind, "direction": argument.direction,
-            "extent": argument.extent, "kept": argument.kept_when}
+            "extent": argument.extent, "length": routine.is_length(argument),
+            "kept": argument.kept_when, "beyond": conditions.beyond(argument.kept_when) or ""}
 
 
 def page_data(r, calls, tabs):
     """What the scripts need, in the page and when it is made."""
     return {"name": r.name, "sentence": plain_text(routine.sentence(r)),
             "arguments": [argument_data(a) for a in r.arguments], "example": calls[0].inputs,
-            "languages": [languages.data(tab, r) for tab in tabs]}
+            "keeps": bool(r.kept), "languages": [languages.data(tab, r) for tab in tabs]}
 
 
 def embedded(data):

@@ -14,6 +14,8 @@ export const AXE = readFileSync(require.resolve("axe-core/axe.min.js"), "utf8");
 export const pages = readdirSync(MANUAL).filter((file) => file.endsWith(".html"));
 export const textOf = (page) => readFileSync(`${MANUAL}/${page}`, "utf8");
 export const address = (page) => `${pathToFileURL(MANUAL)}/${page}`;
+export const dataOf = (page) =>
+  JSON.parse(/id="routine">(.*?)<\/script>/s.exec(textOf(page))[1]);
 export const routines = pages.filter((page) => textOf(page).includes('id="routine"'));
 
 export const kezcall = (...words) => execFileSync(KEZCALL, words, { encoding: "utf8" });

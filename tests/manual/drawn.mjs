@@ -4,6 +4,15 @@ import { execFileSync } from "node:child_process";
 import { fileURLToPath } from "node:url";
 import { draw } from "../../manual/figures/draw.js";
 
+// Seeded, as the library's own: the same numbers on every machine.
+export function generator(seed) {
+  let state = seed;
+  return (below) => {
+    state = (Math.imul(state, 1664525) + 1013904223) >>> 0;
+    return Math.floor((state / 2 ** 32) * below);
+  };
+}
+
 const SCRIPT = fileURLToPath(new URL("calls.py", import.meta.url));
 export const ROUTINES = JSON.parse(execFileSync("python3", ["-B", SCRIPT], { maxBuffer: 1 << 26 }));
 

@@ -4,6 +4,7 @@ import assert from "node:assert/strict";
 import { mkdtempSync, writeFileSync } from "node:fs";
 import { tmpdir } from "node:os";
 import { after, afterEach, before, beforeEach, test } from "node:test";
+import { answered, assertSame } from "./answers.mjs";
 import { address, kezcall, launch, open, ready, watchedTab } from "./browser.mjs";
 
 let browser;
@@ -34,35 +35,6 @@ const results = async () =>
       ),
     ),
   );
-
-const written = (text) => text.split(" ").filter((token) => token !== ".");
-
-function answeredLine(line) {
-  const [, name, value] = /^(\w+) +(?:= )?(.*?)(?: +unchanged)?$/.exec(line);
-  const shown = value === "not written" ? "kept" : value.replace(/^\[(.*)\]$/, "$1");
-  return [name, written(shown).join(" ") || "kept"];
-}
-
-// Of kezcall's answer, by output what the page shows.
-const answered = (text) => Object.fromEntries(text.trim().split("\n").map(answeredLine));
-
-// To some last places: sines and the like are the platform's.
-function agree(one, other) {
-  if (one === other || Object.is(Number(one), Number(other))) return true;
-  const [a, b] = [Number(one), Number(other)];
-  return Math.abs(a - b) <= 2e-6 * Math.max(Math.abs(a), Math.abs(b));
-}
-
-function assertSame(found, wanted, what) {
-  assert.deepEqual(Object.keys(found), Object.keys(wanted), what);
-  for (const [name, text] of Object.entries(wanted)) {
-    const [ours, theirs] = [found[name], text].map(written);
-    assert.ok(
-      ours.length === theirs.length && ours.every((token, i) => agree(token, theirs[i])),
-      `${what}: ${name} is ${found[name]}, kezcall has ${text}`,
-    );
-  }
-}
 
 const isArray = async (name) =>
   (await field(name).locator("xpath=..").getAttribute("class")) === "array";
@@ -125,10 +97,13 @@ test("a worked call goes into the fields, and the way back out of them", async (
   const call = tab.locator(".worked .call").nth(3);
   const href = await call.getAttribute("href");
   await call.click();
+  await tab.waitForURL((url) => url.hash === href);
+  await tab.waitForTimeout(100);
   const wanted = Object.fromEntries(new URLSearchParams(href.slice(1)));
   assert.deepEqual(Object.fromEntries(await fields()), wanted);
   await tab.goBack();
   await tab.waitForURL(address("kezlci.html"));
+  await tab.waitForTimeout(100);
   assert.deepEqual(await fields(), example);
 });
 
@@ -286,4 +261,139 @@ test("what is not there is not found", async () => {
   assert.deepEqual(await tab.locator("#found li").allTextContents(), ["Nothing is found."]);
   await tab.keyboard.press("Enter");
   assert.match(tab.url(), /index\.html$/);
+});
+
+test("fields take expressions, and say what to write instead of a comma", async () => {
+  await open(tab, "kezpds.html");
+  for (const [name, text] of [["x1", "3/4"], ["y1", "2*(1+sqrt(4))"], ["z1", "-pi/6"]])
+    await field(name).fill(text);
+  for (const [name, text] of [["x2", "0.75"], ["y2", "6"], ["z2", "-30deg"]])
+    await field(name).fill(text);
+  assert.deepEqual(await results(), { d: "0" });
+  await field("x1").fill("1,5");
+  assert.equal(await message(), "x1: has a comma: write “1.5” with a point");
+  await field("x1").fill("3/");
+  assert.equal(await message(), "x1: “3/” is no number");
+  await open(tab, "kezord.html");
+  await field("n").fill("3.0");
+  await field("x").fill("3,1,2");
+  assert.deepEqual(await results(), { x: "1 2 3" });
+  await field("x").fill("3,1 2,5 7");
+  assert.match(await message(), /“3\.1” with a point, or “3 1” for two entries/);
+});
+
+test("an address may name inputs behind ?, and is told of what there is not", async () => {
+  await tab.goto(`${address("kezpds.html")}?x1=5&foo=1#y1=7&toString=2`);
+  await ready(tab);
+  assert.deepEqual([await field("x1").inputValue(), await field("y1").inputValue()], ["5", "7"]);
+  assert.match(await message(), /“foo”, “toString”; the inputs are x1, y1, z1, x2/);
+  await field("x1").fill("6");
+  assert.equal(await message(), "");
+  assert.equal(tab.url(), `${address("kezpds.html")}#x1=6&y1=7`);
+});
+
+test("an address that the browser refuses to write stops nothing", async () => {
+  await open(tab, "kezpds.html");
+  await tab.evaluate(() => {
+    history.replaceState = () => {
+      throw new DOMException("too often", "SecurityError");
+    };
+  });
+  await field("x1").fill("100");
+  assert.ok(Number((await results()).d) > 90);
+  assert.equal(await message(), "");
+});
+
+// What is grey of the results.
+const unsure = () =>
+  tab.evaluate(() =>
+    Object.fromEntries(
+      [...document.querySelectorAll("#results > div")].map((entry) => [
+        entry.firstChild.textContent,
+        [...entry.querySelectorAll(".unsure")].map((part) => part.textContent).join(""),
+      ]),
+    ),
+  );
+
+test("digits that the inputs' last places change are grey, and others are not", async () => {
+  await open(tab, "kezpds.html");
+  await tab.locator("#digits").check();
+  assert.deepEqual(await results(), { d: "5" });
+  assert.equal(await tab.locator("#tolerance").textContent(), "");
+  await field("x1").fill("100000.11");
+  await field("x2").fill("100000.52");
+  for (const name of ["y1", "z1", "y2", "z2"]) await field(name).fill("0");
+  const [all, grey] = [(await results()).d, (await unsure()).d];
+  const difference = 2 ** -7; // what singles of this size are apart
+  assert.ok(all.endsWith(grey) && grey.length > 3, `${all}, of which ${grey}`);
+  assert.ok(Math.abs(all - 0.41) <= difference);
+  assert.match(await tab.locator("#tolerance").textContent(), /0\.0078 apart.*1\.0e-5 is less/);
+  await tab.locator("#digits").uncheck();
+  assert.equal((await unsure()).d, "");
+});
+
+async function dragged(selector, [dx, dy]) {
+  const box = await tab.locator(selector).boundingBox();
+  const middle = [box.x + box.width / 2, box.y + box.height / 2];
+  await tab.mouse.move(...middle);
+  await tab.mouse.down();
+  await tab.mouse.move(middle[0] + dx, middle[1] + dy, { steps: 4 });
+  await tab.mouse.up();
+}
+
+const valuesNow = async () => Object.fromEntries(await fields());
+const changedNames = (before, now) => Object.keys(now).filter((name) => now[name] !== before[name]);
+
+test("points in space move in the plane that is chosen and shown", async () => {
+  await open(tab, "kezpds.html");
+  const handle = '#picture .handle[data-x="x2"]';
+  await tab.locator(handle).focus();
+  assert.ok(await tab.locator(`${handle} .plane`).isVisible());
+  for (const [plane, names] of [["xy", ["x2", "y2"]], ["yz", ["y2", "z2"]]]) {
+    await tab.locator(`#plane [value=${plane}]`).check();
+    const before = await valuesNow();
+    await dragged(handle, [25, -20]);
+    assert.deepEqual(changedNames(before, await valuesNow()), names);
+  }
+});
+
+for (const [name, selector, changes] of [
+  ["kezlci", '[data-x="D"] >> nth=0', ["D", "E", "F"]],
+  ["kezlci", '[data-x="a"] >> nth=0', ["c"]],
+  ["kezsec_t", '[data-x="b"]', ["b"]],
+  ["kezefr", '[data-x="b"]', ["b"]],
+  ["kezpos", '[data-x="v"]', ["v"]],
+]) {
+  test(`${name}: dragging changes ${changes}, and what is beyond the frame comes back`, async () => {
+    await open(tab, `${name}.html`);
+    const before = await valuesNow();
+    const handle = `#picture .handle${selector}`;
+    await dragged(handle, [22, -14]);
+    assert.deepEqual(changedNames(before, await valuesNow()), changes);
+    await dragged(handle, [600, -300]);
+    const box = await tab.locator(handle).boundingBox();
+    const frame = await tab.locator("#picture").boundingBox();
+    assert.ok(box.x > frame.x - 20 && box.x < frame.x + frame.width + 20, JSON.stringify(box));
+    assert.equal(await message(), "");
+  });
+}
+
+test("each worked call has a small picture, and one that is tried brings the large one", async () => {
+  await open(tab, "kezlci.html");
+  const calls = tab.locator(".worked .call");
+  await tab.waitForFunction(() =>
+    document.querySelectorAll(".worked .call .thumb svg").length > 8,
+  );
+  await calls.nth(4).click();
+  await tab.waitForFunction(() => document.getElementById("picture").getBoundingClientRect().top >= 0);
+});
+
+test("print shows all worked calls, and no form", async () => {
+  await open(tab, "kezlci.html");
+  await tab.evaluate(() => dispatchEvent(new Event("beforeprint")));
+  await tab.emulateMedia({ media: "print" });
+  const calls = await tab.locator(".worked .call").all();
+  assert.ok(calls.length > 8);
+  for (const call of calls) assert.ok(await call.isVisible());
+  assert.equal(await tab.locator("#fields").isVisible(), false);
 });

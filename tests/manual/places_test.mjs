@@ -20,32 +20,59 @@ function scaleOf(svg) {
   return ["scale", "left", "top"].map((part) => Number(attribute(root, `data-${part}`)));
 }
 
-test("a handle stands where its inputs say, by the picture's scale", () => {
-  let count = 0;
+const near = (value, wanted, scale) => Math.abs(value - wanted) <= 2e-3 * Math.max(scale, 0.05);
+
+// What a handle gives at a position of the page, and what its inputs hold.
+function assertMoves(name, inputs, { names, entry, at, move }, plane) {
+  const held = (term) => (entry === undefined ? inputs[term] : inputs[term][entry - 1]);
+  const stays = move(at, plane);
+  const values = names.map(held);
+  const scale = Math.max(...values.map(Math.abs));
+  assert.ok(Object.keys(stays).length > 0, `${name}: ${names} gives nothing`);
+  for (const [term, value] of Object.entries(stays))
+    assert.ok(near(value, held(term), scale), `${name}: ${term} ${held(term)} becomes ${value}`);
+  const moves = [
+    [at[0] + 30, at[1] - 12],
+    [at[0] - 12, at[1] + 30],
+  ].some((place) => Object.entries(move(place, plane)).some(([t, value]) => value !== stays[t]));
+  assert.ok(moves, `${name}: ${names} cannot be moved`);
+}
+
+test("a handle stands where its inputs say, and moves them", () => {
+  const held = new Map();
   for (const name of NAMES) {
-    const svg = pictureOf(name);
-    const [scale, left, top] = scaleOf(svg);
     const { inputs } = callOf(name);
-    for (const [, group, spot] of svg.matchAll(
-      /(<g class="handle"[^>]*>)<circle[^>]*>(<circle[^>]*>)/g,
-    )) {
-      const place = ["x", "y"].map((axis) => {
-        const value = inputs[attribute(group, `data-${axis}`)];
-        return Array.isArray(value) ? value[attribute(group, "data-entry") - 1] : value;
-      });
-      assert.ok(
-        Math.abs(left + scale * place[0] - attribute(spot, "cx")) < 0.2,
-        `${name}: ${group}`,
-      );
-      assert.ok(
-        Math.abs(top - scale * place[1] - attribute(spot, "cy")) < 0.2,
-        `${name}: ${group}`,
-      );
-      assert.match(group, /tabindex="0" role="slider".*aria-label="[^"]+".*aria-valuenow="/, name);
-      ++count;
+    const report = {};
+    const svg = pictureOf(name, { report });
+    for (const handle of report.handles ?? []) {
+      const planes = handle.lines ? ["xy", "xz", "yz"] : [undefined];
+      for (const plane of planes) assertMoves(name, inputs, handle, plane);
     }
+    const groups = svg.match(/<g class="handle"[^>]*>/g) ?? [];
+    assert.equal(groups.length, report.handles?.length ?? 0, name);
+    for (const group of groups)
+      assert.match(group, /tabindex="0" role="slider".*aria-label="[^"]+".*aria-valuenow="/, name);
+    if (groups.length) held.set(name, groups.length);
   }
-  assert.ok(count > 60, `${count} handles`);
+  assert.ok(held.size > 100, `${held.size} pictures have handles`);
+});
+
+test("a held picture stays where it is while a point of it moves", () => {
+  for (const name of ["kezln3", "kezpds", "kezlds", "kezpos"]) {
+    const { inputs, results } = callOf(name);
+    const report = {};
+    draw(name, inputs, results, { report });
+    const { names, entry, at, move } = report.handles.find((one) => one.names.length < 3 || one.lines);
+    const { view } = report;
+    const moved = structuredClone(inputs);
+    for (const [term, value] of Object.entries(move([at[0] + 9, at[1] - 9], "xy")))
+      if (entry === undefined) moved[term] = value;
+      else moved[term][entry - 1] = value;
+    draw(name, moved, results, { report, view });
+    const found = report.handles.find((one) => `${one.names}` === `${names}` && one.entry === entry);
+    const way = Math.hypot(found.at[0] - at[0], found.at[1] - at[1]);
+    assert.ok(way > 4 && way < 14, `${name}: ${names} went ${way}`);
+  }
 });
 
 test("the grid's lines stand where their coordinates say", () => {
@@ -221,7 +248,7 @@ test("a point's name stands nearer to it by far than to any other point", () => 
       ]),
     );
     for (const [, label, x, y] of svg.matchAll(
-      /aria-label="([^"]*)"[^>]*><circle class="reach" cx="([^"]*)" cy="([^"]*)"/g,
+      /aria-label="([^"]*)"[^>]*>(?:<path[^>]*>)?<circle class="reach" cx="([^"]*)" cy="([^"]*)"[^>]*><circle class="\w+-fill"[^>]*r="4.5"/g,
     )) {
       if (!words.has(label)) continue;
       const [left, bottom, width] = words.get(label);
