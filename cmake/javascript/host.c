@@ -2,6 +2,8 @@
 // routine.
 #include <errno.h>
 #include <fcntl.h>
+#include <stddef.h>
+#include <sys/stat.h>
 #include <sys/types.h>
 #include <unistd.h>
 
@@ -21,7 +23,7 @@ void emscripten_notify_memory_growth(size_t index) {
   (void)index;
 }
 
-// No file can be opened, so that the report of kezcin goes nowhere, and nothing else is imported
+// There is no directory, and no file can be opened, so that the report of kezcin goes nowhere, and nothing else is imported
 // for it.
 int open(const char* path, int flags, ...) {
   (void)path, (void)flags;
@@ -35,8 +37,14 @@ ssize_t write(int file, const void* bytes, size_t size) {
   return -1;
 }
 
-off_t lseek(int file, off_t offset, int from) {
-  (void)file, (void)offset, (void)from;
+char* getcwd(char* path, size_t size) {
+  (void)path, (void)size;
+  errno = ENOENT;
+  return NULL;
+}
+
+int fstat(int file, struct stat* status) {
+  (void)file, (void)status;
   errno = EBADF;
   return -1;
 }

@@ -2,6 +2,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <iterator>
 #include <string_view>
 #include <utility>
 
@@ -39,13 +40,14 @@ struct Routine {
   void (*calls)(std::int32_t, void* const*, const std::intptr_t*);
 
   constexpr std::string_view view() const { return {name.data()}; }
+  constexpr bool operator<(const Routine& other) const { return view() < other.view(); }
 };
 
 template <auto routine, std::size_t size>
 constexpr Routine described(const char (&name)[size]) {
   Routine result{{}, arguments_of(routine), calls_of<routine>};
   static_assert(size <= result.name.size());
-  std::ranges::copy(name, result.name.begin());
+  std::copy(name, name + size, result.name.begin());
   return result;
 }
 
@@ -53,7 +55,7 @@ constexpr Routine routines[] = {
 #define KEZ_ROUTINE(name) described<name>(#name),
 #include "routines.inc"
 };
-static_assert(std::ranges::is_sorted(routines, {}, &Routine::view));
+static_assert(std::is_sorted(std::begin(routines), std::end(routines)));
 
 }  // namespace
 
@@ -61,7 +63,9 @@ extern "C" void KEZ_CALL kezbatch(const char* routine, const int32_t* arguments,
                                   const int32_t* count, void* const address[],
                                   const intptr_t step[], int32_t* status) {
   const std::string_view name = routine;
-  const Routine* found = std::ranges::lower_bound(routines, name, {}, &Routine::view);
+  const Routine* found = std::lower_bound(
+      std::begin(routines), std::end(routines), name,
+      [](const Routine& before, std::string_view sought) { return before.view() < sought; });
   if (found == std::end(routines) || found->view() != name) {
     *status = 1;
   } else if (found->arguments != *arguments) {

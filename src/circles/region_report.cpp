@@ -65,6 +65,10 @@ bool empty(int file) {
   return ::_chsize(file, 0) == 0;
 }
 
+bool find_directory(char* path, std::size_t room) {
+  return ::_getcwd(path, static_cast<int>(room)) != nullptr;
+}
+
 #else
 
 class HostErrors {
@@ -96,6 +100,10 @@ std::optional<FileIdentity> regular_file(int file) {
 
 bool empty(int file) {
   return ::ftruncate(file, 0) == 0;
+}
+
+bool find_directory(char* path, std::size_t room) {
+  return ::getcwd(path, room) != nullptr;
 }
 
 #endif
@@ -186,7 +194,7 @@ void RegionReport::reopen() {
 void RegionReport::find_path() {
   path_ = {};
   const std::size_t room = path_.size() - std::strlen(report_name) - 2;
-  if (::getcwd(path_.data(), static_cast<int>(room)))
+  if (find_directory(path_.data(), room))
     path_[std::strlen(path_.data())] = '/';
   else
     path_ = {};

@@ -51,7 +51,8 @@ AlternateRuns split_alternately(std::int32_t i1, std::int32_t i2, std::int32_t m
 }
 
 void write(Run run, std::span<std::int32_t> list) {
-  for (std::int32_t i = 0; i < run.count; ++i) list[i] = run.first + i * run.step;
+  for (std::int32_t i = 0; i < run.count; ++i)
+    list[static_cast<std::size_t>(i)] = run.first + i * run.step;
 }
 
 }  // namespace kez

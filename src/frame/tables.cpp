@@ -73,11 +73,11 @@ void reverse(std::span<RawWord> x) {
 
 std::int32_t select(std::span<const std::int32_t> table, std::int32_t v,
                     std::span<std::int32_t> positions) {
-  std::int32_t count = 0;
+  std::size_t count = 0;
   for (std::size_t i = 0; i < table.size(); ++i) {
     if (table[i] == v) positions[count++] = position_of(i);
   }
-  return count;
+  return static_cast<std::int32_t>(count);
 }
 
 std::optional<RangeEntries> find_range(std::span<const float> x, float low, float high,

@@ -187,7 +187,7 @@ std::int32_t map_distinct(std::span<const float> list, float value, float tol,
       // apart even from itself, and every entry is taken.
       const bool stands = apart(list[i], value, tol) && map[i] == 0;
       if (!apart(stands ? list[i] : marker, marker, tol)) continue;
-      distinct[count++] = list[i];
+      distinct[static_cast<std::size_t>(count++)] = list[i];
       search.visit(i, 0, [map, position = count](std::size_t j, bool is_near) {
         map[j] = is_near ? position : map[j];
       });

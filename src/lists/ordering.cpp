@@ -29,7 +29,8 @@ bool order_by(std::size_t count, Entry entry, std::span<std::int32_t> order) {
   const float marker = largest(count, entry) + 1.0f;
   const auto is_below = [marker](Keyed e) { return value_of(e) < marker; };
   const auto chosen =
-      std::ranges::partition_point(sorted.entries(), is_below) - sorted.entries().begin();
+      std::partition_point(sorted.entries().begin(), sorted.entries().end(), is_below) -
+      sorted.entries().begin();
   const auto below = static_cast<std::size_t>(chosen);
   // A pass that begins at not-a-number takes none. Once no entry is below the marker, those that
   // are numbers all equal it, as the markers do, and every pass takes the last of them.

@@ -59,13 +59,13 @@ float distance_by_cross(Segment<Vec3> line, Vec3 p);
 template <typename Height>
 std::int32_t points_near_line(Segment<Vec3> line, const ConstPlanePoints& points, Height z_of,
                               float tol, std::span<std::int32_t> positions) {
-  std::int32_t count = 0;
+  std::size_t count = 0;
   for (std::size_t i = 0; i < points.size(); ++i) {
     const auto [x, y] = points[i];
     const std::int32_t position = position_of(i);
     if (tol >= distance_by_cross(line, {x, y, z_of(position)})) positions[count++] = position;
   }
-  return count;
+  return static_cast<std::int32_t>(count);
 }
 
 }  // namespace kez

@@ -114,7 +114,7 @@ PlaneScan scan(const ConstSpacePoints& points, Plane plane, std::span<std::int32
   for (std::size_t i = 0; i < points.size(); ++i) {
     // Deliberate: only the first point meets the plane as given, and the sum runs on (kezpnp).
     result.sum += dot(n, points[i]);
-    if (result.sum == 0) positions[result.count++] = position_of(i);
+    if (result.sum == 0) positions[static_cast<std::size_t>(result.count++)] = position_of(i);
   }
   return result;
 }
