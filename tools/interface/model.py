@@ -16,6 +16,7 @@ class Argument:
     text: str = ""  # without the clause "; kept ..." or "; unchanged ..."
     kept_when: str = ""  # the cases in which it is not written: "n is 0", "beyond count"
     callback: "Callback | None" = None  # of that kind, its type
+    line: int = 0  # number of the @param that names it: those that belong together share one
 
     def is_kept(self):
         """Whether it is an output that some case leaves as the caller had it."""

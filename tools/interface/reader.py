@@ -106,7 +106,7 @@ def split_clause(text, direction):
     return says, condition
 
 
-def document(tag, by_name, arrays):
+def document(tag, line, by_name, arrays):
     """Enters a @param's facts into the arguments that it names, and returns their names."""
     found = TAG.fullmatch(tag.strip())
     if not found:
@@ -120,7 +120,7 @@ def document(tag, by_name, arrays):
             raise FormError(f"@param[{direction}] {name} contradicts the prototype's const")
         if bool(extent) != (name in arrays or argument.kind == "callback"):
             raise FormError(f"{name}: an array has an extent, a scalar has none")
-        argument.direction, argument.extent = direction, extent or ""
+        argument.direction, argument.extent, argument.line = direction, extent or "", line
         argument.text, argument.kept_when = split_clause(plain(text), direction)
     return names.split(",")
 
@@ -132,7 +132,8 @@ def parse_arguments(parameters, tags, callbacks):
     by_name = {argument.name: argument for argument in arguments}
     if len(by_name) != len(arguments):
         raise FormError("two arguments have one name")
-    documented = [name for tag in tags for name in document(tag, by_name, arrays)]
+    documented = [name for line, tag in enumerate(tags)
+                  for name in document(tag, line, by_name, arrays)]
     if documented != list(by_name):
         raise FormError("the @params are not the arguments in their order: "
                         + (", ".join(sorted(set(by_name) - set(documented))) or "order differs"))
