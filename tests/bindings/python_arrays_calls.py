@@ -16,12 +16,12 @@ import interface  # noqa: E402
 import kezlib  # noqa: E402
 from interface import arithmetic, bulk, rows  # noqa: E402
 from interface.writers import python  # noqa: E402
-from kezlib import arrays  # noqa: E402
+from kezlib import _batch, _strided, arrays  # noqa: E402
 
 DTYPES = {"real": np.float32, "integer": np.int32}
 KEPT = {"real": 0x7FE5A5A5, "integer": 0x80000000}  # what single calls show of an unwritten entry
 MANY = 10_000
-LEADS = (), (3,), (1,), (4, 3), (2, 1, 5), (0, 2)
+LEADS = (), (3,), (1,), (4, 3), (2, 1, 5), (0, 2), (3, 2, 3, 2)
 rng = random.Random(1)
 
 
@@ -160,11 +160,12 @@ def fault(operand, got, wanted, is_preset):
 
 
 def faults(routine, function, operands, given, lead, presets, settle):
-    results = [o for o in operands if o.role.endswith("out") or o.role == "work"]
+    works = [o for o in operands if o.role == "work" and rng.random() < .5]
+    results = [o for o in operands if o.role.endswith("out") or o in works]
     by_keyword = {o.name: disguised(given[o.name]) for o in operands
                   if o.role.startswith("count")}
     by_keyword |= {name: disguised(value) for name, value in presets.items()}
-    if any(o.role == "work" for o in operands):
+    if works:
         by_keyword["changed"] = True
     passed = [disguised(given[o.name]) for o in operands if o.is_given()]
     before = [np.array(value, copy=True) for value in passed]
@@ -207,6 +208,13 @@ def cut(operand, row):
         operand.taken) else values
 
 
+def walk_otherwise():
+    """Many items are parted, lists copied and operands walked along as few are not."""
+    _batch.MANY_ITEMS = _batch.HOST_ITEMS = rng.choice([2, 64])
+    _batch.BUFFER = rng.choice([150, 2**18])
+    _strided.MANY_WALKS = rng.choice([3.5, 256])
+
+
 def check(routine, found_rows, kind):
     function, operands = getattr(arrays, routine.name), bulk.operands(routine)
     taken = [o for o in operands if o.is_given() or o.role.startswith("count")]
@@ -223,6 +231,7 @@ def check(routine, found_rows, kind):
         own = [v.shape[:v.ndim - len(o.inner) - bool(o.extent)] for o, v in
                ((o, given[o.name]) for o in taken)]
         for presets in {}, presets_of(operands, kind, lead):
+            walk_otherwise()
             whole = np.broadcast_shapes(*own, *([lead[1:]] if presets else []))
             yield from faults(routine, function, operands, given, whole, presets, settle)
     for row in found_rows:

@@ -188,6 +188,8 @@ class Call:
 
     def keep_walks_long(self, taken):
         """Copies operands if the library would be called too often."""
+        if len(self.lead) < 2:
+            return
         steps = [_strided.lead_strides(array, o.axes, self.lead) for o, array in taken]
         if 0 in self.lead or not _strided.are_walks_short(self.lead, steps, self.batch.ordered):
             return
@@ -287,24 +289,25 @@ class Call:
             self.walk_along(lengths[inner], inner_steps, starts)
 
     def walk_along(self, count, steps, starts):
-        size = min([HOST_ITEMS if self.heights else MANY_ITEMS, *(work.items for work in self.works)])
+        size = min([HOST_ITEMS if self.heights else MANY_ITEMS, *(w.items for w in self.works)])
         arguments = len(self.bases)
+        addresses = [base + start for base, start in zip(self.bases, starts)]
+        between = list(steps[:arguments])  # from a walk's beginning to that of the next one
+        within = (ctypes.c_ssize_t * arguments)(*between)
+        for work in self.works:
+            for place, address in work.addresses:
+                addresses[place], between[place], within[place] = address, 0, work.row
         for first in range(0, count, size):
             items = min(size, count - first)
-            addresses = [base + start + first * step
-                         for base, start, step in zip(self.bases, starts, steps)]
-            call_steps = list(steps[:arguments])
             for work, start, step in zip(self.works, starts[arguments:], steps[arguments:]):
                 work.refill(start + first * step, step, items)
-                for place, address in work.addresses:
-                    addresses[place], call_steps[place] = address, work.row
-            self.call(items, addresses, call_steps)
+            self.call(items, [a + first * step for a, step in zip(addresses, between)], within)
 
     def call(self, items, addresses, steps):
-        status, arguments = ctypes.c_int32(), len(steps)
+        status, arguments = ctypes.c_int32(), len(addresses)
         kezbatch(self.batch.routine, ctypes.byref(ctypes.c_int32(arguments)),
                  ctypes.byref(ctypes.c_int32(items)), (ctypes.c_void_p * arguments)(*addresses),
-                 (ctypes.c_ssize_t * arguments)(*steps), ctypes.byref(status))
+                 steps, ctypes.byref(status))
         if status.value:
             raise ImportError(f"{self.batch.name}: the library has another {self.batch.routine}")
         if self.heights:
@@ -334,7 +337,8 @@ def fill(result, given, inner_axes, kind):
     length = given.shape[given.ndim - inner_axes - 1]
     before = (slice(None),) * axis
     result[(*before, slice(length))] = given
-    result[(*before, slice(length, None))] = UNWRITTEN[kind]
+    if length < result.shape[axis]:
+        result[(*before, slice(length, None))] = UNWRITTEN[kind]
 
 
 class Work:
@@ -345,17 +349,26 @@ class Work:
         self.inner = len(operand.inner)
         self.steps = _strided.lead_strides(self.array, operand.axes, call.lead)
         size = call.size(operand, self.array)
-        row = 4 * size * int(np.prod(operand.inner))
-        self.items = max(min(BUFFER // max(row, 1), MANY_ITEMS), 1)
-        items = min(self.items, call.items())
-        self.buffer = _strided.new_list(np.empty, (items,), operand.inner, size, "real")
-        self.row = row
+        self.row = 4 * size * int(np.prod(operand.inner))
+        most = min(max(BUFFER // max(self.row, 1), 1), MANY_ITEMS, call.items())
+        self.items = most
+        self.buffer = _strided.new_list(np.empty, (most,), operand.inner, size, "real")
+        self.repeated, self.repeats = None, None  # an item that all calls get, and its beginning
         base = _strided.address(self.buffer)
         self.addresses = [
             (call.batch.places[member], base + offset) for member, offset in
             zip(operand.members.split(), _strided.offsets(self.buffer, self.inner))]
 
     def refill(self, start, step, items):
+        if step:
+            self.fill(start, step, items)
+        elif self.repeats == start:
+            self.buffer.base[:items] = self.repeated[:items]
+        else:
+            self.fill(start, 0, len(self.buffer))
+            self.repeated, self.repeats = self.buffer.base.copy(), start
+
+    def fill(self, start, step, items):
         core = self.array.ndim - 1 - self.inner
         given = _strided.view(self.array, start, (items, *self.array.shape[core:]),
                               (step, *self.array.strides[core:]))
