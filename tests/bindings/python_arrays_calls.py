@@ -1,5 +1,5 @@
-"""Makes calls with the inputs of all rows of tests/cases through kezlib.arrays, in batches of random
-leading shapes, and compares each item with a single call, to the bit.
+"""Makes calls with the inputs of all rows of tests/cases through kezlib.arrays, in batches of
+random leading shapes, and compares each item with a single call, to the bit.
 
 Each operand takes its values from rows of its own, so that most items are calls that no row makes.
 Lists are as long as the longest row's, and counts are given; in further calls they are found.
@@ -189,7 +189,7 @@ def faults(routine, function, operands, given, lead, presets, settle):
 
 
 def presets_of(operands, kind, lead):
-    """For results that may not be written, where that does not ask for lists of a certain length."""
+    """For results that may not be written, except for lists, which would need a certain length."""
     dtypes = DTYPES | {"word": DTYPES[kind]}
     return {o.name: np.full((*lead[1:], *o.inner), -98765, dtypes[o.kind]) for o in operands
             if o.is_kept() and not o.extent and all(a.direction == "out" for a in o.arguments)}

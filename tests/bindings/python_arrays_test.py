@@ -60,7 +60,7 @@ class Shapes(unittest.TestCase):
         p, zero = np.array([[2, 3, 6], [0, 3, 4]]), [0, 0, 0]
         for given in (p.astype(">f8"), p.astype("f2"), p.astype("u1"), p[::-1][::-1], p.tolist(),
                       p.astype(object) + Fraction(0), np.repeat(p, 2, 1)[:, ::2], p > -1):
-            wanted = [7, 5] if given is not None and np.asarray(given).dtype != bool else [3**.5] * 2
+            wanted = [3**.5] * 2 if np.asarray(given).dtype == bool else [7, 5]
             np.testing.assert_allclose(kz.distance(given, zero), wanted, rtol=1e-7)
         buffer = np.zeros(25, np.uint8)[1:].view(np.float32)
         self.assertEqual(kz.distance(buffer[:3], [2, 3, 6]), 7)  # where no float may stand
@@ -77,7 +77,7 @@ class Shapes(unittest.TestCase):
             (lambda: kz.distance(["1", "2", "3"], [1, 2, 3]), TypeError, "distance: p has entries"),
             (lambda: kz.distance([1, 2, None], [1, 2, 3]), TypeError, "p has None, not a real"),
             (lambda: kz.distance([1, 2, 3j], [1, 2, 3]), TypeError, "distance: p has entries of"),
-            (lambda: kz.distance([[1, 2, 3], [1]], [1, 2, 3]), ValueError, "p: its entries make no"),
+            (lambda: kz.distance([[1, 2, 3], [1]], [1, 2, 3]), ValueError, "p: its entries"),
             (lambda: kz.find_positions([1, 2.5], 1), TypeError, "find_positions: ia has entries"),
             (lambda: kz.find_positions([1, 2**31], 1), OverflowError, "ia has an entry beyond"),
             (lambda: kz.polygon_area(SQUARE, n=5), ValueError,

@@ -18,7 +18,8 @@ from .model import FormError
 # Names that texts do not give, by how these begin.
 NAMES = {
     "the axis system": "axes", "unit vector of the x axis": "axes", "the entries, row by": "matrix",
-    "second point minus first": "difference", "the turned point": "turned", "centre, and a point": "circle", "two numbers": "e",
+    "second point minus first": "difference", "the turned point": "turned",
+    "centre, and a point": "circle", "two numbers": "e",
     "0.0": "v", "ignored": "points",
 }
 SHORT = {"point": "p", "vertices": "outline"}  # of what is given
@@ -160,8 +161,8 @@ def noun(text, is_given):
     if of := re.search(rf"(?:(?:of|on) the (?:{ORDINAL})|^[xyz] and [xyz] of the) (\w+)(?=$|,)",
                        whole):
         return of[1]
-    head = re.split(r",|;| \(| (?:of|on|to|with|at|as|against|about|along|in|minus|times|P0|a x) ?\b",
-                    re.sub(r"^the |^slab \d, ", "", text))[0]
+    end = r",|;| \(| (?:of|on|to|with|at|as|against|about|along|in|minus|times|P0|a x)\b"
+    head = re.split(end, re.sub(r"^the |^slab \d, ", "", text))[0]
     *before, last = head.split()
     ordinal = re.match(ORDINAL, before[0]) if before else None
     return SHORT.get(last, last) if is_given else ordinal[0] if ordinal else last

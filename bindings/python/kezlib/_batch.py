@@ -87,6 +87,8 @@ class Batch:
         self.given = [o for o in operands if o.role in ("in", "in,out", "work")]
         self.counts = [o for o in operands if o.role.startswith("count")]
         self.kept = [o for o in operands if o.kept]
+        extents = [e for o in operands for e in (o.size, o.taken) if e]
+        self.sizing = {name for e in extents for name in e.__code__.co_names}
 
     def __call__(self, given, counts=(), presets=(), changed=False):
         return Call(self, given, counts, presets, changed).made()
@@ -133,16 +135,15 @@ class Call:
         inner = len(operand.inner)
         if array.ndim < operand.axes or array.shape[array.ndim - inner:] != operand.inner:
             raise ValueError(f"{place} has shape {array.shape}, not ({operand.shape()})")
+        if self.batch.sizing.intersection(operand.members.split()):
+            array = array.copy()  # the caller's other threads could have lists overrun
         return _strided.laid_out(array, inner) if operand.size else array
 
     def take_counts(self, counts):
         """Those that are not given are the lengths of lists."""
-        self.are_ragged = False
         for operand, value in zip(self.batch.counts, counts):
             if value is not None:
-                self.are_ragged = True
-                self.arrays[operand.name] = _strided.converted(self.place(operand), value,
-                                                               "integer")
+                self.arrays[operand.name] = self.taken(operand, value)
 
     def length(self, operand):
         return self.arrays[operand.name].shape[-1 - len(operand.inner)]
@@ -184,7 +185,8 @@ class Call:
             return np.broadcast_shapes(*leads)
         except ValueError:
             shapes = ", ".join(f"{o.name} {array.shape}" for o, array in taken)
-            raise ValueError(f"{self.batch.name}: the leading axes do not agree: {shapes}") from None
+            text = f"{self.batch.name}: the leading axes do not agree: {shapes}"
+            raise ValueError(text) from None
 
     def keep_walks_long(self, taken):
         """Copies operands if the library would be called too often."""

@@ -20,7 +20,8 @@ def array_of(place, given):
     try:
         return np.asarray(given)
     except ValueError:
-        raise ValueError(f"{place}: its entries make no array: they have different lengths") from None
+        raise ValueError(f"{place}: its entries make no array, for they have different "
+                         "lengths") from None
 
 
 def check_objects(place, array, types, what):

@@ -1,4 +1,4 @@
-"""The functions of arrays for Python, by the readable names, with a named tuple for their results."""
+"""Functions of arrays for Python, by the readable names, and a named tuple for each."""
 
 from .. import bulk
 from ..languages import description, remarks, wrapped
@@ -246,7 +246,8 @@ def write(interface):
     for group in interface.groups:
         lines += python.family(group, interface.routines)
     lines += ['"""', "",
-              "from typing import Any, Callable, Literal, NamedTuple, Optional, Union, overload", "",
+              "from typing import (",
+              "    Any, Callable, Literal, NamedTuple, Optional, Union, overload)", "",
               "import numpy as np", "from numpy.typing import ArrayLike, NDArray", "",
               "from ._batch import Batch, Operand, entry, total", "",
               "RealArray = NDArray[np.float32]", "IntegerArray = NDArray[np.int32]",
