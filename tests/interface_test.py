@@ -10,7 +10,7 @@ import unittest
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "tools"))
 import interface  # noqa: E402
-from interface import arithmetic, languages, rows, writers  # noqa: E402
+from interface import arithmetic, bulk, languages, rows, writers  # noqa: E402
 from interface.writers import (  # noqa: E402
     call_table, fortran, javascript, module_definition)
 
@@ -64,6 +64,27 @@ def prose(file):
 
 def names_in(text):
     return set(re.findall(r"`(kez\w+)`", text))
+
+
+class Bulk(unittest.TestCase):
+    def test_how_arguments_group(self):
+        """Names, axes and roles: ~ is written and no result unless asked for, ? may be kept."""
+        marks = {"in,out": "*", "work": "~", "count": "#", "count,out": "#*", "ignored": "-"}
+        for name, wanted in {
+                "kezlci": "line3 circle3 n first2? second2?", "kezpre": "segment12,3 segment22,3 c",
+                "kezdtr3": "matrix3,3 det", "kezvin": "a- b 3- side",
+                "kezrotx": "mode points3* n# angle", "kezaxe": "o3 a3 b3 axes3,3 status",
+                "kez3lni": "p13* d13 p23* d23 status intersection3?",
+                "kezppp": "n# outline2~ p2 status", "kezair": "points2~ n# kind A0 factor area?",
+                "kezadr": "a- counts n source target?", "kezmer2": "n#* a*",
+                "kezsec_t": "b h tf tw value nc nv vertices2 kind sign v7",
+                "kezipl": "outline2~ n# Ix Iy Ixy", "kezln6": "p3 direction3 q3 tol code onLine",
+        }.items():
+            routine = next(r for r in HEADER if r.name == name)
+            found = [("" if o.role == "ignored" and o.inner else o.name)
+                     + ",".join(map(str, o.inner)) + marks.get(o.role, "")
+                     + ("?" if o.is_kept() else "") for o in bulk.operands(routine)]
+            self.assertEqual(" ".join(found), wanted, name)
 
 
 class Form(unittest.TestCase):
