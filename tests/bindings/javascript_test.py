@@ -108,7 +108,7 @@ def check_pages(place):
 def main():
     (place,) = harness.places()
     assert (place.binding("javascript") / "kezlib.wasm").exists(), "build the preset wasm first"
-    print(harness.check("javascript", javascript, place, says_kept=True, refuses="given"))
+    print(harness.check("javascript", javascript, place, says_kept=True, refuses=True, made=True))
     assert not [*place.work.rglob("OUTPUT.TXT")], "a file was written"
     print(harness.check("typescript", typescript, place, says_kept=True, one_each=True))
     place = harness.replace(place, work=place.work.parent / "installed")
@@ -121,7 +121,8 @@ def main():
                 ((harness.EXAMPLES / "section.mjs").read_text(), SECTION)]
     harness.check_programs(program, programs + harness.page_programs(place, "javascript", "js"),
                            place)
-    place.run("node", "--test", harness.HERE / "javascript_misuse.mjs")
+    place.run("node", "--test", harness.HERE / "javascript_misuse.mjs",
+              harness.HERE / "javascript_lists.mjs")
     shutil.copy(harness.HERE / "javascript_types.mts", place.work)
     place.run("tsc", "--noEmit", *STRICT, "javascript_types.mts")
     print(check_reference(place))
