@@ -58,7 +58,7 @@ def fortran(texts, place, module="kezlib"):
 
 
 def check_checked(place):
-    """Arrays that know their length: every call, lists, and that an array that is too short ends the program."""
+    """Arrays that know their length: every call, and one that is too short ends the program."""
     print(harness.check("fortran", lambda texts, here: fortran(texts, here, "kezlib_checked"),
                         place))
     source = (harness.HERE / "fortran_checked.F90").read_text()
@@ -66,7 +66,7 @@ def check_checked(place):
     for short, says in (("outline", "kezapl: X has 4 entries, too few: 5"),
                         ("pairs", "kezmer4: com has 1 entries, too few: 2")):
         done = subprocess.run([place.work / "program.exe", short], capture_output=True, text=True,
-                              check=False)
+                              env={"LD_LIBRARY_PATH": str(place.library.parent)}, check=False)
         assert done.returncode == 1 and says in done.stderr, done
 
 

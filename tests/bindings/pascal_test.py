@@ -73,9 +73,11 @@ def delphi_unit(place):
 
 
 def declared(place):
-    """By declaration the routine and what is constref; Delphi has the same arguments as const."""
+    """By declaration of the library's the routine and what is constref, or const for Delphi."""
     text = (place.binding("pascal") / "kezlib.pas").read_text()
-    for routine, passed in re.findall(r"procedure (\w+)\(([^)]*)\);", " ".join(text.split())):
+    for routine, passed in re.findall(r"procedure (kez\w+)\(([^)]*)\);", " ".join(text.split())):
+        if "array of" in passed:
+            continue
         groups = re.findall(r"(?:constref|const \[Ref\]) ([^:]*):", passed)
         yield routine, [name for group in groups for name in group.split(", ")]
 
