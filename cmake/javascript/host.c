@@ -2,6 +2,7 @@
 // routine.
 #include <errno.h>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <sys/types.h>
 #include <unistd.h>
 
@@ -21,11 +22,23 @@ void emscripten_notify_memory_growth(size_t index) {
   (void)index;
 }
 
-// No file can be opened, so that the report of kezcin goes nowhere, and nothing else is imported
-// for it.
+// There is no folder, and no file can be opened: the report of kezcin goes nowhere, and nothing is
+// imported for it.
 int open(const char* path, int flags, ...) {
   (void)path, (void)flags;
   errno = ENOENT;
+  return -1;
+}
+
+char* getcwd(char* path, size_t size) {
+  (void)path, (void)size;
+  errno = ENOENT;
+  return NULL;
+}
+
+int fstat(int file, struct stat* status) {
+  (void)file, (void)status;
+  errno = EBADF;
   return -1;
 }
 

