@@ -62,9 +62,9 @@ extern "C" void KEZ_CALL kezbatch(const char* routine, const int32_t* arguments,
                                   const int32_t* count, void* const address[],
                                   const intptr_t step[], int32_t* status) {
   const std::string_view name = routine;
-  const Routine* found = std::lower_bound(
-      std::begin(routines), std::end(routines), name,
-      [](const Routine& a, std::string_view wanted) { return a.view() < wanted; });
+  const Routine* found =
+      std::lower_bound(std::begin(routines), std::end(routines), name,
+                       [](const Routine& a, std::string_view wanted) { return a.view() < wanted; });
   if (found == std::end(routines) || found->view() != name) {
     *status = 1;
   } else if (found->arguments != *arguments) {
