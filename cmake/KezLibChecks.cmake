@@ -2,7 +2,9 @@
 
 # Who builds the library within a project of his own has his own warnings.
 if(PROJECT_IS_TOP_LEVEL)
-  add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wdouble-promotion)
+  # Clang's -Wconversion, unlike gcc's, counts every index that is a signed integer in C++.
+  add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wdouble-promotion
+    $<$<COMPILE_LANGUAGE:CXX>:-Wno-sign-conversion>)
 endif()
 
 if(KEZLIB_SANITIZERS)

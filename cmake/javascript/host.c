@@ -2,7 +2,6 @@
 // routine.
 #include <errno.h>
 #include <fcntl.h>
-#include <stddef.h>
 #include <sys/stat.h>
 #include <sys/types.h>
 #include <unistd.h>
@@ -23,17 +22,11 @@ void emscripten_notify_memory_growth(size_t index) {
   (void)index;
 }
 
-// There is no directory, and no file can be opened, so that the report of kezcin goes nowhere, and nothing else is imported
-// for it.
+// There is no folder, and no file can be opened: the report of kezcin goes nowhere, and nothing is
+// imported for it.
 int open(const char* path, int flags, ...) {
   (void)path, (void)flags;
   errno = ENOENT;
-  return -1;
-}
-
-ssize_t write(int file, const void* bytes, size_t size) {
-  (void)file, (void)bytes, (void)size;
-  errno = EBADF;
   return -1;
 }
 
@@ -45,6 +38,18 @@ char* getcwd(char* path, size_t size) {
 
 int fstat(int file, struct stat* status) {
   (void)file, (void)status;
+  errno = EBADF;
+  return -1;
+}
+
+ssize_t write(int file, const void* bytes, size_t size) {
+  (void)file, (void)bytes, (void)size;
+  errno = EBADF;
+  return -1;
+}
+
+off_t lseek(int file, off_t offset, int from) {
+  (void)file, (void)offset, (void)from;
   errno = EBADF;
   return -1;
 }

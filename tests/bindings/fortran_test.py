@@ -6,6 +6,7 @@ Needs for Windows: gfortran-mingw-w64-i686-win32 gfortran-mingw-w64-x86-64-win32
 """
 
 import re
+import subprocess
 
 import harness
 
@@ -46,13 +47,27 @@ def units(name, text):
     return module, f"subroutine call_{name}\n{main}"
 
 
-def fortran(texts, place):
+def fortran(texts, place, module="kezlib"):
     calls = "".join(f'print "(a)", "@{name}"\ncall call_{name}()\n' for name in texts)
     modules, subroutines = zip(*(units(*item) for item in texts.items()))
     routines = "\n".join([*modules, "module calls", "use, intrinsic :: ieee_arithmetic",
                           "use kezlib", "contains", *subroutines, "end module calls"])
+    routines = routines.replace("use kezlib\n", f"use {module}\n")
     return harness.parts(program(f"{routines}\nprogram copies\nuse calls\n{calls}end program copies\n",
                                  place))
+
+
+def check_checked(place):
+    """Arrays that know their length: every call, and one that is too short ends the program."""
+    print(harness.check("fortran", lambda texts, here: fortran(texts, here, "kezlib_checked"),
+                        place))
+    source = (harness.HERE / "fortran_checked.F90").read_text()
+    assert program(source, place).strip() == "as it should be"
+    for short, says in (("outline", "kezapl: X has 4 entries, too few: 5"),
+                        ("pairs", "kezmer4: com has 1 entries, too few: 2")):
+        done = subprocess.run([place.work / "program.exe", short], capture_output=True, text=True,
+                              env={"LD_LIBRARY_PATH": str(place.library.parent)}, check=False)
+        assert done.returncode == 1 and says in done.stderr, done
 
 
 def declared(place):
@@ -72,6 +87,8 @@ def main():
         print(harness.check("fortran", fortran, place))
         pages = harness.page_programs(place, "fortran", "fortran")
         harness.check_programs(program, examples + pages, place)
+        if place.machine == "linux":
+            check_checked(place)
 
 
 if __name__ == "__main__":

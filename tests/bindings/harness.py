@@ -20,13 +20,13 @@ import shutil
 import subprocess
 import sys
 from collections import defaultdict
-from dataclasses import dataclass, replace
+from dataclasses import dataclass, field, replace
 
 HERE = pathlib.Path(__file__).resolve().parent
 sys.path[:0] = [str(HERE), str(HERE.parents[1] / "tools")]
 
 import interface  # noqa: E402
-from interface import arithmetic, conditions, languages, rows, writers  # noqa: E402
+from interface import arithmetic, conditions, languages, rows, shapes, writers  # noqa: E402
 
 INTERFACE = interface.read()
 ROOT = interface.ROOT
@@ -114,21 +114,35 @@ def size(argument, row):
     return max(arithmetic.evaluate(argument.extent, integers(row, row.given)), 0)
 
 
+def least(argument, row, made):
+    """The entries below which an array is refused: of pairs of two lists as many as there are, not
+    as there could be. Languages that make outputs need no entry that is only written."""
+    before = integers(row, row.given)
+    if found := shapes.pairs(argument, row.routine):
+        after = integers(row, row.given, row.wanted)
+        pairs = arithmetic.evaluate(conditions.beyond(argument.kept_when), after)
+        return max(arithmetic.evaluate(found.extent, before | {"pairs": pairs}), 0)
+    if made and (read := shapes.read_entries(argument)):
+        return min(max(arithmetic.evaluate(read, before), 1), size(argument, row))
+    return size(argument, row)
+
+
 @dataclass
 class Call:
-    """A row, with what its outputs hold before where they may be kept, or with nothing there;
-    `short` is an array that lacks an entry."""
+    """A row, with what its outputs hold before where they may be kept, or with nothing there.
+    `fewer` has the entries of arrays that have not all; `short` is one that is to be refused."""
 
     row: object
     preset: bool
     short: str = ""
+    fewer: dict = field(default_factory=dict)
 
     def __post_init__(self):
         self.held, self.sizes = {}, {}
         for a in self.row.routine.arguments:
             kind, given = self.row.kinds[a.name], self.row.given.get(a.name)
             entries = max(size(a, self.row), len(given or self.row.wanted.get(a.name, [])))
-            entries -= a.name == self.short
+            entries = self.fewer.get(a.name, entries)
             if given is not None:
                 known = [UNKNOWN[kind] if text == "." else text for text in given]
                 self.held[a.name] = (known + [UNKNOWN[kind]] * entries)[:entries]
@@ -169,15 +183,15 @@ class Call:
             for i, text in enumerate(got):
                 literal = wanted[i] if i < len(wanted) else "."
                 if literal == ".":
-                    literal = before[i] if before else text
-                if not agrees(text, literal, self.row.kinds[a.name]):
+                    literal = (before or got)[i] if i < len(before or got) else "nothing"
+                if literal == "nothing" or not agrees(text, literal, self.row.kinds[a.name]):
                     yield f"{a.name}({i + 1}) is {text} instead of {literal}"
 
     def written(self, argument, scalars):
         """How many entries are."""
         if not argument.extent:
             return scalars if argument.is_kept() else 1
-        if argument.kept_when and (expression := conditions.behind(argument.kept_when)):
+        if argument.kept_when and (expression := conditions.beyond(argument.kept_when)):
             after = integers(self.row, self.row.given, self.row.wanted)
             return min(max(arithmetic.evaluate(expression, after), 0), size(argument, self.row))
         return self.sizes[argument.name]
@@ -215,16 +229,26 @@ def worked_calls():
     return found
 
 
-def short_calls(calls, outputs_too):
+def short_calls(calls, made):
     """For each array of each routine the first call that it can lack an entry of."""
     found = {}
     for call in calls.values():
         for a in call.row.routine.arguments:
             name = f"{call.row.routine.name}_short_{a.name}"
-            passed = languages.is_list(a) and not a.callback and (
-                outputs_too or a.name in call.held)
-            if passed and 0 < size(a, call.row) == call.sizes[a.name]:
-                found.setdefault(name, Call(call.row, call.preset, a.name))
+            passed = languages.is_list(a) and not a.callback and (not made or a.name in call.held)
+            if passed and (entries := least(a, call.row, made)):
+                found.setdefault(name, Call(call.row, call.preset, a.name, {a.name: entries - 1}))
+    return found
+
+
+def without_last_entries(calls):
+    """Every call in which arrays can lack the entry that is only written."""
+    found = {}
+    for name, call in calls.items():
+        fewer = {a.name: least(a, call.row, made=True) for a in call.row.routine.arguments
+                 if shapes.read_entries(a)}
+        if fewer:
+            found[f"{name}_without_last"] = Call(call.row, call.preset, fewer=fewer)
     return found
 
 
@@ -232,12 +256,15 @@ def first_of_each(calls):
     return {name: call for name, call in calls.items() if name.endswith("_as_1")}
 
 
-def check(key, host, place, says_kept=False, one_each=False, refuses=""):
-    """Gives a host its calls. It may refuse what is too short, "given" or of "all" arrays."""
+def check(key, host, place, says_kept=False, one_each=False, refuses=False, made=False):
+    """Gives a host its calls. It may refuse arrays that are too short, and outputs may be made for
+    it."""
     writer, calls = writers.languages()[key], worked_calls()
     calls = first_of_each(calls) if one_each else calls
+    if made:
+        calls |= without_last_entries(calls)
     if refuses:
-        calls |= short_calls(calls, refuses == "all")
+        calls |= short_calls(calls, made)
     found = host({name: call.text(writer) for name, call in calls.items()}, place)
     wrong = [f"{call.row.place}: {name}: {fault}" for name, call in calls.items()
              for fault in call.faults(found[name], says_kept)]

@@ -86,6 +86,12 @@ class Quiet(http.server.SimpleHTTPRequestHandler):
         pass
 
 
+def shown_by_browser(url, place):
+    return place.run("chromium", "--headless", "--no-sandbox", "--disable-gpu",
+                     f"--user-data-dir={place.work}/profile", "--virtual-time-budget=10000",
+                     "--dump-dom", url)
+
+
 def check_pages(place):
     """One that is opened from a file, and one that a server sends."""
     page = (harness.HERE / "javascript_page.html").read_text()
@@ -98,17 +104,16 @@ def check_pages(place):
         threading.Thread(target=server.serve_forever, daemon=True).start()
         for url in (f"file://{place.work}/page.html",
                     f"http://127.0.0.1:{server.server_port}/module.html"):
-            dom = place.run("chromium", "--headless", "--no-sandbox", "--disable-gpu",
-                            f"--user-data-dir={place.work}/profile",
-                            "--virtual-time-budget=10000", "--dump-dom", url)
-            assert SHOWN in dom, dom
+            # On a busy machine the browser's own time may end before the module is compiled.
+            said = (shown_by_browser(url, place) for _ in range(5))
+            assert any(SHOWN in dom for dom in said), shown_by_browser(url, place)
         server.shutdown()
 
 
 def main():
     (place,) = harness.places()
     assert (place.binding("javascript") / "kezlib.wasm").exists(), "build the preset wasm first"
-    print(harness.check("javascript", javascript, place, says_kept=True, refuses="given"))
+    print(harness.check("javascript", javascript, place, says_kept=True, refuses=True, made=True))
     assert not [*place.work.rglob("OUTPUT.TXT")], "a file was written"
     print(harness.check("typescript", typescript, place, says_kept=True, one_each=True))
     place = harness.replace(place, work=place.work.parent / "installed")
@@ -121,7 +126,8 @@ def main():
                 ((harness.EXAMPLES / "section.mjs").read_text(), SECTION)]
     harness.check_programs(program, programs + harness.page_programs(place, "javascript", "js"),
                            place)
-    place.run("node", "--test", harness.HERE / "javascript_misuse.mjs")
+    place.run("node", "--test", harness.HERE / "javascript_misuse.mjs",
+              harness.HERE / "javascript_lists.mjs")
     shutil.copy(harness.HERE / "javascript_types.mts", place.work)
     place.run("tsc", "--noEmit", *STRICT, "javascript_types.mts")
     print(check_reference(place))

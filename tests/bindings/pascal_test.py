@@ -53,6 +53,16 @@ def pascal(texts, place):
                                          place))
 
 
+def check_checked(place):
+    """Arrays that know their length: every call that has one, and what is refused."""
+    def whole(texts, here):
+        return pascal({name: re.sub(r"(\w)\[0\]", r"\1", text) for name, text in texts.items()}, here)
+
+    print(harness.check("pascal", whole, place))
+    said = program((harness.HERE / "pascal_checked.pas").read_text(), place)
+    assert said.strip() == "as it should be", said
+
+
 def delphi_unit(place):
     """What Delphi reads, of which Free Pascal knows all but [Ref]."""
     text = (place.binding("pascal") / "kezlib.pas").read_text().replace("const [Ref]", "constref")
@@ -63,9 +73,11 @@ def delphi_unit(place):
 
 
 def declared(place):
-    """By declaration the routine and what is constref; Delphi has the same arguments as const."""
+    """By declaration of the library's the routine and what is constref, or const for Delphi."""
     text = (place.binding("pascal") / "kezlib.pas").read_text()
-    for routine, passed in re.findall(r"procedure (\w+)\(([^)]*)\);", " ".join(text.split())):
+    for routine, passed in re.findall(r"procedure (kez\w+)\(([^)]*)\);", " ".join(text.split())):
+        if "array of" in passed:
+            continue
         groups = re.findall(r"(?:constref|const \[Ref\]) ([^:]*):", passed)
         yield routine, [name for group in groups for name in group.split(", ")]
 
@@ -79,6 +91,7 @@ def main():
         harness.check_programs(program, examples + harness.page_programs(place, "pascal", "pascal"),
                                place)
         if place.machine == "linux":
+            check_checked(place)
             program(examples[1][0], place, delphi_unit(place))
 
 

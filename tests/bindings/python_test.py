@@ -87,8 +87,9 @@ def main():
     (place,) = harness.places()
     for world in "plain", "numpy":
         print(harness.check("python", lambda texts, here: python(texts, here, world), place,
-                            says_kept=True, refuses="given"))
-        run(place, harness.HERE / "python_package.py", world)
+                            says_kept=True, refuses=True, made=True))
+        for tests in "python_package.py", "python_lists.py":
+            run(place, harness.HERE / tests, world)
         run(place, "-c", DOCTEST, world, place.binding("python") / "README.md")
     check_package(place)
     check_types(place)

@@ -180,6 +180,8 @@ def main():
     print(harness.check("vba", vba, place))
     declared = declarations(module, True)
     check_host((harness.EXAMPLES / "host.bas").read_bytes(), declared)
+    page = (place.binding("vba") / "README.md").read_text()
+    assert not re.search("(?m)^Attribute", page), "the page shows what cannot be pasted"
     for text, _ in harness.page_programs(place, "vba", "vba"):
         check_host(text.replace("\n", "\r\n").encode(), declared)
 

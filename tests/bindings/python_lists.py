@@ -1,7 +1,7 @@
 """Ctrl-C in a callback, outputs that hold pairs, outlines without the closing entry, and which
 library is loaded.
 
-    python_lists_test.py numpy|plain      plain: as where numpy is not installed
+    python_lists.py numpy|plain      plain: as where numpy is not installed
 """
 
 import math
