@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """The package for Python, with numpy and as where there is none.
 
-Needs: python3-numpy python3-pip python3-setuptools python3-wheel mypy
+Needs: python3-distributed python3-numpy python3-pip python3-setuptools python3-wheel mypy
 """
 
 import json
@@ -38,9 +38,12 @@ sys.exit(found.failed > 0 or found.attempted < 10)
 """
 USE = """\
 import kezlib
+from kezlib import arrays as kz
 
 root: float = kezlib.kezpds(0, 0, 0, 1, 2, 3).d
 kezlib.kezapl([0, 1, 1, 0], (0.5, 1, 1, 0), 3)
+kz.kezapl([[0, 0], [1, 0], [0, 1]], n=3).astype(float)
+kz.cut_polygon([[0, 0], [1, 0], [0, 1]], [1, 0, 0], changed=True).outline.sum()
 """
 
 
@@ -73,11 +76,21 @@ def check_package(place):
         assert said.strip() == harness.FIRST_CALL, said
 
 
+def page_for(world, place):
+    """Without numpy there are no arrays."""
+    text = (place.binding("python") / "README.md").read_text()
+    if world == "plain":
+        text, count = re.subn(r"(?ms)^## Many items.*?(?=^## )", "", text)
+        assert count == 1, "the page says nothing of many items"
+    return place.file("page.md", text)
+
+
 def check_types(place):
     """As those who use the package see them."""
     folder = place.work / "typed"
     shutil.copytree(place.binding("python"), folder, dirs_exist_ok=True)
-    for text, accepted in ((USE, True), (USE + 'kezlib.kezpds(0, 0, 0, 1, 2, "3")\n', False)):
+    for text, accepted in ((USE, True), (USE + 'kezlib.kezpds(0, 0, 0, 1, 2, "3")\n', False),
+                           (USE.replace(", changed=True", ""), False)):
         (folder / "use.py").write_text(text)
         done = subprocess.run(MYPY, cwd=folder, capture_output=True, text=True, check=False)
         assert (done.returncode == 0) == accepted, done.stdout
@@ -90,7 +103,9 @@ def main():
                             says_kept=True, refuses=True, made=True))
         for tests in "python_package.py", "python_lists.py":
             run(place, harness.HERE / tests, world)
-        run(place, "-c", DOCTEST, world, place.binding("python") / "README.md")
+        run(place, "-c", DOCTEST, world, page_for(world, place))
+    run(place, harness.HERE / "python_arrays.py")
+    print(run(place, harness.HERE / "python_arrays_calls.py").splitlines()[-1])
     check_package(place)
     check_types(place)
     # Areas, centroids and Ix of the channel by hand.

@@ -64,7 +64,7 @@ need_for() {
         packages) need clang lld llvm python3-pip python3-setuptools python3-wheel npm ;;
         bench)
             need libbenchmark-dev libcgal-dev libeigen3-dev libboost-dev libpolyclipping-dev \
-                libabsl-dev libocct-modeling-data-dev
+                libabsl-dev libocct-modeling-data-dev python3-numpy python3-shapely
             ;;
         *) fail "nothing is known of what '$1' needs" ;;
     esac
