@@ -17,9 +17,10 @@ template <std::size_t... i, typename... Argument>
 [[gnu::noinline]] void call_each(std::int32_t count, void* const* address,
                                  const std::intptr_t* step, std::index_sequence<i...>,
                                  void(KEZ_CALL* routine)(Argument...)) {
-  for (std::uintptr_t k = 0; k < static_cast<std::uintptr_t>(count); ++k)
+  for (std::int32_t k = 0; k < count; ++k)
     routine(reinterpret_cast<Argument>(reinterpret_cast<std::uintptr_t>(address[i]) +
-                                       k * static_cast<std::uintptr_t>(step[i]))...);
+                                       static_cast<std::uintptr_t>(k) *
+                                           static_cast<std::uintptr_t>(step[i]))...);
 }
 
 template <typename... Argument>
@@ -39,13 +40,14 @@ struct Routine {
   void (*calls)(std::int32_t, void* const*, const std::intptr_t*);
 
   constexpr std::string_view view() const { return {name.data()}; }
+  constexpr bool operator<(const Routine& other) const { return view() < other.view(); }
 };
 
 template <auto routine, std::size_t size>
 constexpr Routine described(const char (&name)[size]) {
   Routine result{{}, arguments_of(routine), calls_of<routine>};
   static_assert(size <= result.name.size());
-  std::copy(std::begin(name), std::end(name), result.name.begin());
+  std::copy(name, name + size, result.name.begin());
   return result;
 }
 
@@ -53,8 +55,7 @@ constexpr Routine routines[] = {
 #define KEZ_ROUTINE(name) described<name>(#name),
 #include "routines.inc"
 };
-constexpr auto before = [](const Routine& a, const Routine& b) { return a.view() < b.view(); };
-static_assert(std::is_sorted(std::begin(routines), std::end(routines), before));
+static_assert(std::is_sorted(std::begin(routines), std::end(routines)));
 
 }  // namespace
 
@@ -62,9 +63,9 @@ extern "C" void KEZ_CALL kezbatch(const char* routine, const int32_t* arguments,
                                   const int32_t* count, void* const address[],
                                   const intptr_t step[], int32_t* status) {
   const std::string_view name = routine;
-  const Routine* found =
-      std::lower_bound(std::begin(routines), std::end(routines), name,
-                       [](const Routine& a, std::string_view wanted) { return a.view() < wanted; });
+  const Routine* found = std::lower_bound(
+      std::begin(routines), std::end(routines), name,
+      [](const Routine& before, std::string_view sought) { return before.view() < sought; });
   if (found == std::end(routines) || found->view() != name) {
     *status = 1;
   } else if (found->arguments != *arguments) {
