@@ -56,7 +56,8 @@ def pascal(texts, place):
 def check_checked(place):
     """Arrays that know their length: every call that has one, and what is refused."""
     def whole(texts, here):
-        return pascal({name: re.sub(r"(\w)\[0\]", r"\1", text) for name, text in texts.items()}, here)
+        return pascal({name: re.sub(r"(\w)\[0\]", r"\1", text)
+                       for name, text in texts.items()}, here)
 
     print(harness.check("pascal", whole, place))
     said = program((harness.HERE / "pascal_checked.pas").read_text(), place)
