@@ -17,7 +17,7 @@ HERE = pathlib.Path(__file__).resolve().parent
 sys.path[:0] = [str(HERE), str(HERE.parent / "tools")]
 
 import jinja2  # noqa: E402
-from generator import languages, pages, worked  # noqa: E402
+from generator import documents, guides, languages, pages, search, worked  # noqa: E402
 from generator.pictures import draw_all  # noqa: E402
 from generator.routine_page import page_data  # noqa: E402
 from interface import read, version  # noqa: E402
@@ -62,7 +62,7 @@ def write_committed_pictures(drawn, folder):
 
 def write_index(site, out):
     (out / "assets/index.js").write_text(
-        f"window.manualIndex = {json.dumps(site.index(), separators=(',', ':'))};\n")
+        f"window.manualIndex = {json.dumps(search.index(site), separators=(',', ':'))};\n")
 
 
 def bundle(library, scripts, *options):
@@ -85,6 +85,13 @@ def drawn_pages(command, interface, calls, tabs):
     return drawn, style
 
 
+def guide_calls(command, interface, calls):
+    script = command.work / "guide_calls.mjs"
+    bundle(command.library, ["guide_calls.mjs"], "--platform=node", "--format=esm",
+           f"--outfile={script}")
+    return guides.compute(script, documents.topics(), interface, calls, command.work)
+
+
 def write_scripts(command, assets):
     """Classic scripts: a page that comes from a disk may load no modules."""
     bundle(command.library, [f"browser/{name}.js" for name in ("theme", "page", "live")],
@@ -101,7 +108,7 @@ def main():
     calls = worked.worked_calls(interface)
     tabs = languages.tabs()
     drawn, style = drawn_pages(command, interface, calls, tabs)
-    site = pages.Site(interface, calls, drawn, tabs)
+    site = pages.Site(interface, calls, drawn, tabs, guide_calls(command, interface, calls))
     write_committed_pictures(drawn, command.work / "pictures")
     write_pages(site, command.out)
     write_index(site, command.out)

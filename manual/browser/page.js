@@ -42,9 +42,5 @@ const contents = document.querySelector(".side > details");
 startTheme(document.getElementById("theme"));
 foldContents(contents);
 showCurrent(contents);
-startSearch(
-  document.getElementById("search"),
-  document.getElementById("found"),
-  window.manualIndex,
-);
+startSearch(document.getElementById("search"), document.getElementById("found"));
 document.querySelectorAll(".tabs").forEach(startTabs);
