@@ -94,7 +94,7 @@ def guide_calls(command, interface, calls):
 
 def write_scripts(command, assets):
     """Classic scripts: a page that comes from a disk may load no modules."""
-    bundle(command.library, [f"browser/{name}.js" for name in ("theme", "page", "live")],
+    bundle(command.library, [f"browser/{name}.js" for name in ("theme", "page", "live", "finder")],
            "--minify", "--format=iife", "--target=es2020", f"--outdir={assets}")
 
 

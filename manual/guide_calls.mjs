@@ -4,6 +4,7 @@
 import { readFileSync, writeFileSync } from "node:fs";
 import { load } from "kezlib/browser.js";
 import { callWith, inputsOf, outputsOf, resultTexts, valuesOf } from "./browser/call.js";
+import { shown } from "./browser/numbers.js";
 import { draw } from "./figures/draw.js";
 
 // Names become the results of earlier calls, and a quotient of two of them its value.
@@ -13,7 +14,7 @@ function filled(text, known) {
     throw new Error(`no earlier call gives ${name}`);
   });
   const [, above, below] = /^(\S+)\/(\S+)$/.exec(numbers) ?? [];
-  return below ? String(Math.fround(above / below)) : numbers;
+  return below ? shown(Math.fround(above / below), "real") : numbers;
 }
 
 function answered(kez, { routine, given, names }, known) {
@@ -23,13 +24,13 @@ function answered(kez, { routine, given, names }, known) {
   const texts = Object.fromEntries(inputs.map(({ name }, i) => [name, filled(given[i], known)]));
   const values = valuesOf(routine, texts);
   const results = callWith(kez, routine, values);
-  const shown = resultTexts(routine, results, texts);
+  const texted = resultTexts(routine, results, texts);
   outputsOf(routine).forEach(({ name }, i) => {
-    if (shown[name] !== null) known[names[i] ?? name] = shown[name];
+    if (texted[name] !== null) known[names[i] ?? name] = texted[name];
   });
   const call = (name, others) => callWith(kez, { ...routine, name }, others);
   const picture = draw(routine.name, values, results, { call, title: routine.sentence });
-  return { inputs: texts, results: shown, picture };
+  return { inputs: texts, results: texted, picture };
 }
 
 async function page(calls) {

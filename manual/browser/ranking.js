@@ -1,9 +1,11 @@
 // How well the entries of the search's index answer what was typed.
 
+// They tell nothing in a question.
 const SMALL = new Set(
-  ("a an and are as at be by can could do does for from get give given gives have how i if in is it " +
-    "its let me mean means my of on or please routine should than that the their them then there " +
-    "these this to use using want we what when which will with you your").split(" "),
+  ("a an and are as at be by calculate can compute could determine do does find for from get give " +
+    "given gives have how i if in is it its let me mean means my of on or please routine should " +
+    "than that the their them then there these this to use using want we what when which will " +
+    "with you your").split(" "),
 );
 
 export const wordsOf = (text) =>

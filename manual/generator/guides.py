@@ -154,12 +154,11 @@ class Made:
                     "</li>").format(card.href, card.small, card.known_as, card.name, card.sentence)
 
     def languages(self):
-        """A call of kezpds in each, with the file that it takes."""
+        """A call of kezpds in each."""
         drawn = self.site.drawn["kezpds"].copies
-        html = [Safe('<h3 id="in-{}">{}</h3>\n<p>Add <code>{}</code>. <a href="{}">All about {}'
-                     '</a></p>\n<pre tabindex="0"><code>{}</code></pre>').format(
-                         tab.key, tab.title, tab.writer.LANGUAGE.file, tab.page, tab.title,
-                         drawn[tab.key])
+        html = [Safe('<h3 id="in-{}">{}</h3>\n<pre tabindex="0"><code>{}</code></pre>\n'
+                     '<p><a href="{}">All about {}</a></p>').format(
+                         tab.key, tab.title, drawn[tab.key], tab.page, tab.title)
                 for tab in self.site.tabs if tab.key in drawn]
         return Safe("\n").join(html)
 

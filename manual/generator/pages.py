@@ -8,7 +8,7 @@ from interface import HEADER
 from interface.reader import parse_comment
 from markupsafe import Markup as Safe
 
-from . import documents, routine
+from . import documents, finder, routine
 from .guides import Made
 from .markup import Prose, plain_text
 from .routine_page import Card, routine_values
@@ -146,6 +146,7 @@ class Site:
         (document,) = (d for d in self.about if d.href == FIRST)
         return Page(FIRST, "Manual", "index.html", "The manual of KezLib.",
                     {"families": self.families(), "count": len(self.interface.routines),
+                     "finder": finder.values(self.cards.values()),
                      "text": self.prose.document(document.body, document.path)})
 
     def telling(self, group):

@@ -58,7 +58,7 @@ def routine_entry(r, asked):
 def page_entries(title, place, page, asked):
     """A page, and each of its sections."""
     text = str(page.values.get("text", ""))
-    parts = sections(text) if "<h2" in text or "<h3" in text else []
+    parts = [part for part in sections(text) if len(part[0]) > 1]  # not the letters of A to Z
     lead = text[:HEADING.search(text).start()] if parts else text
     description = page.values.get("lead", "")
     yield [title, description, place, page.href, vocabulary(Safe(lead).striptags(), title),
