@@ -121,16 +121,21 @@ class Made:
 
     def one_report(self, report):
         name = report.routine.name
-        rows = [(case.value, self.site.prose.inline(case.meaning), codes(case.kept) or "none",
+        others = statuses.other_clauses(report)
+        rows = [(case.value, self.site.prose.inline(case.meaning),
+                 codes(case.kept) or ("see below" if others else "none"),
                  Safe('<a href="{}.html#{}">try</a>').format(name, fragment(case.example))
                  if case.example else "")
                 for case in report.cases]
         first = next(r for r in self.reports if r.routine is report.routine)
         anchor = name if report is first else f"{name}-{report.argument.name}"
+        notes = Safe("").join(
+            Safe("<p>Not written: {}, when {}.</p>").format(codes(names), self.site.prose.inline(clause))
+            for clause, names in others.items())
         return Safe('<h3 id="{}">Status of {}</h3>\n<p>{} ({}) reports in <code>{}</code>:</p>\n'
-                    "{}").format(
+                    "{}{}").format(
             anchor, name, link(name), known_as(report.routine), report.argument.name,
-            table((report.argument.name, "meaning", "not written", "a call"), rows))
+            table((report.argument.name, "meaning", "not written", "a call"), rows), notes)
 
     def a_to_z(self):
         """By readable name: a letter's heading, then its routines with pictures."""

@@ -51,6 +51,12 @@ def file_comment():
     return "\n\n".join(paragraphs[:middle]), "\n\n".join(paragraphs[middle:])
 
 
+def of_pages(text):
+    """The header speaks of comments, which are pages here."""
+    text = text.replace("How to read a routine's comment:", "What the words of a page mean:")
+    return re.sub(r"\bcomment(s?)\b", r"page\1", text)
+
+
 def with_headings(html):
     """A paragraph that begins with a line and a colon has this line as its heading."""
     def heading(match):
@@ -126,7 +132,8 @@ class Site:
                 yield self.document_page(document, document.title)
 
     def header_pages(self):
-        reading, numbers = (with_headings(self.prose.header(text)) for text in file_comment())
+        reading, numbers = (with_headings(self.prose.header(of_pages(text)))
+                            for text in file_comment())
         yield Page("reading.html", "How to read a page", "page.html",
                    "What the words of a routine's page mean.", {"text": reading})
         yield Page("numbers.html", "The numbers", "page.html",

@@ -45,11 +45,11 @@ def polished(text):
     text = " ".join(text.replace("(see below)", "").split()).strip(" ,;:")
     text = re.sub(r",? (or|else|and)$", "", text).removeprefix("when ")
     if text == "not":
-        return "Otherwise."
+        return "In all other cases."
     if text.startswith("or the `"):
         return DONE
-    begin = text[:1].upper() if re.match(r"[a-z]{2}", text) and not text.startswith("kez") else text[:1]
-    return begin + text[1:] + "." if text else ""
+    is_name = re.match(r"[a-z] [<>=]", text) or text.startswith("n is")
+    return (text if is_name else text[:1].upper() + text[1:]) + "." if text else ""
 
 
 def table_of(routine, name):
@@ -81,7 +81,7 @@ def sentence_cases(text):
             continue
         meaning = polished(said.partition(", else")[0])
         if "else" in match[0]:
-            meaning = f"Otherwise {meaning}" if meaning else "Otherwise."
+            meaning = f"In all other cases {meaning}" if meaning else "In all other cases."
         for each in [*shared, value]:
             found[each] = f"{found[each]} Or: {meaning}" if each in found else meaning or DONE
         shared = []
@@ -126,14 +126,29 @@ def is_report(argument, routine):
     return argument.name in NAMES or argument.name == "n" and POINTS in argument.text
 
 
+def decides(argument, output):
+    """The clause by which this integer alone decides whether the output is written."""
+    found = conditions.comparison(output.kept_when)
+    return found if found and found.name == argument.name else None
+
+
 def not_written(routine, argument, value):
     for output in routine.outputs():
-        found = conditions.comparison(output.kept_when)
-        if found and found.name == argument.name:
+        found = decides(argument, output)
+        if found:
             holds = {"is": value in found.values, "not": value not in found.values,
                      "below": value < found.values[0]}[found.relation]
             if holds:
                 yield output.name
+
+
+def other_clauses(report):
+    """By clause the outputs that stay unwritten in cases that the integer does not tell."""
+    found = {}
+    for a in report.routine.outputs():
+        if a.kept_when and not conditions.beyond(a.kept_when) and not decides(report.argument, a):
+            found.setdefault(a.kept_when, []).append(a.name)
+    return found
 
 
 def example(calls, argument, value):

@@ -146,7 +146,7 @@ class Statuses(unittest.TestCase):
         self.assertEqual(self.meanings("1, or 0 when the input is rejected"),
                          {1: statuses.DONE, 0: "The input is rejected."})
         self.assertEqual(self.meanings("1 when b > 0, else 2 (also for 0, 3)"),
-                         {1: "b > 0.", 2: "Otherwise (also for 0, 3)."})
+                         {1: "b > 0.", 2: "In all other cases (also for 0, 3)."})
         self.assertEqual(self.meanings("0, or the `kezdirl` relation: 3, 4 the same line, 6 skew"),
                          {0: statuses.DONE, 3: "The same line.", 4: "The same line.", 6: "Skew."})
 
