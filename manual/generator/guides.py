@@ -1,7 +1,7 @@
 """What is computed or read from the header in the guides, in the place of their comments:
 
-    <!-- call: kezcer 3 0 2 -> D1 E1 F1 -->   a call; later calls of the page use its results by name
-    <!-- made: statuses -->                   a function of this file
+    <!-- call: kezcer 3 0 2 -> D1 E1 F1 -->   a call, whose results later calls use by name
+    <!-- made: statuses -->                   a method of Made
 """
 
 import json
@@ -90,6 +90,11 @@ def codes(names):
     return Safe(", ").join(Safe("<code>{}</code>").format(name) for name in names)
 
 
+def breakable(name):
+    """At its underscores, where there is no room."""
+    return escape(name).replace("_", Safe("_<wbr>"))
+
+
 class Made:
     """One method for each name of a comment."""
 
@@ -130,7 +135,8 @@ class Made:
         first = next(r for r in self.reports if r.routine is report.routine)
         anchor = name if report is first else f"{name}-{report.argument.name}"
         notes = Safe("").join(
-            Safe("<p>Not written: {}, when {}.</p>").format(codes(names), self.site.prose.inline(clause))
+            Safe("<p>Not written: {}, when {}.</p>").format(codes(names),
+                                                            self.site.prose.inline(clause))
             for clause, names in others.items())
         return Safe('<h3 id="{}">Status of {}</h3>\n<p>{} ({}) reports in <code>{}</code>:</p>\n'
                     "{}{}").format(
@@ -145,7 +151,8 @@ class Made:
             if self.letters(card)[0] != letter:
                 html.append(Safe("</ul>") if letter else Safe(""))
                 letter = self.letters(card)[0]
-                html.append(Safe('<h2 id="{0}">{0}</h2>\n<ul class="cards">').format(letter.upper()))
+                html.append(Safe('<h2 id="{0}">{0}</h2>\n<ul class="cards">').format(
+                    letter.upper()))
             html.append(self.card(card))
         return Safe("\n").join([*html, Safe("</ul>")])
 
@@ -156,7 +163,8 @@ class Made:
     @staticmethod
     def card(card):
         return Safe('<li><a href="{}">{}<strong>{} <small>{}</small></strong><span>{}</span></a>'
-                    "</li>").format(card.href, card.small, card.known_as, card.name, card.sentence)
+                    "</li>").format(card.href, card.small, breakable(card.known_as), card.name,
+                            card.sentence)
 
     def languages(self):
         """A call of kezpds in each."""

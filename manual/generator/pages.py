@@ -73,7 +73,8 @@ class Site:
         self.about, self.guides = documents.about(), documents.guides()
         self.topics = documents.topics()
         self.prose = Prose([r.name for r in interface.routines], FILES | {
-            document.path: document.href for document in [*self.topics, *self.about, *self.guides.values()]})
+            document.path: document.href
+            for document in [*self.topics, *self.about, *self.guides.values()]})
         self.cards = {r.name: Card(r, Safe(drawn[r.name].small)) for r in interface.routines}
         self.made = Made(self, answers)
 

@@ -27,7 +27,7 @@ test("what is ticked leaves the routines that take and give it", async () => {
   assert.equal(await tab.textContent("#finder [role=status]"), `${found.length} routines`);
   assert.equal(await tab.isDisabled("fieldset[data-key=want] input[value=area]"), true);
   await tab.click("#finder button");
-  assert.equal(await tab.isVisible("#finder .cards"), false);
+  await tab.waitForSelector("#finder .cards", { state: "hidden" });
   assert.deepEqual(faults, []);
 });
 
