@@ -18,7 +18,7 @@ HERE = pathlib.Path(__file__).resolve().parent
 sys.path[:0] = [str(HERE), str(HERE.parent / "tools")]
 
 import jinja2  # noqa: E402
-from generator import languages, pages, worked  # noqa: E402
+from generator import documents, guides, languages, pages, search, worked  # noqa: E402
 from generator.pictures import draw_all  # noqa: E402
 from generator.routine_page import page_data  # noqa: E402
 from interface import read, version  # noqa: E402
@@ -63,7 +63,7 @@ def write_committed_pictures(drawn, folder):
 
 def write_index(site, out):
     (out / "assets/index.js").write_text(
-        f"window.manualIndex = {json.dumps(site.index(), separators=(',', ':'))};\n")
+        f"window.manualIndex = {json.dumps(search.index(site), separators=(',', ':'))};\n")
 
 
 def bundle(library, scripts, *options):
@@ -86,11 +86,18 @@ def drawn_pages(command, interface, calls, tabs):
     return drawn, style
 
 
+def guide_calls(command, interface, calls):
+    script = command.work / "guide_calls.mjs"
+    bundle(command.library, ["guide_calls.mjs"], "--platform=node", "--format=esm",
+           f"--outfile={script}")
+    return guides.compute(script, documents.topics(), interface, calls, command.work)
+
+
 def write_scripts(command, assets):
     """Classic scripts: a page that comes from a disk may load no modules."""
     packed = command.work / "kezlib.gz"
     packed.write_bytes(gzip.compress((command.library / "kezlib.wasm").read_bytes(), mtime=0))
-    bundle(command.library, [f"browser/{name}.js" for name in ("theme", "page", "live")],
+    bundle(command.library, [f"browser/{name}.js" for name in ("theme", "page", "live", "finder")],
            "--minify", "--format=iife", "--target=es2020", f"--outdir={assets}",
            "--loader:.gz=binary", f"--alias:packed-library={packed}")
 
@@ -105,7 +112,7 @@ def main():
     calls = worked.worked_calls(interface)
     tabs = languages.tabs()
     drawn, style = drawn_pages(command, interface, calls, tabs)
-    site = pages.Site(interface, calls, drawn, tabs)
+    site = pages.Site(interface, calls, drawn, tabs, guide_calls(command, interface, calls))
     write_committed_pictures(drawn, command.work / "pictures")
     write_pages(site, command.out)
     write_index(site, command.out)

@@ -42,11 +42,7 @@ const contents = document.querySelector(".side > details");
 startTheme(document.getElementById("theme"));
 foldContents(contents);
 showCurrent(contents);
-startSearch(
-  document.getElementById("search"),
-  document.getElementById("found"),
-  window.manualIndex,
-);
+startSearch(document.getElementById("search"), document.getElementById("found"));
 document.querySelectorAll(".tabs").forEach(startTabs);
 addEventListener("beforeprint", () => {
   for (const details of document.querySelectorAll("main details")) details.open = true;

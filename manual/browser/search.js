@@ -1,6 +1,6 @@
 // The search: a combobox whose list shows what was found. "/" goes there from anywhere.
 
-import { ranked } from "./ranking.js";
+import { Ranking } from "./ranking.js";
 
 function option([name, sentence, place, href], i) {
   const item = document.createElement("li");
@@ -15,29 +15,53 @@ function option([name, sentence, place, href], i) {
   return item;
 }
 
-function nothing() {
+function note(text) {
   const item = document.createElement("li");
   item.setAttribute("role", "option");
   item.setAttribute("aria-disabled", "true");
   item.className = "nothing";
-  item.textContent = "Nothing is found.";
+  item.textContent = text;
   return item;
 }
 
+function items({ found, isNear }) {
+  if (!found.length) return [note("Nothing is found.")];
+  const near = isNear ? [note("No page has all of these words. The nearest are:")] : [];
+  return [...near, ...found.map(option)];
+}
+
+// The index is large, so it is loaded when somebody begins to search. A page from a disk may load
+// it as a script only.
+function loadIndex() {
+  return new Promise((resolve, reject) => {
+    const script = document.createElement("script");
+    script.src = "assets/index.js";
+    script.onload = () => resolve(new Ranking(window.manualIndex));
+    script.onerror = reject;
+    document.head.append(script);
+  });
+}
+
 class Search {
-  constructor(input, list, index) {
-    Object.assign(this, { input, list, index, chosen: -1 });
+  constructor(input, list) {
+    Object.assign(this, { input, list, chosen: -1 });
+  }
+
+  async ready() {
+    this.loading ??= loadIndex();
+    this.ranking = await this.loading;
   }
 
   get options() {
     return [...this.list.querySelectorAll("[data-href]")];
   }
 
-  show() {
-    const found = ranked(this.index, this.input.value);
-    this.list.replaceChildren(...(found.length ? found.map(option) : [nothing()]));
-    this.open(this.input.value.trim() !== "");
-    this.choose(found.length ? 0 : -1);
+  async show() {
+    await this.ready();
+    const answer = this.ranking.ranked(this.input.value);
+    this.list.replaceChildren(...items(answer));
+    this.open(this.input.value.trim() !== "" && document.activeElement === this.input);
+    this.choose(answer.found.length ? 0 : -1);
   }
 
   open(isOpen) {
@@ -79,10 +103,10 @@ class Search {
 
 const isTyping = (element) => element.matches("input, textarea, [contenteditable]");
 
-export function startSearch(input, list, index) {
-  const search = new Search(input, list, index);
+export function startSearch(input, list) {
+  const search = new Search(input, list);
   input.addEventListener("input", () => search.show());
-  input.addEventListener("focus", () => input.value && search.show());
+  input.addEventListener("focus", () => (input.value ? search.show() : search.ready()));
   input.addEventListener("blur", () => search.open(false));
   input.addEventListener("keydown", (event) => search.onKey(event));
   list.addEventListener("mousedown", (event) => {

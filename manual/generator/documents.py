@@ -35,6 +35,12 @@ def about():
     return sorted(found, key=lambda document: document.title.lower())
 
 
+def topics():
+    """The guides, in the order of the numbers that their files begin with."""
+    return [read(path, re.sub(r".*/\d+-(.*)\.md", r"\1.html", path))
+            for path in relative((ROOT / "manual/guides").glob("*.md"))]
+
+
 def guides():
     """To the languages, by the name of their folder."""
     return {path.split("/")[1]: read(path, f"language-{path.split('/')[1]}.html")

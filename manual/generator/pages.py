@@ -5,18 +5,17 @@ import re
 from dataclasses import dataclass, field
 
 from interface import HEADER
-from interface.languages import known_as
 from interface.reader import parse_comment
 from markupsafe import Markup as Safe
 
-from . import documents, routine
+from . import documents, finder, routine
+from .guides import Made
 from .markup import Prose, plain_text
 from .routine_page import Card, routine_values
 
 FILES = {"README.md": "index.html", "include/kezlib.h": "reading.html"}  # beside the documents
 FIRST = "index.html"
 BUILDER = "kezsec_"  # what the names of the routines that give outlines of sections begin with
-WORD = r"[a-z][a-z0-9_.+#-]*[a-z0-9_+#]|\d{4}-\d[-\d]*"  # names, and those of standards
 TELLING = 4  # small pictures of a family on the first page
 
 
@@ -52,22 +51,32 @@ def file_comment():
     return "\n\n".join(paragraphs[:middle]), "\n\n".join(paragraphs[middle:])
 
 
-def said(page):
-    """The text of a page that is no routine's."""
-    return Safe(page.values.get("text", "")).striptags()
+def of_pages(text):
+    """The header speaks of comments, which are pages here."""
+    text = text.replace("How to read a routine's comment:", "What the words of a page mean:")
+    return re.sub(r"\bcomment(s?)\b", r"page\1", text)
 
 
-def vocabulary(text):
-    return " ".join(sorted(set(re.findall(WORD, text.lower()))))
+def with_headings(html):
+    """A paragraph that begins with a line and a colon has this line as its heading."""
+    def heading(match):
+        anchor = re.sub(r"\W+", "-", match[1].lower())
+        return f'<h2 id="{anchor}">{match[1]}</h2>\n<p>'
+
+    html = re.sub(r"<p>([A-Z][^.:<]{5,40}):\n(?!</p>)", heading, html)
+    return Safe(re.sub(r"<p>([A-Z][^.:<]{5,40}):</p>(?=\n<ul>)", lambda m: heading(m)[:-4], html))
 
 
 class Site:
-    def __init__(self, interface, calls, drawn, tabs):
+    def __init__(self, interface, calls, drawn, tabs, answers):
         self.interface, self.calls, self.drawn, self.tabs = interface, calls, drawn, tabs
         self.about, self.guides = documents.about(), documents.guides()
+        self.topics = documents.topics()
         self.prose = Prose([r.name for r in interface.routines], FILES | {
-            document.path: document.href for document in [*self.about, *self.guides.values()]})
+            document.path: document.href
+            for document in [*self.topics, *self.about, *self.guides.values()]})
         self.cards = {r.name: Card(r, Safe(drawn[r.name].small)) for r in interface.routines}
+        self.made = Made(self, answers)
 
     def family_href(self, title):
         return next(f"family-{g.name}.html" for g in self.interface.groups if g.title == title)
@@ -88,6 +97,7 @@ class Site:
                     for g in self.interface.groups]
         about = [Entry(d.title, d.href) for d in self.about if d.href != FIRST]
         return [
+            Chapter("Guides", [Entry(d.title, d.href) for d in self.topics]),
             Chapter("Routines", [*families, Entry("All in a list", "routines.html"),
                                  Entry("Section shapes", "shapes.html")]),
             Chapter("Languages", [Entry(t, href) for href, t in self.language_pages().items()]),
@@ -111,6 +121,10 @@ class Site:
         yield Page("routines.html", "All routines", "routines.html", "All routines in a list.",
                    {"families": self.families()})
         yield self.shapes_page()
+        for topic in self.topics:
+            page = self.document_page(topic, topic.title)
+            page.values["text"] = self.made.document(page.values["text"], topic.href)
+            yield page
         titles = self.language_pages()
         for guide in self.guides.values():
             yield self.document_page(guide, titles[guide.href])
@@ -119,7 +133,8 @@ class Site:
                 yield self.document_page(document, document.title)
 
     def header_pages(self):
-        reading, numbers = map(self.prose.header, file_comment())
+        reading, numbers = (with_headings(self.prose.header(of_pages(text)))
+                            for text in file_comment())
         yield Page("reading.html", "How to read a page", "page.html",
                    "What the words of a routine's page mean.", {"text": reading})
         yield Page("numbers.html", "The numbers", "page.html",
@@ -139,6 +154,7 @@ class Site:
         (document,) = (d for d in self.about if d.href == FIRST)
         return Page(FIRST, "Manual", "index.html", "The manual of KezLib.",
                     {"families": self.families(), "count": len(self.interface.routines),
+                     "finder": finder.values(self.cards.values()),
                      "text": self.prose.document(document.body, document.path)})
 
     def telling(self, group):
@@ -166,13 +182,3 @@ class Site:
         return Page("shapes.html", "Section shapes", "shapes.html",
                     "The outlines of sections with their dimensions.",
                     {"shapes": shapes, "text": self.prose.header(group.text)})
-
-    def index(self):
-        """What the search knows: title, sentence, where it belongs, page, and its words."""
-        routines = [[r.name, f"{known_as(r)}: {plain_text(routine.sentence(r))}", r.group,
-                     f"{r.name}.html", vocabulary(routine.whole_text(r))]
-                    for r in self.interface.routines]
-        texts = {page.href: said(page) for page in self.pages}
-        others = [[e.title, "", chapter.title, e.href, vocabulary(texts[e.href])]
-                  for chapter in self.contents() for e in chapter.entries]
-        return routines + others

@@ -9,7 +9,7 @@ import unittest
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 sys.path[:0] = [str(ROOT / "manual"), str(ROOT / "tools")]
 
-from generator import documents, routine, worked  # noqa: E402
+from generator import documents, finder, routine, search, statuses, worked  # noqa: E402
 from generator.markup import Prose  # noqa: E402
 from interface import parse_header, read, rows  # noqa: E402
 
@@ -136,10 +136,62 @@ class Calls(unittest.TestCase):
             self.assertEqual(calls[name][0].row, telling[0], name)
 
 
+class Statuses(unittest.TestCase):
+    def meanings(self, text):
+        return statuses.sentence_cases(text)
+
+    def test_cases_are_read_from_sentences(self):
+        self.assertEqual(self.meanings("0 one point, 1 the lines coincide, 2 parallel"),
+                         {0: "One point.", 1: "The lines coincide.", 2: "Parallel."})
+        self.assertEqual(self.meanings("1, or 0 when the input is rejected"),
+                         {1: statuses.DONE, 0: "The input is rejected."})
+        self.assertEqual(self.meanings("1 when b > 0, else 2 (also for 0, 3)"),
+                         {1: "b > 0.", 2: "In all other cases (also for 0, 3)."})
+        self.assertEqual(self.meanings("0, or the `kezdirl` relation: 3, 4 the same line, 6 skew"),
+                         {0: statuses.DONE, 3: "The same line.", 4: "The same line.", 6: "Skew."})
+
+    def test_every_value_of_a_row_has_a_meaning(self):
+        interface = read()
+        routines = {r.name: r for r in interface.routines}
+        reports = {(r.name, a.name): statuses.meanings(r, a, routines) for r in interface.routines
+                   for a in r.outputs() if statuses.is_report(a, r)}
+        self.assertGreater(len(reports), 50)
+        for row in rows.read_rows(interface):
+            for name, literals in row.wanted.items():
+                known = reports.get((row.routine.name, name))
+                for literal in set(literals) - {"."} if known is not None else ():
+                    self.assertIn(int(literal), known, row.place)
+
+
+class Guides(unittest.TestCase):
+    def test_the_tasks_name_every_routine(self):
+        (tasks,) = (d for d in documents.topics() if d.href == "tasks.html")
+        missing = [r.name for r in read().routines if f"`{r.name}`" not in tasks.body]
+        self.assertEqual(missing, [])
+
+    def test_the_finder_knows_what_is_taken_and_given(self):
+        known = {r.name: (finder.haves(r), finder.wants(r)) for r in read().routines}
+        for name, have, want in [("kezlni", {"lines"}, {"points"}),
+                                 ("kezlci", {"lines", "circles"}, {"points"}),
+                                 ("kezpl1", {"points"}, {"planes"}),
+                                 ("kezcer", {"points", "length", "circles"}, {"circles"}),
+                                 ("kezapl", {"outline"}, {"area"}),
+                                 ("kezdirp", {"planes"}, {"relation"}),
+                                 ("kezphi", {"points"}, {"angle"}),
+                                 ("kezordi", {"list"}, {"list"}),
+                                 ("kezppp", {"outline", "points"}, {"relation"})]:
+            self.assertEqual(known[name], (have, want), name)
+
+    def test_headings_with_anchors_are_sections(self):
+        html = '<p>a</p><h2 id="b">B <code>c</code></h2><p>d</p><h3 id="e">E</h3>f'
+        self.assertEqual(search.sections(html), [("B c", "b", "d"), ("E", "e", "f")])
+
+
 class Documents(unittest.TestCase):
     def test_links_lead_to_files(self):
         """Those of the pages as they stand in the repository, too."""
-        for document in [*documents.about(), *documents.guides().values()]:
+        for document in [*documents.topics(), *documents.about(),
+                         *documents.guides().values()]:
             for target in re.findall(r"\]\(([^)#:]+)\)", document.body):
                 self.assertTrue((ROOT / document.path / ".." / target).resolve().exists(),
                                 f"{document.path}: {target}")

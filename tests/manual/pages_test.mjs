@@ -1,7 +1,7 @@
 // What holds for every page of the manual.
 
 import assert from "node:assert/strict";
-import { existsSync, readFileSync } from "node:fs";
+import { existsSync, readFileSync, readdirSync, statSync } from "node:fs";
 import { after, before, test } from "node:test";
 import { AXE, launch, open, pages, routines, textOf, watchedTab } from "./browser.mjs";
 
@@ -51,6 +51,22 @@ test("every page opens without a fault, has its pictures, and fits a narrow wind
   assert.ok(median(times) < 1000, `a page takes ${median(times)} ms`);
 });
 
+// With all that it loads, in kB. What the search loads comes later.
+test("a page weighs at most 500 kB, and the manual 8 MB", () => {
+  const size = (file) => statSync(`${process.env.MANUAL}/${file}`).size / 1000;
+  const heavy = pages
+    .map((page) => [
+      page,
+      [...textOf(page).matchAll(/(?:src|href)="(assets\/[^"]+)"/g)]
+        .map(([, file]) => file)
+        .reduce((sum, file) => sum + size(file), size(page)),
+    ])
+    .filter(([, weight]) => weight > 500);
+  assert.deepEqual(heavy, []);
+  const all = readdirSync(process.env.MANUAL, { recursive: true }).filter((f) => f.includes("."));
+  assert.ok(all.map(size).reduce((a, b) => a + b) < 8000);
+});
+
 test("no link is dead", () => {
   const texts = new Map(pages.map((page) => [page, textOf(page)]));
   const ids = new Map(
@@ -75,7 +91,8 @@ test("no link is dead", () => {
 
 // One of each kind of page, and those that have most on them.
 const KINDS = ["index.html", "routines.html", "family-guides.html", "shapes.html",
-  "same-answers.html", "language-csharp.html", "kezlci.html", "kezsec_c.html", "kezpnl.html"];
+  "same-answers.html", "language-csharp.html", "kezlci.html", "kezsec_c.html", "kezpnl.html", "statuses.html",
+  "section-values.html", "a-to-z.html"];
 
 for (const [width, colorScheme] of [[1280, "light"], [360, "dark"]]) {
   test(`no serious fault of access, ${width} wide and ${colorScheme}`, async () => {
