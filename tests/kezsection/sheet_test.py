@@ -2,8 +2,12 @@
 
 import math
 import unittest
+import unittest.mock
 
 from common import Case, reductions, sheet, used
+from kezsection.model import Options
+from kezsection.products import Wanted, products
+from kezsection.reading import parse
 from kezsection.report import report
 
 
@@ -153,6 +157,18 @@ class Traps(Case):
         """Weff of the tension edge may exceed Wel; the smaller modulus counts."""
         s = sheet("girder 1200 500 200 25 15 6 355 0 1000")
         self.assertLessEqual(s.moments["My+"].W, s.values.Wel_y)
+
+    def test_one_that_fails(self):
+        """A section that cannot be computed has its message, and the run goes on."""
+        section = parse("IPE 300 235 50 90")
+        with unittest.mock.patch("kezsection.products.Sheet", side_effect=IndexError("of a list")):
+            made = products([section], Options(), Wanted(report=True))
+        self.assertRegex(made[0].fault, "cannot be computed .IndexError: of a list")
+
+    def test_webs_of_hollow_sections(self):
+        """Shear buckling with a moment, also where flanges and webs have names of one word."""
+        s = sheet("rhs 360 360 3.3 275 155 75.9 Mz=7.47 Vz=200")
+        self.assertGreater(used(s, "MVb"), 0)
 
     def test_more_than_the_section(self):
         """N beyond Npl fails with a finite figure."""
