@@ -95,9 +95,10 @@ def reduce_lips(g, pairs, eps, how, fy):
     thickness chi t. pairs: lip and flange of each stiffener that is compressed."""
     stiffeners = []
     for lip, flange in pairs:
-        corner = g.cold.points[lip.plate.name.split()[0]][0]
+        corner, end, _ = g.cold.points[lip.plate.name.split()[0]]
         stiffeners.append(en3.EdgeStiffener(
-            lip.plate.t, flange.plate.width, lip.plate.width, abs(flange.plate.end - corner),
+            lip.plate.t, flange.plate.width, lip.plate.width, abs(end - corner),
+            abs(end - flange.plate.end),
             lambda factor, flange=flange: near_lip(flange, factor, eps)[1], eps))
     extra = []
     for (lip, flange), s, found in zip(pairs, stiffeners, en3.reduce_stiffeners(

@@ -85,6 +85,15 @@ class Lips(Case):
         self.near(s.shift.real, first / A - 22.21204, 2e-4)
         self.near(s.N_eN[1], -60e3 * s.shift.real)
 
+    def test_spring_of_rounded_corners(self):
+        """b1 is from the web to the centroid of As, whose lip stands at its centre line:
+        74.53 - be2 (be2 / 2 + g_r) / (be2 + ceff), with g_r = (1.6 + 1.235) 0.292893."""
+        lip = reductions(sheet("channel 77 60 20.1 2.47 0 0 0 460 54.1 -2.56 r=1.6"), "N")[
+            "top lip"].lip
+        b1 = 74.53 - lip.be2 * (lip.be2 / 2 + 0.830352) / (lip.be2 + lip.ceff)
+        self.nears(1e-6, b1=(lip.b1, b1), K=(lip.K, 210000 * 2.47**3 / 3.64 / (
+            b1**2 * 57.53 * 1.5 + b1**3)))
+
     def test_unequal_lips(self):
         """kf = As2 / As1 of each; a flange without a lip holds no spring of its own."""
         found = reductions(sheet("cee 75 60 200 20 15 2 350 60 0"), "N")
