@@ -53,6 +53,18 @@ class Effective(Case):
         self.near(found["left angle, top leg"].be1, 75.3741, 1e-5)
         self.near(found["right angle, leg"].be1, 150 * 0.685339, 1e-5)
 
+    def test_stresses_of_both_steps(self):
+        """Where flanges bend freely, they keep the psi of the gross section."""
+        for line, state, flange, web in (
+                ("cee 107 128 138 25.1 29.6 1.91 355 -26.7 0 r=0 coat=.04", "My+", "top flange", "web"),
+                ("angle 65 29 2.8 0 0 420 11.3 0 Mz=.1", "Mz+", "vertical leg", "horizontal leg")):
+            s = sheet(line)
+            psi = {c.plate.name: c.psi for c in s.classes[state].plates}
+            found = reductions(s, state)
+            self.near(found[flange].psi, psi[flange], 1e-9)
+            self.assertGreater(abs(found[web].psi - psi[web]), 0.01)
+            self.assertLess(found[flange].rho, 1)
+
     def test_every_compressed_plate(self):
         """Also one of class 3 has its rho in a section of class 4."""
         s = sheet("rhs 100 240 3 355 100 0")
