@@ -170,7 +170,7 @@ def cold_moment_and_shear(sheet, m):
     V = abs(a.Vz)
     if V <= s.VRd / 2:
         return
-    flanges = max(0.0, 1 - (s.tw * s.hw**2 / 4) / g.wpl("y")) if not g.free else 0.0
+    flanges = flange_share(sheet, m.state) if not g.free else 0.0
     axial_part = 0.0
     if a.N:
         A = sheet.A_compression if a.N > 0 else sheet.values.A
@@ -180,6 +180,15 @@ def cold_moment_and_shear(sheet, m):
     used = en3.shear_and_moment(axial_part, abs(a.My) / m.MRd, V, s.VRd, flanges)
     add(sheet, "MVc", "N, My with Vz", "EN 1993-1-3, 6.1.10 (6.27)", used, 1.0, "",
         f"Mf / Mpl {flanges:.3f}")
+
+
+def flange_share(sheet, state):
+    """Mf / Mpl: of the effective flanges alone, without lips, over the gross plastic modulus."""
+    areas = {p.name: p.width * p.t for p in sheet.g.plates if p.name.endswith("flange")}
+    for r in sheet.effective[state].reductions:
+        if r.plate.name in areas:
+            areas[r.plate.name] -= sum((s.end - s.begin) * s.share * r.plate.t for s in r.lost)
+    return min(min(areas.values()) * sheet.shear.hw / sheet.g.wpl("y"), 1.0)
 
 
 def plastic_of_three(A1, t1, Aw, hw, A2, t2):

@@ -204,6 +204,18 @@ class Resistance(Case):
         Wz = s.values.Wpl_z - s.strength.rho * 2 * 184 * 8 * 92 / 2
         self.near(s.strength.moment("z", 1, s.values.Wpl_z, True), Wz * 355, 1e-9)
 
+    def test_moment_with_shear_of_cold_formed(self):
+        """EN 1993-1-3, (6.27): Mf of the effective flange alone, 198 to the other one; at V = Vw the
+        last term is all of 1 - Mf / Mpl."""
+        s = sheet("channel 75 200 20 2 0 0 0 350 0 5 r=3 Vz=30")
+        flange = reductions(s, "My+")["top flange"]
+        be1, lip = flange.be1, reductions(s, "My+")["top lip"].lip
+        to_corner = flange.plate.to_corner
+        A = 2 * (be1 + to_corner + (lip.be2 - to_corner) * lip.chi)
+        term = (1 - A * 198 / s.values.Wpl_y) * (2 * 30e3 / s.shear.VRd - 1) ** 2
+        self.near(used(s, "MVc"), used(s, "My") + term, 1e-6)
+        self.assertLess(A, 2 * 0.9 * flange.plate.width)
+
     def test_moment_with_force(self):
         """(6.36) of an I, (6.39) of a hollow section, (6.32) of a bar, (6.2) of a tube; (6.41)."""
         s = sheet("HE 200 B 235 900 30 Mz=10")
