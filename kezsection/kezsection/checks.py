@@ -228,11 +228,23 @@ def buckling_and_moment(sheet, m):
         Mpl = en1.reduced_moment(Mpl, n, share) if f.equal else (1 - n) * Mpl
     flanges, eta1 = min(Mf / Mpl, 1.0), abs(a.My) / Mpl
     if a.N > 0 and web_pressed(sheet):
-        flanges, eta1 = 0.0, abs(a.N) / (sheet.A_compression * limit) + abs(a.My) / m.MRd
+        flanges = 0.0
+        eta1 = max(pressed_web_share(sheet, 0.0, 0.0), pressed_web_share(sheet, *sheet.N_eN))
     used = en5.shear_and_moment(eta1, abs(a.Vz) / s.Vb, flanges)
     if used is not None:
         add(sheet, "MVb", "My with Vz, shear buckling", "EN 1993-1-5, 7.1 (7.1)", used, 1.0, "",
             f"eta1 {eta1:.3f}, Mf / Mpl {flanges:.3f}")
+
+
+def pressed_web_share(sheet, ey, ez):
+    """EN 1993-1-5, 7.1(5): eta1 of 4.6, with elastic moduli, effective ones in class 4."""
+    a, v, W = sheet.action, sheet.values, {}
+    My, Mz = a.My + ey, a.Mz + ez
+    for axis, M, gross in (("y", My, v.Wel_y), ("z", Mz, v.Wel_z)):
+        state = f"M{axis}{'+' if M > 0 else '-'}"
+        W[axis] = sheet.state(state).W_min if M and sheet.number == 4 else gross
+    return en5.linear_sum(abs(a.N), sheet.A_compression, abs(My), W["y"], abs(Mz), W["z"],
+                          sheet.fy, sheet.options.gamma_m0)
 
 
 def web_pressed(sheet):

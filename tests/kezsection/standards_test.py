@@ -200,6 +200,11 @@ class Resistance(Case):
         n, a = 600e3 / (s.values.A * 355), (s.values.A - 12000) / s.values.A
         Mf, Mpl = Mf * (1 - 600e3 / (12000 * 355)), Mpl * min((1 - n) / (1 - a / 2), 1)
         self.near(used(s, "MVb"), 2200e6 / Mpl + (1 - Mf / Mpl) * (2 * eta - 1) ** 2, 1e-6)
+        for Mz in (0, 200):  # a web that is compressed as a whole: 7.1(5), with N eN
+            s = sheet(f"girder 1200 320 400 25 25 8 355 2000 200 Vz=500 Mz={Mz}")
+            shear = (2 * 500e3 / s.shear.Vb - 1) ** 2
+            self.near(used(s, "MVb"), max(used(s, "NM"), used(s, "NMe")) + shear, 1e-9)
+            self.assertGreater(used(s, "NMe"), used(s, "NM"))
         s = sheet("rhs 100 200 8 355 0 0 Mz=9 Vz=600")
         Wz = s.values.Wpl_z - s.strength.rho * 2 * 184 * 8 * 92 / 2
         self.near(s.strength.moment("z", 1, s.values.Wpl_z, True), Wz * 355, 1e-9)
