@@ -81,9 +81,15 @@ class Strength:
         if s and s.Vpl and not s.slender:
             self.rho = en1.shear_reduction(abs(sheet.action.Vz), s.Vpl)
         f = self.f
-        self.Aw = f.hw * f.tw * f.webs if f else v.A
-        self.A = v.A - self.rho * self.Aw
+        self.Aw = f.hw * f.tw * f.webs if f else v.A  # of (6.30)
+        self.A = self.area(v.A)
         self.N = self.A * sheet.fy / sheet.options.gamma_m0
+
+    def area(self, A):
+        """6.2.10(3): of A, gross or effective, when shear weakens the shear area: all of A if the
+        section has no web."""
+        shear = max(self.Aw, self.sheet.values.Av_z) if self.f else A
+        return max(A - self.rho * shear, (1 - self.rho) * A)
 
     def moment(self, axis, number, W, plastic):
         """With a modulus W, of the class."""
@@ -287,7 +293,7 @@ def linear_together(sheet, key, ey, ez):
             if rho:
                 W[axis] = sheet.strength.moment(axis, 4, W[axis], False) / (fy / o.gamma_m0)
     if rho:
-        A = max(A - rho * sheet.strength.Aw, 0.0)
+        A = sheet.strength.area(A)
     if min(A, *W.values()) <= 0:
         used = inf
     else:

@@ -93,7 +93,7 @@ def reduced_moment_solid(Mpl, n):
 
 def flange_free_share(A, flanges):
     """a of 6.2.9.1(5): of the area what is not in the flanges, at most 0.5."""
-    return min((A - flanges) / A, 0.5)
+    return max(min((A - flanges) / A, 0.5), 0.0)
 
 
 def reduced_moment(Mpl, n, a):

@@ -234,6 +234,11 @@ class Resistance(Case):
             self.assertEqual(s.MN[0] == s.values.Wpl_y * 235, free)
         self.assertEqual(en1.exponents("box", 0.5), (1.66 / (1 - 1.13 / 4),) * 2)
         self.assertEqual(en1.exponents("box", 0.9), (6.0, 6.0))
+        s = sheet("IPE 300 235 300 60 Vz=300")  # rho 0.521 of Av = 25.68 cm2: 6.2.10(3)
+        self.nears(2e-3, rho=(s.strength.rho, 0.521), n=(300e3 / s.strength.N, 0.316),
+                   MN=(s.MN[0], 99.8e6))
+        self.near(sheet("angle 100 65 4 0 0 355 9 .1 Vz=60").strength.area(300),
+                  300 * (1 - sheet("angle 100 65 4 0 0 355 9 .1 Vz=60").strength.rho))
         s = sheet("rhs 100 200 8 355 600 30")
         n, a = 600e3 / (s.values.A * 355), (s.values.A - 2 * 100 * 8) / s.values.A
         self.near(used(s, "NM"), 30e6 / (s.values.Wpl_y * 355 * (1 - n) / (1 - 0.25)), 1e-9)
