@@ -81,9 +81,15 @@ class Strength:
         if s and s.Vpl and not s.slender:
             self.rho = en1.shear_reduction(abs(sheet.action.Vz), s.Vpl)
         f = self.f
-        self.Aw = f.hw * f.tw * f.webs if f else v.A
-        self.A = v.A - self.rho * self.Aw
+        self.Aw = f.hw * f.tw * f.webs if f else v.A  # of (6.30)
+        self.A = self.area(v.A)
         self.N = self.A * sheet.fy / sheet.options.gamma_m0
+
+    def area(self, A):
+        """6.2.10(3): of A, gross or effective, when shear weakens the shear area: all of A if the
+        section has no web."""
+        shear = max(self.Aw, self.sheet.values.Av_z) if self.f else A
+        return max(A - self.rho * shear, (1 - self.rho) * A)
 
     def moment(self, axis, number, W, plastic):
         """With a modulus W, of the class."""
@@ -170,7 +176,7 @@ def cold_moment_and_shear(sheet, m):
     V = abs(a.Vz)
     if V <= s.VRd / 2:
         return
-    flanges = max(0.0, 1 - (s.tw * s.hw**2 / 4) / g.wpl("y")) if not g.free else 0.0
+    flanges = flange_share(sheet, m.state) if not g.free else 0.0
     axial_part = 0.0
     if a.N:
         A = sheet.A_compression if a.N > 0 else sheet.values.A
@@ -180,6 +186,15 @@ def cold_moment_and_shear(sheet, m):
     used = en3.shear_and_moment(axial_part, abs(a.My) / m.MRd, V, s.VRd, flanges)
     add(sheet, "MVc", "N, My with Vz", "EN 1993-1-3, 6.1.10 (6.27)", used, 1.0, "",
         f"Mf / Mpl {flanges:.3f}")
+
+
+def flange_share(sheet, state):
+    """Mf / Mpl: of the effective flanges alone, without lips, over the gross plastic modulus."""
+    areas = {p.name: p.width * p.t for p in sheet.g.plates if p.name.endswith("flange")}
+    for r in sheet.effective[state].reductions:
+        if r.plate.name in areas:
+            areas[r.plate.name] -= sum((s.end - s.begin) * s.share * r.plate.t for s in r.lost)
+    return min(min(areas.values()) * sheet.shear.hw / sheet.g.wpl("y"), 1.0)
 
 
 def plastic_of_three(A1, t1, Aw, hw, A2, t2):
@@ -219,11 +234,23 @@ def buckling_and_moment(sheet, m):
         Mpl = en1.reduced_moment(Mpl, n, share) if f.equal else (1 - n) * Mpl
     flanges, eta1 = min(Mf / Mpl, 1.0), abs(a.My) / Mpl
     if a.N > 0 and web_pressed(sheet):
-        flanges, eta1 = 0.0, abs(a.N) / (sheet.A_compression * limit) + abs(a.My) / m.MRd
+        flanges = 0.0
+        eta1 = max(pressed_web_share(sheet, 0.0, 0.0), pressed_web_share(sheet, *sheet.N_eN))
     used = en5.shear_and_moment(eta1, abs(a.Vz) / s.Vb, flanges)
     if used is not None:
         add(sheet, "MVb", "My with Vz, shear buckling", "EN 1993-1-5, 7.1 (7.1)", used, 1.0, "",
             f"eta1 {eta1:.3f}, Mf / Mpl {flanges:.3f}")
+
+
+def pressed_web_share(sheet, ey, ez):
+    """EN 1993-1-5, 7.1(5): eta1 of 4.6, with elastic moduli, effective ones in class 4."""
+    a, v, W = sheet.action, sheet.values, {}
+    My, Mz = a.My + ey, a.Mz + ez
+    for axis, M, gross in (("y", My, v.Wel_y), ("z", Mz, v.Wel_z)):
+        state = f"M{axis}{'+' if M > 0 else '-'}"
+        W[axis] = sheet.state(state).W_min if M and sheet.number == 4 else gross
+    return en5.linear_sum(abs(a.N), sheet.A_compression, abs(My), W["y"], abs(Mz), W["z"],
+                          sheet.fy, sheet.options.gamma_m0)
 
 
 def web_pressed(sheet):
@@ -266,7 +293,7 @@ def linear_together(sheet, key, ey, ez):
             if rho:
                 W[axis] = sheet.strength.moment(axis, 4, W[axis], False) / (fy / o.gamma_m0)
     if rho:
-        A = max(A - rho * sheet.strength.Aw, 0.0)
+        A = sheet.strength.area(A)
     if min(A, *W.values()) <= 0:
         used = inf
     else:

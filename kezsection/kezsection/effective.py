@@ -95,9 +95,10 @@ def reduce_lips(g, pairs, eps, how, fy):
     thickness chi t. pairs: lip and flange of each stiffener that is compressed."""
     stiffeners = []
     for lip, flange in pairs:
-        corner = g.cold.points[lip.plate.name.split()[0]][0]
+        corner, end, _ = g.cold.points[lip.plate.name.split()[0]]
         stiffeners.append(en3.EdgeStiffener(
-            lip.plate.t, flange.plate.width, lip.plate.width, abs(flange.plate.end - corner),
+            lip.plate.t, flange.plate.width, lip.plate.width, abs(end - corner),
+            abs(end - flange.plate.end),
             lambda factor, flange=flange: near_lip(flange, factor, eps)[1], eps))
     extra = []
     for (lip, flange), s, found in zip(pairs, stiffeners, en3.reduce_stiffeners(
@@ -121,11 +122,11 @@ def reduce_lips(g, pairs, eps, how, fy):
     return extra
 
 
-def reduce_all(g, stress, fy, how):
-    """Every plate that is compressed, and corners of lips."""
-    eps, found = epsilon(fy), {}
+def reduce_all(g, stress, fy, how, kept):
+    """Every plate that is compressed, and corners of lips. kept: by name those that are done."""
+    eps, found = epsilon(fy), dict(kept)
     for p in g.plates:
-        r = compressed(p, stress)
+        r = None if p.name in kept else compressed(p, stress)
         if r is None:
             continue
         found[p.name] = r
@@ -141,9 +142,10 @@ def reduce_all(g, stress, fy, how):
         elif p.kind != LIP:
             reduce_outstand(r, eps)
     pairs = []
-    for r in [r for r in found.values() if r.plate.kind == LIP]:
-        flange = found.get(r.plate.name.replace("lip", "flange"))
-        if flange:
+    for r in [r for r in found.values() if r.plate.kind == LIP and r.plate.name not in kept]:
+        name = r.plate.name.replace("lip", "flange")
+        flange = found.get(name)
+        if flange and name not in kept:
             pairs.append((r, flange))
         else:
             reduce_outstand(r, eps)
@@ -151,7 +153,7 @@ def reduce_all(g, stress, fy, how):
     for r in found.values():
         r.lost = [s for s in r.lost
                   if s.end - s.begin > 1e-9 * r.plate.width and s.share > 1e-9]
-    return list(found.values()), extra
+    return [found[p.name] for p in g.plates if p.name in found], extra
 
 
 def first_step(plate: Plate, axis):
@@ -162,13 +164,19 @@ def first_step(plate: Plate, axis):
     return along < 0.5
 
 
+def stays(r, axis):
+    """Whether a plate keeps what the first step finds: a lip does with its flange."""
+    return axis == "y" if r.lip else first_step(r.plate, axis)
+
+
 def effective(g, axis, sign, fy, how):
     """In two steps: flanges by the stresses of the gross section, webs by those of the section with
     effective flanges and whole webs."""
-    p, extra = g.gross, []
+    p, kept, rings = g.gross, {}, []
     for step in (1, 2):
         stress = Field(p, axis, sign, g.free, 1.0 if axis == "N" else max(g.stresses(p, axis)))
-        found, extra = reduce_all(g, stress, fy, how)
+        found, extra = reduce_all(g, stress, fy, how, kept)
+        extra += rings
         if step == 2 or axis == "N":
             break
         lost = [missing(r.plate, s) for r in found for s in r.lost if first_step(r.plate, axis)]
@@ -178,6 +186,8 @@ def effective(g, axis, sign, fy, how):
         if not lost:
             break
         p = combined([g.gross, *lost])
+        kept = {r.plate.name: r for r in found if stays(r, axis)}
+        rings = [(lip, ring) for lip, ring in extra if stays(lip, axis)]
     parts = [missing(r.plate, s) for r in found for s in r.lost] + [ring for _, ring in extra]
     left = combined([g.gross, *parts]) if parts else g.gross
     up, down = (0.0, 0.0) if axis == "N" else g.stresses(left, axis)

@@ -15,7 +15,7 @@ def internal_limits(eps, alpha, psi):
         first, second = 396 * eps / (13 * alpha - 1), 456 * eps / (13 * alpha - 1)
     else:
         first, second = ((36 * eps / alpha, 41.5 * eps / alpha) if alpha > 0 else (inf, inf))
-    if psi > -1:
+    if psi > -1 + 1e-6:  # pure bending does not miss it by rounding
         third = 42 * eps / (0.67 + 0.33 * psi)
     else:
         third = 62 * eps * (1 - psi) * sqrt(-psi) if psi > -inf else inf
@@ -93,7 +93,7 @@ def reduced_moment_solid(Mpl, n):
 
 def flange_free_share(A, flanges):
     """a of 6.2.9.1(5): of the area what is not in the flanges, at most 0.5."""
-    return min((A - flanges) / A, 0.5)
+    return max(min((A - flanges) / A, 0.5), 0.0)
 
 
 def reduced_moment(Mpl, n, a):

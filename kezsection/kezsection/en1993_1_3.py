@@ -48,13 +48,13 @@ def k_lip(ratio):
     return 0.5 if ratio <= 0.35 else 0.5 + 0.83 * (min(ratio, 0.6) - 0.35) ** (2 / 3)
 
 
-def stiffener(t, be2, ceff, reach):
+def stiffener(t, be2, ceff, reach, gap):
     """5.5.3.2(6), figure 5.7: As, Is about the axis along the flange, and b1 from the web. reach:
-    from the web to the end of the flange's width."""
+    from the web to the lip, gap: from the lip to the end of the flange's width (g_r)."""
     length = be2 + ceff
     As, off = t * length, ceff**2 / 2 / length  # off: of the centroid from the flange
     Is = t * (be2 * (t * t / 12 + off**2) + ceff**3 / 12 + ceff * (ceff / 2 - off) ** 2)
-    return As, Is, reach - be2**2 / 2 / length
+    return As, Is, reach - be2 * (be2 / 2 + gap) / length
 
 
 def spring_stiffness(t, b1, b2, hw, kf):
@@ -77,8 +77,8 @@ def chi_d(slenderness):
 class EdgeStiffener:
     """What of a flange and its lip does not change in the iteration of 5.5.3.2. effective_flange:
     the width be2 at the lip by the factor on the plate's slenderness."""
-    def __init__(self, t, bp, cp, reach, effective_flange, eps):
-        self.t, self.cp, self.reach = t, cp, reach
+    def __init__(self, t, bp, cp, reach, gap, effective_flange, eps):
+        self.t, self.cp, self.reach, self.gap = t, cp, reach, gap
         self.effective_flange = effective_flange
         self.k = k_lip(cp / bp)
         self.slenderness = plate_slenderness(cp, t, eps, self.k)
@@ -89,7 +89,7 @@ class EdgeStiffener:
         factor = sqrt(chi)
         be2 = self.effective_flange(factor)
         ceff = rho_outstand(self.slenderness * factor) * self.cp
-        return (be2, ceff, *stiffener(self.t, be2, ceff, self.reach))
+        return (be2, ceff, *stiffener(self.t, be2, ceff, self.reach, self.gap))
 
 
 def reduce_stiffeners(pair, hw, fy, how):
@@ -123,9 +123,9 @@ def reduce_stiffeners(pair, hw, fy, how):
 def compare(s, result, hw, fy):
     """The library's figure, which knows one spring lever for both flanges: for comparison."""
     if result.kf == 0 or (abs(result.kf - 1) < 1e-6 and abs(result.b2 - result.b1) < 1e-6 * hw):
-        be2, ceff, *_ = s.at(1.0)
-        result.kezchi = kezlib.kezchi(s.t, be2, s.reach, ceff, hw, fy, E, NU,
-                                      round(result.kf)).chi
+        be2, ceff, _, _, b1 = s.at(1.0)
+        b = b1 + be2**2 / 2 / (be2 + ceff)  # by which the library has the same b1
+        result.kezchi = kezlib.kezchi(s.t, be2, b, ceff, hw, fy, E, NU, round(result.kf)).chi
 
 
 def shear_strength(hw, t, fy):

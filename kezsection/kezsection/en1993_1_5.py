@@ -8,6 +8,8 @@ def k_internal(psi):
     compression. Beyond psi = -3, which the table ends with, the value there."""
     if psi >= 0:
         return 8.2 / (1.05 + psi)
+    if abs(psi + 1) < 1e-6:
+        return 23.9
     if psi > -1:
         return 7.81 - 6.29 * psi + 9.78 * psi**2
     return 5.98 * (1 - max(psi, -3.0)) ** 2

@@ -2,6 +2,8 @@
 
 import contextlib
 import os
+import stat
+import sys
 import tempfile
 from pathlib import Path
 
@@ -23,9 +25,25 @@ def same(one, other):
         return False
 
 
+def is_report(path):
+    """Whether standard output goes to that file."""
+    try:
+        report = os.fstat(sys.stdout.fileno())
+        return stat.S_ISREG(report.st_mode) and os.path.samestat(report, os.stat(path))
+    except (OSError, ValueError):
+        return False
+
+
 def refuse_overlaps(source, files, folder=None):
-    """No output may be the input or another output."""
+    """No output, the report among them, may be the input or another output."""
     named = [(option, path) for option, path in files if path]
+    for option, path in [*named, ("--svg", folder)]:
+        if path == "-":
+            raise Refused(f"{option} -: standard output is for the report; name another place")
+    for option, path in [("the input", source), *named]:
+        if is_report(path):
+            what = option.replace("--", "the file of --")
+            raise Refused(f"standard output goes to {path}, which is {what} too; name another file")
     for i, (option, path) in enumerate(named):
         if same(path, source):
             raise Refused(f"{option} {path} is the input; name another file")

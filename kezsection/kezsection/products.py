@@ -34,12 +34,18 @@ class Product:
 
 
 def product(section, options, wanted):
-    made = Product(section.number, section.line)
+    """What is wanted of a section. One that fails does not end the run."""
     try:
-        sheet = Sheet(section, options)
+        return of_sheet(Sheet(section, options), section, options, wanted)
     except (ArithmeticError, ValueError) as fault:
-        made.fault = f"cannot be computed ({fault}); the dimensions are out of all proportion"
-        return made
+        reason = f"cannot be computed ({fault}); the dimensions are out of all proportion"
+    except Exception as fault:
+        reason = f"cannot be computed ({type(fault).__name__}: {fault}); please report this line"
+    return Product(section.number, section.line, reason)
+
+
+def of_sheet(sheet, section, options, wanted):
+    made = Product(section.number, section.line)
     if sheet.faults:
         made.fault = f"incomplete: {'; '.join(sheet.faults)}"
     if wanted.report:

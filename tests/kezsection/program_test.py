@@ -118,12 +118,19 @@ class Program(unittest.TestCase):
         for arguments in (["--csv", "good.txt"], ["--html", "./good.txt"], ["--dxf", "hard.txt"],
                           ["--csv-plates", "soft.txt"], ["--csv", "a", "--html", "./a"],
                           ["--csv", "a", "--csv-plates", "a"], ["--csv", "."],
-                          ["--svg", "good.txt"], ["--csv", "good.txt/t.csv"],
+                          ["--svg", "good.txt"], ["--csv", "-"], ["--svg", "-"], ["--csv", "good.txt/t.csv"],
                           ["--csv", "/dev/null"], ["--csv", "section-1.svg", "--svg", "."]):
             with self.subTest(arguments):
                 done = self.run_it("good.txt", *arguments, status=2)
                 self.assertEqual(done.stderr.count("\n"), 1, done.stderr)
                 self.assertEqual((done.stdout, done.stderr[:12]), ("", "kezsection: "))
+        for name, arguments in (("t.csv", ["--csv", "t.csv"]), ("good.txt", [])):
+            with open(self.folder / name, "a", encoding="utf-8") as report:
+                done = subprocess.run([*PROGRAM, "good.txt", *arguments], cwd=self.folder, text=True,
+                                      stdout=report, stderr=subprocess.PIPE)
+            self.assertEqual(done.returncode, 2)
+            self.assertRegex(done.stderr, f"^kezsection: standard output goes to {name}, .*\n$")
+        (self.folder / "t.csv").unlink()
         self.run_it("section-2.svg", "--svg", ".", status=2)
         self.assertEqual((self.folder / "good.txt").read_text("utf-8"), GOOD)
         self.assertEqual(sorted(os.listdir(self.folder)), ["good.txt", "hard.txt", "section-2.svg",

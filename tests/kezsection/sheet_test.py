@@ -2,8 +2,12 @@
 
 import math
 import unittest
+import unittest.mock
 
 from common import Case, reductions, sheet, used
+from kezsection.model import Options
+from kezsection.products import Wanted, products
+from kezsection.reading import parse
 from kezsection.report import report
 
 
@@ -48,6 +52,18 @@ class Effective(Case):
         found = reductions(sheet("angles 100 150 10 6 8  355 100 0"), "N")
         self.near(found["left angle, top leg"].be1, 75.3741, 1e-5)
         self.near(found["right angle, leg"].be1, 150 * 0.685339, 1e-5)
+
+    def test_stresses_of_both_steps(self):
+        """Where flanges bend freely, they keep the psi of the gross section."""
+        for line, state, flange, web in (
+                ("cee 107 128 138 25.1 29.6 1.91 355 -26.7 0 r=0 coat=.04", "My+", "top flange", "web"),
+                ("angle 65 29 2.8 0 0 420 11.3 0 Mz=.1", "Mz+", "vertical leg", "horizontal leg")):
+            s = sheet(line)
+            psi = {c.plate.name: c.psi for c in s.classes[state].plates}
+            found = reductions(s, state)
+            self.near(found[flange].psi, psi[flange], 1e-9)
+            self.assertGreater(abs(found[web].psi - psi[web]), 0.01)
+            self.assertLess(found[flange].rho, 1)
 
     def test_every_compressed_plate(self):
         """Also one of class 3 has its rho in a section of class 4."""
@@ -153,6 +169,18 @@ class Traps(Case):
         """Weff of the tension edge may exceed Wel; the smaller modulus counts."""
         s = sheet("girder 1200 500 200 25 15 6 355 0 1000")
         self.assertLessEqual(s.moments["My+"].W, s.values.Wel_y)
+
+    def test_one_that_fails(self):
+        """A section that cannot be computed has its message, and the run goes on."""
+        section = parse("IPE 300 235 50 90")
+        with unittest.mock.patch("kezsection.products.Sheet", side_effect=IndexError("of a list")):
+            made = products([section], Options(), Wanted(report=True))
+        self.assertRegex(made[0].fault, "cannot be computed .IndexError: of a list")
+
+    def test_webs_of_hollow_sections(self):
+        """Shear buckling with a moment, also where flanges and webs have names of one word."""
+        s = sheet("rhs 360 360 3.3 275 155 75.9 Mz=7.47 Vz=200")
+        self.assertGreater(used(s, "MVb"), 0)
 
     def test_more_than_the_section(self):
         """N beyond Npl fails with a finite figure."""
