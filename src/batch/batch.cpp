@@ -44,7 +44,7 @@ template <auto routine, std::size_t size>
 constexpr Routine described(const char (&name)[size]) {
   Routine result{{}, arguments_of(routine), calls_of<routine>};
   static_assert(size <= result.name.size());
-  std::ranges::copy(name, result.name.begin());
+  std::copy_n(name, size, result.name.begin());
   return result;
 }
 
@@ -52,7 +52,12 @@ constexpr Routine routines[] = {
 #define KEZ_ROUTINE(name) described<name>(#name),
 #include "routines.inc"
 };
-static_assert(std::ranges::is_sorted(routines, {}, &Routine::view));
+
+// Not of std::ranges, whose algorithms Debian's Emscripten lacks.
+constexpr bool operator<(const Routine& a, const Routine& b) {
+  return a.view() < b.view();
+}
+static_assert(std::is_sorted(std::begin(routines), std::end(routines)));
 
 }  // namespace
 
@@ -60,7 +65,9 @@ extern "C" void KEZ_CALL kezbatch(const char* routine, const int32_t* arguments,
                                   const int32_t* count, void* const address[],
                                   const intptr_t step[], int32_t* status) {
   const std::string_view name = routine;
-  const Routine* found = std::ranges::lower_bound(routines, name, {}, &Routine::view);
+  const Routine* found =
+      std::lower_bound(std::begin(routines), std::end(routines), name,
+                       [](const Routine& a, std::string_view b) { return a.view() < b; });
   if (found == std::end(routines) || found->view() != name) {
     *status = 1;
   } else if (found->arguments != *arguments) {

@@ -28,9 +28,9 @@ bool order_by(std::size_t count, Entry entry, std::span<std::int32_t> order) {
 
   const float marker = largest(count, entry) + 1.0f;
   const auto is_below = [marker](Keyed e) { return value_of(e) < marker; };
-  const auto chosen =
-      std::ranges::partition_point(sorted.entries(), is_below) - sorted.entries().begin();
-  const auto below = static_cast<std::size_t>(chosen);
+  const auto entries = sorted.entries();
+  const auto behind = std::partition_point(entries.begin(), entries.end(), is_below);
+  const auto below = static_cast<std::size_t>(behind - entries.begin());
   // A pass that begins at not-a-number takes none. Once no entry is below the marker, those that
   // are numbers all equal it, as the markers do, and every pass takes the last of them.
   const auto takes_none = [&](std::size_t i) { return below < count && std::isnan(entry(i)); };
