@@ -2,6 +2,7 @@
 // routine.
 #include <errno.h>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <sys/types.h>
 #include <unistd.h>
 
@@ -27,6 +28,24 @@ int open(const char* path, int flags, ...) {
   (void)path, (void)flags;
   errno = ENOENT;
   return -1;
+}
+
+int stat(const char* path, struct stat* found) {
+  (void)path, (void)found;
+  errno = ENOENT;
+  return -1;
+}
+
+int fstat(int file, struct stat* found) {
+  (void)file, (void)found;
+  errno = EBADF;
+  return -1;
+}
+
+char* getcwd(char* path, size_t size) {
+  (void)path, (void)size;
+  errno = ENOENT;
+  return NULL;
 }
 
 ssize_t write(int file, const void* bytes, size_t size) {
