@@ -26,7 +26,7 @@ HERE = pathlib.Path(__file__).resolve().parent
 sys.path[:0] = [str(HERE), str(HERE.parents[1] / "tools")]
 
 import interface  # noqa: E402
-from interface import arithmetic, conditions, languages, rows, writers  # noqa: E402
+from interface import arithmetic, conditions, languages, rows, shapes, writers  # noqa: E402
 
 INTERFACE = interface.read()
 ROOT = interface.ROOT
@@ -177,7 +177,7 @@ class Call:
         """How many entries are."""
         if not argument.extent:
             return scalars if argument.is_kept() else 1
-        if argument.kept_when and (expression := conditions.behind(argument.kept_when)):
+        if argument.kept_when and (expression := conditions.beyond(argument.kept_when)):
             after = integers(self.row, self.row.given, self.row.wanted)
             return min(max(arithmetic.evaluate(expression, after), 0), size(argument, self.row))
         return self.sizes[argument.name]
@@ -216,13 +216,16 @@ def worked_calls():
 
 
 def short_calls(calls, outputs_too):
-    """For each array of each routine the first call that it can lack an entry of."""
+    """For each array of each routine the first call that it can lack an entry of. Where outputs are
+    not checked, an entry that is only written may be missing; so may room for further pairs."""
     found = {}
     for call in calls.values():
         for a in call.row.routine.arguments:
             name = f"{call.row.routine.name}_short_{a.name}"
             passed = languages.is_list(a) and not a.callback and (
                 outputs_too or a.name in call.held)
+            passed = passed and not shapes.pairs(a, call.row.routine)
+            passed = passed and (outputs_too or not shapes.read_entries(a))
             if passed and 0 < size(a, call.row) == call.sizes[a.name]:
                 found.setdefault(name, Call(call.row, call.preset, a.name))
     return found
