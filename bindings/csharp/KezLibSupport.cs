@@ -162,8 +162,84 @@ namespace KezLib
         }
     }
 
+    /// <summary>Many calls of one routine.</summary>
+    public static class Batch
+    {
+        /// <summary>Calls a routine for each item, in order, with the bits of single calls.</summary>
+        /// <param name="routine">its name, as "kezpds"</param>
+        /// <param name="count">the number of items</param>
+        /// <param name="arguments">for each argument of the routine a number for all items, or a
+        /// float[] or int[] of as many entries for each; one array for each output</param>
+        /// <remarks>Reals are float and integers int. The entries of an item stand together. Routines
+        /// with lists or a callback cannot be called so. What is wrong is refused with an
+        /// ArgumentException, and the library is not called.</remarks>
+        public static void Call(string routine, int count, params object[] arguments)
+        {
+            Checks.IsThere("routine", routine);
+            Checks.IsThere("arguments", arguments);
+            string said;
+            if (!Native.Batched.TryGetValue(routine, out said))
+                throw new ArgumentException("no many calls of a routine " + routine);
+            string[] wanted = said.Split(' ');
+            if (wanted.Length != arguments.Length)
+                throw new ArgumentException(string.Format("{0} takes {1} arguments, not {2}",
+                                                          routine, wanted.Length, arguments.Length));
+            if (count <= 0)
+                return;
+            int length = arguments.Length, status;
+            var held = new GCHandle[length];
+            var address = new IntPtr[length];
+            var step = new IntPtr[length];
+            try
+            {
+                for (int i = 0; i < length; ++i)
+                {
+                    int entries;
+                    Array list = Listed(
+                        routine + ": argument " + (i + 1), arguments[i], wanted[i], count, out entries);
+                    held[i] = GCHandle.Alloc(list, GCHandleType.Pinned);
+                    address[i] = held[i].AddrOfPinnedObject();
+                    step[i] = new IntPtr(4 * entries);
+                }
+                Native.kezbatch(routine, ref length, ref count, address, step, out status);
+            }
+            finally
+            {
+                foreach (GCHandle handle in held)
+                    if (handle.IsAllocated)
+                        handle.Free();
+            }
+        }
+
+        // The entries of an item are 0 where all share a number.
+        static Array Listed(string place, object given, string wanted, int count, out int entries)
+        {
+            bool isReal = char.ToLowerInvariant(wanted[0]) == 'r';
+            entries = 0;
+            if (wanted == "r1" && given is float)
+                return new[] {(float)given};
+            if (wanted == "i1" && given is int)
+                return new[] {(int)given};
+            entries = int.Parse(wanted.Substring(1), CultureInfo.InvariantCulture);
+            Array list = isReal ? (Array)(given as float[]) : given as int[];
+            if (list == null || isReal != list is float[])
+                throw new ArgumentException(string.Format(
+                    "{0} is no {1}[]{2}", place, isReal ? "float" : "int",
+                    entries == 1 && char.IsLower(wanted[0]) ? " and no number of that type" : ""));
+            if (list.Length < (long)count * entries)
+                throw new ArgumentException(string.Format(
+                    "{0} holds {1} of {2} entries", place, list.Length, (long)count * entries));
+            return list;
+        }
+    }
+
     internal static partial class Native
     {
+        [DllImport(Library, CharSet = CharSet.Ansi, ExactSpelling = true)]
+        internal static extern void kezbatch(string routine, ref int arguments, ref int count,
+                                             [In] IntPtr[] address, [In] IntPtr[] step,
+                                             out int status);
+
         // Windows completes this to KezLib.dll and mono to libKezLib.so.
         const string Library = "KezLib";
 

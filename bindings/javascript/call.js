@@ -1,7 +1,8 @@
 // Calls the routines of one instance of the library, as routines.js describes them.
 
 import { pairs } from "./arithmetic.js";
-import { routines, version } from "./routines.js";
+import { callMany } from "./batch.js";
+import { routines, straightCalls, stridedCalls, version } from "./routines.js";
 import {
   MOST_ENTRIES, array, checkLength, formOfLists, routineOfHost, scalar,
 } from "./values.js";
@@ -88,7 +89,12 @@ class Host {
 /** The routine with what every call of it would find out again. */
 function prepared({ name, groups }) {
   const described = groups.flatMap(({ names, ...group }) =>
-    names.map((argument) => ({ ...group, name: argument, place: `${name}: ${argument}` })));
+    names.map((argument) => ({
+      ...group,
+      name: argument,
+      place: `${name}: ${argument}`,
+      width: group.extent?.length === 0 ? group.extent() : 1,
+    })));
   const all = described.map((argument, index) => ({ ...argument, index }));
   return {
     name,
@@ -292,6 +298,12 @@ function checkVersion(exports) {
       `the WebAssembly module is KezLib ${found}, and this package is for ${version}`);
 }
 
+/** A function of each routine, which has the routine's name. */
+function byName(known, functionOf) {
+  return Object.fromEntries(known.map((routine) =>
+    [routine.name, Object.defineProperty(functionOf(routine), "name", { value: routine.name })]));
+}
+
 /** The routines of a new instance, made of the module or of its bytes: its kept values are its own.
  */
 export async function instantiate(from) {
@@ -303,7 +315,12 @@ export async function instantiate(from) {
   exports._initialize();
   const memory = new Memory(exports);
   host = new Host(memory);
-  const entries = routines.map(prepared).map((routine) =>
-    [routine.name, (...given) => new Call(routine, given).run(memory, host, exports)]);
-  return Object.freeze(Object.fromEntries(entries));
+  const known = routines.map(prepared);
+  const checked = byName(known, (routine) => (...given) =>
+    new Call(routine, given).run(memory, host, exports));
+  const straight = straightCalls(exports, checked, UNWRITTEN);
+  const strided = stridedCalls(exports);
+  const batch = byName(known.filter(({ name }) => strided[name]), (routine) => (given) =>
+    callMany(routine, given, { memory, strided, unwritten: UNWRITTEN }));
+  return Object.freeze({ ...checked, ...straight, batch: Object.freeze(batch) });
 }

@@ -65,11 +65,39 @@ static class Misuse
         That(message.StartsWith("X holds 4 of 5 entries"), message);
     }
 
+    static void InManyCalls()
+    {
+        float[] two = {3, 0}, d = new float[2];
+        Batch.Call("kezpds", 2, two, 4f, 0f, 0f, 0f, 0f, d);
+        That(d[0] == 5 && d[1] == 4, "many calls");
+        var c = new float[6];
+        Batch.Call("kezpre", 2, 0f, 0f, 0f, 1f, 0f, 0f, 0f, 0f, 0f, 0f, two, 0f, c);
+        That(c[2] == 3 && c[5] == 0, "three entries an item");
+        object[][] wrong = {
+            new object[] {two, 4f, 0f, 0f, 0f, 0f, new float[1]}, new object[] {two, 4f},
+            new object[] {two, 4, 0f, 0f, 0f, 0f, d}, new object[] {two, 4f, 0f, 0f, 0f, 0f, 1f},
+            new object[] {null, 4f, 0f, 0f, 0f, 0f, d}};
+        foreach (object[] arguments in wrong)
+        {
+            bool refused = false;
+            try
+            {
+                Batch.Call("kezpds", 2, arguments);
+            }
+            catch (ArgumentException)
+            {
+                refused = true;
+            }
+            That(refused, "wrong many calls");
+        }
+    }
+
     static void Main()
     {
         WithoutAnArray();
         WithACallbackThatThrows();
         WithOneEntryTooFew();
+        InManyCalls();
         Console.WriteLine("refused");
     }
 }

@@ -126,8 +126,8 @@ def main():
                 ((harness.EXAMPLES / "section.mjs").read_text(), SECTION)]
     harness.check_programs(program, programs + harness.page_programs(place, "javascript", "js"),
                            place)
-    place.run("node", "--test", harness.HERE / "javascript_misuse.mjs",
-              harness.HERE / "javascript_lists.mjs")
+    place.run("node", "--test", harness.HERE / "javascript_batch.mjs",
+              harness.HERE / "javascript_lists.mjs", harness.HERE / "javascript_misuse.mjs")
     shutil.copy(harness.HERE / "javascript_types.mts", place.work)
     place.run("tsc", "--noEmit", *STRICT, "javascript_types.mts")
     print(check_reference(place))

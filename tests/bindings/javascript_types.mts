@@ -15,8 +15,14 @@ const reals: Float32Array = kez.kezinv(1, new Float32Array(1)).x;
 const integers: Int32Array = kez.kezinv(1, new Int32Array(1)).x;
 const either: Float32Array | Int32Array = kez.kezinv(1, [1]).x;
 const positions: Int32Array = kez.kezpnl(0, 0, 0, 1, 0, 0, [0], [0], (i: number) => i, 1, 1).idx;
-void [said, cut, moved, reals, integers, either, positions];
+const many: { d: Float32Array } = kez.batch.kezpds(
+  { x1: new Float32Array(2), y1: [1, 2], z1: 0, x2: 0, y2: 0, z2: 0 });
+void [many, said, cut, moved, reals, integers, either, positions];
 
+// @ts-expect-error: an input of many calls is missing
+kez.batch.kezpds({ x1: 0, y1: 0, z1: 0, x2: 0, y2: 0 });
+// @ts-expect-error: no such input
+kez.batch.kezpds({ x1: 0, y1: 0, z1: 0, x2: 0, y2: 0, z2: 0, d: 0 });
 // @ts-expect-error: text is no number
 kez.kezpds("0", 0, 0, 0, 0, 0);
 // @ts-expect-error: an argument is missing

@@ -3,6 +3,7 @@
 import itertools
 
 from ..checked_fortran import checked_module
+from ..elemental_fortran import elemental_module
 from ..languages import (Language, Literals, broken, documentation, form_of, forms, is_list,
                          known_as, wrapped)
 from . import NOTICE
@@ -144,7 +145,8 @@ def write(interface):
         lines += [line for routine in interface.routines if routine.group == group.title
                   for line in interface_of(routine)]
     return "\n".join([TOP.format(NOTICE), *indented(lines[1:], 2), "", "end module kezlib", "",
-                      *checked_module(interface)]) + "\n"
+                      *checked_module(interface), "",
+                      *elemental_module(interface)]) + "\n"
 
 
 def signature(routine):

@@ -10,6 +10,7 @@ from ..defaults import optional_inputs
 from ..languages import Language, Literals
 from ..model import FormError
 from ..reader import version
+from ..straight_javascript import straight_calls
 from . import NOTICE
 
 RESERVED = frozenset("""
@@ -88,7 +89,7 @@ def write(interface):
             names = ", ".join(f'"{argument.name}"' for argument in group)
             out.append(f"    {{ names: [{names}], {shared} }},")
         out.append("  ] },")
-    return "\n".join([*out, "];", ""])
+    return "\n".join([*out, "];", straight_calls(interface, LANGUAGE.name)])
 
 
 def kept(routine):

@@ -7,6 +7,7 @@ from .. import shapes
 from ..defaults import optional_inputs
 from ..languages import (GLUE, Language, broken, documentation, known_as, shape,
                          where_arrays_are_checked, wrapped)
+from ..straight_javascript import is_strided
 from . import NOTICE, javascript
 
 LANGUAGE = Language(
@@ -25,6 +26,9 @@ export type IntegerList = Int32Array | Uint32Array | Int16Array | Uint16Array | 
 export type Moved<List> = List extends RealList ? Float32Array
   : List extends IntegerList ? Int32Array : Float32Array | Int32Array;
 
+/** A number for all items, or an entry for each. */
+export type Many = number | ArrayLike<number>;
+
 /** Makes an instance of the library, whose kept values are its own: of the bytes of kezlib.wasm or
  * of the module that was compiled of them. If neither is given, of the file beside the package. */
 export function load(from?: ArrayBuffer | ArrayBufferView | WebAssembly.Module): Promise<KezLib>;
@@ -38,7 +42,16 @@ export const library: string;
 
 /** The routines by family. Arrays have at least as many entries as their extents in brackets say:
  * fewer are refused. Positions are counted from 1; 0 means "none". */
-export interface KezLib {{"""
+export interface KezLib {{
+  /** Routines whose arguments have fixed numbers of entries, for many items in one call. */
+  readonly batch: Batch;
+"""
+
+BATCH = """
+/** The routines by name, for many items: an input is a number for all of them, or an array with an
+ * entry for each. The items are called in order. Arrays of several entries an item hold those of one
+ * item behind those of another. What a call does not write is -2147483648 or a not-a-number. */
+export interface Batch {"""
 
 LISTS = {"real": "Float32Array", "integer": "Int32Array", "word": "Moved<List>"}
 TYPES = {"real": "number", "integer": "number", "nothing": "void"}
@@ -120,10 +133,24 @@ def group_comment(group):
     return ["  /*", *lines, "   */", ""]
 
 
+def in_batch(argument, routine):
+    needed = argument.direction != "out" and argument.name not in optional_inputs(routine)
+    kind = "ArrayLike<number>" if int(argument.extent or 1) > 1 else "Many"
+    return f"{argument.name}{'' if needed else '?'}: {kind}"
+
+
+def batch_signature(routine):
+    given = [in_batch(a, routine) for a in routine.arguments if a.direction != "out" or a.is_kept()]
+    results = braces(f"{a.name}: {LISTS[a.kind]}" for a in routine.outputs())
+    line = f"{routine.name}(given: {braces(given)}): {results};"
+    return textwrap.indent("\n".join(broken(line, 96, "  ")), "  ")
+
+
 def write(interface):
     out, groups = [HEAD], {group.title: group for group in interface.groups}
     for routine in interface.routines:
         if group := groups.pop(routine.group, None):
             out += group_comment(group)
         out += [*comment(routine), textwrap.indent(signature(routine), "  "), ""]
-    return "\n".join([*out[:-1], "}", ""])
+    batch = [batch_signature(r) for r in interface.routines if is_strided(r)]
+    return "\n".join([*out[:-1], "}", BATCH, *batch, "}", ""])
