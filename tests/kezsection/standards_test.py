@@ -50,7 +50,7 @@ class Plates(Case):
 
 
     def test_pure_bending(self):
-        """Webs of double-symmetric sections are in one class both ways: psi is -1 but for rounding."""
+        """Webs of double-symmetric sections are in one class both ways."""
         for line in ("IPE 300 235 0 9", "girder 1000 300 300 20 20 8 235 0 9",
                      "rhs 100 300 4 235 0 9"):
             s = sheet(line)
@@ -219,8 +219,8 @@ class Resistance(Case):
         self.near(s.strength.moment("z", 1, s.values.Wpl_z, True), Wz * 355, 1e-9)
 
     def test_moment_with_shear_of_cold_formed(self):
-        """EN 1993-1-3, (6.27): Mf of the effective flange alone, 198 to the other one; at V = Vw the
-        last term is all of 1 - Mf / Mpl."""
+        """EN 1993-1-3, (6.27): Mf of the effective flange alone, 198 to the other one. At V = Vw
+        the last term is all of 1 - Mf / Mpl."""
         s = sheet("channel 75 200 20 2 0 0 0 350 0 5 r=3 Vz=30")
         flange = reductions(s, "My+")["top flange"]
         be1, lip = flange.be1, reductions(s, "My+")["top lip"].lip
