@@ -64,9 +64,6 @@ struct Sorted {
   std::span<Entry> entries, room;
 };
 
-// Shorter lists are sorted faster by comparing.
-inline constexpr std::size_t fewest_keys = 80;
-
 // Sorts keys or keyed entries; they end up in either span. Those with the same key must ascend
 // already.
 template <typename Entry>

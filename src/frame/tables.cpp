@@ -7,6 +7,7 @@
 #include "keys.h"
 #include "numbers.h"
 #include "selection_sort.h"
+#include "sort_few.h"
 #include "tolerance.h"
 
 namespace kez {
@@ -36,7 +37,8 @@ bool sort_by_keys(std::span<T> x) {
 
 template <typename T>
 void sort_in_any_way(std::span<T> x) {
-  if (x.size() < fewest_keys || !sort_by_keys(x)) std::sort(x.begin(), x.end());
+  if (x.size() <= few<T>) return sort_few(x);
+  if (!sort_by_keys(x)) sort_without_memory(x);
 }
 
 }  // namespace

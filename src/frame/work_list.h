@@ -32,7 +32,7 @@ class WorkList {
   static constexpr std::size_t automatic = 1000;
 
   // A size beyond the address space must not wrap around to a small one.
-  static T* allocate(std::size_t size) {
+  [[gnu::noinline]] static T* allocate(std::size_t size) {
     return size <= SIZE_MAX / sizeof(T) ? static_cast<T*>(std::malloc(size * sizeof(T))) : nullptr;
   }
 

@@ -8,6 +8,7 @@
 #include "../frame/keys.h"
 #include "../frame/lines.h"
 #include "../frame/numbers.h"
+#include "../frame/sort_few.h"
 
 namespace kez {
 
@@ -51,7 +52,7 @@ bool sort_positions(std::span<const float> list, std::span<std::int32_t> order) 
     return false;
   const auto entry = [list](std::int32_t i) { return list[static_cast<std::size_t>(i) - 1]; };
   std::iota(order.begin(), order.end(), 1);
-  std::sort(order.begin(), order.end(), [entry](std::int32_t i, std::int32_t j) {
+  sort_without_memory(order, [entry](std::int32_t i, std::int32_t j) {
     return entry(i) < entry(j) || (entry(i) == entry(j) && i > j);
   });
   return true;
