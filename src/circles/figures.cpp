@@ -2,9 +2,9 @@
 
 #include <array>
 #include <cmath>
-#include <cstring>
 
 #include "../frame/angles.h"
+#include "../frame/four.h"
 #include "../frame/lines.h"
 #include "../frame/points.h"
 #include "../frame/tolerance.h"
@@ -20,13 +20,12 @@ std::optional<ArcLengths> divide_circle(Vec2 centre, Vec2 p, Vec2 q) {
 
 namespace {
 
-// Four neighbours in a list, for a processor that computes with them at once.
-using Four = float __attribute__((vector_size(16)));
-
-Four four_from(const float* first) {
-  Four four;
-  std::memcpy(&four, first, sizeof four);
-  return four;
+// The ends of the four edges from vertex i on. The last four do not load the closing vertex with
+// others: it has just been stored alone, and the processor would wait until that is done.
+Four<float> four_ends(const float* list, std::size_t i, std::size_t n) {
+  if (i + 4 < n) return four_from(list + i + 1);
+  const Four<float> four = four_from(list + i);
+  return Four<float>{four[1], four[2], four[3], list[n]};
 }
 
 // The sums of terms(px, py, qx, qy) over the edges from p to q, as Green's theorem makes them of
@@ -42,15 +41,15 @@ std::array<float, count> sum_over_edges(const ConstPlanePoints& outline, Terms t
     for (std::size_t k = 0; k < count; ++k) to[k] += of[k];
   };
 
-  std::array<Four, count> partial{};
+  std::array<Four<float>, count> partial{};
   std::size_t i = 0;
   for (; i + 4 <= n; i += 4) {
-    add(partial,
-        terms(four_from(xs + i), four_from(ys + i), four_from(xs + i + 1), four_from(ys + i + 1)));
+    add(partial, terms(four_from(xs + i), four_from(ys + i), four_ends(xs, i, n),
+                       four_ends(ys, i, n)));
   }
   for (; i < n; ++i) add(sums, terms(xs[i], ys[i], xs[i + 1], ys[i + 1]));
   for (std::size_t k = 0; k < count; ++k) {
-    const Four four = partial[k];
+    const Four<float> four = partial[k];
     sums[k] += (four[0] + four[2]) + (four[1] + four[3]);
   }
   return sums;
