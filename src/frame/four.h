@@ -1,8 +1,12 @@
 // Four numbers at once, in one register of a processor that has such registers.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
 
 namespace kez {
 
@@ -25,6 +29,43 @@ Four<T> four_from(const T* first) {
 template <typename T>
 Four<T> four_times(T x) {
   return Four<T>{x, x, x, x};
+}
+
+// The bits of the absolute values. They are in the order of these, with not-a-number behind all
+// others, and may be compared without an exception.
+inline Four<std::int32_t> magnitudes(Four<float> four) {
+  return reinterpret_cast<Four<std::int32_t>>(four) & 0x7fffffff;
+}
+
+// Whether a comparison of four holds for one of them.
+inline bool any(Four<std::int32_t> holds) {
+#if defined(__SSE2__)
+  return _mm_movemask_epi8(reinterpret_cast<__m128i>(holds)) != 0;
+#else
+  return (holds[0] | holds[1] | holds[2] | holds[3]) != 0;
+#endif
+}
+
+// So many are asked by one branch.
+inline constexpr std::size_t stride = 16;
+
+// Of test(j), which compares the four from j on.
+template <typename Test>
+bool any_of_stride(std::size_t i, Test test) {
+  return any(test(i) | test(i + 4) | test(i + 8) | test(i + 12));
+}
+
+// Visits 0 .. count - 1 in turn until a visit returns true, and leaves out those strides from i on
+// for which passes_by(i) holds.
+template <typename PassesBy, typename Visit>
+void visit_until(std::size_t count, PassesBy passes_by, Visit visit) {
+  for (std::size_t i = 0; i < count;) {
+    const std::size_t end = i + stride <= count ? i + stride : count;
+    if (end == i + stride && passes_by(i)) i = end;
+    for (; i < end; ++i) {
+      if (visit(i)) return;
+    }
+  }
 }
 
 }  // namespace kez

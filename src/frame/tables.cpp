@@ -1,9 +1,11 @@
 #include "tables.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 #include <limits>
 
+#include "four.h"
 #include "keys.h"
 #include "numbers.h"
 #include "selection_sort.h"
@@ -41,23 +43,53 @@ void sort_in_any_way(std::span<T> x) {
   if (!sort_by_keys(x)) sort_without_memory(x);
 }
 
+// Whether the stride at an entry may be asked at once: beyond the entry that a search finds there
+// must be none that raises an exception, as not-a-number does in comparisons, and large values in
+// differences. Below 2^102 no difference from a finite value overflows.
+bool is_moderate(const float* first) {
+  constexpr auto limit = std::bit_cast<std::int32_t>(0x1p102f);
+  return !any_of_stride(0, [first](std::size_t j) {
+    return magnitudes(four_from(first + j)) >= limit;
+  });
+}
+
+// The first interval whose ends pass, with four of them at once as one by one.
+template <typename Begins, typename Ends>
+std::int32_t first_interval(std::span<const float> x, Begins begins, Ends ends) {
+  std::int32_t position = 0;
+  const auto pass = [=](std::size_t j) {
+    return begins(four_from(&x[j])) & ends(four_from(&x[j + 1]));
+  };
+  visit_until(
+      std::max<std::size_t>(x.size(), 1) - 1,
+      [=](std::size_t i) { return is_moderate(&x[i + 1]) && !any_of_stride(i, pass); },
+      [&](std::size_t i) {
+        if (begins(x[i]) && ends(x[i + 1])) position = position_of(i);
+        return position != 0;
+      });
+  return position;
+}
+
 }  // namespace
 
 std::int32_t find_interval(std::span<const float> x, float v) {
-  for (std::size_t i = 0; i + 1 < x.size(); ++i) {
-    if (x[i] <= v && v < x[i + 1]) return position_of(i);
-  }
-  return 0;
+  return first_interval(x, [v](auto p) { return p <= v; }, [v](auto q) { return v < q; });
 }
 
 Place find_place(std::span<const float> x, float v) {
-  for (std::size_t i = 0; i < x.size(); ++i) {
-    if (equal(x[i], v)) return {Match::entry, position_of(i)};
-  }
-  for (std::size_t i = 0; i + 1 < x.size(); ++i) {
-    if (x[i] < v && v < x[i + 1]) return {Match::interval, position_of(i)};
-  }
-  return {Match::none, 0};
+  std::int32_t position = 0;
+  const auto is_equal = [=](std::size_t j) {
+    return magnitudes(four_from(&x[j]) - v) <= std::bit_cast<std::int32_t>(tolerance);
+  };
+  visit_until(
+      x.size(), [=](std::size_t i) { return is_moderate(&x[i]) && !any_of_stride(i, is_equal); },
+      [&](std::size_t i) {
+        if (equal(x[i], v)) position = position_of(i);
+        return position != 0;
+      });
+  if (position != 0) return {Match::entry, position};
+  position = first_interval(x, [v](auto p) { return p < v; }, [v](auto q) { return v < q; });
+  return {position != 0 ? Match::interval : Match::none, position};
 }
 
 void sort_ascending(std::span<float> x) {
@@ -85,24 +117,42 @@ std::int32_t select(std::span<const std::int32_t> table, std::int32_t v,
 std::optional<RangeEntries> find_range(std::span<const float> x, float low, float high,
                                        std::span<std::int32_t> positions) {
   std::size_t count = 0, first = 0, last = 0;
-  for (std::size_t i = 0; i < x.size(); ++i) {
-    if (!(low <= x[i] && x[i] <= high)) continue;
-    if (count == 0) first = i;
-    last = i;
-    positions[count++] = position_of(i);
-  }
+  // Every entry is compared with the lower end, and with the upper only if it passes: that must not
+  // be not-a-number. Asking so by its bits raises no exception even if it is a signalling one.
+  const bool has_end = (std::bit_cast<std::uint32_t>(high) << 1) <= 0xff000000;
+  const auto within = [=](std::size_t j) {
+    const Four<float> four = four_from(&x[j]);
+    return (low <= four) & (four <= high);
+  };
+  visit_until(
+      x.size(), [=](std::size_t i) { return has_end && !any_of_stride(i, within); },
+      [&](std::size_t i) {
+        if (!(low <= x[i] && x[i] <= high)) return false;
+        if (count == 0) first = i;
+        last = i;
+        positions[count++] = position_of(i);
+        return false;
+      });
   if (count > 0) {
     return RangeEntries{static_cast<std::int32_t>(count), std::fabs(x[first] - low),
                         std::fabs(high - x[last])};
   }
 
   std::optional<RangeEntries> enclosing;
-  for (std::size_t i = 0; i + 1 < x.size(); ++i) {
-    if (!(low > x[i] && x[i + 1] > low && x[i + 1] > high)) continue;
-    positions[0] = position_of(i);
-    positions[1] = positions[0] + 1;
-    enclosing = {2, 0, 0};
-  }
+  const auto enclose = [=](std::size_t j) {
+    const Four<float> next = four_from(&x[j + 1]);
+    return (low > four_from(&x[j])) & (next > low) & (next > high);
+  };
+  visit_until(
+      std::max<std::size_t>(x.size(), 1) - 1,
+      [=](std::size_t i) { return has_end && !any_of_stride(i, enclose); },
+      [&](std::size_t i) {
+        if (!(low > x[i] && x[i + 1] > low && x[i + 1] > high)) return false;
+        positions[0] = position_of(i);
+        positions[1] = positions[0] + 1;
+        enclosing = {2, 0, 0};
+        return false;
+      });
   return enclosing;
 }
 
