@@ -72,13 +72,19 @@ bool find_eights() {
   return (a & registers) == registers;
 }
 
-// Asked once, when it first pays: on a virtual machine the questions alone can take as long as
-// loading the library. That is why the compiler's own answer, made at loading, is not used.
-bool has_eights() {
+// Asked once, by the first list for which that pays: on a virtual machine the questions alone can
+// take as long as loading the library. That is why the compiler's own answer, made at loading, is
+// not used. The answer pays for shorter lists too.
+bool places_eights(std::size_t count) {
+  constexpr std::size_t worth_asking = 256, worth_using = 16;
   constexpr int unknown = -1;
   static constinit std::atomic<int> known = unknown;
+  if (count < worth_using) return false;
   int has = known.load(std::memory_order_relaxed);
-  if (has == unknown) known.store(has = find_eights(), std::memory_order_relaxed);
+  if (has == unknown) {
+    if (count < worth_asking) return false;
+    known.store(has = find_eights(), std::memory_order_relaxed);
+  }
   return has;
 }
 
@@ -86,8 +92,7 @@ bool has_eights() {
 
 void place_in_axes(const SpacePoints& points, const LocalPlacement& to) {
 #if defined(__linux__) && defined(__SSE__)
-  constexpr std::size_t worth_asking = 256;
-  if (points.size() >= worth_asking && has_eights()) return place_eights(points, to);
+  if (places_eights(points.size())) return place_eights(points, to);
 #endif
   place_each(points, to);
 }
