@@ -39,14 +39,12 @@ Four<std::int32_t> count_before(std::span<const T> list, std::size_t first) {
 template <typename T>
 void count_before_each(std::span<const T> list, std::int32_t ranks[]) {
   if constexpr (sizeof(T) == 4) {
-    if (list.size() >= 4) {
-      for (std::size_t i = 0; i < list.size(); i += 4) {
-        const std::size_t first = std::min(i, list.size() - 4);
-        const auto four = count_before(list, first);
-        std::memcpy(ranks + first, &four, sizeof four);
-      }
-      return;
+    for (std::size_t i = 0; i < list.size(); i += 4) {
+      const std::size_t first = std::min(i, list.size() - 4);
+      const auto four = count_before(list, first);
+      std::memcpy(ranks + first, &four, sizeof four);
     }
+    return;
   }
   for (std::size_t i = 0; i < list.size(); ++i) {
     std::int32_t rank = 0;
@@ -62,6 +60,16 @@ void count_before_each(std::span<const T> list, std::int32_t ranks[]) {
 // At most few<T> of them. Of equal entries any may come first, and reals must compare.
 template <typename T>
 void sort_few(std::span<T> list) {
+  if (list.size() < 4) {
+    for (std::size_t i = 1; i < list.size(); ++i) {
+      for (std::size_t j = i; j > 0; --j) {
+        const T x = list[j - 1], y = list[j];
+        list[j - 1] = std::min(x, y);
+        list[j] = std::max(x, y);
+      }
+    }
+    return;
+  }
   std::array<T, few<T>> sorted;
   std::array<std::int32_t, few<T>> ranks;
   count_before_each(std::span<const T>(list), ranks.data());
