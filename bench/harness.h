@@ -18,8 +18,11 @@
 
 namespace bench {
 
-// Of a single input a branch predictor learns every outcome.
+// Of a single input a branch predictor learns every outcome, and of 64 lists of 100 entries too.
 constexpr std::size_t input_count = 64;
+constexpr std::size_t inputs_of(std::size_t n) {
+  return std::max<std::size_t>(2'000'000 / n, 2);
+}
 
 template <std::size_t n>
 using Floats = std::array<float, n>;
@@ -68,9 +71,9 @@ double digest(const std::tuple<Numbers...>& numbers) {
   return std::apply([](auto... number) { return (static_cast<double>(number) + ...); }, numbers);
 }
 
-// Times run(k) for k = 0, 1, ... in turn. The answer is that of the first `asked` of them.
+// Times run(k) for k = 0 .. inputs - 1 in turn. The answer is that of the first `asked` of them.
 template <typename Run>
-void rotate(benchmark::State& state, std::size_t asked, Run&& run) {
+void rotate(benchmark::State& state, std::size_t inputs, std::size_t asked, Run&& run) {
   double answer = 0;
   for (std::size_t k = 0; k < asked; ++k) answer += digest(run(k));
   benchmark::DoNotOptimize(run);
@@ -78,7 +81,7 @@ void rotate(benchmark::State& state, std::size_t asked, Run&& run) {
   for (auto _ : state) {
     auto&& result = run(k);
     benchmark::DoNotOptimize(result);
-    k = (k + 1) % input_count;
+    k = k + 1 < inputs ? k + 1 : 0;
   }
   state.counters["answer"] = answer;
 }
@@ -89,7 +92,7 @@ template <typename Output, typename Input, typename Run>
 void call(const char* name, const Inputs<Input>& inputs, Run run) {
   benchmark::RegisterBenchmark(name, [inputs, run](benchmark::State& state) {
     Output output{};
-    rotate(state, inputs.size(), [&](std::size_t k) -> Output& {
+    rotate(state, inputs.size(), inputs.size(), [&](std::size_t k) -> Output& {
       run(inputs[k], output);
       return output;
     });
@@ -106,13 +109,14 @@ constexpr auto by_reference = [](const auto& input, auto& output) {
       input);
 };
 
-// Registers make(n)(k) for each n.
+// Registers make(n)(k) for each n, with k below inputs_of(n).
 template <typename Make>
 void each_size(const std::string& name, const std::vector<std::int64_t>& sizes, Make make,
                std::size_t asked = 1) {
   auto* const registered =
       benchmark::RegisterBenchmark(name.c_str(), [make, asked](benchmark::State& state) {
-        rotate(state, asked, make(static_cast<std::size_t>(state.range(0))));
+        const auto n = static_cast<std::size_t>(state.range(0));
+        rotate(state, inputs_of(n), std::min(asked, inputs_of(n)), make(n));
       });
   for (const std::int64_t size : sizes) registered->Arg(size);
 }
@@ -121,5 +125,6 @@ void register_geometry();
 void register_points();
 void register_polygons();
 void register_lists();
+void register_searches();
 
 }  // namespace bench

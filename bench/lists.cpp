@@ -15,13 +15,12 @@ namespace {
 
 namespace sort = boost::sort::spreadsort;
 
-const std::vector<std::int64_t> from_1e3{1'000, 10'000, 100'000, 1'000'000};
-const std::vector<std::int64_t> from_1e2{100, 1'000, 10'000, 100'000, 1'000'000};
+const std::vector<std::int64_t> sizes{10, 30, 100, 1'000, 10'000, 100'000, 1'000'000};
 
 // Registers run on a fresh copy of a list of n entries.
 template <typename Number, typename Run>
-void in_place(const char* name, const std::vector<std::int64_t>& sizes, Range range, Run run) {
-  each_size(name, sizes, [range, run](std::size_t n) {
+void in_place(const char* name, const std::vector<std::int64_t>& of, Range range, Run run) {
+  each_size(name, of, [range, run](std::size_t n) {
     return
         [pool = Pool<Number>(n, range), work = std::vector<Number>(n), run](std::size_t k) mutable {
           std::ranges::copy(pool.list(k), work.begin());
@@ -39,13 +38,13 @@ constexpr auto sorted_by = [](auto list) {
 };
 
 void sorts() {
-  in_place<float>("kezord", from_1e3, anything, sorted_by<kezord>);
-  in_place<float>("spreadsort_reals", from_1e3, anything, [](std::span<float> list) {
+  in_place<float>("kezord", sizes, anything, sorted_by<kezord>);
+  in_place<float>("spreadsort_reals", sizes, anything, [](std::span<float> list) {
     sort::spreadsort(list.begin(), list.end());
     return list;
   });
-  in_place<std::int32_t>("kezord1", from_1e3, anything, sorted_by<kezord1>);
-  in_place<std::int32_t>("spreadsort_integers", from_1e3, anything, [](std::span<int32_t> list) {
+  in_place<std::int32_t>("kezord1", sizes, anything, sorted_by<kezord1>);
+  in_place<std::int32_t>("spreadsort_integers", sizes, anything, [](std::span<int32_t> list) {
     sort::spreadsort(list.begin(), list.end());
     return list;
   });
@@ -90,7 +89,7 @@ class RadixOrder {
 };
 
 void orders() {
-  each_size("kezordi", from_1e3, [](std::size_t n) {
+  each_size("kezordi", sizes, [](std::size_t n) {
     return [pool = Pool<float>(n, anything),
             order = std::vector<std::int32_t>(n)](std::size_t k) mutable {
       const std::span list = pool.list(k);
@@ -99,7 +98,7 @@ void orders() {
       return std::span(order);
     };
   });
-  each_size("radix_order", from_1e3, [](std::size_t n) {
+  each_size("radix_order", sizes, [](std::size_t n) {
     return [pool = Pool<float>(n, anything), order = RadixOrder(n)](std::size_t k) mutable {
       return order(pool.list(k));
     };
@@ -107,21 +106,21 @@ void orders() {
 }
 
 void distinct_values() {
-  in_place<std::int32_t>("kezmer2", from_1e3, one_a_value, [](std::span<std::int32_t> list) {
+  in_place<std::int32_t>("kezmer2", sizes, one_a_value, [](std::span<std::int32_t> list) {
     std::int32_t n = count_of(list);
     kezmer2(&n, list.data());
     return list.first(n);
   });
-  in_place<std::int32_t>("spreadsort_unique", from_1e3, one_a_value, [](std::span<int32_t> list) {
+  in_place<std::int32_t>("spreadsort_unique", sizes, one_a_value, [](std::span<int32_t> list) {
     sort::spreadsort(list.begin(), list.end());
     return list.first(std::unique(list.begin(), list.end()) - list.begin());
   });
-  in_place<float>("kezmer12", from_1e2, one_a_value, [](std::span<float> list) {
+  in_place<float>("kezmer12", sizes, one_a_value, [](std::span<float> list) {
     std::int32_t n = count_of(list);
     kezmer12(&n, list.data(), &tolerance);
     return list.first(n);
   });
-  in_place<float>("sort_unique", from_1e2, one_a_value, [](std::span<float> list) {
+  in_place<float>("sort_unique", sizes, one_a_value, [](std::span<float> list) {
     std::ranges::sort(list);
     const auto rest = std::ranges::unique(list, [](float a, float b) { return b - a < tolerance; });
     return list.first(rest.begin() - list.begin());
@@ -139,7 +138,7 @@ double digest(const Compared& lists) {
 }
 
 auto kezmer4_of(std::size_t n) {
-  return [n, pool = Pool<std::int32_t>(2 * n, one_a_value), com = std::vector<std::int32_t>(4 * n),
+  return [n, pool = Pool<std::int32_t>(2 * n, inputs_of(n), one_a_value), com = std::vector<std::int32_t>(4 * n),
           dif = std::vector<std::int32_t>(2 * n)](std::size_t k) mutable {
     const auto a = pool.list(k).first(n), b = pool.list(k).last(n);
     const std::int32_t n1 = count_of(a), n2 = count_of(b);
@@ -150,7 +149,7 @@ auto kezmer4_of(std::size_t n) {
 }
 
 auto hash_compare_of(std::size_t n) {
-  return [n, pool = Pool<std::int32_t>(2 * n, one_a_value), com = std::vector<std::int32_t>(4 * n),
+  return [n, pool = Pool<std::int32_t>(2 * n, inputs_of(n), one_a_value), com = std::vector<std::int32_t>(4 * n),
           dif = std::vector<std::int32_t>(2 * n)](std::size_t k) mutable {
     const auto a = pool.list(k).first(n), b = pool.list(k).last(n);
     const absl::flat_hash_set<std::int32_t> in_a(a.begin(), a.end());
@@ -205,17 +204,17 @@ class TwoPointers {
 };
 
 void two_lists() {
-  each_size("kezmer4", from_1e3, kezmer4_of);
-  each_size("hash_compare", from_1e3, hash_compare_of);
-  each_size("kezmer13", from_1e3, [](std::size_t n) {
+  each_size("kezmer4", sizes, kezmer4_of);
+  each_size("hash_compare", sizes, hash_compare_of);
+  each_size("kezmer13", sizes, [](std::size_t n) {
     return
-        [n, pool = Pool<float>(2 * n, one_a_value), pairs = NearPairs(n)](std::size_t k) mutable {
+        [n, pool = Pool<float>(2 * n, inputs_of(n), one_a_value), pairs = NearPairs(n)](std::size_t k) mutable {
           return pairs(pool.list(k).first(n), pool.list(k).last(n), tolerance);
         };
   });
-  each_size("two_pointers", from_1e3, [](std::size_t n) {
+  each_size("two_pointers", sizes, [](std::size_t n) {
     return
-        [n, pool = Pool<float>(2 * n, one_a_value), pairs = TwoPointers()](std::size_t k) mutable {
+        [n, pool = Pool<float>(2 * n, inputs_of(n), one_a_value), pairs = TwoPointers()](std::size_t k) mutable {
           return pairs(pool.list(k).first(n), pool.list(k).last(n));
         };
   });

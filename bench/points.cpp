@@ -83,7 +83,7 @@ Eigen::Affine3f placement() {
 }
 
 void placements() {
-  each_size("kezptrl", {10'000}, [](std::size_t n) {
+  each_size("kezptrl", {100, 10'000}, [](std::size_t n) {
     return [p = Coordinates(n)](std::size_t) mutable -> Coordinates& {
       const auto count = static_cast<std::int32_t>(p.x.size());
       std::int32_t status;
@@ -93,7 +93,7 @@ void placements() {
       return p;
     };
   });
-  each_size("eigen_placement", {10'000}, [](std::size_t n) {
+  each_size("eigen_placement", {100, 10'000}, [](std::size_t n) {
     return [columns = Columns(Coordinates(n))](std::size_t) mutable -> Columns& {
       columns.points = placement() * columns.points;
       return columns;

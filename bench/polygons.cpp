@@ -18,15 +18,14 @@ using Ring = bg::model::ring<Point, false>;
 using Area = std::tuple<float>;
 using Moments = std::tuple<float, float, float>;
 
-// A wavy outline about the origin, with room to close it. Its edges are short and turn little: by a
-// long one kezppp would find points on it, and leave.
+// Wavy outlines about the origin, with room to close each. Their edges are short and turn little: by
+// a long one kezppp would find points on it, and leave.
 struct Outline {
   std::vector<float> x, y;
   std::int32_t n;
 
-  explicit Outline(std::size_t count)
+  Outline(std::size_t count, Random& random)
       : x(count + 1), y(count + 1), n(static_cast<std::int32_t>(count)) {
-    Random random;
     for (std::size_t i = 0; i < count; ++i) {
       const double angle = 2 * std::numbers::pi * (static_cast<double>(i) + 0.5) / n;
       const double r = 75 + 20 * std::sin(5 * angle) + random.between(-100.0, 100.0) / n;
@@ -37,7 +36,17 @@ struct Outline {
   }
 };
 
-const std::vector<std::int64_t> section_and_more{12, 1'000, 10'000, 100'000};
+// As many as inputs rotate, each made by made_of(outline).
+template <typename Make>
+auto outlines(std::size_t n, Make made_of) {
+  Random random;
+  std::vector<decltype(made_of(Outline(n, random)))> all;
+  for (std::size_t k = 0; k < inputs_of(n); ++k) all.push_back(made_of(Outline(n, random)));
+  return all;
+}
+constexpr auto as_given = [](const Outline& outline) { return outline; };
+
+const std::vector<std::int64_t> section_and_more{12, 100, 1'000, 10'000, 100'000};
 
 // The loops that a host would have instead, in functions of their own.
 [[gnu::noinline]] float plain_area(float* x, float* y, std::int32_t n) {
@@ -64,8 +73,8 @@ const std::vector<std::int64_t> section_and_more{12, 1'000, 10'000, 100'000};
 template <typename Output, typename Run>
 void of_outline(const char* name, Run run) {
   each_size(name, section_and_more, [run](std::size_t n) {
-    return [p = Outline(n), out = Output(), run](std::size_t) mutable -> Output& {
-      run(p, out);
+    return [all = outlines(n, as_given), out = Output(), run](std::size_t k) mutable -> Output& {
+      run(all[k], out);
       return out;
     };
   });
@@ -103,32 +112,35 @@ const std::vector<std::int64_t> up_to_1e4{12, 100, 1'000, 10'000};
 void points_in_polygons() {
   // kezppp moves the polygon, so that it is given a copy each time, which counts as its work.
   const auto kezlib = [](std::size_t n) {
-    return [p = Outline(n), work = Outline(n),
+    return [all = outlines(n, as_given), work = outlines(n, as_given).front(),
             out = PositionCode()](std::size_t k) mutable -> PositionCode& {
+      const Outline& p = all[k];
       std::copy(p.x.begin(), p.x.end(), work.x.begin());
       std::copy(p.y.begin(), p.y.end(), work.y.begin());
-      const auto& [px, py] = points_about[k];
+      const auto& [px, py] = points_about[k % input_count];
       kezppp(&p.n, work.x.data(), work.y.data(), &px, &py, &std::get<0>(out));
       return out;
     };
   };
   const auto boost_within = [](std::size_t n) {
     return
-        [ring = ring_of(Outline(n)), out = PositionCode()](std::size_t k) mutable -> PositionCode& {
-          const auto& [px, py] = points_about[k];
-          out = {bg::within(Point(px, py), ring) ? 0 : -1};
+        [all = outlines(n, ring_of), out = PositionCode()](std::size_t k) mutable -> PositionCode& {
+          const auto& [px, py] = points_about[k % input_count];
+          out = {bg::within(Point(px, py), all[k]) ? 0 : -1};
           return out;
         };
   };
   const auto clipper = [](std::size_t n) {
-    const Outline outline(n);
-    ClipperLib::Path path;
-    for (std::size_t i = 0; i < n; ++i)
-      path.emplace_back(to_clipper(outline.x[i]), to_clipper(outline.y[i]));
-    return [path, out = PositionCode()](std::size_t k) mutable -> PositionCode& {
-      const auto& [px, py] = points_about[k];
+    const auto path_of = [n](const Outline& outline) {
+      ClipperLib::Path path;
+      for (std::size_t i = 0; i < n; ++i)
+        path.emplace_back(to_clipper(outline.x[i]), to_clipper(outline.y[i]));
+      return path;
+    };
+    return [all = outlines(n, path_of), out = PositionCode()](std::size_t k) mutable -> PositionCode& {
+      const auto& [px, py] = points_about[k % input_count];
       const ClipperLib::IntPoint p(to_clipper(px), to_clipper(py));
-      out = {ClipperLib::PointInPolygon(p, path) == 1 ? 0 : -1};
+      out = {ClipperLib::PointInPolygon(p, all[k]) == 1 ? 0 : -1};
       return out;
     };
   };
@@ -168,10 +180,11 @@ double digest(const std::pair<Half, Half>& halves) {
 }
 
 void cuts() {
-  const std::vector<std::int64_t> sizes{100, 1'000, 10'000};
+  const std::vector<std::int64_t> sizes{12, 100, 1'000, 10'000};
   each_size("kezpin", sizes, [](std::size_t n) {
-    return [p = Outline(n),
-            halves = std::pair(Half(n), Half(n))](std::size_t) mutable -> std::pair<Half, Half>& {
+    return [all = outlines(n, as_given), halves = std::pair(Half(n), Half(n))](
+               std::size_t k) mutable -> std::pair<Half, Half>& {
+      Outline& p = all[k];
       auto& [upper, lower] = halves;
       const float a = 0, b = 1, c = 0;
       float length;
@@ -181,13 +194,13 @@ void cuts() {
     };
   });
   each_size("boost_cut", sizes, [](std::size_t n) {
-    return [ring = ring_of(Outline(n)), halves = Rings()](std::size_t) mutable -> Rings& {
+    return [all = outlines(n, ring_of), halves = Rings()](std::size_t k) mutable -> Rings& {
       // With rings Boost is three times as fast as with boxes.
       static const Ring above{{-200, 0}, {200, 0}, {200, 200}, {-200, 200}, {-200, 0}};
       static const Ring below{{-200, -200}, {200, -200}, {200, 0}, {-200, 0}, {-200, -200}};
       halves = {};
-      bg::intersection(ring, above, halves.upper);
-      bg::intersection(ring, below, halves.lower);
+      bg::intersection(all[k], above, halves.upper);
+      bg::intersection(all[k], below, halves.lower);
       return halves;
     };
   });

@@ -12,23 +12,23 @@ namespace bench {
 enum Range { anything, one_a_value };
 constexpr float tolerance = 0.01f;
 
-// As many lists as there are rotating inputs, each a piece of one long one.
+// As many lists of n entries as inputs rotate, one behind the other.
 template <typename Number>
 class Pool {
  public:
-  Pool(std::size_t n, Range range) : n_(n), numbers_(n + step * (input_count - 1)) {
+  Pool(std::size_t n, std::size_t lists, Range range) : n_(n), numbers_(n * lists) {
     constexpr Number most = std::is_integral_v<Number> ? 1'000'000'000 : 1'000'000;
     const auto high = range == anything ? most : static_cast<Number>(n);
     Random().fill(std::span(numbers_), range == anything ? -high : Number{0}, high);
   }
+  Pool(std::size_t n, Range range) : Pool(n, inputs_of(n), range) {}
 
+  std::span<Number> list(std::size_t k) { return std::span(numbers_).subspan(k * n_, n_); }
   std::span<const Number> list(std::size_t k) const {
-    return std::span(numbers_).subspan(k * step, n_);
+    return std::span(numbers_).subspan(k * n_, n_);
   }
 
  private:
-  static constexpr std::size_t step = 1024;
-
   std::size_t n_;
   std::vector<Number> numbers_;
 };

@@ -49,10 +49,11 @@ def rounded(value):
     return f"{value:.0f}" if value >= 100 else f"{value:.3g}"
 
 
-def line(work, sizes, values, goal):
+def line(work, sizes, values, goal, ours=()):
     met = "" if goal is None else "yes" if max(values) <= goal else "no"
     limit = "" if goal is None else f"<= {goal:g}"
-    cells = work, ", ".join(map(str, sizes)), ", ".join(map(rounded, values)), limit, met
+    cells = work, *(", ".join(map(*column)) for column in
+                    ((str, sizes), (rounded, ours), (rounded, values))), limit, met
     return f"| {' | '.join(cells)} |\n"
 
 
@@ -63,9 +64,10 @@ def measured(row, times):
 
 
 def table(times, load, size):
-    text = ("| time / time beside it | entries | measured | goal | met |\n"
-            "|---|---|---|---|---|\n")
-    text += "".join(line(r.work, r.sizes, measured(r, times), r.goal) for r in ROWS)
+    text = ("| time / time beside it | entries | ours, ns | measured | goal | met |\n"
+            "|---|---|---|---|---|---|\n")
+    text += "".join(line(r.work, r.sizes, measured(r, times), r.goal,
+                         [times[name] for name in names(r.ours, r.sizes)]) for r in ROWS)
     text += line("first load of the library, us", (), [load], LOAD_GOAL)
     return text + line("the library, stripped, kB", (), [size], SIZE_GOAL)
 
