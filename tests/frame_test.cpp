@@ -184,6 +184,37 @@ TEST(Relations, TellTheAngleOfLongAndShortVectors) {
   }
 }
 
+// As the interface defines it, one by one.
+TEST(Tables, SearchesFindWhatPlainScansFind) {
+  Random random(30);
+  const auto entry = [&random] {
+    if (random.integer(0, 30) == 0) return random.integer(0, 1) ? NAN : INFINITY;
+    return static_cast<float>(random.integer(-40, 40));
+  };
+  for (int call = 0; call < 20000; ++call) {
+    const auto x = random.list(random.integer(0, 70), entry);
+    const float v = 0.5f * static_cast<float>(random.integer(-90, 90)), high = v + 0.5f;
+    std::int32_t interval = 0, inside = 0, equals = 0, in_range = 0, enclosing = 0;
+    for (std::size_t i = x.size(); i-- > 0;) {
+      const auto position = static_cast<std::int32_t>(i) + 1;
+      if (std::fabs(x[i] - v) <= 1e-5f) equals = position;
+      in_range += v <= x[i] && x[i] <= high;
+      if (i + 1 == x.size()) continue;
+      if (x[i] <= v && v < x[i + 1]) interval = position;
+      if (x[i] < v && v < x[i + 1]) inside = position;
+      if (x[i] < v && high < x[i + 1] && enclosing == 0) enclosing = position;
+    }
+    std::vector<std::int32_t> positions(x.size() + 2);
+    EXPECT_EQ(find_interval(x, v), interval);
+    EXPECT_EQ(find_place(x, v).position, equals ? equals : inside);
+    const auto range = find_range(x, v, high, positions);
+    EXPECT_EQ(range ? range->count : 0, in_range ? in_range : enclosing ? 2 : 0);
+    if (!in_range) {
+      EXPECT_EQ(positions[0], enclosing);
+    }
+  }
+}
+
 TEST(Sampling, PointsOfADivisionAreOneStepApart) {
   Random random(9);
   for (int i = 0; i < rounds; ++i) {

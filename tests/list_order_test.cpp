@@ -55,7 +55,7 @@ Integers bits(const Reals& list) {
   return result;
 }
 
-// Lists as they come, compared, and sorted in few and in many digits.
+// Lists that are sorted by ranks, by bytes and by longer digits.
 int any_length(Random& random) {
   switch (random.integer(0, 9)) {
     case 0:
@@ -65,6 +65,9 @@ int any_length(Random& random) {
     case 3:
     case 4:
       return random.integer(60, 300);
+    case 5:
+    case 6:
+      return random.integer(13, 60);
     default:
       return random.integer(0, 12);
   }
