@@ -70,20 +70,26 @@ void radix_sort(std::vector<std::uint64_t>& entries, std::vector<std::uint64_t>&
   }
 }
 
-class RadixOrder {
+class PackedOrder {
  public:
-  explicit RadixOrder(std::size_t n) : order_(n), entries_(n), other_(n) {}
+  PackedOrder(std::size_t n, bool by_radix)
+      : by_radix_(by_radix), order_(n), entries_(n), other_(n) {}
 
   std::span<std::int32_t> operator()(std::span<const float> list) {
     const auto n = static_cast<std::uint32_t>(list.size());
     // From behind, so that the last of equals comes first.
     for (std::uint32_t i = 0; i < n; ++i) entries_[i] = packed(list[n - 1 - i], n - i);
-    radix_sort(entries_, other_);
+    if (by_radix_) {
+      radix_sort(entries_, other_);
+    } else {
+      std::ranges::sort(entries_);
+    }
     for (std::uint32_t i = 0; i < n; ++i) order_[i] = static_cast<std::int32_t>(entries_[i]);
     return order_;
   }
 
  private:
+  bool by_radix_;
   std::vector<std::int32_t> order_;
   std::vector<std::uint64_t> entries_, other_;
 };
@@ -98,11 +104,14 @@ void orders() {
       return std::span(order);
     };
   });
-  each_size("radix_order", sizes, [](std::size_t n) {
-    return [pool = Pool<float>(n, anything), order = RadixOrder(n)](std::size_t k) mutable {
-      return order(pool.list(k));
+  const auto packed_by = [](bool radix) {
+    return [radix](std::size_t n) {
+      return [pool = Pool<float>(n, anything),
+              order = PackedOrder(n, radix)](std::size_t k) mutable { return order(pool.list(k)); };
     };
-  });
+  };
+  each_size("packed_sort", {10, 30, 100}, packed_by(false));
+  each_size("radix_order", {1'000, 10'000, 100'000, 1'000'000}, packed_by(true));
 }
 
 void distinct_values() {
@@ -138,7 +147,8 @@ double digest(const Compared& lists) {
 }
 
 auto kezmer4_of(std::size_t n) {
-  return [n, pool = Pool<std::int32_t>(2 * n, inputs_of(n), one_a_value), com = std::vector<std::int32_t>(4 * n),
+  return [n, pool = Pool<std::int32_t>(2 * n, inputs_of(n), one_a_value),
+          com = std::vector<std::int32_t>(4 * n),
           dif = std::vector<std::int32_t>(2 * n)](std::size_t k) mutable {
     const auto a = pool.list(k).first(n), b = pool.list(k).last(n);
     const std::int32_t n1 = count_of(a), n2 = count_of(b);
@@ -149,7 +159,8 @@ auto kezmer4_of(std::size_t n) {
 }
 
 auto hash_compare_of(std::size_t n) {
-  return [n, pool = Pool<std::int32_t>(2 * n, inputs_of(n), one_a_value), com = std::vector<std::int32_t>(4 * n),
+  return [n, pool = Pool<std::int32_t>(2 * n, inputs_of(n), one_a_value),
+          com = std::vector<std::int32_t>(4 * n),
           dif = std::vector<std::int32_t>(2 * n)](std::size_t k) mutable {
     const auto a = pool.list(k).first(n), b = pool.list(k).last(n);
     const absl::flat_hash_set<std::int32_t> in_a(a.begin(), a.end());
@@ -207,16 +218,16 @@ void two_lists() {
   each_size("kezmer4", sizes, kezmer4_of);
   each_size("hash_compare", sizes, hash_compare_of);
   each_size("kezmer13", sizes, [](std::size_t n) {
-    return
-        [n, pool = Pool<float>(2 * n, inputs_of(n), one_a_value), pairs = NearPairs(n)](std::size_t k) mutable {
-          return pairs(pool.list(k).first(n), pool.list(k).last(n), tolerance);
-        };
+    return [n, pool = Pool<float>(2 * n, inputs_of(n), one_a_value),
+            pairs = NearPairs(n)](std::size_t k) mutable {
+      return pairs(pool.list(k).first(n), pool.list(k).last(n), tolerance);
+    };
   });
   each_size("two_pointers", sizes, [](std::size_t n) {
-    return
-        [n, pool = Pool<float>(2 * n, inputs_of(n), one_a_value), pairs = TwoPointers()](std::size_t k) mutable {
-          return pairs(pool.list(k).first(n), pool.list(k).last(n));
-        };
+    return [n, pool = Pool<float>(2 * n, inputs_of(n), one_a_value),
+            pairs = TwoPointers()](std::size_t k) mutable {
+      return pairs(pool.list(k).first(n), pool.list(k).last(n));
+    };
   });
 }
 

@@ -18,8 +18,8 @@ using Ring = bg::model::ring<Point, false>;
 using Area = std::tuple<float>;
 using Moments = std::tuple<float, float, float>;
 
-// Wavy outlines about the origin, with room to close each. Their edges are short and turn little: by
-// a long one kezppp would find points on it, and leave.
+// Wavy outlines about the origin, with room to close each. Their edges are short and turn little:
+// by a long one kezppp would find points on it, and leave.
 struct Outline {
   std::vector<float> x, y;
   std::int32_t n;
@@ -137,12 +137,13 @@ void points_in_polygons() {
         path.emplace_back(to_clipper(outline.x[i]), to_clipper(outline.y[i]));
       return path;
     };
-    return [all = outlines(n, path_of), out = PositionCode()](std::size_t k) mutable -> PositionCode& {
-      const auto& [px, py] = points_about[k % input_count];
-      const ClipperLib::IntPoint p(to_clipper(px), to_clipper(py));
-      out = {ClipperLib::PointInPolygon(p, all[k]) == 1 ? 0 : -1};
-      return out;
-    };
+    return
+        [all = outlines(n, path_of), out = PositionCode()](std::size_t k) mutable -> PositionCode& {
+          const auto& [px, py] = points_about[k % input_count];
+          const ClipperLib::IntPoint p(to_clipper(px), to_clipper(py));
+          out = {ClipperLib::PointInPolygon(p, all[k]) == 1 ? 0 : -1};
+          return out;
+        };
   };
   each_size("kezppp", up_to_1e4, kezlib, input_count);
   each_size("boost_within", up_to_1e4, boost_within, input_count);
@@ -182,8 +183,8 @@ double digest(const std::pair<Half, Half>& halves) {
 void cuts() {
   const std::vector<std::int64_t> sizes{12, 100, 1'000, 10'000};
   each_size("kezpin", sizes, [](std::size_t n) {
-    return [all = outlines(n, as_given), halves = std::pair(Half(n), Half(n))](
-               std::size_t k) mutable -> std::pair<Half, Half>& {
+    return [all = outlines(n, as_given),
+            halves = std::pair(Half(n), Half(n))](std::size_t k) mutable -> std::pair<Half, Half>& {
       Outline& p = all[k];
       auto& [upper, lower] = halves;
       const float a = 0, b = 1, c = 0;

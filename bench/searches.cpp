@@ -62,28 +62,28 @@ void register_searches() {
     const std::int32_t place = entry != 0 ? entry : plain_interval(x, v);
     out = {entry != 0 ? 1 : place != 0 ? 2 : 0, place};
   });
-  in_tables("kezlul", [places = std::vector<std::int32_t>(10'000)](Table x, float v,
-                                                                   Found& out) mutable {
-    const std::int32_t n = count_of(x);
-    const float low = v - half_range, high = v + half_range;
-    float below, above;
-    kezlul(&n, x.data(), &low, &high, &std::get<0>(out), places.data(), &below, &above);
-    std::get<1>(out) = std::get<0>(out) > 0 ? places[0] : 0;
-  });
-  in_tables("plain_range", [places = std::vector<std::int32_t>(10'000)](Table x, float v,
-                                                                        Found& out) mutable {
-    const float low = v - half_range, high = v + half_range;
-    std::int32_t count = 0;
-    for (std::size_t i = 0; i < x.size(); ++i)
-      if (low <= x[i] && x[i] <= high) places[count++] = static_cast<std::int32_t>(i) + 1;
-    if (count == 0)
-      for (std::size_t i = 0; i + 1 < x.size(); ++i)
-        if (x[i] < low && high < x[i + 1]) {
-          places[0] = static_cast<std::int32_t>(i) + 1;
-          count = 2;
-        }
-    out = {count, count > 0 ? places[0] : 0};
-  });
+  in_tables("kezlul",
+            [places = std::vector<std::int32_t>(10'000)](Table x, float v, Found& out) mutable {
+              const std::int32_t n = count_of(x);
+              const float low = v - half_range, high = v + half_range;
+              float below, above;
+              kezlul(&n, x.data(), &low, &high, &std::get<0>(out), places.data(), &below, &above);
+              std::get<1>(out) = std::get<0>(out) > 0 ? places[0] : 0;
+            });
+  in_tables("plain_range",
+            [places = std::vector<std::int32_t>(10'000)](Table x, float v, Found& out) mutable {
+              const float low = v - half_range, high = v + half_range;
+              std::int32_t count = 0;
+              for (std::size_t i = 0; i < x.size(); ++i)
+                if (low <= x[i] && x[i] <= high) places[count++] = static_cast<std::int32_t>(i) + 1;
+              if (count == 0)
+                for (std::size_t i = 0; i + 1 < x.size(); ++i)
+                  if (x[i] < low && high < x[i + 1]) {
+                    places[0] = static_cast<std::int32_t>(i) + 1;
+                    count = 2;
+                  }
+              out = {count, count > 0 ? places[0] : 0};
+            });
 }
 
 }  // namespace bench

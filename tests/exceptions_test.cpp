@@ -132,10 +132,12 @@ bool survive_traps(const std::string& library_path) {
            "kezinp  2 -2 1  ->  ~2.2360680 ~-2.2360680 ~-0.2318238",
            "kezefr  70 100 1  1 1  ->  0",
            "kezinr  1 [2] 1 3  ->  inf",
-           // What stands behind the place found is not looked at, even where many are asked at once.
+           // What stands behind the place found is not looked at, even where many are asked at
+           // once.
            "kezpos  18 [1 2 3 nan 5 6 7 8 9 10 11 12 13 14 15 16 17 18]  2.5  ->  2",
            "kezpos1  18 [1 2 3 nan 5 6 7 8 9 10 11 12 13 14 15 16 17 18]  2  ->  1 2",
-           "kezlul  18 [1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18]  19 nan  ->  0 [. . . . . . . . . "
+           "kezlul  18 [1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18]  19 nan  ->  0 [. . . . . . "
+           ". . . "
            ". . . . . . . . .]  . .",
            "kezpos1  18 [-3e38 3e38 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18]  -3e38  ->  1 1",
        }) {

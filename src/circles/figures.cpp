@@ -44,8 +44,8 @@ std::array<float, count> sum_over_edges(const ConstPlanePoints& outline, Terms t
   std::array<Four<float>, count> partial{};
   std::size_t i = 0;
   for (; i + 4 <= n; i += 4) {
-    add(partial, terms(four_from(xs + i), four_from(ys + i), four_ends(xs, i, n),
-                       four_ends(ys, i, n)));
+    add(partial,
+        terms(four_from(xs + i), four_from(ys + i), four_ends(xs, i, n), four_ends(ys, i, n)));
   }
   for (; i < n; ++i) add(sums, terms(xs[i], ys[i], xs[i + 1], ys[i + 1]));
   for (std::size_t k = 0; k < count; ++k) {

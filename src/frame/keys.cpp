@@ -19,8 +19,8 @@ constexpr Key key_in(Keyed entry) {
   return key_of(entry);
 }
 
-// Distributes the entries by a digit, in their order: place(key) is where the next one of that digit
-// belongs.
+// Distributes the entries by a digit, in their order: place(key) is where the next one of that
+// digit belongs.
 template <typename Entry, typename Place>
 void distribute(Sorted<Entry>& s, Place place) {
   Entry* const to = s.room.data();

@@ -73,7 +73,8 @@ void sort_few(std::span<T> list) {
   std::array<T, few<T>> sorted;
   std::array<std::int32_t, few<T>> ranks;
   count_before_each(std::span<const T>(list), ranks.data());
-  for (std::size_t i = 0; i < list.size(); ++i) sorted[static_cast<std::size_t>(ranks[i])] = list[i];
+  for (std::size_t i = 0; i < list.size(); ++i)
+    sorted[static_cast<std::size_t>(ranks[i])] = list[i];
   std::copy_n(sorted.begin(), list.size(), list.begin());
 }
 

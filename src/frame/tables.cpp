@@ -48,9 +48,8 @@ void sort_in_any_way(std::span<T> x) {
 // differences. Below 2^102 no difference from a finite value overflows.
 bool is_moderate(const float* first) {
   constexpr auto limit = std::bit_cast<std::int32_t>(0x1p102f);
-  return !any_of_stride(0, [first](std::size_t j) {
-    return magnitudes(four_from(first + j)) >= limit;
-  });
+  return !any_of_stride(
+      0, [first](std::size_t j) { return magnitudes(four_from(first + j)) >= limit; });
 }
 
 // The first interval whose ends pass, with four of them at once as one by one.
@@ -73,7 +72,8 @@ std::int32_t first_interval(std::span<const float> x, Begins begins, Ends ends) 
 }  // namespace
 
 std::int32_t find_interval(std::span<const float> x, float v) {
-  return first_interval(x, [v](auto p) { return p <= v; }, [v](auto q) { return v < q; });
+  return first_interval(
+      x, [v](auto p) { return p <= v; }, [v](auto q) { return v < q; });
 }
 
 Place find_place(std::span<const float> x, float v) {
@@ -88,7 +88,8 @@ Place find_place(std::span<const float> x, float v) {
         return position != 0;
       });
   if (position != 0) return {Match::entry, position};
-  position = first_interval(x, [v](auto p) { return p < v; }, [v](auto q) { return v < q; });
+  position = first_interval(
+      x, [v](auto p) { return p < v; }, [v](auto q) { return v < q; });
   return {position != 0 ? Match::interval : Match::none, position};
 }
 
