@@ -113,6 +113,5 @@ def straight_calls(interface, name_of):
     routines = [r for r in interface.routines if is_straight(r)]
     strided = [strided_call(r) for r in interface.routines if is_strided(r)]
     words = max((places(r)[1] for r in routines), default=0)
-    return STRAIGHT.format(strided="
-".join(strided), words=words,
+    return STRAIGHT.format(strided="\n".join(strided), words=words,
                            calls="\n".join(straight_call(r, name_of) for r in routines))
