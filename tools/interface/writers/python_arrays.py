@@ -124,7 +124,7 @@ def described(operand):
     return python.indented(python.filled([f"Operand({parts[0]}", *parts[1:]], "    "))
 
 
-def spec(function):
+def walk_of(function):
     routine = function.routine
     results = class_name(routine) if len(function.results) > 1 else "None"
     lines = ["", "", f'_{function.name} = Batch("{function.name}", "{routine.name}", {results}, [']
@@ -231,7 +231,7 @@ def overloads(function):
 
 
 def written(function):
-    lines = classes(function) + spec(function)
+    lines = classes(function) + walk_of(function)
     docstring = python.quoted(documentation(function))
     if function.works:
         lines += overloads(function)
