@@ -12,6 +12,7 @@ from fortran_test import SHEAR
 
 # Warnings, notes and hints are shown, and end the compilation.
 STRICT = ["-vewnh", "-Sewnh"]
+NO_HINTS = ["-vewn", "-Sewn"]  # for 32 bits, where sums of lengths cause some
 UNIT = "{$MODE OBJFPC}{$IFDEF MSWINDOWS}{$APPTYPE CONSOLE}{$ENDIF}\nuses Math, SysUtils, KezLib;\n"
 MODES = {"linux": ["OBJFPC", "DELPHI"], "windows-x64": ["DELPHI"], "windows-x86": ["OBJFPC"]}
 
@@ -29,7 +30,8 @@ def program(text, place, unit=None):
     prints = []
     for mode in MODES[place.machine]:
         source = place.file("program.pas", text.replace("{$MODE OBJFPC}", f"{{$MODE {mode}}}"))
-        place.run(compiler(place), *STRICT, f"-Fu{unit or place.binding('pascal')}", "-FU.",
+        strict = NO_HINTS if place.machine == "windows-x86" else STRICT
+        place.run(compiler(place), *strict, f"-Fu{unit or place.binding('pascal')}", "-FU.",
                   f"-Fl{place.package}/lib", "-oprogram.exe", source)
         prints.append(place.execute("program.exe"))
     assert len(set(prints)) == 1, prints

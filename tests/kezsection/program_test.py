@@ -138,6 +138,7 @@ class Program(unittest.TestCase):
 
     def test_files_are_whole(self):
         """An earlier file stays until the new one is complete, also when the run is ended."""
+        signal.signal(signal.SIGINT, signal.default_int_handler)  # which a shell's & ignores
         old = self.folder / "out" / "t.csv"
         self.run_it("shapes.txt", "--quiet", "--csv", "out/t.csv", "--html", "new/h.html")
         before = old.read_bytes()
