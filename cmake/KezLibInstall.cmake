@@ -36,7 +36,7 @@ if(TARGET kezcall)
   # An installed tree can be moved: kezcall finds the library from its own place.
   cmake_path(RELATIVE_PATH CMAKE_INSTALL_FULL_LIBDIR
     BASE_DIRECTORY ${CMAKE_INSTALL_FULL_BINDIR} OUTPUT_VARIABLE lib_from_bin)
-  set_target_properties(kezcall PROPERTIES 
+  set_target_properties(kezcall PROPERTIES
     INSTALL_RPATH "$ORIGIN;$ORIGIN/${lib_from_bin}")
   install(TARGETS kezcall RUNTIME COMPONENT tools)
 endif()
