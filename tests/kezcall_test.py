@@ -172,7 +172,7 @@ class Kezcall(unittest.TestCase):
 
     @unittest.skipUnless(os.path.exists("/dev/full"), "only Linux has a device that is always full")
     def test_output_that_is_lost(self):
-        for call in (["--list"], ["kezcer", "0", "0", "1"]):
+        for call in (["--list"], ["--library", LIBRARY, "kezcer", "0", "0", "1"]):
             with open("/dev/full", "w") as full:
                 run = subprocess.run([KEZCALL, *call], stdout=full, stderr=subprocess.PIPE,
                                      text=True)
