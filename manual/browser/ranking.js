@@ -50,7 +50,9 @@ export function stemOf(word) {
     .replace(/(.{3})(ices|exes|ex|ix)$/, "$1ic")
     .replace(/is(?=(e|ed|es|ing|ation)$)/, "iz");
   const ending = ENDINGS.find((end) => even.endsWith(end) && even.length - end.length >= ROOT);
-  return ending ? even.slice(0, -ending.length).replace(/([bdgmnpt])\1$/, "$1") : even;
+  if (!ending) return even;
+  const root = even.slice(0, -ending.length).replace(/([bdgmnpt])\1$/, "$1");
+  return stemOf(root);
 }
 
 // The fields of an entry and what a word in them is worth.
@@ -58,6 +60,7 @@ const TITLE = { routine: 10, page: 7, section: 5, language: 2 };
 const OWN = { routine: 40, page: 40, section: 12 }; // a word that is all of the title
 const ASKED = 7;
 const SENTENCE = 6;
+const FIRST = 3; // the paragraph after the sentence
 const PLACE = 2.5;
 const SAID = 1;
 
@@ -75,10 +78,10 @@ function pairsOf(words) {
 }
 
 function prepared(row) {
-  const [title, sentence, place, href, said, asked = ""] = row;
+  const [title, sentence, place, href, said, asked = "", first = ""] = row;
   const kind = kindOf(title, href);
-  const texts = [title, asked, sentence, place, said];
-  const fields = [TITLE[kind], ASKED, SENTENCE, PLACE, SAID].map((worth, i) => {
+  const texts = [title, asked, sentence, first, place, said];
+  const fields = [TITLE[kind], ASKED, SENTENCE, FIRST, PLACE, SAID].map((worth, i) => {
     const words = new Set(waysToWrite(texts[i]));
     return { worth, words, stems: new Set([...words].map(stemOf)) };
   });
@@ -118,7 +121,7 @@ function isSlip(word, other) {
 const SHORTEST = 4; // of the words that are corrected
 const SYNONYM = 0.6; // what a word that says the same is worth
 const PAIR = 4; // what two neighbours are worth that stand so in what a reader asks
-const PLAIN = 3; // a word worth so much is answered, not said in passing
+const PLAIN = 2.5; // a word worth so much is answered, not said in passing
 const TITLED = 1000; // what was typed is the title
 const MOST = 30;
 
@@ -126,6 +129,7 @@ export class Ranking {
   constructor({ entries, synonyms }) {
     this.entries = entries.map(prepared);
     this.synonyms = new Map(Object.entries(synonyms));
+    this.byStem = new Map(Object.entries(synonyms).map(([word, others]) => [stemOf(word), others]));
     this.known = new Set([
       ...this.synonyms.keys(),
       ...this.entries.flatMap(({ fields }) => fields.flatMap(({ words }) => [...words])),
@@ -147,7 +151,7 @@ export class Ranking {
   // The worth of a word by entry.
   worths(word) {
     const stem = stemOf(word);
-    const also = (this.synonyms.get(word) ?? []).map((other) => [other, stemOf(other)]);
+    const also = (this.synonyms.get(word) ?? this.byStem.get(stem) ?? []).map((other) => [other, stemOf(other)]);
     return this.entries.map((entry) =>
       Math.max(
         worthOfWord(word, stem, entry),
