@@ -6,7 +6,7 @@ const SMALL = new Set(
     "do does doesnt dont else find for from get give given gives got had has have having how i if " +
     "im in into is isnt it its just let like made make may me mean means might must my need needs " +
     "of on or please routine shall should show so some such tell than that the their them then " +
-    "there these they this to try us use using very want was we were what whats when which will " +
+    "there these they this to try us use using very want was we were what whats when which why will " +
     "with would you your").split(" "),
 );
 
@@ -38,8 +38,9 @@ function waysToWrite(text) {
   return [...whole, ...compound.flatMap(partsOf), ...joined];
 }
 
-const ENDINGS = ["ations", "ation", "ating", "ates", "ated", "ate", "ions", "ion", "ings", "ing",
-  "ally", "ical", "ers", "ies", "ed", "er", "es", "al", "ly", "s", "e", "y"];
+const ENDINGS = ["izations", "ization", "izing", "izes", "ized", "ize", "ations", "ation", "ating",
+  "ates", "ated", "ate", "ions", "ion", "ings", "ing", "ally", "ical", "ities", "ity", "ers", "ies",
+  "ed", "er", "es", "al", "ly", "s", "e", "y"];
 const ROOT = 4; // what an ending leaves has so many letters
 
 // "intersections", "intersecting" and "intersect" have one stem; so have "vertex" and "vertices",
@@ -129,21 +130,22 @@ export class Ranking {
   constructor({ entries, synonyms }) {
     this.entries = entries.map(prepared);
     this.synonyms = new Map(Object.entries(synonyms));
-    this.byStem = new Map(Object.entries(synonyms).map(([word, others]) => [stemOf(word), others]));
     this.known = new Set([
       ...this.synonyms.keys(),
       ...this.entries.flatMap(({ fields }) => fields.flatMap(({ words }) => [...words])),
     ]);
   }
 
-  // What the synonyms know as a phrase is one word, what nobody writes with a hyphen several.
+  // Two words may be one, as in "mid point" and in what the synonyms know; "quick-sort" is two.
   phrased(words) {
     const found = [];
     for (let i = 0; i < words.length; ++i) {
-      const phrase = `${words[i]} ${words[i + 1]}`;
-      if (this.synonyms.has(phrase)) found.push(phrase), ++i;
-      else if (this.known.has(words[i])) found.push(words[i]);
-      else found.push(...(partsOf(words[i]).length ? partsOf(words[i]) : [words[i]]));
+      const [word, next] = [words[i], words[i + 1] ?? ""];
+      const forms = [`${word} ${next}`, word + next].filter((form) => form.length > SHORTEST);
+      const whole = forms.find((form) => next && this.known.has(form));
+      if (whole) ++i;
+      const parts = whole || this.known.has(word) ? [] : partsOf(word);
+      found.push(...(parts.length ? parts : [whole ?? word]));
     }
     return found;
   }
@@ -151,7 +153,8 @@ export class Ranking {
   // The worth of a word by entry.
   worths(word) {
     const stem = stemOf(word);
-    const also = (this.synonyms.get(word) ?? this.byStem.get(stem) ?? []).map((other) => [other, stemOf(other)]);
+    const said = [word, word.replace(/s$/, ""), `${word}s`].find((form) => this.synonyms.has(form));
+    const also = (this.synonyms.get(said) ?? []).map((other) => [other, stemOf(other)]);
     return this.entries.map((entry) =>
       Math.max(
         worthOfWord(word, stem, entry),
