@@ -29,19 +29,14 @@ export const wordsOf = (text) =>
     .split(/\.*(?:[^a-z0-9#+.-]+|$)/)
     .filter(Boolean);
 
-// "cold-formed" is found as "cold formed" and as "coldformed" too. Numbers of standards are whole.
+// "cold-formed" is found as "cold formed" too. Numbers of standards are whole.
 const partsOf = (word) => (/-[\d.-]*$/.test(word) ? [] : word.split("-").filter(Boolean));
-function waysToWrite(text) {
-  const whole = wordsOf(text);
-  const compound = whole.filter((word) => partsOf(word).length > 1);
-  const joined = compound.map((word) => word.replaceAll("-", ""));
-  return [...whole, ...compound.flatMap(partsOf), ...joined];
-}
+const waysToWrite = (text) => wordsOf(text).flatMap((word) => [word, ...partsOf(word)]);
 
 const ENDINGS = ["izations", "ization", "izing", "izes", "ized", "ize", "ations", "ation", "ating",
   "ates", "ated", "ate", "ions", "ion", "ings", "ing", "ally", "ical", "ities", "ity", "ers", "ies",
   "ed", "er", "es", "al", "ly", "s", "e", "y"];
-const ROOT = 4; // what an ending leaves has so many letters
+const ROOT = 4; // what an ending leaves has so many letters, of a plural one less
 
 // "intersections", "intersecting" and "intersect" have one stem; so have "vertex" and "vertices",
 // "normalise" and "normalized", "clip" and "clipping".
@@ -50,7 +45,8 @@ export function stemOf(word) {
   const even = word
     .replace(/(.{3})(ices|exes|ex|ix)$/, "$1ic")
     .replace(/is(?=(e|ed|es|ing|ation)$)/, "iz");
-  const ending = ENDINGS.find((end) => even.endsWith(end) && even.length - end.length >= ROOT);
+  const left = (end) => even.length - end.length + (end === "s");
+  const ending = ENDINGS.find((end) => even.endsWith(end) && left(end) >= ROOT);
   if (!ending) return even;
   const root = even.slice(0, -ending.length).replace(/([bdgmnpt])\1$/, "$1");
   return stemOf(root);
@@ -61,7 +57,7 @@ const TITLE = { routine: 10, page: 7, section: 5, language: 2 };
 const OWN = { routine: 40, page: 40, section: 12 }; // a word that is all of the title
 const ASKED = 7;
 const SENTENCE = 6;
-const FIRST = 3; // the paragraph after the sentence
+const FIRST = 3; // the paragraph that begins with the sentence
 const PLACE = 2.5;
 const SAID = 1;
 
