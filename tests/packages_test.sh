@@ -62,9 +62,13 @@ rm -rf "$root/packages"
 left=$(find "$root/usr" "$root/etc" "$root/var" -iname '*kez*' ! -path '*/var/log/*')
 [ -z "$left" ] || fail "left behind: $left"
 
+echo "The wheels"
+quietly /usr/bin/python3 -B "$source/tests/wheels_test.py" "$packages" "$work"
+wheel=$(ls "$packages"/without-library/kezlib-*.whl)
+
 echo "The packages for pip and npm"
 for package in "$packages"/libkezlib*.deb; do dpkg-deb -x "$package" debian; done
-quietly /usr/bin/python3 -m pip install --no-deps --no-index --target site "$packages"/kezlib-*.whl
+quietly /usr/bin/python3 -m pip install --no-deps --no-index --target site "$wheel"
 expect_answer env PYTHONPATH=site KEZLIB_LIBRARY="$(ls debian/usr/lib/*/libKezLib.so.1)" \
     /usr/bin/python3 "$source/examples/host.py"
 quietly /usr/bin/python3 -m pip install --no-deps --no-index --target site "$packages"/kezsection-*.whl
