@@ -75,6 +75,11 @@ echo "The package for npm in bundles"
 mkdir npm
 (cd npm && "$source/tests/packages/npm.sh" "$packages"/kezlib-*.tgz "$source/build/bundlers")
 
+echo "The package for NuGet"
+mkdir nuget
+(cd nuget && "$source/tests/packages/nuget.sh" "$packages"/KezLib.*.nupkg \
+    "$source/build/packed/share/kezlib/bindings/csharp" "$source/build")
+
 echo "The package for Windows"
 quietly cmake -E tar xf "$packages"/kezlib-*-windows.zip
 windows=$work/$(ls -d kezlib-*-windows)

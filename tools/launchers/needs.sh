@@ -62,6 +62,7 @@ need_for() {
                 python3-tqdm python3-wheel
             ;;
         packages) need clang lld llvm python3-pip python3-setuptools python3-wheel npm ;;
+        nuget) need mono-mcs mono-runtime nuget ;;
         bench)
             need libbenchmark-dev libcgal-dev libeigen3-dev libboost-dev libpolyclipping-dev \
                 libabsl-dev libocct-modeling-data-dev python3-numpy python3-shapely
