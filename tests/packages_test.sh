@@ -66,7 +66,7 @@ echo "The wheels"
 quietly /usr/bin/python3 -B "$source/tests/wheels_test.py" "$packages" "$work"
 wheel=$(ls "$packages"/without-library/kezlib-*.whl)
 
-echo "The packages for pip and npm"
+echo "The packages for pip"
 for package in "$packages"/libkezlib*.deb; do dpkg-deb -x "$package" debian; done
 quietly /usr/bin/python3 -m pip install --no-deps --no-index --target site "$wheel"
 expect_answer env PYTHONPATH=site KEZLIB_LIBRARY="$(ls debian/usr/lib/*/libKezLib.so.1)" \
@@ -74,10 +74,15 @@ expect_answer env PYTHONPATH=site KEZLIB_LIBRARY="$(ls debian/usr/lib/*/libKezLi
 quietly /usr/bin/python3 -m pip install --no-deps --no-index --target site "$packages"/kezsection-*.whl
 quietly env PYTHONPATH=site KEZLIB_LIBRARY="$(ls debian/usr/lib/*/libKezLib.so.1)" \
     site/bin/kezsection "$source/examples/sections.txt"
-echo '{"private": true}' >package.json
-quietly npm install --offline --no-audit --no-fund "$packages"/kezlib-*.tgz
-cp "$source/examples/host.mjs" .
-expect_answer node host.mjs
+
+echo "The package for npm in bundles"
+mkdir npm
+(cd npm && "$source/tests/packages/npm.sh" "$packages"/kezlib-*.tgz "$source/build/bundlers")
+
+echo "The package for NuGet"
+mkdir nuget
+(cd nuget && "$source/tests/packages/nuget.sh" "$packages"/KezLib.*.nupkg \
+    "$source/build/packed/share/kezlib/bindings/csharp" "$source/build")
 
 echo "The package for Windows"
 quietly cmake -E tar xf "$packages"/kezlib-*-windows.zip

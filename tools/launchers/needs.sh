@@ -62,8 +62,8 @@ need_for() {
                 python3-tqdm python3-wheel
             ;;
         packages)
-            need binutils clang lld llvm python3-packaging python3-pip python3-setuptools \
-                python3-wheel qemu-user twine npm
+            need binutils clang lld llvm mono-mcs mono-runtime npm nuget python3-packaging \
+                python3-pip python3-setuptools python3-wheel qemu-user twine
             ;;
         bench)
             need libbenchmark-dev libcgal-dev libeigen3-dev libboost-dev libpolyclipping-dev \
