@@ -133,4 +133,4 @@ def routine_values(r, site):
         "shown": [shown_group(calls, prose) for calls in shown],
         "folded": [shown_group(calls, prose) for calls in folded],
         "related": [site.cards[other.name] for other in routine.related(r, site.interface)],
-        "data": embedded(page_data(r, calls, site.tabs))}
+        "data": embedded(site.drawn[r.name].data)}
