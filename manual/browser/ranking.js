@@ -2,38 +2,68 @@
 
 // They tell nothing in a question.
 const SMALL = new Set(
-  ("a an and are as at be by calculate can compute could determine do does find for from get give " +
-    "given gives have how i if in is it its let me mean means my of on or please routine should " +
-    "than that the their them then there these this to use using want we what when which will " +
-    "with you your").split(" "),
+  ("a am an and any are as at be been being but by calculate can cant compute could determine did " +
+    "do does doesnt dont else find for from get give given gives got had has have having how i if " +
+    "im in into is isnt it its just let like made make may me mean means might must my need needs " +
+    "of on or please routine shall should show so some such tell than that the their them then " +
+    "there these they this to try us use using very want was we were what whats when which why will " +
+    "with would you your").split(" "),
 );
 
-export const wordsOf = (text) =>
+const GREEK = { α: "alpha", β: "beta", ε: "epsilon", θ: "theta", λ: "lambda", π: "pi", ρ: "rho",
+  σ: "sigma", φ: "phi", χ: "chi", ψ: "psi", ω: "omega" };
+
+// Letters without accents; Greek ones by their names; "don't" as "dont"; "I_y" as "iy", but
+// "intersect_lines" as two words.
+const spelt = (text) =>
   text
     .toLowerCase()
-    .replaceAll("_", " ")
+    .normalize("NFD")
+    .replace(/[\u0300-\u036f'’]/g, "")
+    .replace(/[α-ω]/g, (letter) => ` ${GREEK[letter] ?? letter} `)
+    .replace(/\b([a-z])_([a-z]{1,3})\b/g, "$1$2")
+    .replaceAll("_", " ");
+
+export const wordsOf = (text) =>
+  spelt(text)
     .split(/\.*(?:[^a-z0-9#+.-]+|$)/)
     .filter(Boolean);
 
-const ENDINGS = ["ations", "ation", "ating", "ates", "ated", "ate", "ions", "ion", "ings", "ing",
-  "ally", "ical", "ers", "ies", "ed", "er", "es", "al", "ly", "s", "e", "y"];
+// "cold-formed" is found as "cold formed" and as "coldformed" too. Numbers of standards are whole.
+const partsOf = (word) => (/-[\d.-]*$/.test(word) ? [] : word.split("-").filter(Boolean));
+function waysToWrite(text) {
+  const whole = wordsOf(text);
+  const compound = whole.filter((word) => partsOf(word).length > 1);
+  const joined = compound.map((word) => word.replaceAll("-", ""));
+  return [...whole, ...compound.flatMap(partsOf), ...joined];
+}
+
+const ENDINGS = ["izations", "ization", "izing", "izes", "ized", "ize", "ations", "ation", "ating",
+  "ates", "ated", "ate", "ions", "ion", "ings", "ing", "ally", "ical", "ities", "ity", "ers", "ies",
+  "ed", "er", "es", "al", "ly", "s", "e", "y"];
 const ROOT = 4; // what an ending leaves has so many letters
 
-// "intersections", "intersecting" and "intersect" have one stem.
+// "intersections", "intersecting" and "intersect" have one stem; so have "vertex" and "vertices",
+// "normalise" and "normalized", "clip" and "clipping".
 export function stemOf(word) {
   if (/[^a-z]|ss$|us$|is$/.test(word)) return word;
-  const ending = ENDINGS.find((end) => word.endsWith(end) && word.length - end.length >= ROOT);
-  return ending ? word.slice(0, -ending.length) : word;
+  const even = word
+    .replace(/(.{3})(ices|exes|ex|ix)$/, "$1ic")
+    .replace(/is(?=(e|ed|es|ing|ation)$)/, "iz");
+  const ending = ENDINGS.find((end) => even.endsWith(end) && even.length - end.length >= ROOT);
+  if (!ending) return even;
+  const root = even.slice(0, -ending.length).replace(/([bdgmnpt])\1$/, "$1");
+  return stemOf(root);
 }
 
 // The fields of an entry and what a word in them is worth.
 const TITLE = { routine: 10, page: 7, section: 5, language: 2 };
+const OWN = { routine: 40, page: 40, section: 12 }; // a word that is all of the title
 const ASKED = 7;
 const SENTENCE = 6;
+const FIRST = 3; // the paragraph after the sentence
 const PLACE = 2.5;
 const SAID = 1;
-
-const stemmed = (text) => new Set(wordsOf(text).map(stemOf));
 
 // The pages of languages have the same headings, so these tell little.
 function kindOf(title, href) {
@@ -42,13 +72,23 @@ function kindOf(title, href) {
   return href.startsWith("language-") ? "language" : "section";
 }
 
+// Neighbours among the words: "point in" is not "point on".
+function pairsOf(words) {
+  const stems = words.map(stemOf);
+  return stems.slice(1).map((stem, i) => `${stems[i]} ${stem}`);
+}
+
 function prepared(row) {
-  const [title, sentence, place, href, said, asked = ""] = row;
+  const [title, sentence, place, href, said, asked = "", first = ""] = row;
   const kind = kindOf(title, href);
-  const fields = [[title, TITLE[kind]], [asked, ASKED], [sentence, SENTENCE], [place, PLACE], [said, SAID]]
-    .map(([text, worth]) => ({ worth, words: new Set(wordsOf(text)), stems: stemmed(text) }));
+  const texts = [title, asked, sentence, first, place, said];
+  const fields = [TITLE[kind], ASKED, SENTENCE, FIRST, PLACE, SAID].map((worth, i) => {
+    const words = new Set(waysToWrite(texts[i]));
+    return { worth, words, stems: new Set([...words].map(stemOf)) };
+  });
   const own = kind === "language" ? "" : title.toLowerCase();
-  return { row, own, fields, isName: kind === "routine" };
+  const pairs = new Set([own, asked, sentence].flatMap((text) => pairsOf(wordsOf(text))));
+  return { row, own, worthOfOwn: OWN[kind], fields, pairs, isName: kind === "routine" };
 }
 
 // One word: 1 as it stands, less by its stem or its beginning, 0 when it is not there.
@@ -60,8 +100,8 @@ function likeness(word, stem, { words, stems }) {
   return 0;
 }
 
-function worthOfWord(word, stem, { own, fields, isName }) {
-  if (own === word) return 40;
+function worthOfWord(word, stem, { own, worthOfOwn, fields, isName }) {
+  if (own === word) return worthOfOwn;
   if (isName && own === `kez${word}`) return 30;
   if (isName && word.length > 1 && own.startsWith(`kez${word}`)) return 20;
   let best = isName && word.length > 2 && own.includes(word) ? 8 : 0;
@@ -81,6 +121,8 @@ function isSlip(word, other) {
 
 const SHORTEST = 4; // of the words that are corrected
 const SYNONYM = 0.6; // what a word that says the same is worth
+const PAIR = 4; // what two neighbours are worth that stand so in what a reader asks
+const PLAIN = 2.5; // a word worth so much is answered, not said in passing
 const TITLED = 1000; // what was typed is the title
 const MOST = 30;
 
@@ -94,10 +136,25 @@ export class Ranking {
     ]);
   }
 
+  // Two words may be one, as in "mid point" and in what the synonyms know; "quick-sort" is two.
+  phrased(words) {
+    const found = [];
+    for (let i = 0; i < words.length; ++i) {
+      const [word, next] = [words[i], words[i + 1] ?? ""];
+      const forms = [`${word} ${next}`, word + next].filter((form) => form.length > SHORTEST);
+      const whole = forms.find((form) => next && this.known.has(form));
+      if (whole) ++i;
+      const parts = whole || this.known.has(word) ? [] : partsOf(word);
+      found.push(...(parts.length ? parts : [whole ?? word]));
+    }
+    return found;
+  }
+
   // The worth of a word by entry.
   worths(word) {
     const stem = stemOf(word);
-    const also = (this.synonyms.get(word) ?? []).map((other) => [other, stemOf(other)]);
+    const said = [word, word.replace(/s$/, ""), `${word}s`].find((form) => this.synonyms.has(form));
+    const also = (this.synonyms.get(said) ?? []).map((other) => [other, stemOf(other)]);
     return this.entries.map((entry) =>
       Math.max(
         worthOfWord(word, stem, entry),
@@ -121,19 +178,24 @@ export class Ranking {
 
   // What was found, best first, and whether it is only near: no entry has all words.
   ranked(text, most = MOST) {
-    const words = wordsOf(text);
+    const typed = wordsOf(text);
+    const words = this.phrased(typed);
     const telling = words.filter((word) => !SMALL.has(word));
     const columns = (telling.length ? telling : words).map((word) => this.asked(word));
     const rare = columns.map((worths) =>
       Math.log(1 + this.entries.length / (1 + worths.filter(Boolean).length)),
     );
+    const asked = rare.reduce((all, worth) => all + worth, 0);
+    const pairs = pairsOf(typed);
     const scored = this.entries
       .map((entry, i) => {
         const hits = columns.map((worths) => worths[i]);
         const count = hits.filter(Boolean).length;
-        const sum = hits.reduce((all, worth, k) => all + worth * rare[k], 0);
+        const together = PAIR * pairs.filter((pair) => entry.pairs.has(pair)).length;
+        const sum = hits.reduce((all, worth, k) => all + worth * rare[k], together);
         const isTitle = entry.own === text.trim().toLowerCase();
-        const score = sum * (count / columns.length) ** 2 + (isTitle ? TITLED : 0);
+        const answered = hits.reduce((all, worth, k) => all + rare[k] * Math.min(1, worth / PLAIN), 0);
+        const score = sum * (answered / asked) ** 2 + (isTitle ? TITLED + entry.worthOfOwn : 0);
         return { row: entry.row, count, score };
       })
       .filter(({ count }) => count > 0)
