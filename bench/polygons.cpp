@@ -46,6 +46,12 @@ auto outlines(std::size_t n, Make made_of) {
 }
 constexpr auto as_given = [](const Outline& outline) { return outline; };
 
+Ring ring_of(const Outline& outline) {
+  Ring ring;
+  for (std::size_t i = 0; i < outline.x.size(); ++i) ring.emplace_back(outline.x[i], outline.y[i]);
+  return ring;
+}
+
 const std::vector<std::int64_t> section_and_more{12, 100, 1'000, 10'000, 100'000};
 
 // The loops that a host would have instead, in functions of their own.
@@ -71,8 +77,9 @@ const std::vector<std::int64_t> section_and_more{12, 100, 1'000, 10'000, 100'000
 
 // Registers run(outline, output).
 template <typename Output, typename Run>
-void of_outline(const char* name, Run run) {
-  each_size(name, section_and_more, [run](std::size_t n) {
+void of_outline(const char* name, Run run,
+                const std::vector<std::int64_t>& sizes = section_and_more) {
+  each_size(name, sizes, [run](std::size_t n) {
     return [all = outlines(n, as_given), out = Output(), run](std::size_t k) mutable -> Output& {
       run(all[k], out);
       return out;
@@ -95,10 +102,31 @@ void areas_and_moments() {
   });
 }
 
-Ring ring_of(const Outline& outline) {
-  Ring ring;
-  for (std::size_t i = 0; i < outline.x.size(); ++i) ring.emplace_back(outline.x[i], outline.y[i]);
-  return ring;
+using FirstMoments = std::tuple<float, float>;
+
+// Of few vertices: those of long outlines are nearly 0 and differ. The area by which the moments
+// differ from the centroid is not measured.
+void first_moments() {
+  const auto run = [](Outline& p, FirstMoments& out) {
+    auto& [about_x, about_y] = out;
+    kezspl(p.x.data(), p.y.data(), &p.n, &about_x, &about_y);
+  };
+  const std::vector<std::int64_t> sizes{12, 100};
+  of_outline<FirstMoments>("kezspl", run, sizes);
+  const auto with_area = [](const Outline& outline) {
+    const Ring ring = ring_of(outline);
+    return std::pair(ring, static_cast<float>(bg::area(ring)));
+  };
+  each_size("boost_centroid", sizes, [with_area](std::size_t n) {
+    return [all = outlines(n, with_area),
+            out = FirstMoments()](std::size_t k) mutable -> FirstMoments& {
+      const auto& [ring, area] = all[k];
+      Point centroid;
+      bg::centroid(ring, centroid);
+      out = {centroid.y() * area, centroid.x() * area};
+      return out;
+    };
+  });
 }
 
 ClipperLib::cInt to_clipper(float coordinate) {
@@ -180,6 +208,31 @@ double digest(const std::pair<Half, Half>& halves) {
   return area(halves.first) - 2 * area(halves.second);
 }
 
+// The loop that a host would have instead: both parts, and the gaps between the crossings.
+[[gnu::noinline]] float plain_cut(const Outline& p, Half& upper, Half& lower,
+                                  std::vector<float>& chord) {
+  const auto add = [](Half& half, float x, float y) {
+    half.x[half.n] = x;
+    half.y[half.n++] = y;
+  };
+  upper.n = lower.n = 0;
+  chord.clear();
+  for (std::int32_t i = 0; i < p.n; ++i) {
+    const float x1 = p.x[i], y1 = p.y[i], x2 = p.x[i + 1], y2 = p.y[i + 1];
+    if (y1 >= 0) add(upper, x1, y1);
+    if (y1 <= 0) add(lower, x1, y1);
+    if (y1 * y2 < 0) {
+      chord.push_back(x1 - y1 * (x2 - x1) / (y2 - y1));
+      add(upper, chord.back(), 0);
+      add(lower, chord.back(), 0);
+    }
+  }
+  std::sort(chord.begin(), chord.end());
+  float length = 0;
+  for (std::size_t k = 1; k < chord.size(); k += 2) length += chord[k] - chord[k - 1];
+  return length;
+}
+
 void cuts() {
   const std::vector<std::int64_t> sizes{12, 100, 1'000, 10'000};
   each_size("kezpin", sizes, [](std::size_t n) {
@@ -191,6 +244,13 @@ void cuts() {
       float length;
       kezpin(&p.n, p.x.data(), p.y.data(), &a, &b, &c, &upper.n, upper.x.data(), upper.y.data(),
              &lower.n, lower.x.data(), lower.y.data(), &length);
+      return halves;
+    };
+  });
+  each_size("plain_cut", sizes, [](std::size_t n) {
+    return [all = outlines(n, as_given), halves = std::pair(Half(n), Half(n)),
+            chord = std::vector<float>()](std::size_t k) mutable -> std::pair<Half, Half>& {
+      benchmark::DoNotOptimize(plain_cut(all[k], halves.first, halves.second, chord));
       return halves;
     };
   });
@@ -211,6 +271,7 @@ void cuts() {
 
 void register_polygons() {
   areas_and_moments();
+  first_moments();
   points_in_polygons();
   cuts();
 }

@@ -42,6 +42,7 @@ ROWS = [
     Row("`kezapl` / plain loop, long outlines", "kezapl", "plain_area", 0.5, (100, *TO_1E5)),
     Row("`kezipl` / plain loop, a section", "kezipl", "plain_moments", 0.7, (12,)),
     Row("`kezipl` / plain loop, long outlines", "kezipl", "plain_moments", None, (100, *TO_1E5)),
+    Row("`kezspl` / Boost centroid", "kezspl", "boost_centroid", 0.5, (12, 100)),
     # Of many vertices one may be level with the point, which kezppp counts twice: one point of 64
     # differs.
     Row("`kezppp` / Boost `within`", "kezppp", "boost_within", 1.2, (12, 100, *TO_1E4),
@@ -51,6 +52,7 @@ ROWS = [
     Row("`kezppp` / Clipper, long outlines", "kezppp", "clipper_point_in_polygon", 1.35,
         (100, *TO_1E4), within=0.03),
     Row("`kezpin` / Boost polygon cut", "kezpin", "boost_cut", 0.08, (12, 100, *TO_1E4)),
+    Row("`kezpin` / plain loop", "kezpin", "plain_cut", 3.6, (12, 100, *TO_1E4)),
     Row("`kezpos` / plain scan, to 100", "kezpos", "plain_interval", 1.25, SHORT, within=0),
     Row("`kezpos` / plain scan", "kezpos", "plain_interval", 0.8, TO_1E4, within=0),
     Row("`kezpos1` / plain scan", "kezpos1", "plain_place", 1.25, (*SHORT, *TO_1E4), within=0),
@@ -83,4 +85,4 @@ ROWS = [
 ]
 
 LOAD_GOAL = 150.0  # us
-SIZE_GOAL = 156.0  # kB
+SIZE_GOAL = 165.0  # kB

@@ -55,7 +55,8 @@ if(TARGET bindings)
   install(CODE "
     if(EXISTS \"${made}/kezlib.browser.js\")
       file(INSTALL
-        \"${made}/kezlib.wasm\" \"${made}/kezlib.browser.js\" \"${made}/package.json\"
+        \"${made}/kezlib.wasm\" \"${made}/embedded.js\" \"${made}/kezlib.browser.js\"
+        \"${made}/package.json\"
         \"${PROJECT_SOURCE_DIR}/bindings/javascript/\"
         \"${PROJECT_BINARY_DIR}/bindings/javascript/\"
         DESTINATION \"\${CMAKE_INSTALL_PREFIX}/${bindings_dir}/javascript\")

@@ -36,10 +36,18 @@ foreach(file IN LISTS by_hand)
 endforeach()
 
 find_program(ESBUILD esbuild REQUIRED)
-add_custom_command(OUTPUT ${package}/kezlib.browser.js
-  COMMAND ${ESBUILD} browser.js --bundle --minify --format=iife --global-name=kezlib
-          --target=es2020 --loader:.wasm=binary --log-level=warning --outfile=kezlib.browser.js
+set(options --bundle --minify --target=es2020 --log-level=warning)
+# The bytes as the text of a module, which needs neither a file nor a loader of a bundler.
+add_custom_command(OUTPUT ${package}/embedded.js
+  COMMAND ${ESBUILD} kezlib.wasm ${options} --format=esm --loader:.wasm=binary
+          --outfile=embedded.js
   WORKING_DIRECTORY ${package}
-  DEPENDS kezlib_wasm ${package}/routines.js ${by_hand}
+  DEPENDS kezlib_wasm
+  VERBATIM)
+add_custom_command(OUTPUT ${package}/kezlib.browser.js
+  COMMAND ${ESBUILD} browser.js ${options} --format=iife --global-name=kezlib
+          --outfile=kezlib.browser.js
+  WORKING_DIRECTORY ${package}
+  DEPENDS ${package}/embedded.js ${package}/routines.js ${by_hand}
   VERBATIM)
 add_custom_target(javascript ALL DEPENDS ${package}/kezlib.browser.js ${package}/kezlib.d.ts)

@@ -18,7 +18,7 @@ HERE = pathlib.Path(__file__).resolve().parent
 sys.path[:0] = [str(HERE), str(HERE.parent / "tools")]
 
 import jinja2  # noqa: E402
-from generator import documents, guides, languages, pages, search, worked  # noqa: E402
+from generator import documents, guides, languages, pages, search, sheet, worked  # noqa: E402
 from generator.pictures import draw_all  # noqa: E402
 from generator.routine_page import page_data  # noqa: E402
 from interface import read, version  # noqa: E402
@@ -117,6 +117,7 @@ def main():
     write_pages(site, command.out)
     write_index(site, command.out)
     write_scripts(command, assets)
+    sheet.draw(assets, command.work)
     (assets / "style.css").write_text((HERE / "style.css").read_text() + style)
     files = [file for file in command.out.rglob("*") if file.is_file()]
     print(f"{sum(file.suffix == '.html' for file in files)} pages, "

@@ -62,18 +62,27 @@ rm -rf "$root/packages"
 left=$(find "$root/usr" "$root/etc" "$root/var" -iname '*kez*' ! -path '*/var/log/*')
 [ -z "$left" ] || fail "left behind: $left"
 
-echo "The packages for pip and npm"
+echo "The wheels"
+quietly /usr/bin/python3 -B "$source/tests/wheels_test.py" "$packages" "$work"
+wheel=$(ls "$packages"/without-library/kezlib-*.whl)
+
+echo "The packages for pip"
 for package in "$packages"/libkezlib*.deb; do dpkg-deb -x "$package" debian; done
-quietly /usr/bin/python3 -m pip install --no-deps --no-index --target site "$packages"/kezlib-*.whl
+quietly /usr/bin/python3 -m pip install --no-deps --no-index --target site "$wheel"
 expect_answer env PYTHONPATH=site KEZLIB_LIBRARY="$(ls debian/usr/lib/*/libKezLib.so.1)" \
     /usr/bin/python3 "$source/examples/host.py"
 quietly /usr/bin/python3 -m pip install --no-deps --no-index --target site "$packages"/kezsection-*.whl
 quietly env PYTHONPATH=site KEZLIB_LIBRARY="$(ls debian/usr/lib/*/libKezLib.so.1)" \
     site/bin/kezsection "$source/examples/sections.txt"
-echo '{"private": true}' >package.json
-quietly npm install --offline --no-audit --no-fund "$packages"/kezlib-*.tgz
-cp "$source/examples/host.mjs" .
-expect_answer node host.mjs
+
+echo "The package for npm in bundles"
+mkdir npm
+(cd npm && "$source/tests/packages/npm.sh" "$packages"/kezlib-*.tgz "$source/build/bundlers")
+
+echo "The package for NuGet"
+mkdir nuget
+(cd nuget && "$source/tests/packages/nuget.sh" "$packages"/KezLib.*.nupkg \
+    "$source/build/packed/share/kezlib/bindings/csharp" "$source/build")
 
 echo "The package for Windows"
 quietly cmake -E tar xf "$packages"/kezlib-*-windows.zip

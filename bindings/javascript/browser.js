@@ -1,12 +1,14 @@
-// What kezlib.browser.js is bundled from: the package with the WebAssembly module in it, for pages
-// that are opened from a file, where a browser loads no modules.
+// The package with the WebAssembly module in it, for bundles, and for pages where a browser loads no
+// files.
 
-import embedded from "./kezlib.wasm";
+import embedded from "./embedded.js";
 import { instantiate } from "./call.js";
 
 export { version } from "./routines.js";
 
 /** Where the module is that is loaded unless something else is given. */
-export const library = "kezlib.browser.js";
+export const library = "embedded";
+
+export const compile = async () => WebAssembly.compile(embedded);
 
 export const load = async (from) => instantiate(from ?? embedded);

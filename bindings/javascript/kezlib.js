@@ -19,5 +19,8 @@ async function bytesBeside() {
   return response.arrayBuffer();
 }
 
+/** The module, which workers can share. */
+export const compile = async () => WebAssembly.compile(await bytesBeside());
+
 /** The routines by name. Each load has kept values of its own. */
 export const load = async (from) => instantiate(from ?? (await bytesBeside()));

@@ -19,16 +19,17 @@ const figure = element("picture");
 const content = element("content");
 const list = element("results");
 const message = element("message");
+const SETTLED = 100; // ms without a change, until what can wait is done
 const AGAIN = 1500; // ms until an address that was refused is written
 
 const kinds = Object.fromEntries(routine.arguments.map(({ name, kind }) => [name, kind]));
 const NARROW = matchMedia("(max-width: 30rem)");
 
 class Live {
-  // Curves and digits have a library of their own: their calls are none of those whose values are
-  // kept.
+  // Where values are kept, curves and digits have a library of their own: their calls are none of
+  // the reader's.
   constructor(kez, forCurves) {
-    Object.assign(this, { kez, forCurves, report: {}, notice: "" });
+    Object.assign(this, { kez, forCurves, report: {}, notice: "", spreads: {}, isWritten: true });
     this.fields = new Fields(element("fields"), () => this.changed());
     this.dragging = new Dragging(figure, {
       report: () => this.report,
@@ -57,15 +58,26 @@ class Live {
 
   changed() {
     this.notice = "";
+    this.isWritten = false;
     this.compute();
-    this.address();
+    this.settle(SETTLED);
   }
 
-  // Behind the computation, which it never stops.
-  address() {
-    clearTimeout(this.later);
-    if (!writeAddress(fragmentOf(this.fields.texts, routine.example)))
-      this.later = setTimeout(() => this.address(), AGAIN);
+  // The address, the copies and the digits follow when the picture is painted and nothing moves.
+  settle(wait) {
+    clearTimeout(this.waiting);
+    this.waiting = setTimeout(() => this.finish(), wait);
+  }
+
+  finish() {
+    clearTimeout(this.waiting);
+    if (this.shown) {
+      this.writeCopies();
+      this.showDigits();
+    }
+    if (this.isWritten) return;
+    this.isWritten = writeAddress(fragmentOf(this.fields.texts, routine.example));
+    if (!this.isWritten) this.settle(AGAIN);
   }
 
   moved({ entry }, numbers) {
@@ -95,18 +107,22 @@ class Live {
   }
 
   show(values, results) {
-    this.shown = { values, results, texts: this.fields.texts };
+    const { texts } = this.fields;
+    this.shown = { values, results, texts, found: resultTexts(routine, results, texts) };
     this.showResults();
     this.drawPicture();
-    this.writeCopies(resultTexts(routine, results, this.fields.texts));
   }
 
+  // With the digits of the call before, until those of this one are known.
   showResults() {
+    showResults(list, routine, this.shown.found, this.showsDigits ? this.spreads : {});
+  }
+
+  showDigits() {
     const { values, results, texts } = this.shown;
-    const found = resultTexts(routine, results, texts);
     const call = (given) => callWith(this.forCurves, routine, given);
-    const moves = this.showsDigits ? spreads(routine, texts, values, results, call) : {};
-    showResults(list, routine, found, moves);
+    if (this.showsDigits) this.spreads = spreads(routine, texts, values, results, call);
+    this.showResults();
     element("tolerance").textContent = this.showsDigits ? tolerancesLost(routine, values) : "";
   }
 
@@ -124,13 +140,13 @@ class Live {
     });
   }
 
-  writeCopies(results) {
-    const { texts } = this.fields;
+  writeCopies() {
+    const { texts, found } = this.shown;
     for (const code of document.querySelectorAll("[data-call]")) {
       const language = routine.languages.find(({ key }) => key === code.dataset.call);
       code.textContent = language
         ? asStatements(routine, texts, language)
-        : asRow(routine, texts, results);
+        : asRow(routine, texts, found);
     }
   }
 
@@ -139,17 +155,24 @@ class Live {
     const field = error instanceof FieldError ? error.field : undefined;
     this.fields.blame(field ?? error?.message.match(/^\w+: (\w+)\b/)?.[1]);
     const said = field ? `${field}: ${error.message}` : error?.message;
-    message.textContent = said ?? this.notice;
+    const text = said ?? this.notice;
+    if (message.textContent !== text) message.textContent = text;
     content.toggleAttribute("data-stale", Boolean(error)); // what is seen is of inputs before
   }
 }
 
 function startButtons(live) {
   element("reset").addEventListener("click", () => live.reset());
-  startCopying(element("share"), () => location.href);
+  startCopying(element("share"), () => {
+    live.finish();
+    return location.href;
+  });
   for (const button of document.querySelectorAll(".copy")) {
     const code = button.closest(".copied").querySelector("code");
-    startCopying(button, () => code.textContent);
+    startCopying(button, () => {
+      live.finish();
+      return code.textContent;
+    });
   }
 }
 
@@ -159,7 +182,7 @@ function startChoices(live) {
   digits.checked = remembered("digits") === "yes";
   digits.addEventListener("change", () => {
     remember("digits", digits.checked ? "yes" : "no");
-    live.showResults();
+    live.showDigits();
   });
   element("plane")?.addEventListener("change", () => live.drawPicture());
   NARROW.addEventListener("change", () => live.drawPicture());
@@ -168,17 +191,22 @@ function startChoices(live) {
 const showsLive = () => element("picture").scrollIntoView({ block: "center" });
 
 async function start() {
-  const live = new Live(await load(), await load());
+  const kez = await load();
+  const another = async () => (routine.keeps ? load() : kez);
+  const live = new Live(kez, await another());
   startButtons(live);
   startChoices(live);
   live.restore();
+  live.finish();
+  addEventListener("pagehide", () => live.finish());
   addEventListener("hashchange", () => {
     if (location.hash !== "" && !location.hash.includes("=")) return;
     live.restore();
+    live.finish();
     if (location.hash) showsLive();
   });
   document.documentElement.dataset.live = "";
-  drawWorkedCalls(routine, await load());
+  drawWorkedCalls(routine, await another());
 }
 
 start();

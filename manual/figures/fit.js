@@ -55,6 +55,7 @@ export function fit(places, project, whole, { margin, stretched = false, held, i
     isFlat,
     project,
     ...view,
+    patches: {}, // of planes, where they are drawn
     ...held,
     to(place) {
       const [x, y] = this.project(place);

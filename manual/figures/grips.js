@@ -2,7 +2,7 @@
 // A grip has the `names` of the inputs, their `values`, their `entry` where these are arrays, and
 // `move`, which gives the texts of what it changes by name.
 
-import { exists } from "./places.js";
+import { add, dot, exists, length, minus, times, unit } from "./places.js";
 
 // As few digits as tell positions of the page apart; of what is not measured there, a few.
 function rounded(value, scale) {
@@ -144,4 +144,35 @@ export function radiusGrip(sheet, names, values, [x, y]) {
     return [undefined, undefined, x * x + y * y - ((X - x) ** 2 + (Y - y) ** 2)];
   };
   return gripOf(names, values, change);
+}
+
+// How far along a way in space the pointer has come from a position, or null where one looks along it.
+function alongWay(sheet, from, way) {
+  const [X, Y] = sheet.to(from);
+  const [x, y] = sheet.to(add(from, way)).map((value, i) => value - [X, Y][i]);
+  const size = x * x + y * y;
+  if (!(size > (0.05 * length(way) * sheet.view.sx) ** 2)) return null;
+  return ([px, py]) => ((px - X) * x + (py - Y) * y) / size;
+}
+
+// Moves the plane A x + B y + C z + D = 0 along its normal, by a place of it.
+export function offsetGrip(sheet, names, values, place) {
+  const normal = values.slice(0, 3);
+  const share = alongWay(sheet, place, normal);
+  const change = (position) => [values[3] - share(position) * dot(normal, normal)];
+  return share && gripOf(names.slice(3), values.slice(3), change);
+}
+
+// Lifts a corner of a plane's patch: it turns about the line through the middle that is
+// perpendicular to the way there.
+export function tiltGrip(sheet, names, values, corner, middle) {
+  const normal = values.slice(0, 3);
+  const out = minus(corner, middle);
+  const share = alongWay(sheet, corner, normal);
+  const change = (position) => {
+    const lean = (share(position) * dot(normal, normal)) / dot(out, out);
+    const way = times(unit(add(normal, out, -lean)), length(normal));
+    return [...way, -dot(way, middle)];
+  };
+  return share && gripOf(names, values, change);
 }

@@ -1,6 +1,7 @@
 // Planes and blocks in space: patches with their normals, and what they have in common.
 
-import { equation, mark, spoken, toneOf } from "./marks.js";
+import { offsetGrip, tiltGrip } from "./grips.js";
+import { equation, isFree, mark, spoken, toneOf } from "./marks.js";
 import {
   add,
   at,
@@ -55,13 +56,11 @@ function extents(p, ways, reach, covered) {
 export function patch(text, label, { meets = [], through: from, normal = true, covers = [] } = {}) {
   const terms = namesOf(text);
   const name = label ?? plainNames(terms);
-  const corners = (v, whole) => {
+  const frame = (v, whole) => {
     const [u, w] = spread(surface(text, v).normal);
     const p = anchorOf(text, { meets, from }, v, whole);
     const covered = covers.map((place) => at(place).where(v)).filter(exists);
-    const [[left, right], [low, high]] = extents(p, [u, w], REACH * whole.reach, covered);
-    const corner = (across, up) => add(add(p, u, across), w, up);
-    return [corner(right, high), corner(left, high), corner(left, low), corner(right, low)];
+    return { p, u, reaches: extents(p, [u, w], REACH * whole.reach, covered) };
   };
   const say = (v) => `plane ${name} = ${spoken(terms.map(v.scalar))} with ${equation(terms[3], v)}`;
   return {
@@ -71,20 +70,50 @@ export function patch(text, label, { meets = [], through: from, normal = true, c
       ...[from, ...covers].flatMap((place) => (place ? at(place).terms : [])),
       ...meets.flatMap(namesOf),
     ],
-    late: (v, whole) => corners(v, whole).filter(exists),
+    late: (v, whole) => cornersOf(text, frame(v, whole), v).filter(exists),
     say: typeof text === "string" ? say : undefined,
     paint(sheet, v) {
-      const all = corners(v, sheet.whole);
+      const here = (sheet.view.patches[terms] ??= frame(v, sheet.whole));
+      const all = cornersOf(text, here, v);
       if (!all.every(exists)) return;
       const colour = toneOf(terms, v);
       sheet.wash(all, `${colour}-wash`);
       sheet.stroke(all, `${colour} thin`, { closed: true, weight: 0.6 });
       sheet.label(name, all, colour);
+      if (terms.length === 4 && terms.every((term) => isFree(term, v)))
+        gripPatch(sheet, terms, all, here, v);
       if (!normal) return;
-      const tip = paintNormal(sheet, anchorOf(text, { meets, from }, v, sheet.whole), text, v, colour);
+      const tip = paintNormal(sheet, onSurface(here.p, text, v), text, v, colour);
       if (tip && typeof normal === "string") sheet.label(normal, [tip], colour);
     },
   };
+}
+
+// A patch by a place, a direction and its reach along both. While a handle is held these are of an
+// earlier plane, so that the patch does not spin under the pointer.
+function cornersOf(text, { p, u, reaches: [[left, right], [low, high]] }, v) {
+  const normal = unit(surface(text, v).normal);
+  const middle = onSurface(p, text, v);
+  const across = unit(add(u, normal, -dot(u, normal)));
+  const up = cross(normal, across);
+  const corner = (x, y) => add(add(middle, across, x), up, y);
+  return [corner(right, high), corner(left, high), corner(left, low), corner(right, low)];
+}
+
+// Where a plane is moved, and two corners by which it is tilted.
+function gripPatch(sheet, terms, corners, here, v) {
+  const values = terms.map(v.scalar);
+  const middle = times(add(corners[0], corners[2]), 0.5);
+  const near = [middle, ...[0.35, 0.6].flatMap((t) => corners.map((corner) =>
+    add(times(middle, 1 - t), corner, t)))];
+  sheet.later(() => {
+    const positions = near.map((place) => sheet.to(place));
+    here.held ??= positions.indexOf(sheet.freeOf(positions));
+    const [place, position] = [near[here.held], positions[here.held]];
+    sheet.grip(position, offsetGrip(sheet, terms, values, place));
+    for (const corner of corners.slice(0, 2))
+      sheet.grip(sheet.to(corner), tiltGrip(sheet, terms, values, corner, middle));
+  });
 }
 
 function paintNormal(sheet, p, text, v, colour) {

@@ -65,7 +65,7 @@ const anchors = (view) => ({
 const px6 = (value) => String(Number(value.toPrecision(6)));
 
 // What keeps the next picture from moving under a pointer.
-const held = ({ project, sx, sy, left, top }) => ({ project, sx, sy, left, top });
+const held = ({ project, sx, sy, left, top, patches }) => ({ project, sx, sy, left, top, patches });
 
 function drawScene(row, kind, title, v, options) {
   const strip = stripOf(row, v);

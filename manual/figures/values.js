@@ -43,7 +43,14 @@ export function callValues(inputs, results) {
 
   const holder = (name, after) => (!after && name in given ? given[name] : found[name]);
 
+  const arrays = new Map(); // a picture asks for the entries of an array one by one
+
   const array = (term) => {
+    if (!arrays.has(term)) arrays.set(term, arrayOf(term));
+    return arrays.get(term);
+  };
+
+  const arrayOf = (term) => {
     const [, , name, , after] = TERM.exec(term);
     const value = holder(name, after);
     if (typeof value === "function") return calledBack(value, given.n);

@@ -31,14 +31,16 @@ def about():
     """About the library, by title. Each of manual/pages is one."""
     found = [read(path, path.rpartition("/")[2].replace(".md", ".html"))
              for path in relative((ROOT / "manual/pages").glob("*.md"))]
-    found += [read("bench/README.md", "benchmarks.html"), read("CHANGELOG.md", "changelog.html")]
+    found += [read("bench/README.md", "benchmarks.html"), read("CHANGELOG.md", "changelog.html"),
+              read("kezsection/README.md", "kezsection.html")]
     return sorted(found, key=lambda document: document.title.lower())
 
 
 def topics():
     """The guides, in the order of the numbers that their files begin with."""
+    paths = relative((ROOT / "manual/guides").glob("*.md"))
     return [read(path, re.sub(r".*/\d+-(.*)\.md", r"\1.html", path))
-            for path in relative((ROOT / "manual/guides").glob("*.md"))]
+            for path in sorted(paths, key=lambda path: int(re.search(r"/(\d+)-", path)[1]))]
 
 
 def guides():

@@ -1,4 +1,4 @@
-"""What is computed or read from the header in the guides, in the place of their comments:
+"""What is computed or read from the headers in guides and pages, in the place of their comments:
 
     <!-- call: kezcer 3 0 2 -> D1 E1 F1 -->   a call, whose results later calls use by name
     <!-- made: statuses -->                   a method of Made
@@ -9,16 +9,19 @@ import re
 import subprocess
 import urllib.parse
 
+from interface import HEADER
 from interface.languages import known_as
+from interface.reader import TAG, parse_comment
 from interface.rows import TOKEN
 from markupsafe import Markup as Safe
 from markupsafe import escape
 
-from . import routine, statuses
+from . import routine, sheet, statuses
 from .routine_page import fragment, page_data
 
 CALL = re.compile(r"<!-- call: (.+?) -->", re.DOTALL)
 MADE = re.compile(r"<!-- made: (.+?) -->")
+BATCH = HEADER.with_name("kezbatch.h")
 
 
 def given_texts(tokens):
@@ -104,7 +107,7 @@ class Made:
         self.reports = list(statuses.reports(site.interface, site.calls))
 
     def document(self, html, href):
-        answers = iter(self.answers[href])
+        answers = iter(self.answers.get(href, []))
         html = CALL.sub(lambda match: call_html(match[1].split()[0], next(answers)), html)
         return Safe(MADE.sub(lambda match: getattr(self, match[1].replace(" ", "_"))(), html))
 
@@ -124,6 +127,17 @@ class Made:
     def statuses(self):
         return Safe("\n").join(map(self.one_report, self.reports))
 
+    def anchor(self, report):
+        """Of its table on the page of statuses."""
+        name = report.routine.name
+        first = next(r for r in self.reports if r.routine is report.routine)
+        return name if report is first else f"{name}-{report.argument.name}"
+
+    def report_links(self, routine):
+        """By integer that reports a case, where its values are listed."""
+        return {report.argument.name: f"statuses.html#{self.anchor(report)}"
+                for report in self.reports if report.routine is routine}
+
     def one_report(self, report):
         name = report.routine.name
         others = statuses.other_clauses(report)
@@ -132,15 +146,13 @@ class Made:
                  Safe('<a href="{}.html#{}">try</a>').format(name, fragment(case.example))
                  if case.example else "")
                 for case in report.cases]
-        first = next(r for r in self.reports if r.routine is report.routine)
-        anchor = name if report is first else f"{name}-{report.argument.name}"
         notes = Safe("").join(
             Safe("<p>Not written: {}, when {}.</p>").format(codes(names),
                                                             self.site.prose.inline(clause))
             for clause, names in others.items())
         return Safe('<h3 id="{}">Status of {}</h3>\n<p>{} ({}) reports in <code>{}</code>:</p>\n'
                     "{}{}").format(
-            anchor, name, link(name), known_as(report.routine), report.argument.name,
+            self.anchor(report), name, link(name), known_as(report.routine), report.argument.name,
             table((report.argument.name, "meaning", "not written", "a call"), rows), notes)
 
     def a_to_z(self):
@@ -206,3 +218,20 @@ class Made:
             rows += [(link(r.name), codes(names), direction, Safe("<code>{}</code>").format(extent))
                      for (extent, direction), names in odd.items()]
         return table(("routine", "arrays", "direction", "entries"), rows)
+
+    def kezbatch(self):
+        """Its prototype, and what its header says."""
+        *_, comment, prototype = re.split(r"/\*\*|\*/", BATCH.read_text())
+        description, tags, _ = parse_comment(comment)
+        rows = []
+        for tag in tags:
+            direction, name, extent, text = TAG.fullmatch(tag.strip()).groups()
+            rows.append((codes([name]), routine.DIRECTIONS[direction],
+                         codes([f"[{extent}]"]) if extent else "", self.site.prose.inline(text)))
+        return Safe('<pre tabindex="0"><code>{}</code></pre>\n{}\n{}').format(
+            prototype.strip().partition(";")[0] + ";", self.site.prose.header(description),
+            table(("argument", "direction", "entries", "meaning"), rows))
+
+    @staticmethod
+    def section_sheet():
+        return sheet.figure()

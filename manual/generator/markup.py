@@ -77,8 +77,9 @@ class Prose:
         def resolve(match):
             if re.match(r"https?:|#", match[1]):
                 return match[0]
-            page = self.pages.get(posixpath.normpath(posixpath.join(path, "..", match[1])))
-            return f'<a href="{page}">{match[2]}</a>' if page else match[2]
+            file, mark, anchor = match[1].partition("#")
+            page = self.pages.get(posixpath.normpath(posixpath.join(path, "..", file)))
+            return f'<a href="{page}{mark}{anchor}">{match[2]}</a>' if page else match[2]
 
         return re.sub(r'<a href="([^"]*)">(.*?)</a>', resolve, text, flags=re.DOTALL)
 

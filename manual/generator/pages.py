@@ -122,9 +122,7 @@ class Site:
                    {"families": self.families()})
         yield self.shapes_page()
         for topic in self.topics:
-            page = self.document_page(topic, topic.title)
-            page.values["text"] = self.made.document(page.values["text"], topic.href)
-            yield page
+            yield self.document_page(topic, topic.title)
         titles = self.language_pages()
         for guide in self.guides.values():
             yield self.document_page(guide, titles[guide.href])
@@ -143,7 +141,8 @@ class Site:
 
     def document_page(self, document, title):
         return Page(document.href, title, "page.html", f"{document.title}.",
-                    {"text": self.prose.document(document.body, document.path)})
+                    {"text": self.made.document(
+                        self.prose.document(document.body, document.path), document.href)})
 
     def families(self):
         return [{"title": g.title, "href": self.family_href(g.title),

@@ -23,6 +23,7 @@ class ArgumentRow:
     unit: str
     kept: str  # the header's clause of the cases in which it is not written
     beyond: str  # of an array, how many first entries are written and no others
+    values: str = ""  # of one that reports a case, the address of what its values mean
 
 
 def argument_row(group, names):

@@ -101,8 +101,9 @@ def kept_text(row):
     return row.kept
 
 
-def marked(rows, prose):
+def marked(rows, prose, links):
     for row in rows:
+        row.values = next((links[name] for name in row.names if name in links), "")
         row.meaning = prose.inline(row.meaning)
         row.kept = prose.inline(kept_text(row))
         yield row
@@ -125,11 +126,11 @@ def routine_values(r, site):
         "details": prose.header(description),
         "remarks": {title: prose.header(text)
                     for title, text in routine.remarks_above(r).items()},
-        "argument_rows": list(marked(routine.argument_rows(r), prose)),
+        "argument_rows": list(marked(routine.argument_rows(r), prose, site.made.report_links(r))),
         "kept": prose.inline(r.kept), "source": prose.inline(r.source),
         "time": prose.inline(r.time),
         "tabs": list(tabs),
         "shown": [shown_group(calls, prose) for calls in shown],
         "folded": [shown_group(calls, prose) for calls in folded],
         "related": [site.cards[other.name] for other in routine.related(r, site.interface)],
-        "data": embedded(page_data(r, calls, site.tabs))}
+        "data": embedded(site.drawn[r.name].data)}

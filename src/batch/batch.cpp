@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <iterator>
@@ -24,54 +23,55 @@ template <std::size_t... i, typename... Argument>
 }
 
 template <typename... Argument>
-constexpr std::size_t arguments_of(void(KEZ_CALL*)(Argument...)) {
-  return sizeof...(Argument);
+constexpr auto indices_of(void(KEZ_CALL*)(Argument...)) {
+  return std::index_sequence_for<Argument...>();
 }
 
-template <auto routine>
-void calls_of(std::int32_t count, void* const* address, const std::intptr_t* step) {
-  call_each(count, address, step, std::make_index_sequence<arguments_of(routine)>(), routine);
-}
-
-// The name stands in the table, which then has one address a routine for the loader to set.
-struct Routine {
-  std::array<char, 12> name;
-  std::int32_t arguments;
-  void (*calls)(std::int32_t, void* const*, const std::intptr_t*);
-
-  constexpr std::string_view view() const { return {name.data()}; }
-  constexpr bool operator<(const Routine& other) const { return view() < other.view(); }
-};
-
-template <auto routine, std::size_t size>
-constexpr Routine described(const char (&name)[size]) {
-  Routine result{{}, arguments_of(routine), calls_of<routine>};
-  static_assert(size <= result.name.size());
-  std::copy(name, name + size, result.name.begin());
-  return result;
-}
-
-constexpr Routine routines[] = {
-#define KEZ_ROUTINE(name) described<name>(#name),
+constexpr char names[][12] = {
+#define KEZ_ROUTINE(name) #name,
 #include "routines.inc"
+#undef KEZ_ROUTINE
 };
-static_assert(std::is_sorted(std::begin(routines), std::end(routines)));
+constexpr std::uint8_t arguments_of[] = {
+#define KEZ_ROUTINE(name) indices_of(name).size(),
+#include "routines.inc"
+#undef KEZ_ROUTINE
+};
+
+constexpr bool is_before(std::string_view a, std::string_view b) {
+  return a < b;
+}
+static_assert(std::is_sorted(std::begin(names), std::end(names), is_before));
+
+constexpr std::size_t number_of(std::string_view name) {
+  const auto place = std::lower_bound(std::begin(names), std::end(names), name, is_before);
+  return static_cast<std::size_t>(place - std::begin(names));
+}
+
+// Not a table of the routines: the loader would have to set each of its addresses.
+[[gnu::noinline]] void call_each(std::size_t number, std::int32_t count, void* const* address,
+                                 const std::intptr_t* step) {
+  switch (number) {
+#define KEZ_ROUTINE(name) \
+  case number_of(#name):  \
+    return call_each(count, address, step, indices_of(name), name);
+#include "routines.inc"
+#undef KEZ_ROUTINE
+  }
+}
 
 }  // namespace
 
 extern "C" void KEZ_CALL kezbatch(const char* routine, const int32_t* arguments,
                                   const int32_t* count, void* const address[],
                                   const intptr_t step[], int32_t* status) {
-  const std::string_view name = routine;
-  const Routine* found = std::lower_bound(
-      std::begin(routines), std::end(routines), name,
-      [](const Routine& before, std::string_view sought) { return before.view() < sought; });
-  if (found == std::end(routines) || found->view() != name) {
+  const std::size_t number = number_of(routine);
+  if (number == std::size(names) || names[number] != std::string_view(routine)) {
     *status = 1;
-  } else if (found->arguments != *arguments) {
+  } else if (arguments_of[number] != *arguments) {
     *status = 2;
   } else {
-    found->calls(*count, address, step);
+    call_each(number, *count, address, step);
     *status = 0;
   }
 }

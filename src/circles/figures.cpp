@@ -20,14 +20,6 @@ std::optional<ArcLengths> divide_circle(Vec2 centre, Vec2 p, Vec2 q) {
 
 namespace {
 
-// The ends of the four edges from vertex i on. The last four do not load the closing vertex with
-// others: it has just been stored alone, and the processor would wait until that is done.
-Four<float> four_ends(const float* list, std::size_t i, std::size_t n) {
-  if (i + 4 < n) return four_from(list + i + 1);
-  const Four<float> four = four_from(list + i);
-  return Four<float>{four[1], four[2], four[3], list[n]};
-}
-
 // The sums of terms(px, py, qx, qy) over the edges from p to q, as Green's theorem makes them of
 // area integrals. Every fourth edge has its own partial sum, in a fixed order: every build rounds
 // alike.
@@ -47,7 +39,10 @@ std::array<float, count> sum_over_edges(const ConstPlanePoints& outline, Terms t
     add(partial,
         terms(four_from(xs + i), four_from(ys + i), four_ends(xs, i, n), four_ends(ys, i, n)));
   }
-  for (; i < n; ++i) add(sums, terms(xs[i], ys[i], xs[i + 1], ys[i + 1]));
+  for (; i < n; ++i) {
+    const std::size_t next = i + 1 < n ? i + 1 : 0;  // for the same reason as in four_ends
+    add(sums, terms(xs[i], ys[i], xs[next], ys[next]));
+  }
   for (std::size_t k = 0; k < count; ++k) {
     const Four<float> four = partial[k];
     sums[k] += (four[0] + four[2]) + (four[1] + four[3]);

@@ -31,6 +31,18 @@ Four<T> four_times(T x) {
   return Four<T>{x, x, x, x};
 }
 
+// The last three of four, then x.
+inline Four<float> shifted(Four<float> four, float x) {
+  return __builtin_shufflevector(four, Four<float>{x}, 1, 2, 3, 4);
+}
+
+// Of n + 1 entries, of which the last repeats the first, the ends of the edges that begin at the
+// four from i on. The closing entry has often just been stored: a load that spans it would wait
+// until that is done.
+inline Four<float> four_ends(const float* list, std::size_t i, std::size_t n) {
+  return i + 4 < n ? four_from(list + i + 1) : shifted(four_from(list + i), list[0]);
+}
+
 // The bits of the absolute values. They are in the order of these, with not-a-number behind all
 // others, and may be compared without an exception.
 inline Four<std::int32_t> magnitudes(Four<float> four) {

@@ -105,7 +105,7 @@ class NearPairs {
       count_ = first;
       look_through(i);
     } else if (count_ - first > 1) {
-      std::sort(in_b_ + first, in_b_ + count_);
+      sort_ascending(std::span(in_b_ + first, in_b_ + count_));
     }
   }
 
@@ -161,7 +161,7 @@ NearDuplicates mark_near_duplicates(std::span<float> list, float tol,
         list[j] = marker;
         positions[count++] = position_of(j);
       });
-      std::sort(positions.begin() + first, positions.begin() + count);
+      sort_ascending(positions.subspan(first, count - first));
     }
   });
   return {static_cast<std::int32_t>(count), marker};

@@ -36,7 +36,9 @@ def main():
     (place,) = harness.places()
     said = harness.check("c", c, place)
     programs = [((harness.EXAMPLES / "host.c").read_text(), harness.FIRST_CALL)]
-    harness.check_programs(program, programs + harness.page_programs(place, "c", "c"), place)
+    programs += harness.page_programs(place, "c", "c")
+    programs += harness.programs_in(harness.ROOT / "manual/pages/kezbatch.md", "c")
+    harness.check_programs(program, programs, place)
     print(said)
 
 

@@ -283,13 +283,18 @@ def check_directions(declared):
         assert {name.rstrip("_") for name in names} == read[routine], f"{routine} reads {names}"
 
 
-def page_programs(place, folder, fence):
-    """The programs of a language's page, and what it says behind each: It prints `...`."""
-    page = (place.binding(folder) / "README.md").read_text()
-    found = re.findall(rf"(?ms)^```{re.escape(fence)}\n(.*?)^```\n(?:\nIt prints `([^`]+)`)?", page)
+def programs_in(path, fence):
+    """The programs of a page, and what it says behind each: It prints `...`."""
+    found = re.findall(rf"(?ms)^```{re.escape(fence)}\n(.*?)^```\n(?:\nIt prints `([^`]+)`)?",
+                       path.read_text())
     if not found or not all(prints for _, prints in found):
-        sys.exit(f"the page of {folder} has a program without what it prints, or none")
+        sys.exit(f"{path} has a program without what it prints, or none")
     return found
+
+
+def page_programs(place, folder, fence):
+    """Those of a language's page."""
+    return programs_in(place.binding(folder) / "README.md", fence)
 
 
 def plain(text):

@@ -3,17 +3,12 @@
 //   node --test javascript_batch.mjs, in a folder in which the package is installed
 
 import assert from "node:assert/strict";
-import { readFileSync } from "node:fs";
-import { createRequire } from "node:module";
-import { join } from "node:path";
 import { test } from "node:test";
-import { pathToFileURL } from "node:url";
 import { Worker } from "node:worker_threads";
+import { file, kezlib, loadedWithExports, place } from "./javascript_package.mjs";
 
-const here = createRequire(join(process.cwd(), "host.js"));
-const place = pathToFileURL(here.resolve("kezlib"));
-const { load } = await import(place);
-const { routines } = await import(new URL("routines.js", place));
+const { load } = kezlib;
+const { routines } = await file("routines.js");
 const [kez, other] = [await load(), await load()];
 
 const N = 4097; // more than one block
@@ -104,34 +99,31 @@ test("memory that grows between calls", async () => {
 });
 
 test("the library's stack after the host's has ended", async () => {
-  let instance;
-  const { instantiate } = WebAssembly;
-  WebAssembly.instantiate = async (...given) => {
-    const made = await instantiate(...given);
-    ({ instance } = made);
-    return made;
-  };
-  const fresh = await load().finally(() => (WebAssembly.instantiate = instantiate));
-  const before = instance.exports.stackSave();
+  const { kez: fresh, exports } = await loadedWithExports();
+  const before = exports.stackSave();
   for (let k = 0; k < 200; ++k) {
     const deep = (n) => fresh.kezsec_box(9, 8, 1, 1, 9, 1, 1, n) && deep(n);
     assert.throws(() => deep(k), RangeError);
   }
-  assert.equal(instance.exports.stackSave(), before);
+  assert.equal(exports.stackSave(), before);
 });
 
-test("a module that workers share", async () => {
-  const module = new WebAssembly.Module(readFileSync(here.resolve("kezlib/kezlib.wasm")));
+test("a module that workers share, of a file or embedded", async () => {
   const program = `
     const { parentPort, workerData: { module, place, x1 } } = require("node:worker_threads");
     import(place).then(async ({ load }) => {
       const kez = await load(module);
       parentPort.postMessage(kez.batch.kezpds({ x1, y1: 0, z1: 0, x2: 0, y2: 4, z2: 0 }).d);
     });`;
-  const answer = (x1) => new Promise((resolve, reject) => {
-    const worker = new Worker(program, { eval: true, workerData: { module, place: place.href, x1 } });
+  const answer = (module, place, x1) => new Promise((resolve, reject) => {
+    const worker = new Worker(program, { eval: true, workerData: { module, place, x1 } });
     worker.on("message", resolve).on("error", reject);
   });
-  const found = await Promise.all([answer(Float32Array.of(3)), answer(Float32Array.of(0, -3))]);
-  assert.deepEqual(found, [Float32Array.of(5), Float32Array.of(4, 5)]);
+  for (const { href } of [place, new URL("browser.js", place)]) {
+    const { compile } = await import(href);
+    const module = await compile();
+    const found = await Promise.all([answer(module, href, Float32Array.of(3)),
+      answer(module, href, Float32Array.of(0, -3))]);
+    assert.deepEqual(found, [Float32Array.of(5), Float32Array.of(4, 5)]);
+  }
 });

@@ -4,17 +4,13 @@
 //   node --test javascript_lists.mjs, in a folder in which the package is installed
 
 import assert from "node:assert/strict";
-import { readFileSync } from "node:fs";
-import { createRequire } from "node:module";
-import { join } from "node:path";
 import { test } from "node:test";
 import { pathToFileURL } from "node:url";
+import { bytes, file, kezlib, wasm } from "./javascript_package.mjs";
 
-const here = createRequire(join(process.cwd(), "host.js"));
-const { library, load, version } = await import(pathToFileURL(here.resolve("kezlib")));
-const { pairs } = await import(new URL("arithmetic.js", pathToFileURL(here.resolve("kezlib"))));
+const { library, load, version } = kezlib;
+const { pairs } = await file("arithmetic.js");
 const kez = await load();
-const bytes = () => readFileSync(here.resolve("kezlib/kezlib.wasm"));
 
 test("100,000 by 100,000 entries", () => {
   const n = 100_000;
@@ -53,7 +49,7 @@ test("the entry that is only written may be missing", () => {
 test("a compiled module, and of another version", async () => {
   const module = new WebAssembly.Module(bytes());
   assert.equal((await load(module)).kezpds(0, 0, 0, 2, 3, 6).d, 7);
-  assert.equal(library, pathToFileURL(here.resolve("kezlib/kezlib.wasm")).href);
+  assert.equal(library, pathToFileURL(wasm).href);
   for (const [other, isTaken] of [["1.9.7", true], ["2.0.0", false], ["0.9.0", false]]) {
     const changed = bytes();
     changed.write(other, changed.indexOf(`${version}\0`), "latin1");

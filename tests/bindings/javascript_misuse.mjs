@@ -3,24 +3,11 @@
 //   node --test javascript_misuse.mjs, in a folder in which the package is installed
 
 import assert from "node:assert/strict";
-import { readFileSync } from "node:fs";
-import { createRequire } from "node:module";
-import { join } from "node:path";
 import { test } from "node:test";
-import { pathToFileURL } from "node:url";
+import { bytes, file, kezlib, loadedWithExports } from "./javascript_package.mjs";
 
-const here = createRequire(join(process.cwd(), "host.js"));
-const { load } = await import(pathToFileURL(here.resolve("kezlib")));
-
-let instance;
-const { instantiate } = WebAssembly;
-WebAssembly.instantiate = async (...given) => {
-  const made = await instantiate(...given);
-  ({ instance } = made);
-  return made;
-};
-const kez = await load();
-WebAssembly.instantiate = instantiate;
+const { load } = kezlib;
+const { kez, exports } = await loadedWithExports();
 
 const refused = (call, type, message) =>
   assert.throws(call, (error) => {
@@ -135,12 +122,11 @@ test("results are the host's own", () => {
   const c = cross();
   cross().fill(9);
   assert.deepEqual(c, Float32Array.of(0, 0, 1));
-  assert.notEqual(c.buffer, instance.exports.memory.buffer);
+  assert.notEqual(c.buffer, exports.memory.buffer);
 });
 
 test("entries around a list", async () => {
-  const { entry, sum } = await import(
-    new URL("arithmetic.js", pathToFileURL(here.resolve("kezlib"))));
+  const { entry, sum } = await file("arithmetic.js");
   assert.deepEqual([-1, 0, 1, 2, 3].map((i) => entry([5, 6], i)), [0, 0, 5, 6, 0]);
   assert.deepEqual([-1, 0, 1, 2, 3].map((i) => sum([5, 6], i)), [0, 0, 5, 11, 11]);
 });
@@ -151,13 +137,13 @@ test("memory grows, and is given back", () => {
   assert.deepEqual([ascending[0], ascending[n - 1], ascending.length], [1, n, n]);
   const list = new Float32Array(1e5);
   const fails = () => near(() => { throw new Error("no z"); }, 1e5, list, list);
-  const bytes = () => instance.exports.memory.buffer.byteLength;
-  const before = bytes();
+  const held = () => exports.memory.buffer.byteLength;
+  const before = held();
   for (let i = 0; i < 100; ++i) {
     assert.throws(fails, /no z/);
     kez.kezinv(n, ascending);
   }
-  assert.equal(bytes(), before);
+  assert.equal(held(), before);
 });
 
 test("more than there is memory for", () => {
@@ -173,8 +159,7 @@ test("more than there is memory for", () => {
 });
 
 test("instances of their own", async () => {
-  const bytes = readFileSync(here.resolve("kezlib/kezlib.wasm"));
-  const copy = await load(bytes.buffer.slice(bytes.byteOffset, bytes.byteOffset + bytes.length));
+  const copy = await load(Uint8Array.from(bytes()).buffer);
   const keptPoint = (of) => of.keznst(1, 1, 1, 1, 1, 1, 1, 3).xs[1];
   kez.keznst(2, 2, 2, 8, 2, 2, 1, 3);
   assert.deepEqual([keptPoint(kez), keptPoint(copy)], [3, 0]);

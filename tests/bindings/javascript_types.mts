@@ -1,10 +1,11 @@
 // What the declarations must accept with these types, and what they must refuse.
-import { library, load, version, type KezLib } from "kezlib";
+import { compile, library, load, version, type KezLib } from "kezlib";
 
 const kez: KezLib = await load();
 await load(new Uint8Array(8));
 await load(new ArrayBuffer(8));
 await load(new WebAssembly.Module(new Uint8Array(8)));
+await load(await compile());
 const said: string = `${library} ${version}`;
 kez.kezsec_c(60, 150, 0, 2);
 kez.kezsec_c(60, 150, 0, 2, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, { x: [] });

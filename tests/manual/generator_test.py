@@ -90,9 +90,9 @@ class Text(unittest.TestCase):
                          'As with <a href="keza.html">keza</a>, n &lt; 2: kezzz.')
 
     def test_links_lead_to_pages_or_nowhere(self):
-        html = self.prose.document("[in](../README.md) [b](b.md) [out](dev) [web](https://a.b)",
+        html = self.prose.document("[in](../README.md) [b](b.md#c) [out](dev) [web](https://a.b)",
                                    "pages/a.md")
-        self.assertIn('<a href="index.html">in</a> <a href="b.html">b</a> out '
+        self.assertIn('<a href="index.html">in</a> <a href="b.html#c">b</a> out '
                       '<a href="https://a.b">web</a>', html)
 
     def test_a_page_may_begin_with_code(self):
@@ -192,7 +192,7 @@ class Documents(unittest.TestCase):
         """Those of the pages as they stand in the repository, too."""
         for document in [*documents.topics(), *documents.about(),
                          *documents.guides().values()]:
-            for target in re.findall(r"\]\(([^)#:]+)\)", document.body):
+            for target in re.findall(r"\]\(([^)#:]+)(?:#[^)]*)?\)", document.body):
                 self.assertTrue((ROOT / document.path / ".." / target).resolve().exists(),
                                 f"{document.path}: {target}")
 

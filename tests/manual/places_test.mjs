@@ -75,6 +75,42 @@ test("a held picture stays where it is while a point of it moves", () => {
   }
 });
 
+// How far a handle goes on the page when it is moved by so much, and the library has computed again.
+function wayOf(name, handle, [dx, dy]) {
+  const { inputs, results } = callOf(name);
+  const report = {};
+  draw(name, inputs, results, { report });
+  const { names, at, move } = report.handles[handle];
+  const moved = { ...inputs, ...move([at[0] + dx, at[1] + dy]) };
+  const { view } = report;
+  draw(name, moved, results, { report, view });
+  const gaps = report.handles
+    .filter((other) => `${other.names}` === `${names}`)
+    .map((other) => Math.hypot(other.at[0] - at[0] - dx, other.at[1] - at[1] - dy));
+  return { gap: Math.min(...gaps), moved };
+}
+
+test("a plane follows its handles: it is moved along its normal, and tilted by its corners", () => {
+  for (const [name, terms] of [["kezpld", "A B C D"], ["kezdirp", "A1 B1 C1 D1"],
+    ["kezpli", "A B C D"], ["kezptp1", "A2 B2 C2 D2"], ["kezln7", "a1 b1 c1 d1"]]) {
+    const names = terms.split(" ");
+    const report = {};
+    const { inputs, results } = callOf(name);
+    draw(name, inputs, results, { report });
+    const size = (values) => Math.hypot(...names.slice(0, 3).map((term) => values[term]));
+    const held = report.handles.flatMap((one, i) => (one.names.at(-1) === names[3] ? [i] : []));
+    assert.equal(held.length, 3, name);
+    held.forEach((handle, i) => {
+      const { gap, moved } = wayOf(name, handle, [0, -8]);
+      const changed = names.filter((term) => Math.abs(moved[term] - inputs[term]) > 1e-4);
+      assert.ok(gap < 7, `${name}: handle ${i + 1} of the plane is ${gap} off`);
+      assert.ok(Math.abs(size(moved) / size(inputs) - 1) < 1e-3, `${name}: the normal's length`);
+      if (i === 0) assert.deepEqual(changed, names.slice(3), name);
+      else assert.ok(changed.length > 1, `${name}: ${changed}`);
+    });
+  }
+});
+
 test("the grid's lines stand where their coordinates say", () => {
   let count = 0;
   for (const name of NAMES) {

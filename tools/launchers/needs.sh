@@ -61,7 +61,10 @@ need_for() {
             need python3-distributed python3-ezdxf python3-numpy python3-pip python3-setuptools \
                 python3-tqdm python3-wheel
             ;;
-        packages) need clang lld llvm python3-pip python3-setuptools python3-wheel npm ;;
+        packages)
+            need binutils clang lld llvm mono-mcs mono-runtime npm nuget python3-packaging \
+                python3-pip python3-setuptools python3-wheel qemu-user twine
+            ;;
         bench)
             need libbenchmark-dev libcgal-dev libeigen3-dev libboost-dev libpolyclipping-dev \
                 libabsl-dev libocct-modeling-data-dev python3-numpy python3-shapely

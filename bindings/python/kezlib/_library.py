@@ -29,7 +29,8 @@ def installed_beside(package):
 def places(package):
     if named := os.environ.get("KEZLIB_LIBRARY"):
         return [named]
-    return [*installed_beside(package), NAME]
+    carried = [package / NAME] if (package / NAME).exists() else []
+    return [*carried, *installed_beside(package), NAME]
 
 
 def load():

@@ -33,11 +33,14 @@ export type Many = number | ArrayLike<number>;
  * of the module that was compiled of them. If neither is given, of the file beside the package. */
 export function load(from?: ArrayBuffer | ArrayBufferView | WebAssembly.Module): Promise<KezLib>;
 
+/** The library's module, which workers can share: each loads it for itself. */
+export function compile(): Promise<WebAssembly.Module>;
+
 /** The version of the library, with which `load` compares that of the module. */
 export const version: string;
 
-/** The file that `load` reads if nothing is given, as an address; in `kezlib.browser.js`, which has
- * the module in it, that script's name. */
+/** The file that `load` reads if nothing is given, as an address; "embedded" in bundles and in
+ * `kezlib.browser.js`, which have the module in them. */
 export const library: string;
 
 /** The routines by family. Arrays have at least as many entries as their extents in brackets say:
