@@ -390,9 +390,6 @@ class Prose(unittest.TestCase):
         self.expect("left-out.md", (name[1:].split()[0] for name in entries("routines.txt")
                                     if name[0] == "-"), " or tests/routines.txt")
 
-    def test_which_keep_a_value(self):
-        self.expect("kept-values.md", (r.name for r in HEADER if r.kept))
-
     def test_which_do_not_give_the_same_bits_everywhere(self):
         same = {line.split()[0] for line in entries("reference.txt")}
         self.expect("same-answers.md", {r.name for r in HEADER} - same,
