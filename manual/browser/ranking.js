@@ -29,19 +29,13 @@ export const wordsOf = (text) =>
     .split(/\.*(?:[^a-z0-9#+.-]+|$)/)
     .filter(Boolean);
 
-// "cold-formed" is found as "cold formed" and as "coldformed" too. Numbers of standards are whole.
+// What is asked with a hyphen may be written without. Numbers of standards are whole.
 const partsOf = (word) => (/-[\d.-]*$/.test(word) ? [] : word.split("-").filter(Boolean));
-function waysToWrite(text) {
-  const whole = wordsOf(text);
-  const compound = whole.filter((word) => partsOf(word).length > 1);
-  const joined = compound.map((word) => word.replaceAll("-", ""));
-  return [...whole, ...compound.flatMap(partsOf), ...joined];
-}
 
 const ENDINGS = ["izations", "ization", "izing", "izes", "ized", "ize", "ations", "ation", "ating",
   "ates", "ated", "ate", "ions", "ion", "ings", "ing", "ally", "ical", "ities", "ity", "ers", "ies",
   "ed", "er", "es", "al", "ly", "s", "e", "y"];
-const ROOT = 4; // what an ending leaves has so many letters
+const ROOT = 4; // what an ending leaves has so many letters, of a plural one less
 
 // "intersections", "intersecting" and "intersect" have one stem; so have "vertex" and "vertices",
 // "normalise" and "normalized", "clip" and "clipping".
@@ -50,7 +44,8 @@ export function stemOf(word) {
   const even = word
     .replace(/(.{3})(ices|exes|ex|ix)$/, "$1ic")
     .replace(/is(?=(e|ed|es|ing|ation)$)/, "iz");
-  const ending = ENDINGS.find((end) => even.endsWith(end) && even.length - end.length >= ROOT);
+  const left = (end) => even.length - end.length + (end === "s");
+  const ending = ENDINGS.find((end) => even.endsWith(end) && left(end) >= ROOT);
   if (!ending) return even;
   const root = even.slice(0, -ending.length).replace(/([bdgmnpt])\1$/, "$1");
   return stemOf(root);
@@ -61,9 +56,10 @@ const TITLE = { routine: 10, page: 7, section: 5, language: 2 };
 const OWN = { routine: 40, page: 40, section: 12 }; // a word that is all of the title
 const ASKED = 7;
 const SENTENCE = 6;
-const FIRST = 3; // the paragraph after the sentence
 const PLACE = 2.5;
 const SAID = 1;
+
+const stemmed = (text) => new Set(wordsOf(text).map(stemOf));
 
 // The pages of languages have the same headings, so these tell little.
 function kindOf(title, href) {
@@ -79,13 +75,12 @@ function pairsOf(words) {
 }
 
 function prepared(row) {
-  const [title, sentence, place, href, said, asked = "", first = ""] = row;
+  const [title, sentence, place, href, said, asked = ""] = row;
   const kind = kindOf(title, href);
-  const texts = [title, asked, sentence, first, place, said];
-  const fields = [TITLE[kind], ASKED, SENTENCE, FIRST, PLACE, SAID].map((worth, i) => {
-    const words = new Set(waysToWrite(texts[i]));
-    return { worth, words, stems: new Set([...words].map(stemOf)) };
-  });
+  const texts = [title, asked, sentence, place, said];
+  const fields = [TITLE[kind], ASKED, SENTENCE, PLACE, SAID].map((worth, i) => ({
+    worth, words: new Set(wordsOf(texts[i])), stems: stemmed(texts[i]),
+  }));
   const own = kind === "language" ? "" : title.toLowerCase();
   const pairs = new Set([own, asked, sentence].flatMap((text) => pairsOf(wordsOf(text))));
   return { row, own, worthOfOwn: OWN[kind], fields, pairs, isName: kind === "routine" };

@@ -51,9 +51,8 @@ def sections(html):
 
 def routine_entry(r, asked):
     sentence = f"{known_as(r)}: {plain_text(routine.sentence(r))}"
-    first = vocabulary(r.details.split("\n\n")[0], sentence)
     return [r.name, sentence, r.group, f"{r.name}.html",
-            vocabulary(routine.whole_text(r), f"{sentence} {first}"), asked.get(r.name, ""), first]
+            vocabulary(routine.whole_text(r), sentence), asked.get(r.name, "")]
 
 
 def page_entries(title, place, page, asked):
