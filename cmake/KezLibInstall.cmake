@@ -53,7 +53,7 @@ if(TARGET bindings)
   # JavaScript's package is of no use without what the preset wasm makes of the library.
   set(made ${PROJECT_SOURCE_DIR}/build/wasm/package)
   install(CODE "
-    if(EXISTS \"${made}/kezlib.browser.js\")
+    if(EXISTS \"${made}/embedded.js\")
       file(INSTALL
         \"${made}/kezlib.wasm\" \"${made}/embedded.js\" \"${made}/kezlib.browser.js\"
         \"${made}/package.json\"

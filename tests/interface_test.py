@@ -361,6 +361,16 @@ class Languages(unittest.TestCase):
         self.assertEqual({path.name for path in (TESTS / "bindings").glob("*_test.py")},
                          {f"{folder}_test.py" for folder in folders})
 
+    def test_readme_shows_a_call_for_many_items_of_each_page(self):
+        """Whose programs the bindings' tests run."""
+        shown = dict(re.findall(r"(?m)^\|.*\(bindings/(\w+)/README.md\) \|.*\| `(.*)` \|$",
+                                (interface.ROOT / "README.md").read_text()))
+        self.assertEqual(set(shown), {writer.LANGUAGE.folder for writer in LANGUAGES.values()})
+        for folder, call in shown.items():
+            page = (BINDINGS / folder / "README.md").read_text()
+            programs = re.findall(r"(?ms)^```\w+\n(.*?)^```", page)
+            self.assertIn(call, "".join(programs + re.findall(r"(?m)^    >>> (.*)$", page)))
+
     def test_pages_have_the_same_headings(self):
         for page in BINDINGS.glob("*/README.md"):
             text = re.sub(r"(?ms)^```.*?^```", "", page.read_text())
@@ -379,9 +389,6 @@ class Prose(unittest.TestCase):
     def test_which_are_left_out(self):
         self.expect("left-out.md", (name[1:].split()[0] for name in entries("routines.txt")
                                     if name[0] == "-"), " or tests/routines.txt")
-
-    def test_which_keep_a_value(self):
-        self.expect("kept-values.md", (r.name for r in HEADER if r.kept))
 
     def test_which_do_not_give_the_same_bits_everywhere(self):
         same = {line.split()[0] for line in entries("reference.txt")}

@@ -43,7 +43,7 @@ def fill(sheet):
     if a.Vz and sheet.shear:
         shear(sheet)
     flange_induced(sheet)
-    if a.Vz and a.My and sheet.shear:
+    if a.Vz and sheet.shear:
         moment_and_shear(sheet)
     together(sheet)
 
@@ -155,36 +155,39 @@ def lost_in(sheet, name, side):
 
 
 def moment_and_shear(sheet):
-    a, s, o = sheet.action, sheet.shear, sheet.options
+    """With Vz: My, and N where the interaction holds without My too."""
+    a, s = sheet.action, sheet.shear
     m = sheet.moments["My+" if a.My > 0 else "My-"]
-    if m.MRd is None:
-        return
     if s.fbv is not None:
-        cold_moment_and_shear(sheet, m)
+        if a.N or a.My or a.Mz:
+            cold_moment_and_shear(sheet)
+    elif m.MRd is None:
+        return
     elif s.slender:
-        buckling_and_moment(sheet, m)
-    elif sheet.strength.rho:
+        if a.My or a.N > 0:
+            buckling_and_moment(sheet, m)
+    elif sheet.strength.rho and a.My:
         plastic = m.number < 3
         MV = min(sheet.strength.moment("y", m.number, m.W, plastic), m.MRd)
         add(sheet, "MV", "My with Vz", "EN 1993-1-1, 6.2.8", abs(a.My), MV, "kNm",
             f"rho {sheet.strength.rho:.3f} = (2 V / Vpl - 1)^2")
 
 
-def cold_moment_and_shear(sheet, m):
-    """EN 1993-1-3, 6.1.10: where V is above half of its resistance."""
+def cold_moment_and_shear(sheet):
+    """EN 1993-1-3, 6.1.10: where V is above half of its resistance. Moments with and without N eN,
+    Mz too."""
     a, s, g = sheet.action, sheet.shear, sheet.g
     V = abs(a.Vz)
     if V <= s.VRd / 2:
         return
-    flanges = flange_share(sheet, m.state) if not g.free else 0.0
-    axial_part = 0.0
-    if a.N:
-        A = sheet.A_compression if a.N > 0 else sheet.values.A
-        if A is None:
-            return
-        axial_part = abs(a.N) / (A * sheet.fy / sheet.options.gamma_m0)
-    used = en3.shear_and_moment(axial_part, abs(a.My) / m.MRd, V, s.VRd, flanges)
-    add(sheet, "MVc", "N, My with Vz", "EN 1993-1-3, 6.1.10 (6.27)", used, 1.0, "",
+    sums = []
+    for ey, ez in {(0.0, 0.0), sheet.N_eN}:
+        states = [f"My{sign}" for sign, M in (("+", 1), ("-", -1)) if (a.My + ey) * M >= 0]
+        flanges = 0.0 if g.free else min(flange_share(sheet, state) for state in states)
+        axial_and_bending = linear_share(sheet, ey, ez)
+        sums.append((en3.shear_and_moment(axial_and_bending, V, s.VRd, flanges), flanges))
+    used, flanges = max(sums)
+    add(sheet, "MVc", f"{forces(a).replace(' +', ',')} with Vz", "EN 1993-1-3, 6.1.10 (6.27)", used, 1.0, "",
         f"Mf / Mpl {flanges:.3f}")
 
 
@@ -238,7 +241,7 @@ def buckling_and_moment(sheet, m):
         eta1 = max(pressed_web_share(sheet, 0.0, 0.0), pressed_web_share(sheet, *sheet.N_eN))
     used = en5.shear_and_moment(eta1, abs(a.Vz) / s.Vb, flanges)
     if used is not None:
-        add(sheet, "MVb", "My with Vz, shear buckling", "EN 1993-1-5, 7.1 (7.1)", used, 1.0, "",
+        add(sheet, "MVb", f"{'My' if a.My else 'N'} with Vz, shear buckling", "EN 1993-1-5, 7.1 (7.1)", used, 1.0, "",
             f"eta1 {eta1:.3f}, Mf / Mpl {flanges:.3f}")
 
 
@@ -267,6 +270,7 @@ def together(sheet):
             sheet.effective[n].faults for n in sheet.used() if n in sheet.effective):
         return
     several = sum(1 for force in (a.N, a.My, a.Mz) if force) > 1
+    several = several or sheet.strength.rho and (a.N or a.Mz)  # with Vz; My has a check of its own
     if sheet.number < 3 and several:
         plastic_together(sheet)
     elif sheet.number == 3 and several:
@@ -279,8 +283,8 @@ def together(sheet):
             linear_together(sheet, "NMe", ey, ez)
 
 
-def linear_together(sheet, key, ey, ez):
-    """Class 4: each action by its own effective section, moduli to the gross edges."""
+def linear_share(sheet, ey, ez):
+    """Each action by its own effective section, moduli to the gross edges."""
     a, fy, o, rho = sheet.action, sheet.fy, sheet.options, sheet.strength.rho
     My, Mz = a.My + ey, a.Mz + ez
     A = sheet.effective["N"].left.A if a.N > 0 else sheet.values.A
@@ -295,15 +299,22 @@ def linear_together(sheet, key, ey, ez):
     if rho:
         A = sheet.strength.area(A)
     if min(A, *W.values()) <= 0:
-        used = inf
-    else:
-        used = en5.linear_sum(abs(a.N), A, abs(My), W["y"], abs(Mz), W["z"], fy, o.gamma_m0)
+        return inf
+    return en5.linear_sum(abs(a.N), A, abs(My), W["y"], abs(Mz), W["z"], fy, o.gamma_m0)
+
+
+def linear_together(sheet, key, ey, ez):
+    """Class 4."""
+    My, Mz = sheet.action.My + ey, sheet.action.Mz + ez
     clause = ("EN 1993-1-3, 6.1.9 (6.25)" if sheet.g.cold else
               f"EN 1993-1-5, 4.6 ({'4.15' if My and Mz else '4.14'})")
-    what = ("N" if a.N else "") + (" + " if a.N and (a.My or a.Mz) else "")
-    what += " + ".join(n for n, M in (("My", a.My), ("Mz", a.Mz)) if M)
-    add(sheet, key, what + (" + N eN" if key == "NMe" else ""), clause, used, 1.0, "",
+    add(sheet, key, forces(sheet.action) + (" + N eN" if key == "NMe" else ""), clause,
+        linear_share(sheet, ey, ez), 1.0, "",
         "N / Aeff + My / Weff,y + Mz / Weff,z over fy / gamma_M0")
+
+
+def forces(a):
+    return " + ".join(n for n, force in (("N", a.N), ("My", a.My), ("Mz", a.Mz)) if force)
 
 
 def elastic_together(sheet):
@@ -313,7 +324,7 @@ def elastic_together(sheet):
         used = ratio(abs(a.N), sheet.strength.N)
         for axis, M, W in (("y", a.My, v.Wel_y), ("z", a.Mz, v.Wel_z)):
             used += ratio(abs(M), sheet.strength.moment(axis, 3, W, False))
-        add(sheet, "NM", "N + My + Mz", "EN 1993-1-1, 6.2.10, 6.2.1 (6.2)", used, 1.0, "",
+        add(sheet, "NM", forces(a), "EN 1993-1-1, 6.2.10, 6.2.1 (6.2)", used, 1.0, "",
             "linear sum with the yield strength of the web reduced")
         return
     p = g.gross
@@ -338,14 +349,14 @@ def plastic_together(sheet):
         clause = "EN 1993-1-1, 6.2.10, 6.2.9.1"
     if s.shape == "chs" and n < 1:
         used, how = n + ratio(hypot(My, Mz), MRy), "n + M / Mpl,Rd (6.2)"
-    elif n >= 1 or not ((f and f.equal) or (s.shape == "flat" and not (My and Mz))):
+    elif n >= 1 or not (My or Mz) or not ((f and f.equal) or
+                                          (s.shape == "flat" and not (My and Mz))):
         used, how = linear(n, My, MRy, Mz, MRz), "n + My / My,Rd + Mz / Mz,Rd (6.2)"
     else:
         MNy, MNz = reduced_by_axial(sheet, N, n, MRy, MRz)
         sheet.MN = MNy, MNz
         used, how = by_reduced(sheet, n, My, Mz, MNy, MNz)
-    what = " + ".join(name for name, force in (("N", N), ("My", My), ("Mz", Mz)) if force)
-    add(sheet, "NM", what, clause, used, 1.0, "", f"n {n:.3f}: {how}")
+    add(sheet, "NM", forces(a), clause, used, 1.0, "", f"n {n:.3f}: {how}")
 
 
 def linear(n, My, MRy, Mz, MRz):

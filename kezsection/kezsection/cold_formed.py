@@ -102,8 +102,9 @@ class Cold:
                 lips.append(Plate(f"{name} lip", LIP, flange + along * g, tip, t, flat))
             elif tip:
                 along = (tip - flange) / abs(tip - flange)
-                yield Plate(f"{name} flange", OUTSTAND, start, flange + way * t / 2, t)
-                lips.append(Plate(f"{name} lip", NO_LIP, flange + along * t / 2, tip, t))
+                yield Plate(f"{name} flange", OUTSTAND, start, flange + way * t / 2, t,
+                            self.r + t if self.r else 0.0)
+                lips.append(Plate(f"{name} lip", NO_LIP, flange + along * t / 2, tip, t, self.r))
             else:
                 yield Plate(f"{name} flange", OUTSTAND, start, flange, t)
         yield from lips

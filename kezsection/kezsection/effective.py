@@ -118,7 +118,25 @@ def reduce_lips(g, pairs, eps, how, fy):
         flange.lost.append(Strip(b - be, max(b - flange.plate.to_corner, b - be), thin))
         ring = g.cold.corner_ring(p.name.split()[0])
         if ring and thin > 0:
-            extra.append((lip, Properties(-thin * ring.A, ring.at, *(-thin * i for i in ring[2:]))))
+            extra.append((lip, less(ring, thin)))
+    return extra
+
+
+def less(ring, share=1.0):
+    return Properties(-share * ring.A, ring.at, *(-share * i for i in ring[2:]))
+
+
+def lost_corners(g, reductions):
+    """Of flanges whose lip counts as none: a rounded corner is lost with the width before it, and
+    only once, however far the flange and the lip reach into it."""
+    extra = []
+    for r in reductions:
+        p = r.plate
+        flat = p.width - p.to_corner
+        if (p.kind == OUTSTAND and p.to_corner
+                and any(s.end > max(flat, s.begin) + 1e-9 * p.width for s in r.lost)):
+            r.lost = [Strip(s.begin, min(s.end, flat)) for s in r.lost]
+            extra.append((r, less(g.cold.corner_ring(p.name.split()[0]))))
     return extra
 
 
@@ -136,7 +154,7 @@ def reduce_all(g, stress, fy, how, kept):
         if p.kind == SLOTTED:
             r.fault = "it has slots"
         elif p.kind == NO_LIP:
-            r.rho, r.be1, r.lost = 0.0, 0.0, [Strip(0.0, p.width)]
+            r.rho, r.be1, r.lost = 0.0, 0.0, [Strip(p.to_corner, p.width)]
         elif p.kind == INTERNAL:
             reduce_internal(r, eps)
         elif p.kind != LIP:
@@ -150,6 +168,7 @@ def reduce_all(g, stress, fy, how, kept):
         else:
             reduce_outstand(r, eps)
     extra = reduce_lips(g, pairs, eps, how, fy) if pairs else []
+    extra += lost_corners(g, [r for name, r in found.items() if name not in kept])
     for r in found.values():
         r.lost = [s for s in r.lost
                   if s.end - s.begin > 1e-9 * r.plate.width and s.share > 1e-9]

@@ -1,16 +1,14 @@
 // Where the words stand: each label takes the place around its anchor that covers least.
 
-const DIRECTIONS = Array.from({ length: 16 }, (_, i) => (i * Math.PI) / 8).map((turn) => ({
-  way: [Math.cos(turn), -Math.sin(turn)],
-  penalty: turn % Math.PI === 0 ? 0 : 1,
-}));
+const DIRECTIONS = Array.from({ length: 16 }, (_, i) => (i * Math.PI) / 8);
 const GAPS = [9, 16, 28, 44];
 const MISREAD = 20; // what it costs
 const LETTER = 0.56; // mean width of a letter, of the height
 
 export const textWidth = (text, size = 17) => [...text].length * size * LETTER + 2;
 
-function boxAround([x, y], { width, height }, [c, s], gap) {
+function boxAround([x, y], width, height, direction, gap) {
+  const [c, s] = [Math.cos(direction), -Math.sin(direction)];
   const reach = gap - 4;
   const left = x + c * (reach + width / 2) - width / 2;
   const top = y + s * (reach + height / 2) - height / 2;
@@ -73,25 +71,16 @@ function cost(box, taken, strokes, frame, least, most) {
   return total;
 }
 
-// The places around the label's anchors, with what each costs by itself.
-function forCandidates(label, action) {
-  const gaps = GAPS.slice(0, label.gaps);
-  label.anchors.forEach((anchor, rank) => {
-    for (const gap of gaps)
-      for (const { way, penalty } of DIRECTIONS)
-        action(anchor, way, gap, gap * 0.7 + rank * 4 + penalty);
-  });
-}
-
-// Whether words around the label's anchors can meet a stroke.
-function nearTo(label) {
-  const [wide, high] = [label.width + GAPS.at(-1), label.height + GAPS.at(-1)];
-  const [xs, ys] = [0, 1].map((i) => label.anchors.map((anchor) => anchor[i]));
-  const [left, right] = [Math.min(...xs) - wide, Math.max(...xs) + wide];
-  const [top, bottom] = [Math.min(...ys) - high, Math.max(...ys) + high];
-  return ([[x1, y1], [x2, y2]]) =>
-    Math.max(x1, x2) >= left && Math.min(x1, x2) <= right &&
-    Math.max(y1, y2) >= top && Math.min(y1, y2) <= bottom;
+function candidates(label) {
+  return label.anchors.flatMap((anchor, rank) =>
+    GAPS.slice(0, label.gaps).flatMap((gap) =>
+      DIRECTIONS.map((direction) => ({
+        anchor,
+        box: boxAround(anchor, label.width, label.height, direction, gap),
+        penalty: gap * 0.7 + rank * 4 + (direction % Math.PI === 0 ? 0 : 1),
+      })),
+    ),
+  );
 }
 
 const moved = (start, end, low, high) => Math.max(0, low - start) - Math.max(0, end - high);
@@ -108,27 +97,19 @@ function kept(box, frame) {
   };
 }
 
-function bestBox(label, taken, strokes, points, frame) {
-  const around = strokes.filter(nearTo(label));
-  let least = Infinity;
-  let best;
-  forCandidates(label, (anchor, way, gap, penalty) => {
-    if (penalty >= least) return;
-    const box = boxAround(anchor, label, way, gap);
-    const found = cost(box, taken, around, frame, penalty, least);
-    if (found >= least) return;
-    const total = found + (misread(box, anchor, points) ? MISREAD : 0);
-    if (total < least) [least, best] = [total, box];
-  });
-  return best;
-}
-
 // The labels' boxes, in the order of the labels.
 export function placeLabels(labels, strokes, dots, ticks, frame) {
   const taken = [...dots, ...ticks];
   const points = dots.map(middleOf);
   return labels.map((label) => {
-    const box = kept(bestBox(label, taken, strokes, points, frame), frame);
+    let best = { total: Infinity };
+    for (const { box, anchor, penalty } of candidates(label)) {
+      const found = cost(box, taken, strokes, frame, penalty, best.total);
+      if (found >= best.total) continue;
+      const total = found + (misread(box, anchor, points) ? MISREAD : 0);
+      if (total < best.total) best = { total, box };
+    }
+    const box = kept(best.box, frame);
     taken.push(box);
     return box;
   });

@@ -1,7 +1,6 @@
 // Planes and blocks in space: patches with their normals, and what they have in common.
 
-import { offsetGrip, tiltGrip } from "./grips.js";
-import { equation, isFree, mark, spoken, toneOf } from "./marks.js";
+import { equation, mark, spoken, toneOf } from "./marks.js";
 import {
   add,
   at,
@@ -16,6 +15,7 @@ import {
   unit,
 } from "./places.js";
 import { plainNames } from "./values.js";
+import { offsetGrip, tiltGrip } from "./grips.js";
 
 const REACH = 0.75; // of patches, as a part of the picture
 
@@ -52,6 +52,33 @@ function extents(p, ways, reach, covered) {
   });
 }
 
+// A patch by a place, a direction and its reach along both. While a handle is held these are of an
+// earlier plane, so that the patch does not spin under the pointer.
+function cornersOf(text, { p, u, reaches: [[left, right], [low, high]] }, v) {
+  const normal = unit(surface(text, v).normal);
+  const middle = onSurface(p, text, v);
+  const across = unit(add(u, normal, -dot(u, normal)));
+  const up = cross(normal, across);
+  const corner = (x, y) => add(add(middle, across, x), up, y);
+  return [corner(right, high), corner(left, high), corner(left, low), corner(right, low)];
+}
+
+// Where a plane is moved, and two corners by which it is tilted.
+function gripPatch(sheet, terms, corners, here, v) {
+  const values = terms.map(v.scalar);
+  const middle = times(add(corners[0], corners[2]), 0.5);
+  const near = [middle, ...[0.35, 0.6].flatMap((t) => corners.map((corner) =>
+    add(times(middle, 1 - t), corner, t)))];
+  sheet.later(() => {
+    const positions = near.map((place) => sheet.to(place));
+    here.held ??= positions.indexOf(sheet.freeOf(positions));
+    const [place, position] = [near[here.held], positions[here.held]];
+    sheet.grip(position, offsetGrip(sheet, terms, values, place));
+    for (const corner of corners.slice(0, 2))
+      sheet.grip(sheet.to(corner), tiltGrip(sheet, terms, values, corner, middle));
+  });
+}
+
 // The plane A x + B y + C z + D = 0, or one of places, as a patch with its normal.
 export function patch(text, label, { meets = [], through: from, normal = true, covers = [] } = {}) {
   const terms = namesOf(text);
@@ -80,40 +107,13 @@ export function patch(text, label, { meets = [], through: from, normal = true, c
       sheet.wash(all, `${colour}-wash`);
       sheet.stroke(all, `${colour} thin`, { closed: true, weight: 0.6 });
       sheet.label(name, all, colour);
-      if (terms.length === 4 && terms.every((term) => isFree(term, v)))
+      if (terms.length === 4 && !terms.some(v.isResult))
         gripPatch(sheet, terms, all, here, v);
       if (!normal) return;
       const tip = paintNormal(sheet, onSurface(here.p, text, v), text, v, colour);
       if (tip && typeof normal === "string") sheet.label(normal, [tip], colour);
     },
   };
-}
-
-// A patch by a place, a direction and its reach along both. While a handle is held these are of an
-// earlier plane, so that the patch does not spin under the pointer.
-function cornersOf(text, { p, u, reaches: [[left, right], [low, high]] }, v) {
-  const normal = unit(surface(text, v).normal);
-  const middle = onSurface(p, text, v);
-  const across = unit(add(u, normal, -dot(u, normal)));
-  const up = cross(normal, across);
-  const corner = (x, y) => add(add(middle, across, x), up, y);
-  return [corner(right, high), corner(left, high), corner(left, low), corner(right, low)];
-}
-
-// Where a plane is moved, and two corners by which it is tilted.
-function gripPatch(sheet, terms, corners, here, v) {
-  const values = terms.map(v.scalar);
-  const middle = times(add(corners[0], corners[2]), 0.5);
-  const near = [middle, ...[0.35, 0.6].flatMap((t) => corners.map((corner) =>
-    add(times(middle, 1 - t), corner, t)))];
-  sheet.later(() => {
-    const positions = near.map((place) => sheet.to(place));
-    here.held ??= positions.indexOf(sheet.freeOf(positions));
-    const [place, position] = [near[here.held], positions[here.held]];
-    sheet.grip(position, offsetGrip(sheet, terms, values, place));
-    for (const corner of corners.slice(0, 2))
-      sheet.grip(sheet.to(corner), tiltGrip(sheet, terms, values, corner, middle));
-  });
 }
 
 function paintNormal(sheet, p, text, v, colour) {

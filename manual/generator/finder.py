@@ -17,6 +17,7 @@ BUILDER = "kezsec_"
 AREAS = ("outlines", "design", "circles")  # groups in which powers of lengths are areas and moments
 POINT = re.compile(r"([xyz]|p[xyz]$|c\d?[xyz]$)", re.IGNORECASE)
 TOLD = re.compile(r"ignored|number of|^entries of|passed through")
+MAKERS = {"lines": "kezln3", "circles": "kezcer", "planes": "kezpl1"}  # of coefficients
 LINES_BY_POINTS = re.compile(r"line P1|lines? in space|two lines|of (a|the) lines?|to the lines? P")
 
 
@@ -59,6 +60,13 @@ def entries(row):
     if row.unit == "length" and re.search(r"point|centre", row.meaning):
         return "points"
     return "list"
+
+
+def makers(r):
+    """The routines that make the coefficients which this one takes, of what users have."""
+    rows = [row for row in routine.argument_rows(r) if row.direction == "in"]
+    found = dict.fromkeys(MAKERS[kind] for kind in map(coefficients, rows) if kind)
+    return [name for name in found if name != r.name]
 
 
 def kind_of(row):

@@ -8,7 +8,7 @@ from interface import conditions
 from interface.languages import known_as
 from markupsafe import Markup as Safe
 
-from . import languages, routine, worked
+from . import finder, languages, routine, worked
 from .markup import plain_text
 
 
@@ -109,6 +109,12 @@ def marked(rows, prose, links):
         yield row
 
 
+def related(r, interface):
+    """By name: first what makes the inputs."""
+    names = [other.name for other in routine.related(r, interface)]
+    return list(dict.fromkeys([*finder.makers(r), *names]))
+
+
 def routine_values(r, site):
     prose, calls = site.prose, site.calls[r.name]
     shown, folded = worked.shown_and_folded(worked.groups(calls))
@@ -132,5 +138,5 @@ def routine_values(r, site):
         "tabs": list(tabs),
         "shown": [shown_group(calls, prose) for calls in shown],
         "folded": [shown_group(calls, prose) for calls in folded],
-        "related": [site.cards[other.name] for other in routine.related(r, site.interface)],
+        "related": [site.cards[name] for name in related(r, site.interface)],
         "data": embedded(site.drawn[r.name].data)}

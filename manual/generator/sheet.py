@@ -19,7 +19,7 @@ def draw(assets, work):
 
 
 def figure():
-    return Safe('<figure><img src="assets/{}" alt="A welded girder with its dimensions, and its '
-                'effective section with what buckling takes from the web" loading="lazy">'
-                "<figcaption>The picture of <code>{}</code></figcaption></figure>").format(
+    return Safe('<figure><a href="assets/{0}"><img src="assets/{0}" alt="A welded girder with its '
+                'dimensions, and its effective section with what buckling takes from the web"></a>'
+                "<figcaption>The picture of <code>{1}</code></figcaption></figure>").format(
                     FILE, LINE)

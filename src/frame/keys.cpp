@@ -2,10 +2,11 @@
 
 #include <algorithm>
 #include <array>
-#include <type_traits>
+#include <cstring>
+#include <limits>
 #include <utility>
 
-#include "sort_few.h"
+#include "four.h"
 
 namespace kez {
 
@@ -19,77 +20,87 @@ constexpr Key key_in(Keyed entry) {
   return key_of(entry);
 }
 
-// Distributes the entries by a digit, in their order: place(key) is where the next one of that
-// digit belongs.
-template <typename Entry, typename Place>
-void distribute(Sorted<Entry>& s, Place place) {
-  Entry* const to = s.room.data();
-  for (const Entry e : s.entries) to[place(key_in(e))] = e;
+// Up to so many entries are sorted by counting for each those that come before it. A processor
+// guesses every second comparison of unsorted entries wrong, which takes longer than ten of them:
+// nothing here branches on one.
+template <typename Entry>
+constexpr std::size_t few = 32;
+template <>
+constexpr std::size_t few<Key> = 40;
+
+// Of equal keys the first comes first. The list is filled up to fours by what comes last.
+void count_before_each(std::span<const Key> keys, std::int32_t ranks[]) {
+  std::array<std::int32_t, few<Key> + 3> list;
+  for (std::size_t i = 0; i < keys.size(); ++i) set_value(keys[i], list[i]);
+  std::fill_n(&list[keys.size()], 3, std::numeric_limits<std::int32_t>::max());
+  const Four<std::int32_t> lanes = {0, 1, 2, 3};
+  for (std::size_t first = 0, j = 0; first < keys.size(); first += 4, j = 0) {
+    const auto four = four_from(&list[first]);
+    Four<std::int32_t> less{};  // each comparison is -1 or 0
+    for (; j < first; ++j) less += four_times(list[j]) <= four;
+    for (std::int32_t lane = 0; lane < 4; ++lane, ++j) {
+      const auto x = four_times(list[j]);
+      less += (x < four) | ((x == four) & (lanes > lane));
+    }
+    for (; j < keys.size(); ++j) less += four_times(list[j]) < four;
+    less = -less;
+    std::memcpy(ranks + first, &less, sizeof less);
+  }
+}
+
+void count_before_each(std::span<const Keyed> entries, std::int32_t ranks[]) {
+  for (std::size_t i = 0; i < entries.size(); ++i) {
+    std::int32_t rank = 0;
+    for (std::size_t j = 0; j < i; ++j) {
+      const bool before = entries[i] < entries[j];
+      ranks[j] += before;
+      rank += !before;
+    }
+    ranks[i] = rank;
+  }
+}
+
+template <typename Entry>
+void sort_few(Sorted<Entry>& s) {
+  std::array<std::int32_t, few<Entry>> ranks;
+  count_before_each(s.entries, ranks.data());
+  for (std::size_t i = 0; i < s.entries.size(); ++i)
+    s.room[static_cast<std::size_t>(ranks[i])] = s.entries[i];
   std::swap(s.entries, s.room);
 }
 
-// In which bits the keys differ: no other digit changes their order.
-template <typename Entry, typename Count>
-Key count_each(std::span<const Entry> entries, Count count) {
-  Key differing = 0;
-  for (const Entry e : entries) {
-    differing |= key_in(e) ^ key_in(entries.front());
-    count(key_in(e));
-  }
-  return differing;
-}
-
-// By four digits of eight bits. Their counts stand side by side in one word, so that one sum turns
-// all of them into places.
-constexpr std::size_t most_for_bytes = 1000;
-
-template <typename Entry>
-void sort_by_bytes(Sorted<Entry>& s) {
-  using Counts = std::uint64_t;
-  std::array<Counts, 256> counts{};
-  const Key differing = count_each<Entry>(s.entries, [&counts](Key key) {
-    counts[key & 255] += 1;
-    counts[key >> 8 & 255] += Counts{1} << 16;
-    counts[key >> 16 & 255] += Counts{1} << 32;
-    counts[key >> 24] += Counts{1} << 48;
-  });
-  Counts sum = 0;
-  for (Counts& c : counts) sum += std::exchange(c, sum);
-  const auto by = [&](auto byte) {
-    if ((differing >> 8 * byte & 255) == 0) return;
-    constexpr Counts one = Counts{1} << 16 * byte;
-    distribute(s, [&counts, byte](Key key) {
-      Counts& c = counts[key >> 8 * byte & 255];
-      return std::exchange(c, c + one) >> 16 * byte & 0xffff;
-    });
+// By digits, from the lowest on: of 8 bits if Count has room for the counts of four of them, side
+// by side, so that one sum turns all of them into places; else of 11 bits, for long lists.
+template <int... digit, typename Count, typename Entry>
+void sort_by_digits(std::integer_sequence<int, digit...>, Sorted<Entry>& s,
+                    std::span<Count> counts) {
+  constexpr bool together = sizeof...(digit) == 4;
+  constexpr int bits = together ? 8 : 11;
+  const auto value = [](Key key, int d) { return key >> bits * d & ((1 << bits) - 1); };
+  const auto count = [=](Key key, int d) {
+    Count& c = counts[value(key, d) + (together ? 0 : d << bits)];
+    return std::exchange(c, c + (Count{1} << (together ? 16 * d : 0)));
   };
-  by(std::integral_constant<int, 0>());
-  by(std::integral_constant<int, 1>());
-  by(std::integral_constant<int, 2>());
-  by(std::integral_constant<int, 3>());
-}
-
-// By digits of 11, 11 and 10 bits, for long lists: fewer passes over the entries. False if memory
-// runs out.
-template <typename Entry>
-bool sort_by_digits(Sorted<Entry>& s) {
-  constexpr std::size_t values = 2048;
-  WorkList<std::uint32_t> counts(3 * values);
-  if (!counts) return false;
-  std::uint32_t* of_digit = counts.entries().data();
-  std::fill_n(of_digit, 3 * values, 0);
-  const Key differing = count_each<Entry>(s.entries, [of_digit](Key key) {
-    ++of_digit[key & (values - 1)];
-    ++of_digit[values + (key >> 11 & (values - 1))];
-    ++of_digit[2 * values + (key >> 22)];
-  });
-  for (int shift = 0; shift < 32; shift += 11, of_digit += values) {
-    if ((differing >> shift & (values - 1)) == 0) continue;
-    std::uint32_t sum = 0;
-    for (std::size_t v = 0; v < values; ++v) sum += std::exchange(of_digit[v], sum);
-    distribute(s, [of_digit, shift](Key key) { return of_digit[key >> shift & (values - 1)]++; });
+  std::fill(counts.begin(), counts.end(), 0);
+  Key differing = 0;
+  for (const Entry e : s.entries) {
+    differing |= key_in(e) ^ key_in(s.entries.front());
+    (count(key_in(e), digit), ...);
   }
-  return true;
+  Count sum = 0;
+  for (Count& c : counts) sum += std::exchange(c, sum);
+  const auto distribute = [&](auto d) {
+    // A digit in which the keys do not differ leaves their order.
+    if (value(differing, d) == 0) return;
+    Entry* const to = s.room.data();
+    const auto before = static_cast<Count>(together ? 0 : d * s.entries.size());
+    for (const Entry e : s.entries) {
+      const Count c = count(key_in(e), d);
+      to[together ? c >> 16 * d & 0xffff : c - before] = e;
+    }
+    std::swap(s.entries, s.room);
+  };
+  (distribute(std::integral_constant<int, digit>()), ...);
 }
 
 }  // namespace
@@ -97,10 +108,13 @@ bool sort_by_digits(Sorted<Entry>& s) {
 template <typename Entry>
 Sorted<Entry> sort_keys(Sorted<Entry> s) {
   if (s.entries.size() <= few<Entry>) {
-    sort_few(s.entries);
-  } else if (s.entries.size() <= most_for_bytes) {
-    sort_by_bytes(s);
-  } else if (!sort_by_digits(s)) {
+    sort_few(s);
+  } else if (s.entries.size() <= 1000) {
+    std::array<std::uint64_t, 1 << 8> counts;
+    sort_by_digits(std::make_integer_sequence<int, 4>(), s, std::span<std::uint64_t>(counts));
+  } else if (WorkList<std::uint32_t> counts(3 << 11); counts) {
+    sort_by_digits(std::make_integer_sequence<int, 3>(), s, counts.entries());
+  } else {
     sort_without_memory(s.entries);
   }
   return s;

@@ -9,7 +9,6 @@
 #include "keys.h"
 #include "numbers.h"
 #include "selection_sort.h"
-#include "sort_few.h"
 #include "tolerance.h"
 
 namespace kez {
@@ -29,18 +28,10 @@ bool order_is_unique(std::span<const float> x) {
 }
 
 template <typename T>
-bool sort_by_keys(std::span<T> x) {
-  const SortedEntries<Key> sorted(x.size(), [x](std::size_t i) { return key_of(x[i]); });
-  if (!sorted) return false;
-  const auto keys = sorted.entries();
-  for (std::size_t i = 0; i < x.size(); ++i) set_value(keys[i], x[i]);
-  return true;
-}
-
-template <typename T>
 void sort_in_any_way(std::span<T> x) {
-  if (x.size() <= few<T>) return sort_few(x);
-  if (!sort_by_keys(x)) sort_without_memory(x);
+  const SortedEntries<Key> sorted(x.size(), [x](std::size_t i) { return key_of(x[i]); });
+  if (!sorted) return sort_without_memory(x);
+  for (std::size_t i = 0; i < x.size(); ++i) set_value(sorted.entries()[i], x[i]);
 }
 
 // Whether the stride at an entry may be asked at once: beyond the entry that a search finds there

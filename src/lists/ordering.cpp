@@ -8,7 +8,6 @@
 #include "../frame/keys.h"
 #include "../frame/lines.h"
 #include "../frame/numbers.h"
-#include "../frame/sort_few.h"
 
 namespace kez {
 

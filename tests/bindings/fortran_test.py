@@ -7,6 +7,7 @@ Needs for Windows: gfortran-mingw-w64-i686-win32 gfortran-mingw-w64-x86-64-win32
 
 import re
 import subprocess
+import tomllib
 
 import harness
 
@@ -70,6 +71,19 @@ def check_checked(place):
         assert done.returncode == 1 and says in done.stderr, done
 
 
+def check_manifest(place):
+    """As fpm would, which Debian does not have: compiles the sources of the library's folder, without
+    implicit types, and links what the manifest says."""
+    folder = place.binding("fortran")
+    manifest = tomllib.loads((folder / "fpm.toml").read_text())
+    assert manifest["version"] == harness.interface.version()
+    sources = [*(folder / manifest["library"]["source-dir"]).rglob("*.[fF]90")]
+    place.run("gfortran", "-fimplicit-none", "-Werror=implicit-interface", *sources,
+              harness.EXAMPLES / "host.f90", f"-L{place.package}/lib",
+              f"-l{manifest['build']['link']}", "-o", "program.exe")
+    assert place.execute("program.exe").strip() == harness.FIRST_CALL
+
+
 def declared(place):
     """By declaration, in one line each, the routine and what is intent(in)."""
     text = (place.binding("fortran") / "kezlib.F90").read_text()
@@ -89,6 +103,7 @@ def main():
         harness.check_programs(program, examples + pages, place)
         if place.machine == "linux":
             check_checked(place)
+            check_manifest(place)
 
 
 if __name__ == "__main__":

@@ -165,8 +165,9 @@ class Call:
         sizes = {name: str(max(n, 1 if style.filler else 0)) for name, n in self.sizes.items()}
         return re.sub(r"«(\w+)\.?»", listed, writer.call(self.row.routine, holes, sizes))
 
-    def faults(self, found, says_kept):
-        """What is wrong with the results; says_kept when the language gives only what is written."""
+    def faults(self, found, says_kept, padded):
+        """What is wrong with the results; says_kept when the language gives only what is written,
+        padded when its lists may be longer than they need be."""
         found = {name.strip("_@"): entries for name, entries in found.items()}
         if self.short:
             if self.short not in " ".join(found.get("refused", [])).split():
@@ -174,7 +175,7 @@ class Call:
             return
         for a in self.row.routine.outputs():
             wanted, before = self.row.wanted[a.name], self.held.get(a.name)
-            got = found.get(a.name) or []
+            got = (found.get(a.name) or [])[:self.sizes[a.name] if padded else None]
             written = [text for text in wanted[:size(a, self.row)] if text != "."]
             if says_kept and before is None and len(got) != self.written(a, len(written)):
                 yield f"{a.name} is {got}, not {self.written(a, len(written))} entries"
@@ -256,9 +257,10 @@ def first_of_each(calls):
     return {name: call for name, call in calls.items() if name.endswith("_as_1")}
 
 
-def check(key, host, place, says_kept=False, one_each=False, refuses=False, made=False):
+def check(key, host, place, says_kept=False, one_each=False, refuses=False, made=False,
+          padded=False):
     """Gives a host its calls. It may refuse arrays that are too short, and outputs may be made for
-    it."""
+    it, also longer ones."""
     writer, calls = writers.languages()[key], worked_calls()
     calls = first_of_each(calls) if one_each else calls
     if made:
@@ -267,7 +269,7 @@ def check(key, host, place, says_kept=False, one_each=False, refuses=False, made
         calls |= short_calls(calls, made)
     found = host({name: call.text(writer) for name, call in calls.items()}, place)
     wrong = [f"{call.row.place}: {name}: {fault}" for name, call in calls.items()
-             for fault in call.faults(found[name], says_kept)]
+             for fault in call.faults(found[name], says_kept, padded)]
     if wrong:
         sys.exit("\n".join([*wrong[:20], f"{len(wrong)} wrong in {key} on {place.machine}"]))
     return f"{len(calls)} calls in {writer.LANGUAGE.title} on {place.machine}"

@@ -1,11 +1,12 @@
 #!/usr/bin/env python3
 """The unit for Pascal, in both modes, on Linux and with both DLLs.
 
-Needs: fpc
+Needs: fpc lazarus-src lcl-utils
 Needs for Windows: fpc-source
 """
 
 import re
+import shutil
 
 import harness
 from fortran_test import SHEAR
@@ -75,6 +76,18 @@ def delphi_unit(place):
     return place.work / "delphi"
 
 
+def check_lazarus(place):
+    """A project that requires the package, which Lazarus compiles in its own folder."""
+    work = place.work / "lazarus"
+    shutil.copytree(place.binding("pascal"), work / "package")
+    shutil.copy(harness.HERE / "pascal_project.lpi", work)
+    shutil.copy(harness.EXAMPLES / "host.pas", work)
+    build = ["lazbuild", f"--pcp={work}/config"]
+    place.run(*build, "--add-package-link", work / "package/kezlib_package.lpk")
+    place.run(*build, work / "pascal_project.lpi", KEZLIB_FOLDER=str(place.package / "lib"))
+    assert place.run(work / "program.exe").strip() == harness.FIRST_CALL
+
+
 def declared(place):
     """By declaration of the library's the routine and what is constref, or const for Delphi."""
     text = (place.binding("pascal") / "kezlib.pas").read_text()
@@ -96,6 +109,7 @@ def main():
         if place.machine == "linux":
             check_checked(place)
             program(examples[1][0], place, delphi_unit(place))
+            check_lazarus(place)
 
 
 if __name__ == "__main__":

@@ -2,6 +2,7 @@
 calls on a cluster."""
 
 import inspect
+import resource
 import sys
 import threading
 import unittest
@@ -89,6 +90,27 @@ class Shapes(unittest.TestCase):
         for call, error, words in cases:
             with self.subTest(words), self.assertRaisesRegex(error, words):
                 call()
+
+    def test_memory_grows_with_the_pairs(self):
+        count = 100_000
+        before = resource.getrusage(resource.RUSAGE_SELF).ru_maxrss
+        a = np.arange(count)
+        common = kz.compare_lists([a, a], a + [[count - 1], [count - 2]])
+        self.assertEqual(common.com.tolist(), [[count - 1, 0], [count - 2, count - 1]])
+        near = kz.pair_near_values(2.0 * a, 2.0 * a + .5, .5)
+        self.assertEqual((near.nm, near.positions[count - 1].tolist()), (count, [count] * 2))
+        self.assertLess(resource.getrusage(resource.RUSAGE_SELF).ru_maxrss - before, 100_000)
+        few = kz.compare_lists([1, 2, 3], [3, 4, 1], com=[9, 9])
+        self.assertEqual(few.com.tolist(), [1, 3])
+        with self.assertRaisesRegex(ValueError, "com has 1 entries, .* asks for 2"):
+            kz.compare_lists([1, 2, 3], [3, 4, 1], com=[9])
+
+    def test_details_that_a_shape_does_not_have(self):
+        plain, whole = (kz.kezsec_c(60, [150, 200], 0, 2, *rest) for rest in ([], [0] * 11))
+        for got, wanted in zip(plain, whole):
+            self.assertEqual(got.tobytes(), wanted.tobytes())
+        self.assertEqual(kz.kezsec_c(60, 150, 15, 2, sf=20, xf=5, nf=[0, 1]).nv[:, 1].tolist(),
+                         [0, 4])
 
     def test_own_heights(self):
         def near(z, tol=2):

@@ -209,10 +209,12 @@ def cut(operand, row):
 
 
 def walk_otherwise():
-    """Many items are parted, lists copied and operands walked along as few are not."""
+    """Many items are parted, lists copied, operands walked along and pairs counted as few are
+    not."""
     _batch.MANY_ITEMS = _batch.HOST_ITEMS = rng.choice([2, 64])
     _batch.BUFFER = rng.choice([150, 2**18])
     _strided.MANY_WALKS = rng.choice([3.5, 256])
+    _batch.MANY_ENTRIES = rng.choice([-1, 2**28])
 
 
 def check(routine, found_rows, kind):

@@ -10,6 +10,7 @@ import shutil
 import subprocess
 
 import harness
+from interface import bulk
 
 PYTHON = "/usr/bin/python3"  # whose packages these are
 MYPY = ["mypy", "--no-incremental", "--cache-dir", "/dev/null", "kezlib", "use.py"]
@@ -28,6 +29,29 @@ for name, text in json.loads(pathlib.Path("texts.json").read_text()).items():
                        for key, value in names["result"]._asdict().items()}
     except ValueError as error:
         found[name] = {"refused": [str(error)]}
+print(json.dumps(found))
+"""
+# Outlines are returned only if asked for.
+ARRAYS = """\
+import json, pathlib
+import numpy as np
+found = {}
+def run(text):
+    names = {}
+    exec(text.replace("print(result)", ""), names)
+    return names["result"] if isinstance(names["result"], tuple) else (names["result"],)
+for name, text, operands in json.loads(pathlib.Path("texts.json").read_text()):
+    every = run(text)
+    if any(work for *_, work in operands):
+        returned, every = every, run(text.replace(")\\nprint", ", changed=True)\\nprint"))
+        plain = [value for value, (*_, work) in zip(every, operands) if not work]
+        assert all(map(np.array_equal, plain, returned, [True] * len(returned))), name
+    assert len(every) == len(operands), name
+    found[name] = {}
+    for value, (arguments, axes, _) in zip(every, operands):
+        parts = value.reshape((*value.shape[:value.ndim - axes], len(arguments)))
+        for i, argument in enumerate(arguments):
+            found[name][argument] = [str(v) for v in parts[..., i].ravel().tolist()]
 print(json.dumps(found))
 """
 DOCTEST = """\
@@ -55,6 +79,16 @@ def run(place, *arguments, **variables):
 def python(texts, place, world="plain"):
     place.file("texts.json", json.dumps(texts))
     return json.loads(run(place, place.file("calls.py", CALLS), world))
+
+
+def numpy(texts, place):
+    """Results come apart into the routine's arguments again."""
+    results = {r.name: [([a.name for a in o.arguments], len(o.inner), o.role == "work")
+                        for o in bulk.operands(r) if o.role.endswith("out") or o.role == "work"]
+               for r in harness.INTERFACE.routines}
+    place.file("texts.json", json.dumps(
+        [(name, text, results[name.partition("_as_")[0]]) for name, text in texts.items()]))
+    return json.loads(run(place, place.file("arrays.py", ARRAYS)))
 
 
 def check_package(place):
@@ -104,6 +138,7 @@ def main():
         for tests in "python_package.py", "python_lists.py":
             run(place, harness.HERE / tests, world)
         run(place, "-c", DOCTEST, world, page_for(world, place))
+    print(harness.check("numpy", numpy, place, padded=True))
     run(place, harness.HERE / "python_arrays.py")
     print(run(place, harness.HERE / "python_arrays_calls.py").splitlines()[-1])
     check_package(place)

@@ -53,6 +53,14 @@ class Effective(Case):
         self.near(found["left angle, top leg"].be1, 75.3741, 1e-5)
         self.near(found["right angle, leg"].be1, 150 * 0.685339, 1e-5)
 
+    def test_lip_that_counts_as_none(self):
+        """Its rounded corner is lost once: of web and flanges 54.4746 and 2 18.1820 are left, from
+        the middle of two corners on whose arcs are longer than their notional shares."""
+        s = sheet("channel 108.6 255.1 17.7 1.39 0 0 0 420 10 0 Mz=.01 r=3.87 coat=.04")
+        arcs = 2 * (math.pi / 2 - math.sqrt(2)) * (3.87 + 1.35 / 2)
+        self.near(s.effective["N"].left.A, 1.35 * (54.4746 + 2 * 18.1820 + arcs))
+        self.assertGreater(s.effective["Mz+"].left.Iz, 4e4)
+
     def test_stresses_of_both_steps(self):
         """Where flanges bend freely, they keep the psi of the gross section."""
         for line, state, flange, web in (
@@ -152,6 +160,28 @@ class Traps(Case):
             self.assertEqual(s.verdict, "exceeded")
             for c in s.checks:
                 self.assertTrue(c.utilisation >= 0 and not math.isnan(c.utilisation), c)
+
+    def test_shear_with_force_alone(self):
+        """N or Mz with Vz is checked as it is beside the smallest My or N."""
+        for key, line, other in (
+                ("NM", "rhs 100 200 8 355 1500 0 Vz=500", "rhs 100 200 8 355 1500 1e-5 Vz=500"),
+                ("NM", "rhs 100 200 8 355 0 0 Vz=600 Mz=50", "rhs 100 200 8 355 1e-3 0 Vz=600 Mz=50"),
+                ("NM", "girder 400 300 280 10 10 8 355 -2300 0 Vz=600",
+                 "girder 400 300 280 10 10 8 355 -2300 0 Vz=600 Mz=1e-5"),
+                ("MVb", "girder 1200 320 320 15 15 8 355 4000 0 Vz=900 a=2400 end=rigid",
+                 "girder 1200 320 320 15 15 8 355 4000 1e-4 Vz=900 a=2400 end=rigid"),
+                ("MVc", "channel 75 200 20 2 0 0 0 350 130 0 Vz=40 r=3",
+                 "channel 75 200 20 2 0 0 0 350 130 1e-5 Vz=40 r=3")):
+            s = sheet(line)
+            self.near(used(s, key), used(sheet(other), key))
+            self.assertGreater(used(s, key), 1.02 * max(used(s, k) for k in ("N", "Mz") if any(
+                c.key == k for c in s.checks)))
+
+    def test_shear_of_sheet_with_shifted_force(self):
+        """(6.27) has the moments N eN and Mz, too."""
+        for forces in ("50 3", "50 -3", "50 3 Mz=.3"):
+            s = sheet(f"zed 75 65 200 20 18 1.5 350 {forces} Vz=15 r=3")
+            self.assertGreater(used(s, "MVc"), max(used(s, "NM"), used(s, "NMe")) + 0.1)
 
     def test_neutral_axis_within_a_web(self):
         """Rounding does not press a web that bending about z leaves alone."""

@@ -182,6 +182,12 @@ class Guides(unittest.TestCase):
                                  ("kezppp", {"outline", "points"}, {"relation"})]:
             self.assertEqual(known[name], (have, want), name)
 
+    def test_what_makes_the_inputs_is_known(self):
+        known = {r.name: finder.makers(r) for r in read().routines}
+        for name, makers in [("kezc12", ["kezcer"]), ("kezlci", ["kezln3", "kezcer"]),
+                             ("kezdirp", ["kezpl1"]), ("kezpds", []), ("kezln3", [])]:
+            self.assertEqual(known[name], makers, name)
+
     def test_headings_with_anchors_are_sections(self):
         html = '<p>a</p><h2 id="b">B <code>c</code></h2><p>d</p><h3 id="e">E</h3>f'
         self.assertEqual(search.sections(html), [("B c", "b", "d"), ("E", "e", "f")])

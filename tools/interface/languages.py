@@ -49,7 +49,7 @@ class Language:
     reserved: frozenset = frozenset()
     knows_case: bool = True
     escape: str = "{}_"
-    order: int = 99  # its place among the manual's tabs
+    order: float = 99  # its place among the manual's tabs
     literals: Literals = field(default_factory=Literals)
 
     @property

@@ -7,12 +7,14 @@ from typing import Callable, Optional
 
 import numpy as np
 
-from . import _library, _strided
+from . import _arrays, _library, _strided
+from ._extents import Integers, largest, most_pairs
 from ._heights import Heights
 from ._strided import KINDS, UNWRITTEN
 
 MANY_ITEMS = 2**18  # a walk is cut here: between two calls Python may be interrupted
 HOST_ITEMS = 64  # the same where each asks the host
+MANY_ENTRIES = 2**28  # of a list of pairs: these are counted before memory is taken for them
 BUFFER = 2**18  # bytes of lists that are copied for a call, which a cache should hold
 
 kezbatch = _library.function("kezbatch")
@@ -36,6 +38,8 @@ class Operand:
     size: Optional[Callable] = None
     taken: Optional[Callable] = None
     written: Optional[Callable] = None
+    pairs: tuple = ()  # of a list that holds pairs: two lists, each with its count; the tolerance
+    paired: Optional[Callable] = None  # its entries by the number of pairs
     kept: bool = False  # a result that is not always written
 
     @property
@@ -44,34 +48,6 @@ class Operand:
 
     def shape(self):
         return ", ".join(["...", *filter(None, [self.extent]), *map(str, self.inner)])
-
-
-class Integers(dict):
-    """Those of a call by the routine's arguments, for extents."""
-
-    def __getattr__(self, name):
-        return self[name]
-
-
-def entry(counts, i):
-    """Entries of integer lists, whose positions are counted from 1; there are zeros around them."""
-    lead = np.broadcast_shapes(counts.shape[:-1], i.shape)
-    whole = np.broadcast_to(counts, (*lead, counts.shape[-1]))
-    found = np.zeros(lead, np.int64)
-    inside = np.broadcast_to((i >= 1) & (i <= counts.shape[-1]), lead)
-    places = np.broadcast_to(i, lead)[inside] - 1
-    found[inside] = np.take_along_axis(whole[inside], places[:, None], -1)[:, 0]
-    return found
-
-
-def total(counts, n):
-    """Sums of the first n entries, as 32-bit integers wrap."""
-    first = np.arange(counts.shape[-1]) < np.asarray(n)[..., None]
-    return (np.where(first, counts, 0).sum(-1) + 2**31) % 2**32 - 2**31
-
-
-def largest(values):
-    return max(int(np.max(values, initial=0)), 0)
 
 
 class Batch:
@@ -169,11 +145,11 @@ class Call:
                 self.arrays[count.name] = np.array(max(lengths), np.int32)
 
     def check_entries(self):
-        actual = Integers(self.integers)
+        self.counts = Integers(self.integers)
         for count in self.batch.counts:
-            actual[count.name] = self.arrays[count.name].astype(np.int64)
+            self.counts[count.name] = self.arrays[count.name].astype(np.int64)
         for operand in self.lists():
-            needed, length = largest(operand.taken(actual)), self.length(operand)
+            needed, length = largest(operand.taken(self.counts)), self.length(operand)
             is_fixed = operand.extent.isdigit()
             if length < needed or is_fixed and length != needed:
                 raise ValueError(f"{self.place(operand)} has {length} entries, ({operand.shape()}) "
@@ -258,13 +234,27 @@ class Call:
 
     def size(self, operand, before):
         size = largest(operand.size(self.integers))
+        is_preset = operand.name in self.presets
+        if operand.pairs and (is_preset or size > _arrays.MANY
+                              or self.items() * size > MANY_ENTRIES):
+            size = self.size_of_pairs(operand, self.integers)
         if before is None:
             return size
         length = before.shape[-1 - len(operand.inner)]
-        if operand.name in self.presets and length < size:
+        if is_preset and length < (needed := self.needed(operand)):
             raise ValueError(f"{self.place(operand)} has {length} entries, ({operand.shape()}) "
-                             f"asks for {size}")
+                             f"asks for {needed}")
         return max(length, size)
+
+    def needed(self, operand):
+        """The entries that the library may write, by the counts that are given."""
+        if operand.pairs:
+            return self.size_of_pairs(operand, self.counts)
+        return largest(operand.size(self.counts))
+
+    def size_of_pairs(self, operand, integers):
+        pairs = most_pairs([self.arrays[name] for name in operand.pairs])
+        return largest(operand.paired(Integers(integers, pairs=pairs)))
 
     def new_list(self, operand, new, size, kind):
         try:

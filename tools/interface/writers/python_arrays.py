@@ -1,11 +1,15 @@
 """Functions of arrays for Python, by the readable names, and a named tuple for each."""
 
-from .. import bulk
-from ..languages import description, remarks, wrapped
+import itertools
+
+from .. import bulk, shapes
+from ..defaults import optional_inputs
+from ..languages import Language, description, remarks, wrapped
 from ..numpydoc import WIDTH, section
 from . import NOTICE, python
 
-FILE = "python/kezlib/arrays.py"
+LANGUAGE = Language("NumPy", "python/kezlib/arrays.py", python.LANGUAGE.reserved, order=2.5,
+                    literals=python.LANGUAGE.literals)
 ARRAYS = {"real": "RealArray", "integer": "IntegerArray", "word": "WordArray"}
 INTRODUCTION = """The routines for many items at a time, by their readable names.
 
@@ -37,20 +41,21 @@ class Function:
     """What is generated for a routine."""
 
     def __init__(self, routine):
-        self.routine, self.name = routine, routine.readable
+        self.routine, self.name = routine, routine.readable or routine.name
         self.operands = bulk.operands(routine)
         self.given = [o for o in self.operands if o.is_given()]
         self.counts = [o for o in self.operands if o.role.startswith("count")]
         self.kept = [o for o in self.operands if o.is_kept()]
         self.results = [o for o in self.operands if o.role.endswith("out")]
         self.works = [o for o in self.operands if o.role == "work"]
+        self.optional = [o for o in self.given if o.name in optional_inputs(routine)]
 
     def all_results(self):
         return [o for o in self.operands if o in self.results + self.works]
 
     def result_type(self):
-        if len(self.results) > 1:
-            return class_name(self.routine)
+        if len(self.results) > 1:  # second names have no type of their own
+            return class_name(self.routine) if self.routine.readable else "NamedTuple"
         return ARRAYS[self.results[0].kind]
 
 
@@ -61,8 +66,9 @@ def given_hint(operand):
 
 
 def parameters(function, changed=""):
-    name = python.LANGUAGE.name
-    given = [f"{name(o.name)}: {given_hint(o)}" for o in function.given]
+    name = LANGUAGE.name
+    given = [f"{name(o.name)}: {given_hint(o)}{' = 0' if o in function.optional else ''}"
+             for o in function.given]
     optional = [f"{name(o.name)}: Optional[ArrayLike] = None"
                 for o in function.counts + function.kept]
     return given + (["*", *optional] if optional else []) + ([changed] if changed else [])
@@ -80,7 +86,7 @@ def fields(name, text, results):
     for operand in results:
         field = operand.result_name()
         hidden = "  # type: ignore[assignment]" if hasattr(tuple, field) else ""
-        lines.append(f"    {python.LANGUAGE.name(field)}: {ARRAYS[operand.kind]}{hidden}")
+        lines.append(f"    {LANGUAGE.name(field)}: {ARRAYS[operand.kind]}{hidden}")
     return lines
 
 
@@ -106,7 +112,7 @@ def over_integers(expression):
     return "lambda v: " + bulk.re.sub(r"([A-Za-z_]\w*)( *\(|)", term, expression).replace("/", "//")
 
 
-def described(operand):
+def described(operand, routine):
     members = " ".join(a.name for a in operand.arguments)
     parts = [f'"{operand.name}"', f'"{operand.kind}"', f'"{operand.role}"', f'"{members}"']
     if operand.inner:
@@ -119,6 +125,10 @@ def described(operand):
             parts.append(f'counted="{operand.taken}"')
     if operand.written():
         parts.append(f"written={over_integers(operand.written())}")
+        found = shapes.pairs(operand.arguments[0], routine)
+        names = [*itertools.chain(*zip(found.lists, found.counts)), found.tolerance]
+        quoted = ", ".join(f'"{name}"' for name in filter(None, names))
+        parts += [f"pairs=({quoted})", f"paired={over_integers(found.extent)}"]
     if operand.is_kept():
         parts.append("kept=True")
     return python.indented(python.filled([f"Operand({parts[0]}", *parts[1:]], "    "))
@@ -129,7 +139,7 @@ def walk_of(function):
     results = class_name(routine) if len(function.results) > 1 else "None"
     lines = ["", "", f'_{function.name} = Batch("{function.name}", "{routine.name}", {results}, [']
     for operand in function.operands:
-        *first, last = described(operand)
+        *first, last = described(operand, routine)
         lines += [*first, last + "),"]
     options = []
     if function.works:
@@ -156,6 +166,42 @@ def text_of(operand, name):
     return text if names == name else f"{names}: {text}"
 
 
+def nested(texts, inner):
+    """Texts in as many brackets as they have axes."""
+    if not inner:
+        return texts[0]
+    step = len(texts) // inner[0]
+    parts = [nested(texts[i:i + step], inner[1:]) for i in range(0, len(texts), step)]
+    return f"[{', '.join(parts)}]"
+
+
+def value(operand, literals):
+    """Of a call: lists of coordinates stand one after another there."""
+    texts = [literals.get(a.name, LANGUAGE.literals.not_a_number) for a in operand.arguments]
+    if not operand.extent:
+        return nested(texts, operand.inner)
+    lists = [f"[{text}]" for text in texts]
+    return f"np.stack([{', '.join(lists)}], -1)" if operand.inner else lists[0]
+
+
+def signature(routine):
+    return "\n".join(definition(Function(routine))).rstrip(":")
+
+
+def call(routine, literals, sizes):
+    """Results that have a value before the call are given by name."""
+    function = Function(routine)
+    by_name = function.counts + [o for o in function.kept
+                                 if any(a.name in literals for a in o.arguments)]
+    values = [(o, LANGUAGE.name(o.name)) for o in function.given + by_name]
+    lines = [f"{name} = {value(o, literals)}" for o, name in values]
+    passed = [f"{name}={name}" if o in by_name else name for o, name in values]
+    called = python.indented(wrapped(f"result = kz.{function.name}({', '.join(passed)})", ""))
+    numpy = ["import numpy as np"] if any("np." in line for line in lines) else []
+    return "\n".join([*numpy, "from kezlib import arrays as kz", "", *lines, *called,
+                      "print(result)"]) + "\n"
+
+
 def entry_lines(name, kind, text):
     return [f"{name} : {kind}", *wrapped(text, "    ", WIDTH)]
 
@@ -164,10 +210,12 @@ KINDS = {"real": "float", "integer": "int", "word": "float or int"}
 
 
 def given_lines(function):
-    name = python.LANGUAGE.name
+    name = LANGUAGE.name
     for operand in function.given:
         extent = shape_extent(operand) if operand.extent else ""
         kind = f"{KINDS.get(operand.kind, 'float')} {shape(operand, extent)}"
+        if operand in function.optional:
+            kind += ", optional"
         if operand.kind == "callback":
             kind = f"function of a position, or {kind}"
         yield from entry_lines(name(operand.name), kind, text_of(operand, operand.name))
@@ -186,7 +234,7 @@ def given_lines(function):
 
 
 def result_lines(function):
-    name = python.LANGUAGE.name
+    name = LANGUAGE.name
     for operand in function.all_results():
         extent = bulk.re.sub(r"max\((\w+), 0\)", r"\1", operand.extent)
         note = ", if changed" if operand.role == "work" else ""
@@ -209,7 +257,7 @@ def documentation(function):
 
 
 def passed(function):
-    name = python.LANGUAGE.name
+    name = LANGUAGE.name
     groups = [function.given, function.counts, function.kept]
     texts = [python.as_tuple([name(o.name) for o in group]) if group else "()" for group in groups]
     if function.works:
@@ -245,11 +293,11 @@ def write(interface):
     lines = [f"# {NOTICE}", f'r"""{INTRODUCTION}']
     for group in interface.groups:
         lines += python.family(group, interface.routines)
-    lines += ['"""', "",
+    lines += ['"""', "", "from __future__ import annotations  # help shows their names", "",
               "from typing import (",
               "    Any, Callable, Literal, NamedTuple, Optional, Union, overload)", "",
               "import numpy as np", "from numpy.typing import ArrayLike, NDArray", "",
-              "from ._batch import Batch, Operand, entry, total", "",
+              "from ._batch import Batch, Operand", "from ._extents import entry, total", "",
               "RealArray = NDArray[np.float32]", "IntegerArray = NDArray[np.int32]",
               "WordArray = NDArray[Any]", "", "__all__ = [",
               *(f'    "{f.name}",' for f in functions),
