@@ -52,6 +52,10 @@ inline Four<std::int32_t> bits(Four<float> four) {
   return reinterpret_cast<Four<std::int32_t>>(four);
 }
 
+inline Four<float> reals(Four<std::int32_t> four) {
+  return reinterpret_cast<Four<float>>(four);
+}
+
 // The bits of the absolute values. They are in the order of these, with not-a-number behind all
 // others, and may be compared without an exception.
 inline Four<std::int32_t> magnitudes(Four<float> four) {
@@ -59,7 +63,7 @@ inline Four<std::int32_t> magnitudes(Four<float> four) {
 }
 
 inline Four<float> absolute(Four<float> four) {
-  return reinterpret_cast<Four<float>>(magnitudes(four));
+  return reals(magnitudes(four));
 }
 
 // Bit k says whether number k is below 0, or whether a comparison of four holds for it.

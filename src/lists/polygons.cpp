@@ -127,6 +127,39 @@ std::optional<Vec2> crossing(Line line, Segment<Vec2> edge) {
   return point;
 }
 
+// Below 2^24 and, for coordinates, 2^28 the products of `may_cross` and `crossing` stay below 2^82,
+// quotients by more than the tolerance below 2^99, and what `crosses` multiplies them by below
+// 2^29: nothing overflows, and what is not needed may be computed too.
+bool is_small(Line line) {
+  constexpr auto limit = std::bit_cast<std::int32_t>(0x1p24f);
+  return !any(magnitudes(Four<float>{line.a, line.b, line.c}) >= limit);
+}
+
+// Bit k says whether a small line may cross the k-th edge from p to q. What `crossing` computes, up
+// to the vectors from the ends, is computed in the same way and rounds alike. An edge is crossed
+// only where these vectors have opposite signs in a coordinate.
+unsigned may_cross(Line line, const FourPoints& p, const FourPoints& q) {
+  if (any(are_huge(p) | are_huge(q))) return 15;
+  // As line_through and intersect_lines do it.
+  const Four<float> a = q.y - p.y, b = -(q.x - p.x), c = p.y * q.x - p.x * q.y;
+  const Four<float> det = line.a * b - a * line.b;
+  const Four<float> dx = line.b * c - b * line.c, dy = a * line.c - line.a * c;
+
+  // Parallel lines must not divide by 0: they get a divisor from 1 on.
+  const auto meet = magnitudes(det) > std::bit_cast<std::int32_t>(tolerance);
+  const auto divisor = reals(bits(det) | (~meet & std::bit_cast<std::int32_t>(1.0f)));
+  const Four<float> x = dx / divisor, y = dy / divisor;
+  return lanes(meet & ((bits(x - p.x) ^ bits(x - q.x)) | (bits(y - p.y) ^ bits(y - q.y))));
+}
+
+// Whether four vertices are on one side of the x axis, clear of it, and so go to one part.
+bool are_on_one_side(Four<float> y) {
+  const auto clear = (magnitudes(y) > std::bit_cast<std::int32_t>(tolerance)) &
+                     (magnitudes(y) <= std::bit_cast<std::int32_t>(HUGE_VALF));
+  const unsigned below = lanes(bits(y));
+  return lanes(clear) == 15 && (below == 0 || below == 15);
+}
+
 // The gaps between the first and second, third and fourth, ... of them.
 float length_between_pairs(std::span<float> xs) {
   sort_ascending(xs);
@@ -187,11 +220,27 @@ float cut_polygon(const PlanePoints& outline, Line line, PolygonPart& upper, Pol
     if (p.y <= 0 || on_axis) lower.add(p);
     return is_upper;
   };
-  for (std::size_t i = 0; i < n; ++i) {
-    const Segment edge = {outline[i], outline[i + 1]};
-    collect(edge.first);
-    const auto p = crossing(line, edge);
-    if (p && collect(*p)) chord.entries()[chord_count++] = p->x;
+  const bool by_four = n >= 4 && is_small(line);
+  for (std::size_t i = 0; i < n; i += 4) {
+    // Again some of the last: that an edge is asked twice changes nothing.
+    const std::size_t from = by_four ? std::min(i, n - 4) : i;
+    unsigned near = 15;
+    if (by_four) {
+      const FourPoints p = {four_from(outline.xs() + from), four_from(outline.ys() + from)};
+      const FourPoints q = {four_ends(outline.xs(), from, n), four_ends(outline.ys(), from, n)};
+      near = may_cross(line, p, q) >> (i - from);
+      if (near == 0 && i == from && are_on_one_side(p.y)) {
+        (p.y[0] > 0 ? upper : lower).add_four(outline, i);
+        continue;
+      }
+    }
+    for (std::size_t k = i; k < std::min(i + 4, n); ++k, near >>= 1) {
+      const Segment edge = {outline[k], outline[k + 1]};
+      collect(edge.first);
+      if (!(near & 1)) continue;
+      const auto p = crossing(line, edge);
+      if (p && collect(*p)) chord.entries()[chord_count++] = p->x;
+    }
   }
   return length_between_pairs(chord.entries().first(chord_count));
 }
