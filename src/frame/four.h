@@ -31,28 +31,55 @@ Four<T> four_times(T x) {
   return Four<T>{x, x, x, x};
 }
 
-// The last three of four, then x.
-inline Four<float> shifted(Four<float> four, float x) {
-  return __builtin_shufflevector(four, Four<float>{x}, 1, 2, 3, 4);
+// The last three of four, then the first of the next. gcc packs them one by one if left to it.
+inline Four<float> shifted(Four<float> four, Four<float> next) {
+#if defined(__SSE2__)
+  const __m128 replaced = _mm_move_ss(four, next);
+  return _mm_shuffle_ps(replaced, replaced, _MM_SHUFFLE(0, 3, 2, 1));
+#else
+  return Four<float>{four[1], four[2], four[3], next[0]};
+#endif
 }
 
 // Of n + 1 entries, of which the last repeats the first, the ends of the edges that begin at the
 // four from i on. The closing entry has often just been stored: a load that spans it would wait
 // until that is done.
 inline Four<float> four_ends(const float* list, std::size_t i, std::size_t n) {
-  return i + 4 < n ? four_from(list + i + 1) : shifted(four_from(list + i), list[0]);
+  return i + 4 < n ? four_from(list + i + 1) : shifted(four_from(list + i), Four<float>{list[0]});
+}
+
+inline Four<std::int32_t> bits(Four<float> four) {
+  return reinterpret_cast<Four<std::int32_t>>(four);
+}
+
+inline Four<float> reals(Four<std::int32_t> four) {
+  return reinterpret_cast<Four<float>>(four);
 }
 
 // The bits of the absolute values. They are in the order of these, with not-a-number behind all
 // others, and may be compared without an exception.
 inline Four<std::int32_t> magnitudes(Four<float> four) {
-  return reinterpret_cast<Four<std::int32_t>>(four) & 0x7fffffff;
+  return bits(four) & 0x7fffffff;
+}
+
+inline Four<float> absolute(Four<float> four) {
+  return reals(magnitudes(four));
+}
+
+// Bit k says whether number k is below 0, or whether a comparison of four holds for it.
+inline unsigned lanes(Four<std::int32_t> four) {
+#if defined(__SSE2__)
+  return static_cast<unsigned>(_mm_movemask_ps(reinterpret_cast<__m128>(four)));
+#else
+  const auto bit = [=](int k) { return static_cast<unsigned>(four[k] < 0) << k; };
+  return bit(0) | bit(1) | bit(2) | bit(3);
+#endif
 }
 
 // Whether a comparison of four holds for one of them.
 inline bool any(Four<std::int32_t> holds) {
 #if defined(__SSE2__)
-  return _mm_movemask_epi8(reinterpret_cast<__m128i>(holds)) != 0;
+  return lanes(holds) != 0;
 #else
   return (holds[0] | holds[1] | holds[2] | holds[3]) != 0;
 #endif

@@ -4,6 +4,7 @@
 #include <cassert>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 
 #include "../frame/point_lists.h"
 #include "../frame/types.h"
@@ -23,6 +24,13 @@ class PolygonPart {
   void add(Vec2 vertex) {
     assert(count_ < vertices_.size());
     vertices_.put(count_++, vertex);
+  }
+  // Those from i on.
+  void add_four(const PlanePoints& from, std::size_t i) {
+    assert(count_ + 4 <= vertices_.size());
+    std::memcpy(vertices_.xs() + count_, from.xs() + i, 4 * sizeof(float));
+    std::memcpy(vertices_.ys() + count_, from.ys() + i, 4 * sizeof(float));
+    count_ += 4;
   }
   std::int32_t count() const { return static_cast<std::int32_t>(count_); }
 
