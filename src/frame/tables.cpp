@@ -31,7 +31,7 @@ template <typename T>
 void sort_in_any_way(std::span<T> x) {
   const SortedEntries<Key> sorted(x.size(), [x](std::size_t i) { return key_of(x[i]); });
   if (!sorted) return sort_without_memory(x);
-  for (std::size_t i = 0; i < x.size(); ++i) set_value(sorted.entries()[i], x[i]);
+  for (std::size_t i = 0; i < x.size(); ++i) x[i] = value_of<T>(sorted.entries()[i]);
 }
 
 // Whether the stride at an entry may be asked at once: beyond the entry that a search finds there

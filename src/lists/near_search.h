@@ -91,7 +91,7 @@ class SortedSearch {
       const float x = list[index_of(entry)];
       if (keep(x)) room[kept++] = key_of(x);
     }
-    for (std::size_t k = 0; k < kept; ++k) set_value(static_cast<Key>(room[k]), list[k]);
+    for (std::size_t k = 0; k < kept; ++k) list[k] = value_of<float>(static_cast<Key>(room[k]));
     return kept;
   }
 
