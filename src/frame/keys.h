@@ -31,6 +31,9 @@ inline constexpr Key key_of_not_a_number = 0xffffffff;
 inline Key comparison_key(float value) {
   return std::isnan(value) ? key_of_not_a_number : key_of(value + 0.0f);
 }
+constexpr Key comparison_key(std::int32_t value) {
+  return key_of(value);
+}
 
 // The integer or real that a key was made of.
 template <typename Value>
@@ -95,5 +98,11 @@ class SortedEntries {
   WorkList<Entry> memory_;
   std::span<Entry> entries_, room_;
 };
+
+// The entries of the list by value, with their indices; not-a-number last.
+template <typename Value>
+SortedEntries<Keyed> sort_by_value(std::span<const Value> list) {
+  return {list.size(), [list](std::size_t i) { return keyed(comparison_key(list[i]), i); }};
+}
 
 }  // namespace kez

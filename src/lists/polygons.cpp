@@ -5,7 +5,7 @@
 #include <optional>
 
 #include "../frame/lines.h"
-#include "../frame/tables.h"
+#include "../frame/sorting.h"
 #include "../frame/tolerance.h"
 #include "../frame/work_list.h"
 
