@@ -46,7 +46,7 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   # These are as fast without the inlining that pays for small geometry, and much smaller.
   set_source_files_properties(
     src/circles/guided_points.cpp src/frame/keys.cpp src/frame/sampling.cpp
-    src/frame/selection_sort.cpp src/frame/tables.cpp src/lists/lists.cpp src/lists/near_values.cpp
+    src/frame/sorting.cpp src/frame/tables.cpp src/lists/lists.cpp src/lists/near_values.cpp
     src/lists/ordering.cpp src/sections/shapes.cpp
     PROPERTIES COMPILE_OPTIONS "$<$<CONFIG:Release>:-O2;-fvect-cost-model=dynamic>")
   # One loop for each number of arguments, which the calls keep busy.

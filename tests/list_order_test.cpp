@@ -9,7 +9,7 @@
 #include <limits>
 #include <numeric>
 
-#include "frame/tables.h"
+#include "frame/sorting.h"
 #include "kezlib.h"
 #include "lists/lists.h"
 #include "lists/near_values.h"

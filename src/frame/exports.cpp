@@ -3,6 +3,7 @@
 #include "lines.h"
 #include "points.h"
 #include "sampling.h"
+#include "sorting.h"
 #include "tables.h"
 
 using namespace kez;

@@ -12,12 +12,10 @@ namespace kez {
 
 namespace {
 
-constexpr Key key_in(Key entry) {
-  return entry;
-}
-
-constexpr Key key_in(Keyed entry) {
-  return key_of(entry);
+// Of a key or a keyed entry.
+template <typename Entry>
+constexpr Key key_in(Entry entry) {
+  return static_cast<Key>(entry >> (8 * sizeof(Entry) - 32));
 }
 
 // Up to so many entries are sorted by counting for each those that come before it. A processor
@@ -31,7 +29,7 @@ constexpr std::size_t few<Key> = 40;
 // Of equal keys the first comes first. The list is filled up to fours by what comes last.
 void count_before_each(std::span<const Key> keys, std::int32_t ranks[]) {
   std::array<std::int32_t, few<Key> + 3> list;
-  for (std::size_t i = 0; i < keys.size(); ++i) set_value(keys[i], list[i]);
+  for (std::size_t i = 0; i < keys.size(); ++i) list[i] = value_of<std::int32_t>(keys[i]);
   std::fill_n(&list[keys.size()], 3, std::numeric_limits<std::int32_t>::max());
   const Four<std::int32_t> lanes = {0, 1, 2, 3};
   for (std::size_t first = 0, j = 0; first < keys.size(); first += 4, j = 0) {
@@ -61,19 +59,18 @@ void count_before_each(std::span<const Keyed> entries, std::int32_t ranks[]) {
 }
 
 template <typename Entry>
-void sort_few(Sorted<Entry>& s) {
+void sort_few(std::span<Entry> entries, std::span<Entry> room) {
   std::array<std::int32_t, few<Entry>> ranks;
-  count_before_each(s.entries, ranks.data());
-  for (std::size_t i = 0; i < s.entries.size(); ++i)
-    s.room[static_cast<std::size_t>(ranks[i])] = s.entries[i];
-  std::swap(s.entries, s.room);
+  count_before_each(std::span<const Entry>(entries), ranks.data());
+  for (std::size_t i = 0; i < entries.size(); ++i)
+    room[static_cast<std::size_t>(ranks[i])] = entries[i];
 }
 
 // By digits, from the lowest on: of 8 bits if Count has room for the counts of four of them, side
 // by side, so that one sum turns all of them into places; else of 11 bits, for long lists.
 template <int... digit, typename Count, typename Entry>
-void sort_by_digits(std::integer_sequence<int, digit...>, Sorted<Entry>& s,
-                    std::span<Count> counts) {
+void sort_by_digits(std::integer_sequence<int, digit...>, std::span<Entry>& entries,
+                    std::span<Entry>& room, std::span<Count> counts) {
   constexpr bool together = sizeof...(digit) == 4;
   constexpr int bits = together ? 8 : 11;
   const auto value = [](Key key, int d) { return key >> bits * d & ((1 << bits) - 1); };
@@ -83,8 +80,8 @@ void sort_by_digits(std::integer_sequence<int, digit...>, Sorted<Entry>& s,
   };
   std::fill(counts.begin(), counts.end(), 0);
   Key differing = 0;
-  for (const Entry e : s.entries) {
-    differing |= key_in(e) ^ key_in(s.entries.front());
+  for (const Entry e : entries) {
+    differing |= key_in(e) ^ key_in(entries.front());
     (count(key_in(e), digit), ...);
   }
   Count sum = 0;
@@ -92,13 +89,13 @@ void sort_by_digits(std::integer_sequence<int, digit...>, Sorted<Entry>& s,
   const auto distribute = [&](auto d) {
     // A digit in which the keys do not differ leaves their order.
     if (value(differing, d) == 0) return;
-    Entry* const to = s.room.data();
-    const auto before = static_cast<Count>(together ? 0 : d * s.entries.size());
-    for (const Entry e : s.entries) {
+    Entry* const to = room.data();
+    const auto before = static_cast<Count>(together ? 0 : d * entries.size());
+    for (const Entry e : entries) {
       const Count c = count(key_in(e), d);
       to[together ? c >> 16 * d & 0xffff : c - before] = e;
     }
-    std::swap(s.entries, s.room);
+    std::swap(entries, room);
   };
   (distribute(std::integral_constant<int, digit>()), ...);
 }
@@ -106,21 +103,22 @@ void sort_by_digits(std::integer_sequence<int, digit...>, Sorted<Entry>& s,
 }  // namespace
 
 template <typename Entry>
-Sorted<Entry> sort_keys(Sorted<Entry> s) {
-  if (s.entries.size() <= few<Entry>) {
-    sort_few(s);
-  } else if (s.entries.size() <= 1000) {
+void sort_keys(std::span<Entry>& entries, std::span<Entry>& room) {
+  if (entries.size() <= few<Entry>) {
+    sort_few<Entry>(entries, room);
+    std::swap(entries, room);
+  } else if (entries.size() <= 1000) {
     std::array<std::uint64_t, 1 << 8> counts;
-    sort_by_digits(std::make_integer_sequence<int, 4>(), s, std::span<std::uint64_t>(counts));
+    sort_by_digits(std::make_integer_sequence<int, 4>(), entries, room,
+                   std::span<std::uint64_t>(counts));
   } else if (WorkList<std::uint32_t> counts(3 << 11); counts) {
-    sort_by_digits(std::make_integer_sequence<int, 3>(), s, counts.entries());
+    sort_by_digits(std::make_integer_sequence<int, 3>(), entries, room, counts.entries());
   } else {
-    sort_without_memory(s.entries);
+    sort_without_memory(entries);
   }
-  return s;
 }
 
-template Sorted<Key> sort_keys(Sorted<Key>);
-template Sorted<Keyed> sort_keys(Sorted<Keyed>);
+template void sort_keys(std::span<Key>&, std::span<Key>&);
+template void sort_keys(std::span<Keyed>&, std::span<Keyed>&);
 
 }  // namespace kez

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <functional>
 #include <span>
+#include <type_traits>
 
 #include "work_list.h"
 
@@ -30,13 +31,17 @@ inline constexpr Key key_of_not_a_number = 0xffffffff;
 inline Key comparison_key(float value) {
   return std::isnan(value) ? key_of_not_a_number : key_of(value + 0.0f);
 }
-
-constexpr void set_value(Key key, std::int32_t& value) {
-  value = static_cast<std::int32_t>(key ^ 0x80000000);
+constexpr Key comparison_key(std::int32_t value) {
+  return key_of(value);
 }
 
-constexpr void set_value(Key key, float& value) {
-  value = std::bit_cast<float>(key ^ (key >> 31 ? 0x80000000 : 0xffffffff));
+// The integer or real that a key was made of.
+template <typename Value>
+constexpr Value value_of(Key key) {
+  if constexpr (std::is_integral_v<Value>)
+    return static_cast<Value>(key ^ 0x80000000);
+  else
+    return std::bit_cast<Value>(key ^ (key >> 31 ? 0x80000000 : 0xffffffff));
 }
 
 // A key, and below it the index of what it belongs to.
@@ -51,9 +56,7 @@ constexpr Key key_of(Keyed entry) {
 }
 
 constexpr float value_of(Keyed entry) {
-  float value{};
-  set_value(key_of(entry), value);
-  return value;
+  return value_of<float>(key_of(entry));
 }
 
 constexpr std::size_t index_of(Keyed entry) {
@@ -68,16 +71,10 @@ void sort_without_memory(std::span<T> list, Less less = {}) {
   std::sort_heap(list.begin(), list.end(), less);
 }
 
-// The entries and the memory that sorting them leaves free, of the same length.
+// Sorts keys or keyed entries; they end up in either span, and the two may be exchanged for that.
+// Those with the same key must ascend already.
 template <typename Entry>
-struct Sorted {
-  std::span<Entry> entries, room;
-};
-
-// Sorts keys or keyed entries; they end up in either span. Those with the same key must ascend
-// already.
-template <typename Entry>
-Sorted<Entry> sort_keys(Sorted<Entry> s);
+void sort_keys(std::span<Entry>& entries, std::span<Entry>& room);
 
 // The entries 0 .. count - 1 of a list, made by entry_at(i) and sorted, with as much room besides.
 // If memory runs out, they are false and must not be used.
@@ -87,18 +84,25 @@ class SortedEntries {
   template <typename Make>
   SortedEntries(std::size_t count, Make entry_at) : memory_(2 * count) {
     if (!memory_) return;
-    const auto entries = memory_.entries().first(count), room = memory_.entries().last(count);
-    for (std::size_t i = 0; i < count; ++i) entries[i] = entry_at(i);
-    sorted_ = sort_keys(Sorted<Entry>{entries, room});
+    entries_ = memory_.entries().first(count);
+    room_ = memory_.entries().last(count);
+    for (std::size_t i = 0; i < count; ++i) entries_[i] = entry_at(i);
+    sort_keys(entries_, room_);
   }
 
   explicit operator bool() const { return static_cast<bool>(memory_); }
-  std::span<Entry> entries() const { return sorted_.entries; }
-  std::span<Entry> room() const { return sorted_.room; }
+  std::span<Entry> entries() const { return entries_; }
+  std::span<Entry> room() const { return room_; }
 
  private:
   WorkList<Entry> memory_;
-  Sorted<Entry> sorted_{};
+  std::span<Entry> entries_, room_;
 };
+
+// The entries of the list by value, with their indices; not-a-number last.
+template <typename Value>
+SortedEntries<Keyed> sort_by_value(std::span<const Value> list) {
+  return {list.size(), [list](std::size_t i) { return keyed(comparison_key(list[i]), i); }};
+}
 
 }  // namespace kez

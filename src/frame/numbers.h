@@ -42,36 +42,32 @@ inline std::int32_t successor(std::int32_t value) {
   return value < std::numeric_limits<std::int32_t>::max() ? value + 1 : value;
 }
 
-// The sum of term(0) .. term(count - 1) in partial sums of their own, which the compiler keeps in
-// one vector register; the grouping is fixed, so every build rounds alike.
-template <typename Term>
-float sum(std::size_t count, Term term) {
-  std::array<float, 8> partial{};
+// Joins term(0) .. term(count - 1) to the start in several lanes, which the compiler keeps in one
+// vector register, and then joins the lanes. The grouping is fixed, so every build rounds alike.
+template <typename Term, typename Join>
+float join_terms(std::size_t count, float start, Term term, Join join) {
+  std::array<float, 8> lanes;
+  lanes.fill(start);
   std::size_t i = 0;
-  for (; i + partial.size() <= count; i += partial.size()) {
-    for (std::size_t lane = 0; lane < partial.size(); ++lane) partial[lane] += term(i + lane);
+  for (; i + lanes.size() <= count; i += lanes.size()) {
+    for (std::size_t lane = 0; lane < lanes.size(); ++lane) join(lanes[lane], term(i + lane));
   }
-  float total = 0;
-  for (; i < count; ++i) total += term(i);
-  for (const float part : partial) total += part;
-  return total;
+  for (; i < count; ++i) join(start, term(i));
+  for (const float lane : lanes) join(start, lane);
+  return start;
 }
 
-// The largest of entry(0) .. entry(count - 1), to compare with: it does not tell +0 from -0. In
-// several lanes, like sum(). Not-a-number is never the largest; of no entries it is the most
-// negative finite value.
+template <typename Term>
+float sum(std::size_t count, Term term) {
+  return join_terms(count, 0, term, [](float& total, float x) { total += x; });
+}
+
+// To compare with: it does not tell +0 from -0. Not-a-number is never the largest; of no entries it
+// is the most negative finite value.
 template <typename Entry>
 float largest(std::size_t count, Entry entry) {
-  std::array<float, 8> tops;
-  tops.fill(std::numeric_limits<float>::lowest());
-  const auto raise = [](float& top, float x) { top = x > top ? x : top; };
-  std::size_t i = 0;
-  for (; i + tops.size() <= count; i += tops.size()) {
-    for (std::size_t lane = 0; lane < tops.size(); ++lane) raise(tops[lane], entry(i + lane));
-  }
-  for (; i < count; ++i) raise(tops[0], entry(i));
-  for (const float top : tops) raise(tops[0], top);
-  return tops[0];
+  return join_terms(count, std::numeric_limits<float>::lowest(), entry,
+                    [](float& top, float x) { top = x > top ? x : top; });
 }
 
 inline float largest(std::span<const float> list) {

@@ -6,33 +6,12 @@
 #include <limits>
 
 #include "four.h"
-#include "keys.h"
 #include "numbers.h"
-#include "selection_sort.h"
 #include "tolerance.h"
 
 namespace kez {
 
 namespace {
-
-// Whether every correct sort leaves the same table: all entries compare, and those that compare
-// equal are the same.
-bool order_is_unique(std::span<const float> x) {
-  bool nan = false, plus_zero = false, minus_zero = false;
-  for (const float v : x) {
-    nan |= std::isnan(v);
-    plus_zero |= v == 0 && !std::signbit(v);
-    minus_zero |= v == 0 && std::signbit(v);
-  }
-  return !nan && !(plus_zero && minus_zero);
-}
-
-template <typename T>
-void sort_in_any_way(std::span<T> x) {
-  const SortedEntries<Key> sorted(x.size(), [x](std::size_t i) { return key_of(x[i]); });
-  if (!sorted) return sort_without_memory(x);
-  for (std::size_t i = 0; i < x.size(); ++i) set_value(sorted.entries()[i], x[i]);
-}
 
 // Whether the stride at an entry may be asked at once: beyond the entry that a search finds there
 // must be none that raises an exception, as not-a-number does in comparisons, and large values in
@@ -82,15 +61,6 @@ Place find_place(std::span<const float> x, float v) {
   position = first_interval(
       x, [v](auto p) { return p < v; }, [v](auto q) { return v < q; });
   return {position != 0 ? Match::interval : Match::none, position};
-}
-
-void sort_ascending(std::span<float> x) {
-  if (order_is_unique(x)) return sort_in_any_way(x);
-  selection_sort(x);
-}
-
-void sort_ascending(std::span<std::int32_t> x) {
-  sort_in_any_way(x);
 }
 
 void reverse(std::span<RawWord> x) {

@@ -1,4 +1,4 @@
-// Search, order, reversal, selection and blocks in the caller's tables. Positions are 1-based, 0 is
+// Search, reversal, selection and blocks in the caller's tables. Positions are 1-based, 0 is
 // none.
 #pragma once
 
@@ -21,11 +21,6 @@ struct Place {
 
 // The first entry equal to v, else the first interval with v strictly inside.
 Place find_place(std::span<const float> x, float v);
-
-// Ascending. If entries compare equal without being the same, or do not compare at all, the order
-// is that of selection_sort.
-void sort_ascending(std::span<float> x);
-void sort_ascending(std::span<std::int32_t> x);
 
 // An entry of a list of reals or integers, which is only moved. Bytes may alias the caller's reals
 // as well as integers.

@@ -4,6 +4,7 @@
 #include <cstddef>
 
 #include "../frame/keys.h"
+#include "../frame/sorting.h"
 
 namespace kez {
 
@@ -71,10 +72,6 @@ void count_equals(const SortedEntries<Keyed>& a, const SortedEntries<Keyed>& b) 
   }
 }
 
-SortedEntries<Keyed> sort_entries(std::span<const std::int32_t> list) {
-  return {list.size(), [list](std::size_t i) { return keyed(key_of(list[i]), i); }};
-}
-
 }  // namespace
 
 std::int32_t join(std::span<const RawWord> a, std::span<const RawWord> b,
@@ -101,7 +98,7 @@ std::int32_t keep_repeated(std::span<std::int32_t> list) {
 Comparison compare(std::span<const std::int32_t> a, std::span<const std::int32_t> b,
                    std::int32_t common[], std::int32_t differing[]) {
   if (std::min(a.size(), b.size()) >= fewest_to_sort) {
-    const auto sorted_a = sort_entries(a), sorted_b = sort_entries(b);
+    const auto sorted_a = sort_by_value(a), sorted_b = sort_by_value(b);
     if (sorted_a && sorted_b) {
       count_equals(sorted_a, sorted_b);
       return write(

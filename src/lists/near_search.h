@@ -13,7 +13,7 @@
 #include <span>
 
 #include "../frame/keys.h"
-#include "../frame/tables.h"
+#include "../frame/sorting.h"
 
 namespace kez {
 
@@ -44,11 +44,6 @@ class PairSearch {
   std::span<const float> list_;
   Near near_;
 };
-
-// The entries of the list by value, with their indices; not-a-number last.
-inline SortedEntries<Keyed> sort_by_value(std::span<const float> list) {
-  return {list.size(), [list](std::size_t i) { return keyed(comparison_key(list[i]), i); }};
-}
 
 // Rounded differences keep their order, so the entries near another one are one run around it in
 // sorted order, whatever the tolerance. An infinite entry is not near itself, for the difference is
@@ -91,7 +86,7 @@ class SortedSearch {
       const float x = list[index_of(entry)];
       if (keep(x)) room[kept++] = key_of(x);
     }
-    for (std::size_t k = 0; k < kept; ++k) set_value(static_cast<Key>(room[k]), list[k]);
+    for (std::size_t k = 0; k < kept; ++k) list[k] = value_of<float>(static_cast<Key>(room[k]));
     return kept;
   }
 

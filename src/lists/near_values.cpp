@@ -48,71 +48,63 @@ void strike_out_near(std::span<float> list, float marker, const Search& search, 
   }
 }
 
-class NearPairs {
- public:
-  NearPairs(std::span<const float> a, std::span<const float> b, float tol, std::int32_t in_a[],
-            std::int32_t in_b[])
-      : a_(a), b_(b), tol_(tol), in_a_(in_a), in_b_(in_b) {}
+struct NearPairs {
+  std::span<const float> a, b;
+  float tol;
+  std::int32_t *in_a, *in_b;
+  std::size_t count = 0;
 
   void by_pairs() {
-    for (std::size_t i = 0; i < a_.size(); ++i) look_through(i);
+    for (std::size_t i = 0; i < a.size(); ++i) look_through(i);
   }
 
   // False if memory runs out.
   bool by_sorting() {
-    const auto a = sort_by_value(a_), b = sort_by_value(b_);
-    if (!a || !b) return false;
-    find_starts(a, b.entries());
-    for (std::size_t i = 0; i < a_.size(); ++i) {
-      write_run(i, b.entries().subspan(index_of(a.room()[i])));
+    const auto sorted_a = sort_by_value(a), sorted_b = sort_by_value(b);
+    if (!sorted_a || !sorted_b) return false;
+    find_starts(sorted_a, sorted_b.entries());
+    for (std::size_t i = 0; i < a.size(); ++i) {
+      write_run(i, sorted_b.entries().subspan(index_of(sorted_a.room()[i])));
     }
     return true;
   }
 
-  std::int32_t count() const { return static_cast<std::int32_t>(count_); }
-
- private:
   void add(std::size_t i, std::size_t j) {
-    in_a_[count_] = position_of(i);
-    in_b_[count_++] = position_of(j);
+    in_a[count] = position_of(i);
+    in_b[count++] = position_of(j);
   }
 
   void look_through(std::size_t i) {
-    for (std::size_t j = 0; j < b_.size(); ++j) {
-      if (near(a_[i], b_[j], tol_)) add(i, j);
+    for (std::size_t j = 0; j < b.size(); ++j) {
+      if (near(a[i], b[j], tol)) add(i, j);
     }
   }
 
   // Into the room of a: where in sorted b the run of what is near an entry starts. It never starts
   // before that of a smaller entry, so that one sweep finds all.
-  void find_starts(const SortedEntries<Keyed>& a, std::span<const Keyed> b) const {
+  void find_starts(const SortedEntries<Keyed>& sorted_a, std::span<const Keyed> sorted_b) const {
     std::size_t start = 0;
-    for (const Keyed entry : a.entries()) {
+    for (const Keyed entry : sorted_a.entries()) {
       const float x = value_of(entry);
-      const auto below = [&](float y) { return y < x && !near(x, y, tol_); };
-      while (start < b.size() && below(value_of(b[start]))) ++start;
-      a.room()[index_of(entry)] = start;
+      const auto below = [&](float y) { return y < x && !near(x, y, tol); };
+      while (start < sorted_b.size() && below(value_of(sorted_b[start]))) ++start;
+      sorted_a.room()[index_of(entry)] = start;
     }
   }
 
   // Puts a run in the order of the list. For a long run, looking through the list is faster.
   void write_run(std::size_t i, std::span<const Keyed> run) {
-    const std::size_t first = count_;
-    for (std::size_t k = 0; k < run.size() && near(a_[i], value_of(run[k]), tol_); ++k) {
+    const std::size_t first = count;
+    for (std::size_t k = 0; k < run.size() && near(a[i], value_of(run[k]), tol); ++k) {
       add(i, index_of(run[k]));
     }
-    if (count_ - first > b_.size() / 16) {
-      count_ = first;
+    if (count - first > b.size() / 16) {
+      count = first;
       look_through(i);
-    } else if (count_ - first > 1) {
-      sort_ascending(std::span(in_b_ + first, in_b_ + count_));
+    } else if (count - first > 1) {
+      sort_ascending(std::span(in_b + first, in_b + count));
     }
   }
-
-  std::span<const float> a_, b_;
-  float tol_;
-  std::int32_t *in_a_, *in_b_;
-  std::size_t count_ = 0;
 };
 
 }  // namespace
@@ -139,12 +131,12 @@ std::int32_t pair_near(std::span<const float> a, std::span<const float> b, float
   std::fill_n(in_a, cleared, 0);
   std::fill_n(in_b, cleared, 0);
   if (!(tol >= 0)) return 0;
-  NearPairs pairs(a, b, tol, in_a, in_b);
+  NearPairs pairs{a, b, tol, in_a, in_b};
   // With an infinite tolerance there are no runs: infinity is near the finite values, but not near
   // itself.
   const bool sorts = std::min(a.size(), b.size()) >= sorted_to_pair && !std::isinf(tol);
   if (!sorts || !pairs.by_sorting()) pairs.by_pairs();
-  return pairs.count();
+  return static_cast<std::int32_t>(pairs.count);
 }
 
 NearDuplicates mark_near_duplicates(std::span<float> list, float tol,
@@ -161,7 +153,7 @@ NearDuplicates mark_near_duplicates(std::span<float> list, float tol,
         list[j] = marker;
         positions[count++] = position_of(j);
       });
-      sort_ascending(positions.subspan(first, count - first));
+      if (count - first > 1) sort_ascending(positions.subspan(first, count - first));
     }
   });
   return {static_cast<std::int32_t>(count), marker};

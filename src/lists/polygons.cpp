@@ -8,7 +8,7 @@
 
 #include "../frame/four.h"
 #include "../frame/lines.h"
-#include "../frame/tables.h"
+#include "../frame/sorting.h"
 #include "../frame/tolerance.h"
 #include "../frame/work_list.h"
 
