@@ -93,7 +93,6 @@ function prepared({ name, groups }) {
       ...group,
       name: argument,
       place: `${name}: ${argument}`,
-      width: group.extent?.length === 0 ? group.extent() : 1,
     })));
   const all = described.map((argument, index) => ({ ...argument, index }));
   return {
@@ -320,7 +319,8 @@ export async function instantiate(from) {
     new Call(routine, given).run(memory, host, exports));
   const straight = straightCalls(exports, checked, UNWRITTEN);
   const strided = stridedCalls(exports);
-  const batch = byName(known.filter(({ name }) => strided[name]), (routine) => (given) =>
-    callMany(routine, given, { memory, strided, unwritten: UNWRITTEN }));
+  const batched = known.filter(({ words, callback }) => words.length === 0 && !callback);
+  const batch = byName(batched, (routine) => (given) =>
+    callMany(routine, given, { memory, strided, exports, unwritten: UNWRITTEN }));
   return Object.freeze({ ...checked, ...straight, batch: Object.freeze(batch) });
 }

@@ -22,38 +22,55 @@ const one = (kind) => (kind === "integer" ? next(4) - 1
 
 const LISTS = { real: Float32Array, integer: Int32Array };
 
-/** A routine's inputs by name: of every third a number, of the others an entry an item. */
-function inputsOf(all, items) {
+/** The routine's arguments; where extents depend on counts, integers are small numbers in `counts`. */
+function argumentsOf({ groups }) {
+  const all = groups.flatMap(({ names, ...group }) => names.map((name) => ({ ...group, name })));
+  const hasLists = groups.some(({ extent }) => extent?.length > 0);
+  const scalars = all.filter(({ kind, extent }) => hasLists && kind === "integer" && !extent);
+  const counts = Object.fromEntries(scalars.map(({ name }) => [name, next(4) + 1]));
+  return { counts, all: all.map((argument) => ({ ...argument, array: Boolean(argument.extent),
+    width: argument.extent ? Math.max(argument.extent(counts), 0) : 1 })) };
+}
+
+/** A routine's inputs by name: of every third a number or one list, of the others an entry an item. */
+function inputsOf({ all, counts }, items) {
   const found = {};
   all.forEach(({ name, kind, direction, width, kept, array }, i) => {
     if (direction === "out") {
-      if (kept && !array && i % 2) found[name] = HELD[kind];
+      if (kept && i % 2) found[name] = array ? new LISTS[kind](width).fill(HELD[kind]) : HELD[kind];
       return;
     }
-    found[name] = width === 1 && i % 3 === 0 ? one(kind)
-      : LISTS[kind].from({ length: width * items }, () => one(kind));
+    found[name] = counts[name] ?? (!array && i % 3 === 0 ? one(kind) : LISTS[kind].from(
+      { length: width * (array && i % 3 === 0 ? 1 : items) }, () => one(kind)));
   });
   return found;
 }
 
 const entryOf = (value, { width, array }, i) => typeof value === "number" ? value
-  : array ? value.subarray(width * i, width * (i + 1)) : value[i];
+  : !array ? value[i]
+    : value.length === width ? value : value.subarray(width * i, width * (i + 1));
 
 // Numbers need not carry the bits of a not-a-number.
 const plain = (value) => (typeof value === "number" ? value : [...value]);
 
 test("the results of single calls, kept values too", () => {
-  for (const { name, groups } of routines.filter((r) => kez.batch[r.name])) {
-    const all = groups.flatMap(({ names, ...group }) => names.map((argument) =>
-      ({ ...group, name: argument, width: group.extent?.() ?? 1, array: Boolean(group.extent) })));
-    const given = inputsOf(all, N);
+  const batched = routines.filter((r) => kez.batch[r.name]);
+  assert.equal(batched.length, routines.filter(({ groups }) =>
+    !groups.some(({ kind }) => ["word", "callback"].includes(kind))).length);
+  for (const routine of batched) {
+    const { name } = routine;
+    const { all, counts } = argumentsOf(routine);
+    const given = inputsOf({ all, counts }, N);
     const found = kez.batch[name](given);
-    const outputs = all.filter(({ direction }) => direction !== "in");
+    const isShared = (a) => typeof given[a.name] === "number" || given[a.name]?.length === a.width;
+    const items = all.every((a) => given[a.name] === undefined || isShared(a)) ? 1 : N;
+    const outputs = all.filter((a) => a.direction === "out" || (a.direction === "in,out" &&
+      !(items > 1 && a.array && isShared(a))));
     assert.deepEqual(Object.keys(found), outputs.map((a) => a.name));
-    for (let i = 0; i < N; ++i) {
+    for (let i = 0; i < items; ++i) {
       const single = all.filter((a) => a.direction !== "out").map((a) =>
         entryOf(given[a.name], a, i));
-      const kept = all.filter((a) => a.kept && given[a.name] !== undefined && !a.array);
+      const kept = all.filter((a) => a.kept && given[a.name] !== undefined);
       const options = kept.map((a) => [a.name, given[a.name]]);
       const wanted = other[name](...single, ...(kept.length ? [Object.fromEntries(options)] : []));
       for (const a of outputs) {
@@ -75,7 +92,12 @@ test("forms of what is given", () => {
   assert.deepEqual(kezpds({ x1: [], y1: 4, z1: 0, x2: 0, y2: 0, z2: 0 }).d, new Float32Array());
   assert.equal(kezpds.name, "kezpds");
   for (const name of ["kezpds", "kezapl"]) assert.equal(kez[name].name, name);
-  assert(kezpre && keztrn && !kez.batch.kezapl);
+  assert(kezpre && keztrn && !kez.batch.kezinv && !kez.batch.kezpnl);
+  const outline = { n: 4, X: [0, 2, 2, 0], Y: [0, 0, 2, 2] };
+  const { status, ...others } = kez.batch.kezppp({ ...outline, px: [1, 3, 2], py: 1 });
+  assert.deepEqual([[...status], others], [[0, -1, 100], {}]);
+  const { X, area } = kez.batch.kezapl(outline); // one item: what it changes comes back
+  assert.deepEqual([[...X], [...area]], [[0, 2, 2, 0, 0], [4]]);
 });
 
 test("what is refused", () => {
@@ -87,6 +109,9 @@ test("what is refused", () => {
   refused({ z2: [1, "2"] }, "TypeError", "kezpds: z2[1] is of type string, no number");
   refused({ d: 1 }, "TypeError", "kezpds has no input d");
   refused({ y2: [1, 2, 3] }, "RangeError", "kezpds: y2 is for 3 items, x1 for 2");
+  assert.throws(() => kez.batch.kezord({ x: [1, 2], n: [2] }), { name: "TypeError",
+    message: "kezord: x: [n] wants one number for all items" });
+  assert.throws(() => kez.batch.kezord({ x: [1, 2, 3], n: 2 }), RangeError);
   assert.throws(() => kez.batch.kezpds(1, 2), /batch.kezpds takes an object/);
   assert.throws(() => kez.batch.keztrn({ p: [1, 2, 3, 4] }), /keztrn: /);
 });

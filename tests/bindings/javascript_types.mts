@@ -18,10 +18,14 @@ const either: Float32Array | Int32Array = kez.kezinv(1, [1]).x;
 const positions: Int32Array = kez.kezpnl(0, 0, 0, 1, 0, 0, [0], [0], (i: number) => i, 1, 1).idx;
 const many: { d: Float32Array } = kez.batch.kezpds(
   { x1: new Float32Array(2), y1: [1, 2], z1: 0, x2: 0, y2: 0, z2: 0 });
-void [many, said, cut, moved, reals, integers, either, positions];
+const inside: { status: Int32Array; X?: Float32Array } = kez.batch.kezppp(
+  { n: 3, X: [0, 1, 0], Y: new Float32Array(3), px: [0, 1], py: 0 });
+void [inside, many, said, cut, moved, reals, integers, either, positions];
 
 // @ts-expect-error: an input of many calls is missing
 kez.batch.kezpds({ x1: 0, y1: 0, z1: 0, x2: 0, y2: 0 });
+// @ts-expect-error: a count of many calls is one number
+kez.batch.kezord({ x: [1, 2], n: [1, 1] });
 // @ts-expect-error: no such input
 kez.batch.kezpds({ x1: 0, y1: 0, z1: 0, x2: 0, y2: 0, z2: 0, d: 0 });
 // @ts-expect-error: text is no number

@@ -7,7 +7,6 @@ from .. import shapes
 from ..defaults import optional_inputs
 from ..languages import (GLUE, Language, broken, documentation, known_as, shape,
                          where_arrays_are_checked, wrapped)
-from ..straight_javascript import is_strided
 from . import NOTICE, javascript
 
 LANGUAGE = Language(
@@ -46,14 +45,15 @@ export const library: string;
 /** The routines by family. Arrays have at least as many entries as their extents in brackets say:
  * fewer are refused. Positions are counted from 1; 0 means "none". */
 export interface KezLib {{
-  /** Routines whose arguments have fixed numbers of entries, for many items in one call. */
+  /** Routines for many items in one call. */
   readonly batch: Batch;
 """
 
 BATCH = """
 /** The routines by name, for many items: an input is a number for all of them, or an array with an
- * entry for each. The items are called in order. Arrays of several entries an item hold those of one
- * item behind those of another. What a call does not write is -2147483648 or a not-a-number. */
+ * entry for each; the counts of lists are numbers. The items are called in order. A list holds the
+ * entries of one item behind those of another, or those of one item for all: then it does not come
+ * back from many. What a call does not write is -2147483648 or a not-a-number. */
 export interface Batch {"""
 
 LISTS = {"real": "Float32Array", "integer": "Int32Array", "word": "Moved<List>"}
@@ -138,13 +138,24 @@ def group_comment(group):
 
 def in_batch(argument, routine):
     needed = argument.direction != "out" and argument.name not in optional_inputs(routine)
-    kind = "ArrayLike<number>" if int(argument.extent or 1) > 1 else "Many"
+    counts = {name for a in routine.arguments if a.extent for name in re.findall(r"\w+", a.extent)}
+    kind = ("ArrayLike<number>" if argument.extent else
+            "number" if argument.name in counts else "Many")
     return f"{argument.name}{'' if needed else '?'}: {kind}"
+
+
+def out_of_batch(argument):
+    shared = argument.extent and argument.direction == "in,out"
+    return f"{argument.name}{'?' if shared else ''}: {LISTS[argument.kind]}"
+
+
+def is_batched(routine):
+    return all(a.kind in ("real", "integer") for a in routine.arguments)
 
 
 def batch_signature(routine):
     given = [in_batch(a, routine) for a in routine.arguments if a.direction != "out" or a.is_kept()]
-    results = braces(f"{a.name}: {LISTS[a.kind]}" for a in routine.outputs())
+    results = braces(map(out_of_batch, routine.outputs()))
     line = f"{routine.name}(given: {braces(given)}): {results};"
     return textwrap.indent("\n".join(broken(line, 96, "  ")), "  ")
 
@@ -155,5 +166,5 @@ def write(interface):
         if group := groups.pop(routine.group, None):
             out += group_comment(group)
         out += [*comment(routine), textwrap.indent(signature(routine), "  "), ""]
-    batch = [batch_signature(r) for r in interface.routines if is_strided(r)]
+    batch = [batch_signature(r) for r in interface.routines if is_batched(r)]
     return "\n".join([*out[:-1], "}", BATCH, *batch, "}", ""])
