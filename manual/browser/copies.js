@@ -42,7 +42,7 @@ function roomOf(argument, routine, texts) {
 }
 
 export function asStatements(routine, texts, { templates, literals }) {
-  const template = templates[kindOfWords(routine, texts)];
+  const template = templates[kindOfWords(routine, texts)] ?? templates.real;
   const values = held(routine, texts, literals);
   return template.replace(/«(#?)(\w+)\.?»/g, (hole, size, name) => {
     if (!size) return values[name];

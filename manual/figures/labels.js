@@ -51,7 +51,7 @@ const distance = ([x, y], box) =>
 
 const middleOf = ({ left, right, top, bottom }) => [(left + right) / 2, (top + bottom) / 2];
 
-const isAt = ([x1, y1], [x2, y2]) => (x1 - x2) ** 2 + (y1 - y2) ** 2 < 1;
+const isAt = ([x1, y1], [x2, y2]) => Math.hypot(x1 - x2, y1 - y2) < 1;
 
 // A point's name that stands as near to another point is read as the name of that one.
 const misread = (box, anchor, points) =>

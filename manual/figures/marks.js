@@ -124,11 +124,22 @@ export function segment(from, to, label, { look, tone } = {}) {
   );
 }
 
+// A ring at its end, where no point is.
+function holdEnd(sheet, place, p, v) {
+  const [x, y] = sheet.to(p);
+  const isMarked = ({ left, right, top, bottom }) =>
+    x > left && x < right && y > top && y < bottom;
+  sheet.later(() => {
+    if (!sheet.dots.some(isMarked)) sheet.grip([x, y], gripOf(sheet, place, p, v));
+  });
+}
+
 export function vector(from, to, label, { tone, look } = {}) {
   return mark(
     [at(from), at(to)],
-    (sheet, [p, q], colour) => {
+    (sheet, [p, q], colour, v) => {
       sheet.arrow(p, q, colour, look ? `${colour} ${look}` : colour);
+      holdEnd(sheet, at(to), q, v);
       sheet.label(label, shares(p, q, [0.55, 0.4, 0.7, 1]), colour);
     },
     {

@@ -252,6 +252,20 @@ export function block(...slabs) {
       `block with the corners ${corners(v)
         .map((p) => spoken(p))
         .join(" ")}`,
-    paint: (sheet, v) => paintBlock(sheet, corners(v), "ink"),
+    paint(sheet, v) {
+      paintBlock(sheet, corners(v), "ink");
+      slabs.forEach((slab, k) =>
+        slab.forEach((text, side) =>
+          gripFace(sheet, text, corners(v).filter((_, i) => ((i >> k) & 1) === side), v)));
+    },
   };
+}
+
+// The middle of a face, by which its plane is moved.
+function gripFace(sheet, text, corners, v) {
+  const terms = text.split(" ");
+  const middle = times(corners.reduce((sum, corner) => add(sum, corner)), 1 / corners.length);
+  if (terms.some(v.isResult) || !exists(middle)) return;
+  sheet.later(() =>
+    sheet.grip(sheet.to(middle), offsetGrip(sheet, terms, terms.map(v.scalar), middle)));
 }

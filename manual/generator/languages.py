@@ -39,8 +39,13 @@ def template(writer, routine, form):
     return writer.call(routine, *holes(routine, form))
 
 
+def templates(writer, routine):
+    """By what lists of either kind hold; most routines have none, and one template."""
+    forms = {form: template(writer, routine, form) for form in ("real", "integer")}
+    return forms if forms["real"] != forms["integer"] else {"real": forms["real"]}
+
+
 def data(tab, routine):
     """What the page needs to write calls."""
     return {"key": tab.key, "literals": vars(tab.literals),
-            "templates": {form: template(tab.writer, routine, form)
-                          for form in ("real", "integer")}}
+            "templates": templates(tab.writer, routine)}

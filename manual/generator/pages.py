@@ -13,7 +13,8 @@ from .guides import Made
 from .markup import Prose, plain_text
 from .routine_page import Card, routine_values
 
-FILES = {"README.md": "index.html", "include/kezlib.h": "reading.html"}  # beside the documents
+FILES = {"README.md": "index.html", "include/kezlib.h": "reading.html",
+         "manual/templates/shapes.html": "shapes.html"}  # beside the documents
 FIRST = "index.html"
 BUILDER = "kezsec_"  # what the names of the routines that give outlines of sections begin with
 TELLING = 4  # small pictures of a family on the first page

@@ -111,6 +111,17 @@ test("a plane follows its handles: it is moved along its normal, and tilted by i
   }
 });
 
+test("each face of a box moves along its normal", () => {
+  const report = {};
+  pictureOf("kezptp2", { report });
+  const faces = report.handles.filter(({ names }) => /^D\d$/.test(names));
+  assert.deepEqual(faces.map(({ names }) => names[0]).sort(), ["D1", "D2", "D3", "D4", "D5", "D6"]);
+  faces.forEach(({ names }) => {
+    const { gap } = wayOf("kezptp2", report.handles.findIndex((one) => one.names === names), [0, -8]);
+    assert.ok(gap < 8, `${names} is ${gap} off`);
+  });
+});
+
 test("the grid's lines stand where their coordinates say", () => {
   let count = 0;
   for (const name of NAMES) {
