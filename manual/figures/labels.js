@@ -4,7 +4,7 @@ const DIRECTIONS = Array.from({ length: 16 }, (_, i) => (i * Math.PI) / 8);
 const GAPS = [9, 16, 28, 44];
 const MISREAD = { point: 150, vertex: 12 }; // what it costs
 const BEYOND = 20; // what it costs that a number stands on the other side of a stroke
-const FAR = 40; // where no number of a vertex stands
+const FAR = 70; // where no number of a vertex stands
 const LETTER = 0.56; // mean width of a letter, of the height
 
 export const textWidth = (text, size = 17) => [...text].length * size * LETTER + 2;
@@ -67,15 +67,18 @@ const misread = (box, anchor, points) =>
 
 const side = ([x1, y1], [x2, y2], [x, y]) => Math.sign((x2 - x1) * (y - y1) - (y2 - y1) * (x - x1));
 
-// The strokes about a vertex that a number may be hidden behind.
-const wallsAbout = (anchor, strokes) =>
-  strokes.filter(
-    ([p, q, weight]) =>
-      weight >= 1 && !isAt(p, anchor) && !isAt(q, anchor) &&
+// The strokes that a vertex's number may touch, and of these the ones that may hide it.
+const strokesNear = (anchors, strokes) =>
+  strokes.filter(([p, q]) =>
+    anchors.some((anchor) =>
       [0, 1].every(
         (i) => Math.min(p[i], q[i]) < anchor[i] + FAR && Math.max(p[i], q[i]) > anchor[i] - FAR,
       ),
+    ),
   );
+
+const wallsAt = (anchor, strokes) =>
+  strokes.filter(([p, q, weight]) => weight >= 1 && !isAt(p, anchor) && !isAt(q, anchor));
 
 const isBetween = ([p, q], anchor, centre) =>
   side(p, q, anchor) * side(p, q, centre) < 0 &&
@@ -131,11 +134,12 @@ export function placeLabels(labels, strokes, dots, ticks, frame) {
   const points = [...dots.map(middleOf), ...numbered.map(({ anchors }) => anchors[0])];
   return labels.map((label) => {
     const isNumber = label.tone === "vertex";
-    const walls = isNumber ? wallsAbout(label.anchors[0], strokes) : [];
+    const about = isNumber ? strokesNear(label.anchors, strokes) : strokes;
+    const walls = isNumber ? wallsAt(label.anchors[0], about) : [];
     const others = isNumber ? points.filter((p) => isWithin(FAR, p, label.anchors[0])) : points;
     let best = { total: Infinity };
     for (const { box, anchor, penalty } of candidates(label)) {
-      const found = cost(box, taken, strokes, frame, penalty, best.total);
+      const found = cost(box, taken, about, frame, penalty, best.total);
       if (found >= best.total) continue;
       const total = found + confusion(label.tone, anchor, box, others, walls);
       if (total < best.total) best = { total, box };
