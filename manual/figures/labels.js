@@ -2,14 +2,18 @@
 
 const DIRECTIONS = Array.from({ length: 16 }, (_, i) => (i * Math.PI) / 8);
 const GAPS = [9, 16, 28, 44];
-const MISREAD = 20; // what it costs
+const MISREAD = { point: 150, vertex: 12 }; // what it costs
+const BEYOND = 20; // what it costs that a number stands on the other side of a stroke
+const FAR = 70; // where no number of a vertex stands
 const LETTER = 0.56; // mean width of a letter, of the height
 
 export const textWidth = (text, size = 17) => [...text].length * size * LETTER + 2;
 
+// Around an anchor, with a corner towards it where it stands askew.
 function boxAround([x, y], width, height, direction, gap) {
-  const [c, s] = [Math.cos(direction), -Math.sin(direction)];
-  const reach = gap - 4;
+  const askew = (part) => Math.max(-1, Math.min(1, Math.SQRT2 * part));
+  const [c, s] = [askew(Math.cos(direction)), askew(-Math.sin(direction))];
+  const reach = (gap - 4) / Math.hypot(c, s);
   const left = x + c * (reach + width / 2) - width / 2;
   const top = y + s * (reach + height / 2) - height / 2;
   return { left, top, right: left + width, bottom: top + height };
@@ -51,7 +55,8 @@ const distance = ([x, y], box) =>
 
 const middleOf = ({ left, right, top, bottom }) => [(left + right) / 2, (top + bottom) / 2];
 
-const isAt = ([x1, y1], [x2, y2]) => Math.hypot(x1 - x2, y1 - y2) < 1;
+const isWithin = (reach, [x1, y1], [x2, y2]) => Math.hypot(x1 - x2, y1 - y2) < reach;
+const isAt = (p, q) => isWithin(1, p, q);
 
 // A point's name that stands as near to another point is read as the name of that one.
 const misread = (box, anchor, points) =>
@@ -59,6 +64,31 @@ const misread = (box, anchor, points) =>
   points.some(
     (point) => !isAt(point, anchor) && distance(point, box) < 1.5 * distance(anchor, box),
   );
+
+const side = ([x1, y1], [x2, y2], [x, y]) => Math.sign((x2 - x1) * (y - y1) - (y2 - y1) * (x - x1));
+
+// The strokes that a vertex's number may touch, and of these the ones that may hide it.
+const strokesNear = (anchors, strokes) =>
+  strokes.filter(([p, q]) =>
+    anchors.some((anchor) =>
+      [0, 1].every(
+        (i) => Math.min(p[i], q[i]) < anchor[i] + FAR && Math.max(p[i], q[i]) > anchor[i] - FAR,
+      ),
+    ),
+  );
+
+const wallsAt = (anchor, strokes) =>
+  strokes.filter(([p, q, weight]) => weight >= 1 && !isAt(p, anchor) && !isAt(q, anchor));
+
+const isBetween = ([p, q], anchor, centre) =>
+  side(p, q, anchor) * side(p, q, centre) < 0 &&
+  side(anchor, centre, p) * side(anchor, centre, q) < 0;
+
+// What words cost by where they would be looked for.
+function confusion(tone, anchor, box, points, walls) {
+  const hidden = walls.filter((wall) => isBetween(wall, anchor, middleOf(box))).length;
+  return BEYOND * hidden + (misread(box, anchor, points) ? (MISREAD[tone] ?? MISREAD.point) : 0);
+}
 
 // What it costs beyond `least`, or that it is no less than `most`: then it is not found out further.
 function cost(box, taken, strokes, frame, least, most) {
@@ -100,13 +130,18 @@ function kept(box, frame) {
 // The labels' boxes, in the order of the labels.
 export function placeLabels(labels, strokes, dots, ticks, frame) {
   const taken = [...dots, ...ticks];
-  const points = dots.map(middleOf);
+  const numbered = labels.filter(({ tone, anchors }) => tone === "vertex" && anchors.length === 1);
+  const points = [...dots.map(middleOf), ...numbered.map(({ anchors }) => anchors[0])];
   return labels.map((label) => {
+    const isNumber = label.tone === "vertex";
+    const about = isNumber ? strokesNear(label.anchors, strokes) : strokes;
+    const walls = isNumber ? wallsAt(label.anchors[0], about) : [];
+    const others = isNumber ? points.filter((p) => isWithin(FAR, p, label.anchors[0])) : points;
     let best = { total: Infinity };
     for (const { box, anchor, penalty } of candidates(label)) {
-      const found = cost(box, taken, strokes, frame, penalty, best.total);
+      const found = cost(box, taken, about, frame, penalty, best.total);
       if (found >= best.total) continue;
-      const total = found + (misread(box, anchor, points) ? MISREAD : 0);
+      const total = found + confusion(label.tone, anchor, box, others, walls);
       if (total < best.total) best = { total, box };
     }
     const box = kept(best.box, frame);

@@ -24,8 +24,9 @@ export const spoken = (p, flat) =>
     .map(number)
     .join(", ")})`;
 
-// A value as it is said in a picture: "d = 5".
+// A value as it is said in a picture: "d = 5", or its name alone where the words below tell it.
 export function equation(term, v) {
+  if (v.told?.has(term)) return nameOf(term);
   const value = v.scalar(term);
   return `${nameOf(term)} = ${number(value)}${degreesBeside(term, value)}`;
 }

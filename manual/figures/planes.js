@@ -1,6 +1,6 @@
 // Planes and blocks in space: patches with their normals, and what they have in common.
 
-import { equation, mark, spoken, toneOf } from "./marks.js";
+import { mark, spoken, toneOf } from "./marks.js";
 import {
   add,
   at,
@@ -14,6 +14,7 @@ import {
   times,
   unit,
 } from "./places.js";
+import { number } from "./svg.js";
 import { plainNames } from "./values.js";
 import { offsetGrip, tiltGrip } from "./grips.js";
 
@@ -89,7 +90,7 @@ export function patch(text, label, { meets = [], through: from, normal = true, c
     const covered = covers.map((place) => at(place).where(v)).filter(exists);
     return { p, u, reaches: extents(p, [u, w], REACH * whole.reach, covered) };
   };
-  const say = (v) => `plane ${name} = ${spoken(terms.map(v.scalar))} with ${equation(terms[3], v)}`;
+  const say = (v) => `plane ${name} = ${spoken(terms.map(v.scalar))} with ${terms[3]} = ${number(v.scalar(terms[3]))}`;
   return {
     normals: (v) => [unit(surface(text, v).normal)].filter(exists),
     terms: [
@@ -116,9 +117,14 @@ export function patch(text, label, { meets = [], through: from, normal = true, c
   };
 }
 
+const LEAST_NORMAL = 34; // on the page, that one that comes towards the eye is an arrow
+
 function paintNormal(sheet, p, text, v, colour) {
-  const tip = add(p, unit(surface(text, v).normal), 0.4 * sheet.whole.reach);
-  if (!exists(tip)) return null;
+  const way = unit(surface(text, v).normal);
+  if (!exists([...p, ...way])) return null;
+  const [[x1, y1], [x2, y2]] = [p, add(p, way)].map((place) => sheet.to(place));
+  const seen = Math.max(Math.hypot(x2 - x1, y2 - y1), 0.2 * sheet.view.sx);
+  const tip = add(p, way, Math.max(0.4 * sheet.whole.reach, LEAST_NORMAL / seen));
   sheet.arrow(p, tip, colour, `${colour} thin`);
   return tip;
 }

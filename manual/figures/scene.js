@@ -31,13 +31,15 @@ function whenOf(term, all) {
   return all.includes(`${term}'`) ? " before" : "";
 }
 
+const keyOf = ({ key = [] }, v) => (typeof key === "function" ? key(v) : key);
+
 export function stripOf(row, v) {
   const terms = words(row.tell);
   const all = terms.map((term) => told(term, whenOf(term, terms), v, row.meanings ?? {}));
   return [
     ...all.filter(({ tone }) => tone === "accent"),
     ...all.filter(({ tone }) => tone === "ink"),
-    ...(row.key ?? []).map((text) => ({ text, tone: "soft" })),
+    ...keyOf(row, v).map((text) => ({ text, tone: "soft" })),
   ];
 }
 
@@ -69,6 +71,7 @@ const held = ({ project, sx, sy, left, top, patches }) => ({ project, sx, sy, le
 
 function drawScene(row, kind, title, v, options) {
   const strip = stripOf(row, v);
+  v.told = new Set(words(row.tell));
   const lines = stripLines(strip, options);
   const frame = frameOf(lines, options, kind);
   const first = row.marks.flatMap((mark) => mark.span?.(v, options) ?? []);
@@ -79,7 +82,7 @@ function drawScene(row, kind, title, v, options) {
   if (!places.length) return nothing(title, NOTHING, options, strip);
   const margin = options.small ? 44 : (row.margin ?? kind.margin);
   const normals = row.marks.flatMap((mark) => mark.normals?.(v) ?? []);
-  const project = kind.project ?? kind.chooseView(first, normals);
+  const project = kind.project ?? kind.chooseView(places, first, normals, frame);
   const view = fit(kind.around?.(places) ?? places, project, frame, {
     margin,
     stretched: row.stretched,
@@ -93,7 +96,7 @@ function drawScene(row, kind, title, v, options) {
   const says = [...row.marks.map((mark) => mark.say?.(v)), ...strip.map(({ text }) => text)];
   return assemble({
     title,
-    says: says.filter(Boolean).map((text) => `${text}.`),
+    says: says.filter((text) => text && !v.told.has(text)).map((text) => `${text}.`),
     lines,
     options,
     content: sheet.content(),

@@ -62,12 +62,14 @@ export function vertices(v) {
 export function contours(v) {
   const [counts, kinds, signs] = ["nv", "kind", "sign"].map((name) => first(v, name));
   const all = vertices(v);
+  const filleted = kinds.includes(4);
   let start = 0;
   return counts.slice(0, Math.min(MOST, v.count("nc", MOST))).map((count, i) => {
     const places = all.slice(start, start + Math.max(0, count)).filter(exists);
     const first = start + 1;
     start += Math.max(0, count) || 0;
-    return { places, first, kind: kinds[i], hole: signs[i] < 0, order: i + 1 };
+    const isFillet = kinds[i] === 4 || (filleted && places.length === 3);
+    return { places, first, kind: kinds[i], hole: signs[i] < 0, isFillet };
   });
 }
 
@@ -86,18 +88,17 @@ function sizeOnPage(sheet, places) {
   );
 }
 
-// The numbers of a contour's vertices in the lists; and which it is in the order of contours.
-function numberVertices(sheet, { places, first, order }, several) {
-  const called = several ? `contour ${order}` : "";
+// The numbers of a contour's vertices in the lists; of a small one the first and the last.
+function numberVertices(sheet, contour) {
+  const { places, first } = contour;
   if (sizeOnPage(sheet, places) < LEAST_NUMBERED) {
-    sheet.label(called, places, "vertex");
+    sheet.label(numbersOf(contour), places, "vertex");
     return;
   }
-  places.forEach((p, i) => {
-    const number = String(first + i);
-    sheet.label(i === 0 && several ? `${called}: ${number}` : number, [p], "vertex");
-  });
+  places.forEach((p, i) => sheet.label(String(first + i), [p], "vertex"));
 }
+
+const numbersOf = ({ places, first }) => `${first}\u2013${first + places.length - 1}`;
 
 // Where a contour begins, and which way it goes.
 function paintWayAround(sheet, { places }) {
@@ -107,11 +108,11 @@ function paintWayAround(sheet, { places }) {
   sheet.head(share(0.3), share(0.62), "accent");
 }
 
-function paintContour(sheet, { places, kind, hole }, isFillet) {
+function paintContour(sheet, { places, kind, hole, isFillet }) {
   if (kind === 4 && places.length === 3) {
     const arc = segmentArc(places);
     sheet.wash(arc, "paper-fill");
-    sheet.stroke(arc, "accent thin");
+    sheet.stroke(arc, "accent thin", { weight: 0.5 });
     return;
   }
   sheet.wash(places, hole ? "paper-fill" : "accent-wash");
@@ -128,17 +129,28 @@ export const OUTLINE = {
       .join(" ")}`,
   paint(sheet, v) {
     const all = contours(v);
-    const filleted = all.some(({ kind }) => kind === 4);
-    all.forEach((contour) => paintContour(sheet, contour, filleted && contour.places.length === 3));
+    for (const contour of all) paintContour(sheet, contour);
     if (sheet.small) return;
-    const isOutline = ({ places, kind }) => kind !== 4 && !(filleted && places.length === 3);
-    const outlines = all.filter((contour) => contour.places.length && isOutline(contour));
+    const outlines = all.filter((contour) => contour.places.length && !contour.isFillet);
     for (const contour of outlines) paintWayAround(sheet, contour);
     sheet.later(() => {
-      for (const contour of outlines) numberVertices(sheet, contour, outlines.length > 1);
+      for (const contour of outlines) numberVertices(sheet, contour);
     });
   },
 };
+
+// The order of several contours: which vertices each has, those of the fillets in one.
+export function contourKey(v) {
+  const all = contours(v).filter(({ places }) => places.length);
+  const fillets = all.filter((contour) => contour.isFillet);
+  const items = all.flatMap((contour) => {
+    if (!contour.isFillet) return [numbersOf(contour)];
+    if (contour !== fillets[0]) return [];
+    const { first, places } = fillets.at(-1);
+    return [`${contour.first}\u2013${first + places.length - 1} (fillets)`];
+  });
+  return items.length > 1 ? items.map((text, i) => (i ? text : `contours: ${text}`)) : [];
+}
 
 const placeOf = (where, v) =>
   typeof where === "function" ? where(v) : (vertices(v)[where - 1] ?? [NaN, NaN, NaN]);
@@ -176,7 +188,8 @@ function paintDimension(sheet, v, term, { p, q, along }, where) {
   const tips = arrows(sheet, ends, size < 34, along, tone);
   const middle = [(ends[0][0] + ends[1][0]) / 2, (ends[0][1] + ends[1][1]) / 2];
   const words = v.isResult(term) ? equation(term, v) : term;
-  sheet.labelAt(words, size < 34 ? [...tips, middle] : [middle], tone);
+  const part = (t) => ends[0].map((from, i) => from + t * (ends[1][i] - from));
+  sheet.labelAt(words, size < 34 ? [...tips, middle] : [middle, part(0.3), part(0.7)], tone);
   sheet.grip(ends[1], heldLength(sheet, term, ends, v));
 }
 

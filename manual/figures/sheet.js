@@ -101,6 +101,7 @@ export class Sheet {
       to[1] - size * Math.sin(way + turn),
     ];
     if (!(size > 1)) return;
+    if (near(to)) this.strokes.push([to, [0, 1].map((i) => to[i] + (from[i] - to[i]) / 2), 4]);
     this.put(
       "dots",
       element("path", {
@@ -191,7 +192,7 @@ export class Sheet {
       tone,
       anchors: inside,
       gaps: tone === "vertex" ? 2 : undefined, // there are many, which stay near
-      width: textWidth(text, SIZES[tone]) + 2 * BESIDE,
+      width: textWidth(text, SIZES[tone]) * (tone === "accent" ? BOLD : 1) + 2 * BESIDE,
       height: (SIZES[tone] ?? HEIGHT_OF_TEXT) + 2,
     });
   }

@@ -9,14 +9,22 @@ import { axisName, baseOf, level, tickText } from "./svg.js";
 
 // Where one looks from, the first as long as it shows the points apart.
 const AZIMUTHS = [0.62, 0.95, 0.35, 1.25, 0.15];
-const ELEVATION = 0.4;
+// How steeply one looks down, the first that fills most of the height.
+const ELEVATIONS = [0.4, 0.6, 0.8];
+const FILLED = 0.75;
 
-const [CE, SE] = [Math.cos(ELEVATION), Math.sin(ELEVATION)];
-
-const projection = (azimuth) => {
+const projection = (azimuth, elevation = ELEVATIONS[0]) => {
   const [c, s] = [Math.cos(azimuth), Math.sin(azimuth)];
-  return ([x, y, z]) => [y * c - x * s, z * CE - (x * c + y * s) * SE];
+  const [ce, se] = [Math.cos(elevation), Math.sin(elevation)];
+  return ([x, y, z]) => [y * c - x * s, z * ce - (x * c + y * s) * se];
 };
+
+// Height of what is seen, as a part of its width.
+function aspect(places, project) {
+  const [width, height] = extremes(places.map((p) => [...project(p), 0]))
+    .reduce((low, high) => minus(high, low));
+  return height / width;
+}
 
 // How far apart the nearest two of the points look, as a part of how far apart they are.
 function clearness(places, project) {
@@ -32,11 +40,13 @@ function clearness(places, project) {
 }
 
 // How far a plane is turned towards the eye.
-const openness = ([x, y, z], azimuth) =>
-  Math.abs(x * CE * Math.cos(azimuth) + y * CE * Math.sin(azimuth) + z * SE);
+function openness([x, y, z], azimuth) {
+  const [ce, se] = [Math.cos(ELEVATIONS[0]), Math.sin(ELEVATIONS[0])];
+  return Math.abs(x * ce * Math.cos(azimuth) + y * ce * Math.sin(azimuth) + z * se);
+}
 
-function chooseView(places, normals) {
-  const some = places.slice(0, 16);
+function chooseView(places, points, normals, frame) {
+  const some = points.slice(0, 16);
   const clear = AZIMUTHS.map((azimuth) =>
     Math.min(
       clearness(some, projection(azimuth)),
@@ -44,7 +54,9 @@ function chooseView(places, normals) {
     ),
   );
   const best = clear[0] > 0.45 ? 0 : clear.indexOf(Math.max(...clear));
-  return projection(AZIMUTHS[best]);
+  const views = ELEVATIONS.map((elevation) => projection(AZIMUTHS[best], elevation));
+  const wanted = (FILLED * (frame.bottom - frame.top)) / (frame.right - frame.left);
+  return views.find((view) => aspect(around(places), view) >= wanted) ?? views.at(-1);
 }
 
 const boxOf = (low, high) =>

@@ -5,12 +5,12 @@ import { curve, inset } from "./chart.js";
 import { cells, lists } from "./lists.js";
 import { PANEL, panelDims, STIFFENER, stiffenerDims, STRESSED } from "./panel.js";
 import { entries, gap, range, ruler } from "./ruler.js";
-import { contours, dim, mid, OUTLINE, section, share, vertices } from "./section.js";
+import { contourKey, contours, dim, mid, OUTLINE, section, share, vertices } from "./section.js";
 
 const PASSED = "kind v1 v2 v3 v4 v5 v6 v7 value";
 
 const builder = (dimensions, { also = "" } = {}) =>
-  section([OUTLINE, ...dimensions], { tell: "nc", silent: `${PASSED}${also}` });
+  section([OUTLINE, ...dimensions], { tell: "nc", silent: `${PASSED}${also}`, key: contourKey });
 
 const top = { side: "top" };
 const bottom = { side: "bottom" };
@@ -90,7 +90,7 @@ const upTo = (term, times) => (v) => [0, times * v.scalar(term)];
 const DESIGN = {
   kezro2: curve("kezro2", "b", "rho", upTo("b", 1.7),
     { marks: [inset([STRESSED], { left: 0.12, top: 0.52 })], tell: "rho t e1 e2 psi k" }),
-  kezef2: section([PANEL, ...panelDims], { tell: "t e1 e2" }),
+  kezef2: section([PANEL, ...panelDims], { tell: "be1 be2 t e1 e2" }),
   kezefr: curve("kezefr", "b", "beff", upTo("d", 0.6), { tell: "beff d t e1 e2" }),
   kezchi: section([STIFFENER, ...stiffenerDims], { tell: "chi tred t fy E nu n" }),
   kezshc_c: section([CHANNEL, CENTRES, dim("B", corner(3), corner(2), top),

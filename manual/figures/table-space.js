@@ -123,7 +123,7 @@ const PLANES_BY = {
   kezpl7: space([facet(P1, P2, P3, { tone: "ink" }), beyond(P1, P2, "", { look: "thin" }), ...ENDS,
     point(P3), swing(P3, P1, P2, "angle"), facet(P1, P2, SWUNG, { tone: "accent" }),
     patch(PLANE, undefined, { through: P1, covers: [P1, P2, SWUNG] })],
-  { tell: "A B C D status", meanings: PLANE_THROUGH }),
+  { tell: "A B C D status angle", meanings: PLANE_THROUGH }),
 };
 
 const MEASURES = {
@@ -192,7 +192,7 @@ const placed = [polygon("x y z", "n"), polygon(moved("x y z"), "n")];
 const turning = (after, axis) => space([axisLine(axis.map(Math.abs)),
   polygon("x y z", "n"), polygon(after, "n"),
   turns("x y z", "n", "angle", "mode", { axis })],
-  { tell: "mode", meanings: TURN("backwards", "forwards"), silent: "n" });
+  { tell: "angle mode", meanings: TURN("backwards", "forwards"), silent: "n" });
 
 const PLACEMENT = {
   kezaxe: space([point(O), point("xa ya za"), point("xb yb zb"), segment(O, "xa ya za", "",

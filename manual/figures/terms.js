@@ -27,4 +27,4 @@ export const PLANE_THROUGH = unless("a plane", {
 export const PLANE_OF_LINES = unless("a plane", relations, { 6: "skew", 7: "no direction" });
 export const MEETING = unless("one point", relations, { 6: "skew", 7: "no direction" });
 export const SYSTEM_FOUND = unless("a system", { "-2": "on one line" });
-export const ALWAYS = { status: { 0: "always" } };
+export const ALWAYS = { status: { 0: "always 0" } };
