@@ -224,17 +224,20 @@ def buckling_and_moment(sheet, m):
     limit = sheet.fy / o.gamma_m0
     lost = {side: lost_in(sheet, m.state, side) for side in ("top", "bottom")}
     A1, A2 = f.b1 * f.t1 - lost["top"], f.b2 * f.t2 - lost["bottom"]
-    Wpl = (sheet.values.Wpl_y if not any(lost.values()) else
-           plastic_of_three(A1, f.t1, sheet.strength.Aw, f.hw, A2, f.t2))
-    Mpl = Wpl * limit
+    Mpl, Aw = sheet.values.Wpl_y * limit, sheet.strength.Aw
+    if any(lost.values()):  # the share is that of a section without fillets and rounded corners
+        whole = plastic_of_three(f.b1 * f.t1, f.t1, Aw, f.hw, f.b2 * f.t2, f.t2)
+        Mpl *= plastic_of_three(A1, f.t1, Aw, f.hw, A2, f.t2) / whole
     Mf = min(A1, A2) * (f.h - (f.t1 + f.t2) / 2) * limit
-    n = abs(a.N) / (sheet.values.A * limit)
+    A = sheet.values.A - (sum(lost.values()) if a.N > 0 else 0.0)
+    n = abs(a.N) / (A * limit)
     if n >= 1:
         return  # which fails by itself
     if a.N:
         Mf *= max(1 - abs(a.N) / ((A1 + A2) * limit), 0.0)
-        share = en1.flange_free_share(sheet.values.A, f.b1 * f.t1 + f.b2 * f.t2)
-        Mpl = en1.reduced_moment(Mpl, n, share) if f.equal else (1 - n) * Mpl
+        equal = f.equal and not any(lost.values())
+        Mpl = (en1.reduced_moment(Mpl, n, en1.flange_free_share(A, A1 + A2)) if equal
+               else (1 - n) * Mpl)
     flanges, eta1 = min(Mf / Mpl, 1.0), abs(a.My) / Mpl
     if a.N > 0 and web_pressed(sheet):
         flanges = 0.0

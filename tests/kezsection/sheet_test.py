@@ -212,6 +212,15 @@ class Traps(Case):
         s = sheet("rhs 360 360 3.3 275 155 75.9 Mz=7.47 Vz=200")
         self.assertGreater(used(s, "MVb"), 0)
 
+    def test_lost_flanges_with_shear_buckling(self):
+        """Of the flange 30.4872 mm2 are lost: A 93.3828, Wpl 1254.177, n 0.150120, Mf 120709,
+        eta1 1.082256, eta3 0.624292. Fillets stay where a flange loses little."""
+        s = sheet("rhs 83.66 41.21 .5 355 4.9766 .40952 Vz=6.1031 a=29")
+        self.near(used(s, "MVb"), 1.124337)
+        one, two = (sheet(f"rolled 400 {b} 6 5 15 460 0 240 Vz=300") for b in (153, 155))
+        self.assertEqual([s.moments["My+"].number for s in (one, two)], [3, 4])
+        self.assertGreater(used(one, "MVb"), used(two, "MVb"))
+
     def test_more_than_the_section(self):
         """N beyond Npl fails with a finite figure."""
         s = sheet("HE 200 B 235 3000 10 Mz=5")
