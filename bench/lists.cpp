@@ -114,6 +114,25 @@ void orders() {
   each_size("radix_order", {1'000, 10'000, 100'000, 1'000'000}, packed_by(true));
 }
 
+// In any order, which a hash set leaves open.
+struct Unordered {
+  std::span<std::int32_t> values;
+};
+
+double digest(const Unordered& distinct) {
+  std::vector<std::int32_t> sorted(distinct.values.begin(), distinct.values.end());
+  std::ranges::sort(sorted);
+  return bench::digest(std::span(sorted));
+}
+
+Unordered hash_distinct(std::span<std::int32_t> list) {
+  absl::flat_hash_set<std::int32_t> seen(list.size());
+  auto end = list.begin();
+  for (const std::int32_t value : list)
+    if (seen.insert(value).second) *end++ = value;
+  return {{list.begin(), end}};
+}
+
 void distinct_values() {
   in_place<std::int32_t>("kezmer2", sizes, one_a_value, [](std::span<std::int32_t> list) {
     std::int32_t n = count_of(list);
@@ -124,6 +143,8 @@ void distinct_values() {
     sort::spreadsort(list.begin(), list.end());
     return list.first(std::unique(list.begin(), list.end()) - list.begin());
   });
+  in_place<std::int32_t>("hash_distinct", {1'000, 10'000, 100'000, 1'000'000}, one_a_value,
+                         hash_distinct);
   in_place<float>("kezmer12", sizes, one_a_value, [](std::span<float> list) {
     std::int32_t n = count_of(list);
     kezmer12(&n, list.data(), &tolerance);

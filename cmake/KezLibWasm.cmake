@@ -18,7 +18,7 @@ set_target_properties(kezlib_wasm PROPERTIES
   SUFFIX .wasm
   RUNTIME_OUTPUT_DIRECTORY ${package}
   LINK_DEPENDS ${PROJECT_BINARY_DIR}/exports.txt)
-# Routines that sort take 110 KiB of the stack, and callbacks may nest calls. A stack that is first
+# Routines that sort take 20 KiB of the stack, and callbacks may nest calls. A stack that is first
 # ends in a trap, and not in the data.
 target_link_options(kezlib_wasm PRIVATE
   --no-entry -Wl,--stack-first

@@ -61,7 +61,7 @@
  *   x87 control word at its default: results of the C library pass through the x87.
  * - No null pointer, not even for an array without entries. On x86 an argument may have any
  *   address; elsewhere its address must be a multiple of 4.
- * - 16 KiB of free stack for routines that sort lists; others need less than 2 KiB. Lists of up to
+ * - 20 KiB of free stack for routines that sort lists; others need less than 2 KiB. Lists of up to
  *   500 entries never take memory from the heap. For longer lists some routines take it while they
  *   run.
  * - A callback that returns normally. It must not leave by longjmp or an exception.

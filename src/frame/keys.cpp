@@ -58,14 +58,6 @@ void count_before_each(std::span<const Keyed> entries, std::int32_t ranks[]) {
   }
 }
 
-template <typename Entry>
-void sort_few(std::span<Entry> entries, std::span<Entry> room) {
-  std::array<std::int32_t, few<Entry>> ranks;
-  count_before_each(std::span<const Entry>(entries), ranks.data());
-  for (std::size_t i = 0; i < entries.size(); ++i)
-    room[static_cast<std::size_t>(ranks[i])] = entries[i];
-}
-
 // By digits, from the lowest on: of 8 bits if Count has room for the counts of four of them, side
 // by side, so that one sum turns all of them into places; else of 11 bits, for long lists.
 template <int... digit, typename Count, typename Entry>
@@ -105,7 +97,10 @@ void sort_by_digits(std::integer_sequence<int, digit...>, std::span<Entry>& entr
 template <typename Entry>
 void sort_keys(std::span<Entry>& entries, std::span<Entry>& room) {
   if (entries.size() <= few<Entry>) {
-    sort_few<Entry>(entries, room);
+    std::array<std::int32_t, few<Entry>> ranks;
+    count_before_each(std::span<const Entry>(entries), ranks.data());
+    for (std::size_t i = 0; i < entries.size(); ++i)
+      room[static_cast<std::size_t>(ranks[i])] = entries[i];
     std::swap(entries, room);
   } else if (entries.size() <= 1000) {
     std::array<std::uint64_t, 1 << 8> counts;

@@ -81,18 +81,14 @@ struct Exchanges {
   }
 };
 
-void selection_sort(std::span<float> x) {
-  if (x.size() < fewest_to_sort) return exchange_by_passes(x);
-  const auto sorted = sort_by_value(std::span<const float>(x));
-  if (!sorted) return exchange_by_passes(x);
-  Exchanges{x, sorted.entries(), sorted.room()}.make();
-}
-
 }  // namespace
 
 void sort_ascending(std::span<float> x) {
   if (order_is_unique(x)) return sort_in_any_way(x);
-  selection_sort(x);
+  if (x.size() < fewest_to_sort) return exchange_by_passes(x);
+  const auto sorted = sort_by_value(std::span<const float>(x));
+  if (!sorted) return exchange_by_passes(x);
+  Exchanges{x, sorted.entries(), sorted.room()}.make();
 }
 
 void sort_ascending(std::span<std::int32_t> x) {

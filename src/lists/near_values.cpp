@@ -62,7 +62,15 @@ struct NearPairs {
   bool by_sorting() {
     const auto sorted_a = sort_by_value(a), sorted_b = sort_by_value(b);
     if (!sorted_a || !sorted_b) return false;
-    find_starts(sorted_a, sorted_b.entries());
+    // Into the room of a: where in sorted b the run of what is near an entry starts. It never
+    // starts before that of a smaller entry, so that one sweep finds all.
+    std::size_t start = 0;
+    for (const Keyed entry : sorted_a.entries()) {
+      const float x = value_of(entry);
+      const auto below = [&](float y) { return y < x && !near(x, y, tol); };
+      while (start < b.size() && below(value_of(sorted_b.entries()[start]))) ++start;
+      sorted_a.room()[index_of(entry)] = start;
+    }
     for (std::size_t i = 0; i < a.size(); ++i) {
       write_run(i, sorted_b.entries().subspan(index_of(sorted_a.room()[i])));
     }
@@ -80,18 +88,6 @@ struct NearPairs {
     }
   }
 
-  // Into the room of a: where in sorted b the run of what is near an entry starts. It never starts
-  // before that of a smaller entry, so that one sweep finds all.
-  void find_starts(const SortedEntries<Keyed>& sorted_a, std::span<const Keyed> sorted_b) const {
-    std::size_t start = 0;
-    for (const Keyed entry : sorted_a.entries()) {
-      const float x = value_of(entry);
-      const auto below = [&](float y) { return y < x && !near(x, y, tol); };
-      while (start < sorted_b.size() && below(value_of(sorted_b[start]))) ++start;
-      sorted_a.room()[index_of(entry)] = start;
-    }
-  }
-
   // Puts a run in the order of the list. For a long run, looking through the list is faster.
   void write_run(std::size_t i, std::span<const Keyed> run) {
     const std::size_t first = count;
@@ -102,7 +98,7 @@ struct NearPairs {
       count = first;
       look_through(i);
     } else if (count - first > 1) {
-      sort_ascending(std::span(in_b + first, in_b + count));
+      sort_without_memory(std::span(in_b + first, in_b + count));
     }
   }
 };
@@ -153,7 +149,7 @@ NearDuplicates mark_near_duplicates(std::span<float> list, float tol,
         list[j] = marker;
         positions[count++] = position_of(j);
       });
-      if (count - first > 1) sort_ascending(positions.subspan(first, count - first));
+      if (count - first > 1) sort_without_memory(positions.subspan(first, count - first));
     }
   });
   return {static_cast<std::int32_t>(count), marker};
