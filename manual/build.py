@@ -68,9 +68,8 @@ def write_index(site, out):
 
 def bundle(library, scripts, *options):
     """The library's module becomes part of what uses it."""
-    subprocess.run(["esbuild", "--bundle", "--log-level=warning", "--loader:.wasm=binary",
-                    f"--alias:kezlib={library}", *options, *(str(HERE / s) for s in scripts)],
-                   check=True)
+    subprocess.run(["esbuild", "--bundle", "--log-level=warning", f"--alias:kezlib={library}",
+                    *options, *(str(HERE / s) for s in scripts)], check=True)
 
 
 def drawn_pages(command, interface, calls, tabs):

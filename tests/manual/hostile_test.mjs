@@ -20,8 +20,7 @@ const INTEGERS = ["0", "1", "-1", "2", "2147483647", "-2147483648"];
 const bundled = `${mkdtempSync(`${tmpdir()}/manual-`)}/calling.mjs`;
 const script = fileURLToPath(new URL("calling.mjs", import.meta.url));
 execFileSync("esbuild", [script, "--bundle", "--platform=node", "--format=esm",
-  "--log-level=warning", "--loader:.wasm=binary", `--alias:kezlib=${process.env.LIBRARY}`,
-  `--outfile=${bundled}`]);
+  "--log-level=warning", `--alias:kezlib=${process.env.LIBRARY}`, `--outfile=${bundled}`]);
 
 const pageShows = (questions) =>
   JSON.parse(
