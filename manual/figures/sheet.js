@@ -279,13 +279,26 @@ export class Sheet {
   }
 }
 
+const widthOf = ({ text, tone }) => textWidth(text) * (tone === "accent" ? BOLD : 1);
+
+// What is longer than the picture is wide, in parts of whole words.
+function inParts(said, most) {
+  const parts = [];
+  for (const word of said.text.split(" ")) {
+    const longer = { ...said, text: parts.length ? `${parts.at(-1).text} ${word}` : word };
+    if (parts.length && widthOf(longer) <= most) parts[parts.length - 1] = longer;
+    else parts.push({ ...said, text: word });
+  }
+  return widthOf(said) > most ? parts : [said];
+}
+
 // The words below the picture, in lines of its width.
 export function stripLines(words, options) {
   const most = sizeOf(options).width - 8;
   const lines = [];
   let used = Infinity;
-  for (const word of words) {
-    const width = textWidth(word.text) * (word.tone === "accent" ? BOLD : 1) + 18;
+  for (const word of words.flatMap((said) => inParts(said, most - 12))) {
+    const width = widthOf(word) + 18;
     if (used + width > most) {
       lines.push([]);
       used = 10;
@@ -336,11 +349,15 @@ export function assemble({ title, says, content, lines = [], options, root = {} 
 // In place of a picture: why there is none, above what is told in any case.
 export function nothing(title, why, options, strip = []) {
   const { width, height } = sizeOf(options);
-  const content = element(
-    "text",
-    { class: "soft", x: width / 2, y: height / 2, "text-anchor": "middle" },
-    escape(why),
-  );
+  const content = inParts({ text: why }, width - 20)
+    .map(({ text }, i) =>
+      element(
+        "text",
+        { class: "soft", x: width / 2, y: height / 2 + LINE * i, "text-anchor": "middle" },
+        escape(text),
+      ),
+    )
+    .join("");
   const says = [why, ...strip.map(({ text }) => `${text}.`)];
   return assemble({ title, says, content, lines: stripLines(strip, options), options });
 }

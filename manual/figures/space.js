@@ -45,6 +45,9 @@ function openness([x, y, z], azimuth) {
   return Math.abs(x * ce * Math.cos(azimuth) + y * ce * Math.sin(azimuth) + z * se);
 }
 
+// Whether an arrow along a normal does not come straight towards the eye.
+const isSeen = (normal, view) => Math.hypot(...view(normal)) > 0.35;
+
 function chooseView(places, points, normals, frame) {
   const some = points.slice(0, 16);
   const clear = AZIMUTHS.map((azimuth) =>
@@ -56,7 +59,8 @@ function chooseView(places, points, normals, frame) {
   const best = clear[0] > 0.45 ? 0 : clear.indexOf(Math.max(...clear));
   const views = ELEVATIONS.map((elevation) => projection(AZIMUTHS[best], elevation));
   const wanted = (FILLED * (frame.bottom - frame.top)) / (frame.right - frame.left);
-  return views.find((view) => aspect(around(places), view) >= wanted) ?? views.at(-1);
+  const shown = views.filter((view, i) => i === 0 || normals.every((way) => isSeen(way, view)));
+  return shown.find((view) => aspect(around(places), view) >= wanted) ?? shown.at(-1);
 }
 
 const boxOf = (low, high) =>

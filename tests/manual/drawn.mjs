@@ -3,6 +3,7 @@
 import { execFileSync } from "node:child_process";
 import { fileURLToPath } from "node:url";
 import { draw } from "../../manual/figures/draw.js";
+import { textWidth } from "../../manual/figures/labels.js";
 
 // Seeded, as the library's own: the same numbers on every machine.
 export function generator(seed) {
@@ -46,6 +47,19 @@ export const pictureOf = (name, options) => {
 };
 
 export const attribute = (text, name) => new RegExp(`(?:^|\\s)${name}="([^"]*)"`).exec(text)?.[1];
+
+const HEIGHTS = { vertex: 13, tick: 15, axis: 15 };
+
+// The words of a picture with their boxes: as high as capitals, bold ones a little wider.
+export const wordsOf = (svg) =>
+  [...svg.matchAll(/<text ([^>]*)>([^<]*)</g)].map(([, given, text]) => {
+    const look = attribute(given, "class");
+    const size = Number(/font-size: ([\d.]+)/.exec(given)?.[1] ?? HEIGHTS[look] ?? 17);
+    const width = textWidth(text.replace(/&\w+;/g, "x"), size) * (look === "accent" ? 1.08 : 1);
+    const [x, bottom] = ["x", "y"].map((name) => Number(attribute(given, name)));
+    const left = x - width * ({ middle: 0.5, end: 1 }[attribute(given, "text-anchor")] ?? 0);
+    return { text, left, right: left + width, top: bottom - 0.8 * size, bottom };
+  });
 
 export const shapesOf = (svg) =>
   [...svg.matchAll(/<path class="([^"]*)" d="([^"]*)"/g)].map(([, look, d]) => ({

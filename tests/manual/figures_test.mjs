@@ -3,7 +3,7 @@
 import assert from "node:assert/strict";
 import { test } from "node:test";
 import { draw, NAMES, notShownBy, shownBy } from "../../manual/figures/draw.js";
-import { attribute, callOf, callsOf, generator, pictureOf, ROUTINES } from "./drawn.mjs";
+import { attribute, callOf, callsOf, generator, pictureOf, ROUTINES, wordsOf } from "./drawn.mjs";
 
 function assertSound(svg, about) {
   assert.match(svg, /^<svg [^>]*role="(img|group)"/, about);
@@ -31,22 +31,36 @@ test("pictures have shapes, and words for those who cannot see", () => {
   }
 });
 
-function assertWordsInside(svg, about) {
-  for (const [label] of svg.matchAll(/<text [^>]*>/g)) {
-    const [x, y] = [Number(attribute(label, "x")), Number(attribute(label, "y"))];
-    const width = Number(attribute(label, "data-width") ?? 0);
-    assert.ok(x >= 0 && x + width <= 560 && y >= 12 && y <= 400, `${about}: ${label}`);
-  }
+const meet = (p, q) =>
+  Math.min(p.right, q.right) - Math.max(p.left, q.left) > 1 &&
+  Math.min(p.bottom, q.bottom) - Math.max(p.top, q.top) > 1;
+
+function assertWordsInside(words, width, about) {
+  for (const { text, left, right, top, bottom } of words)
+    assert.ok(left >= 0 && right <= width && top >= -1 && bottom <= 400, `${about}: ${text}`);
 }
 
 test("every worked call has a picture, with its words in the frame", () => {
   for (const name of NAMES) {
     callsOf(name).forEach(({ inputs, results }, i) => {
-      const about = `${name}, call ${i + 1}`;
-      const svg = draw(name, inputs, results);
-      assertSound(svg, about);
-      assertWordsInside(svg, about);
+      for (const narrow of [false, true]) {
+        const about = `${name}, call ${i + 1}${narrow ? ", narrow" : ""}`;
+        const svg = draw(name, inputs, results, { narrow, report: {} });
+        assertSound(svg, about);
+        assertWordsInside(wordsOf(svg), narrow ? 380 : 560, about);
+      }
     });
+  }
+});
+
+test("no words cover others in the picture of a page, wide and narrow", () => {
+  for (const name of NAMES) {
+    for (const narrow of [false, true]) {
+      const words = wordsOf(pictureOf(name, { narrow, report: {} }));
+      const pairs = words.flatMap((p, i) => words.slice(0, i).filter((q) => meet(p, q))
+        .map((q) => `${q.text} and ${p.text}`));
+      assert.deepEqual(pairs, [], name);
+    }
   }
 });
 
