@@ -187,8 +187,8 @@ def cold_moment_and_shear(sheet):
         axial_and_bending = linear_share(sheet, ey, ez)
         sums.append((en3.shear_and_moment(axial_and_bending, V, s.VRd, flanges), flanges))
     used, flanges = max(sums)
-    add(sheet, "MVc", f"{forces(a).replace(' +', ',')} with Vz", "EN 1993-1-3, 6.1.10 (6.27)", used, 1.0, "",
-        f"Mf / Mpl {flanges:.3f}")
+    add(sheet, "MVc", f"{forces(a).replace(' +', ',')} with Vz", "EN 1993-1-3, 6.1.10 (6.27)", used,
+        1.0, "", f"Mf / Mpl {flanges:.3f}")
 
 
 def flange_share(sheet, state):
@@ -244,8 +244,8 @@ def buckling_and_moment(sheet, m):
         eta1 = max(pressed_web_share(sheet, 0.0, 0.0), pressed_web_share(sheet, *sheet.N_eN))
     used = en5.shear_and_moment(eta1, abs(a.Vz) / s.Vb, flanges)
     if used is not None:
-        add(sheet, "MVb", f"{'My' if a.My else 'N'} with Vz, shear buckling", "EN 1993-1-5, 7.1 (7.1)", used, 1.0, "",
-            f"eta1 {eta1:.3f}, Mf / Mpl {flanges:.3f}")
+        add(sheet, "MVb", f"{'My' if a.My else 'N'} with Vz, shear buckling",
+            "EN 1993-1-5, 7.1 (7.1)", used, 1.0, "", f"eta1 {eta1:.3f}, Mf / Mpl {flanges:.3f}")
 
 
 def pressed_web_share(sheet, ey, ez):

@@ -24,6 +24,13 @@ def positive(text):
     return value
 
 
+def factor_of_web(text):
+    value = float(text)
+    if not 1 <= value <= 1.2:
+        raise argparse.ArgumentTypeError(f"{text} is not in 1.0 to 1.2")
+    return value
+
+
 def parser():
     p = argparse.ArgumentParser(
         "kezsection", description="Section sheets by EN 1993-1-1, EN 1993-1-3 and EN 1993-1-5.",
@@ -40,8 +47,8 @@ def parser():
     p.add_argument("--quiet", action="store_true", help="print no report")
     p.add_argument("--gamma-m0", type=positive, default=1.0, metavar="G", help="default 1.0")
     p.add_argument("--gamma-m1", type=positive, default=1.0, metavar="G", help="default 1.0")
-    p.add_argument("--eta", type=positive, metavar="ETA",
-                   help="of EN 1993-1-5, 5.1 (default 1.2 up to S460, else 1.0)")
+    p.add_argument("--eta", type=factor_of_web, metavar="ETA",
+                   help="of EN 1993-1-5, 5.1, 1.0 to 1.2 (default 1.2 up to S460, else 1.0)")
     p.add_argument("--lip", choices=("once", "held", "iterated"), default="once",
                    help="chi of lips: once through (default), or iterated with the spring of the "
                         "first step held or renewed")
@@ -121,6 +128,10 @@ def run(given, stack):
     sections = list(reading.read(given.file, faults.append))
     if not sections and not faults:
         raise Refused(f"{given.file}: no section; write one a line, such as: IPE 300 235 0 90")
+    for fault in faults:
+        complain(fault)
+    if not sections:
+        raise Refused(f"{given.file}: every line is bad; no file was written")
     outputs = stack.enter_context(Outputs())
     if given.svg:
         make_folder("--svg", given.svg)
@@ -128,8 +139,6 @@ def run(given, stack):
     csv, plates = (outputs.add(option, path, encoding) if path else None
                    for option, path in files[:2])
     pages, outlines = (outputs.add(option, path) if path else None for option, path in files[2:])
-    for fault in faults:
-        complain(fault)
 
     options = Options(given.gamma_m0, given.gamma_m1, given.eta, given.lip, given.class_by)
     wanted = Wanted(given.file, not given.quiet, bool(csv), bool(plates), given.csv_excel,

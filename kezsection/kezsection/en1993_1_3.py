@@ -140,4 +140,5 @@ def shear_strength(hw, t, fy):
 
 def shear_and_moment(axial_and_bending, V, Vw, flanges):
     """6.1.10, (6.27): flanges = Mf / Mpl."""
-    return axial_and_bending + ((1 - flanges) * (2 * min(V / Vw, 1.0) - 1) ** 2 if V > Vw / 2 else 0)
+    shear = (1 - flanges) * (2 * min(V / Vw, 1.0) - 1) ** 2 if V > Vw / 2 else 0
+    return axial_and_bending + shear

@@ -21,6 +21,8 @@ LARGEST, SMALLEST = 10000.0, 0.1
 NUMBER = re.compile(r"([-+]?(?:\d+\.?\d*|\.\d+)(?:[eE][-+]?\d+)?)([A-Za-z%].*)?")
 FORCE_COLUMNS = ("fy", "N", "M")
 COMMON_KEYS = ("Mz", "Vz", "a", "end")
+# A key that stands in a name, where it would do nothing: Vz =300, Vz:300, beam Vz=300.
+LOST_KEY = re.compile(r"(?i)\b(?:[NMV][yz]?|a|end|ri?|coat|tol)\s*(?:=|:\s*[-+.\d])")
 
 
 def number(name, word, zero, usage):
@@ -101,6 +103,9 @@ def parse(text, place=1, line=1):
     name = " ".join(words) or profile
     if not name.isprintable():
         raise ValueError("a character in the name cannot be printed; leave it out")
+    if lost := LOST_KEY.search(name):
+        raise ValueError(f"the name has '{lost[0]}'; write key=value before the name, without "
+                         "spaces, such as Vz=120")
     values = dict(dims) if profile else {n: given[n] for n in columns if n not in FORCE_COLUMNS}
     for key in SHAPES[shape].keys:
         values[key] = found.get(key, values.get(key, DEFAULTS.get((shape, key), KEYS[key])))

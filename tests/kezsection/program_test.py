@@ -96,6 +96,9 @@ class Program(unittest.TestCase):
             ("rhs 100 200 4 235 0 0 r=3", "rhs has no r="),
             ("rhs 100 200 4 235 0 0 Mz=1 Mz=2", "Mz= stands there twice"),
             ("rhs 100 200 4 235 0 0 end=soft", "write end=rigid or end=plain"),
+            ("rhs 100 200 4 235 0 0 Vz =300", "the name has 'Vz ='; write key=value before"),
+            ("rhs 100 200 4 235 0 0 vz:3 Beam", "the name has 'vz:3'"),
+            ("rhs 100 200 4 235 0 0 Beam mz=3", "the name has 'mz='"),
             ("girder 50 320 400 25 25 8 355 0 0", "such that t1 + t2 < d"),
             ("cee 75 60 200 3 15 2 350 0 0 r=4", "c1 = 0 or c1 >= t + r"),
             ("rhs 100 200 4 355 0 0 \x07", "a character in the name cannot be printed"),
@@ -162,11 +165,18 @@ class Program(unittest.TestCase):
 
     def test_statuses(self):
         (self.folder / "empty.txt").write_text("# nothing\n")
+        (self.folder / "bad.txt").write_text("IPE 300 S235 0 90\n")
+        (self.folder / "k.csv").write_text("old")
+        done = self.run_it("bad.txt", "--csv", "k.csv", status=2)
+        self.assertIn("kezsection: bad.txt: every line is bad; no file was written", done.stderr)
+        self.assertEqual((self.folder / "k.csv").read_text(), "old")
         for arguments, said in ((["empty.txt"], "empty.txt: no section"),
                                 (["missing.txt"], "missing.txt: No such file"),
                                 (["good.txt", "--dask", "nowhere"], "missing port number")):
             self.assertRegex(self.run_it(*arguments, status=2).stderr,
                              f"^kezsection: .*{said}.*\n$")
+        for eta in ("5", "0.9", "nan"):
+            self.assertIn("not in 1.0 to 1.2", self.run_it("good.txt", "--eta", eta, status=2).stderr)
         self.assertIn("invalid choice: 0", self.run_it("good.txt", "--jobs", "0", status=2).stderr)
         bare = subprocess.run([PYTHON, "-S", "-B", "-c",
                                "import sys; sys.path[:0] = [sys.argv.pop(1)]\n"

@@ -165,7 +165,7 @@ class Traps(Case):
         """N or Mz with Vz is checked as it is beside the smallest My or N."""
         for key, line, other in (
                 ("NM", "rhs 100 200 8 355 1500 0 Vz=500", "rhs 100 200 8 355 1500 1e-5 Vz=500"),
-                ("NM", "rhs 100 200 8 355 0 0 Vz=600 Mz=50", "rhs 100 200 8 355 1e-3 0 Vz=600 Mz=50"),
+                ("NM", "rhs 100 200 8 355 0 0 Vz=600 Mz=9", "rhs 100 200 8 355 1e-3 0 Vz=600 Mz=9"),
                 ("NM", "girder 400 300 280 10 10 8 355 -2300 0 Vz=600",
                  "girder 400 300 280 10 10 8 355 -2300 0 Vz=600 Mz=1e-5"),
                 ("MVb", "girder 1200 320 320 15 15 8 355 4000 0 Vz=900 a=2400 end=rigid",
