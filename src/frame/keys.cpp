@@ -22,7 +22,7 @@ constexpr Key key_in(Entry entry) {
 // guesses every second comparison of unsorted entries wrong, which takes longer than ten of them:
 // nothing here branches on one.
 template <typename Entry>
-constexpr std::size_t few = 32;
+constexpr std::size_t few = 20;
 template <>
 constexpr std::size_t few<Key> = 40;
 
@@ -70,10 +70,11 @@ void sort_by_digits(std::integer_sequence<int, digit...>, std::span<Entry>& entr
     Count& c = counts[value(key, d) + (together ? 0 : d << bits)];
     return std::exchange(c, c + (Count{1} << (together ? 16 * d : 0)));
   };
-  std::fill(counts.begin(), counts.end(), 0);
+  std::memset(counts.data(), 0, counts.size_bytes());
+  const Key first = key_in(entries.front());
   Key differing = 0;
   for (const Entry e : entries) {
-    differing |= key_in(e) ^ key_in(entries.front());
+    differing |= key_in(e) ^ first;
     (count(key_in(e), digit), ...);
   }
   Count sum = 0;
