@@ -62,7 +62,7 @@ rm -rf "$root/packages"
 left=$(find "$root/usr" "$root/etc" "$root/var" -iname '*kez*' ! -path '*/var/log/*')
 [ -z "$left" ] || fail "left behind: $left"
 
-echo "The packages for pip and npm"
+echo "The packages for pip"
 for package in "$packages"/libkezlib*.deb; do dpkg-deb -x "$package" debian; done
 quietly /usr/bin/python3 -m pip install --no-deps --no-index --target site "$packages"/kezlib-*.whl
 expect_answer env PYTHONPATH=site KEZLIB_LIBRARY="$(ls debian/usr/lib/*/libKezLib.so.1)" \
@@ -70,6 +70,8 @@ expect_answer env PYTHONPATH=site KEZLIB_LIBRARY="$(ls debian/usr/lib/*/libKezLi
 quietly /usr/bin/python3 -m pip install --no-deps --no-index --target site "$packages"/kezsection-*.whl
 quietly env PYTHONPATH=site KEZLIB_LIBRARY="$(ls debian/usr/lib/*/libKezLib.so.1)" \
     site/bin/kezsection "$source/examples/sections.txt"
+
+echo "The package for npm in bundles"
 mkdir npm
 (cd npm && "$source/tests/packages/npm.sh" "$packages"/kezlib-*.tgz "$source/build/bundlers")
 

@@ -53,7 +53,6 @@ need_for() {
         wine) need wine wine64 debootstrap ;;
         bits) need clang ;;
         fuzz) need clang libclang-rt-dev ;;
-        nuget) need mono-mcs mono-runtime nuget ;;
         debian) need dpkg-dev file lintian ;;
         wasm) need emscripten esbuild ;;
         manual) need python3-jinja2 python3-markdown nodejs ;;
@@ -63,6 +62,7 @@ need_for() {
                 python3-tqdm python3-wheel
             ;;
         packages) need clang lld llvm python3-pip python3-setuptools python3-wheel npm ;;
+        nuget) need mono-mcs mono-runtime nuget ;;
         bench)
             need libbenchmark-dev libcgal-dev libeigen3-dev libboost-dev libpolyclipping-dev \
                 libabsl-dev libocct-modeling-data-dev python3-numpy python3-shapely
