@@ -9,9 +9,9 @@ here=$(cd "$(dirname "$0")" && pwd)
 
 version=$(basename "$1" .nupkg)
 version=${version#KezLib.}
-quietly nuget install KezLib -Version "$version" -Source "$(dirname "$1")" -OutputDirectory . \
-    -NonInteractive
-package=$PWD/KezLib.$version
+quietly nuget install KezLib -Version "$version" -Source "$(dirname "$1")" -NoCache \
+    -OutputDirectory installed -NonInteractive
+package=$PWD/installed/KezLib.$version
 for machine in x86 x64; do
     cmp "$3/windows-$machine/KezLib.dll" "$package/runtimes/win-$machine/native/KezLib.dll"
 done
