@@ -352,7 +352,7 @@ test("points in space move in the plane that is chosen and shown", async () => {
   for (const [plane, names] of [["xy", ["x2", "y2"]], ["yz", ["y2", "z2"]]]) {
     await tab.locator(`#plane [value=${plane}]`).check();
     const before = await valuesNow();
-    await dragged(handle, [25, -20]);
+    await dragged(handle, [25, -5]);
     assert.deepEqual(changedNames(before, await valuesNow()), names);
   }
 });
