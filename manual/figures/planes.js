@@ -117,7 +117,7 @@ export function patch(text, label, { meets = [], through: from, normal = true, c
   };
 }
 
-const LEAST_NORMAL = 34; // on the page, that one that comes towards the eye is an arrow
+const LEAST_NORMAL = 34; // on the page: also one that comes towards the eye is an arrow
 
 function paintNormal(sheet, p, text, v, colour) {
   const way = unit(surface(text, v).normal);

@@ -97,7 +97,7 @@ function otherSense(chosen, along) {
 
 const CHOSEN = { ...FOUND, sense: bySign("positive", "not positive") };
 const CENTRES = { status: ["none, or a level chord", "one centre", "two centres"],
-  sense: bySign("on the line\u2019s positive side", "on its negative side") };
+  sense: bySign("on the positive side", "on the negative side") };
 
 const KINDS = ["", "a point", "a polygon", "a circle", "a segment", "the rest of a circle"];
 
@@ -177,9 +177,9 @@ const CIRCLE = {
     point(P)],
   { tell: "status sense L h", meanings: CHOSEN }),
   kezcer2: plane([circleAbout("c1x c1y", "R", "", { look: "thin", tone: "soft" }),
-    circleAbout("c2x c2y", "R", "", { look: "thin", tone: "soft" }), circleAbout("cx cy", "R", "about cx, cy"),
+    circleAbout("c2x c2y", "R", "", { look: "thin", tone: "soft" }), circleAbout("cx cy", "R"),
     segment(P1, P2), point(P1), point(P2), point("c1x c1y", undefined, { tone: "accent" }),
-    point("c2x c2y", undefined, { tone: "accent" }), distance("cx cy", P1, "R", { tone: "ink", held: false })],
+    point("c2x c2y", undefined, { tone: "accent" }), point("cx cy"), distance("cx cy", P1, "R", { tone: "ink", held: false })],
   { tell: "status sense cx cy", meanings: CENTRES }),
   kezcer1: plane([circleAbout("cx cy", "R", "", HELP),
     segment(P1, P2), arcOf("cx cy", P1, chordAngle, { tone: "accent" }), point(P1), point(P2),
