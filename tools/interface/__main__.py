@@ -55,8 +55,9 @@ def renew(interface, only_check):
 
 def write_bindings(interface, folder):
     for writer in WRITERS.values():
-        if language := getattr(writer, "LANGUAGE", None):
-            file = folder / language.file
+        language = getattr(writer, "LANGUAGE", None)
+        if path := language.file if language else getattr(writer, "FILE", None):
+            file = folder / path
             file.parent.mkdir(parents=True, exist_ok=True)
             file.write_bytes(writer.write(interface).encode())  # with its own line ends
 
