@@ -63,7 +63,7 @@ left=$(find "$root/usr" "$root/etc" "$root/var" -iname '*kez*' ! -path '*/var/lo
 [ -z "$left" ] || fail "left behind: $left"
 
 echo "The wheels"
-quietly /usr/bin/python3 -B "$source/tests/wheels_test.py" "$packages" "$work"
+quietly /usr/bin/python3 -B "$source/tests/packages/wheels_test.py" "$packages" "$work"
 wheel=$(ls "$packages"/without-library/kezlib-*.whl)
 
 echo "The packages for pip"

@@ -2,7 +2,7 @@
 # nuget.sh PACKAGE.nupkg BINDING BUILDS
 #
 # Installs the package for NuGet in the present folder and calls its library from its assembly, by
-# mono. BINDING and BUILDS are what it was made of, by cmake/nuget/pack.py.
+# mono. BINDING and BUILDS are what it was made of, by tools/nuget.
 set -eu
 here=$(cd "$(dirname "$0")" && pwd)
 . "$here/../shell.sh"
@@ -34,5 +34,5 @@ found=$(LD_LIBRARY_PATH=$runtime mono nuget.exe)
 $version $runtime/libKezLib.so" ] || fail "the package's assembly says: $found"
 
 mkdir again
-python3 -B "$here/../../cmake/nuget/pack.py" "$2" "$3" again
+python3 -B "$here/../../tools/nuget" "$2" "$3" again
 cmp "$1" "again/$(basename "$1")"

@@ -19,7 +19,7 @@ import zipfile
 
 from packaging.utils import parse_wheel_filename
 
-ROOT = pathlib.Path(__file__).resolve().parent.parent
+ROOT = pathlib.Path(__file__).resolve().parents[2]
 PACKAGES, WORK = (pathlib.Path(argument).resolve() for argument in sys.argv[1:])
 # By the platforms that installers know: which library a wheel carries, and its machine's number.
 CARRIED = {"manylinux2014_x86_64": "debian/libKezLib.so.1",

@@ -1,7 +1,6 @@
-#!/usr/bin/env python3
 """Makes the package for NuGet: the assembly of the binding for C#, and the library for each system.
 
-    pack.py BINDING BUILDS OUT
+    python3 tools/nuget BINDING BUILDS OUT
 
 BINDING is the installed folder of the binding, BUILDS has those of RUNTIMES. The same inputs give the
 same bytes.
